@@ -1,0 +1,37 @@
+# How the targets of this project are made: one library a folder of src/, with its tests beside it.
+
+find_package(GTest REQUIRED)
+include(GoogleTest)
+
+add_library(huebrush_flags INTERFACE)
+target_compile_options(huebrush_flags INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Werror)
+if(HUEBRUSH_SANITIZE)
+  target_compile_options(huebrush_flags INTERFACE
+    -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(huebrush_flags INTERFACE -fsanitize=address,undefined)
+endif()
+
+# huebrush_library(NAME USES library... SOURCES file...)
+# The library of the current folder. USES lists the folders that it may include, which the build
+# links and tests/structure checks.
+function(huebrush_library name)
+  cmake_parse_arguments(ARG "" "" "USES;SOURCES" ${ARGN})
+  if(ARG_SOURCES)
+    add_library(${name} STATIC ${ARG_SOURCES})
+    target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
+    target_link_libraries(${name} PUBLIC ${ARG_USES} PRIVATE huebrush_flags)
+  else()
+    add_library(${name} INTERFACE)
+    target_include_directories(${name} INTERFACE ${PROJECT_SOURCE_DIR}/src)
+    target_link_libraries(${name} INTERFACE ${ARG_USES})
+  endif()
+endfunction()
+
+# huebrush_test(NAME USES library... SOURCES file...)
+# A GoogleTest program whose tests are registered one by one.
+function(huebrush_test name)
+  cmake_parse_arguments(ARG "" "" "USES;SOURCES" ${ARGN})
+  add_executable(${name} ${ARG_SOURCES})
+  target_link_libraries(${name} PRIVATE ${ARG_USES} huebrush_flags GTest::gtest GTest::gtest_main)
+  gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES LABELS unit TIMEOUT 120)
+endfunction()

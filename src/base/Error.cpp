@@ -1,0 +1,23 @@
+#include "base/Error.h"
+
+namespace huebrush::base {
+
+Error currentError() {
+    try {
+        throw;
+    } catch (const Error& error) {
+        return error;
+    } catch (const std::exception& error) {
+        return {ErrorNumber::kInternal, error.what()};
+    } catch (...) {
+        return {ErrorNumber::kInternal, "Neznámá vnitřní chyba."};
+    }
+}
+
+void throwOverflow() { throw Error(ErrorNumber::kOverflow, "Přetečení."); }
+
+void throwObjectNotSet() {
+    throw Error(ErrorNumber::kObjectNotSet, "Proměnná objektu není nastavena.");
+}
+
+}  // namespace huebrush::base

@@ -1,0 +1,75 @@
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "base/Color.h"
+#include "base/Count16.h"
+#include "base/Error.h"
+#include "base/NonNegative.h"
+#include "base/Text.h"
+
+namespace huebrush::base {
+namespace {
+
+TEST(NonNegative, ClampsNegativeNumbersAtZeroAndKeepsTheRest) {
+    EXPECT_EQ(NonNegative(-0.5), 0.0);
+    EXPECT_EQ(NonNegative(0.0), 0.0);
+    EXPECT_EQ(NonNegative(12.25), 12.25);
+}
+
+TEST(Count16, PassingTheLargestCountIsAnOverflowError) {
+    Count16 count = 32766;
+    ++count;
+    EXPECT_EQ(count, 32767);
+    try {
+        ++count;
+        FAIL() << "no error";
+    } catch (const Error& error) {
+        EXPECT_EQ(error.number(), ErrorNumber::kOverflow);
+    }
+    EXPECT_EQ(count, 32767);
+    EXPECT_THROW(Count16::of(32768), Error);
+}
+
+TEST(Text, JoinsTextsAndPlainDecimalNumbers) {
+    EXPECT_EQ(text("Zpracováno ", Count16(12), " ze ", 3000, " objektů..."),
+              "Zpracováno 12 ze 3000 objektů...");
+    EXPECT_EQ(text(-2147483648LL), "-2147483648");
+}
+
+TEST(Text, ConvertsBothWaysBetweenUtf8AndUtf16) {
+    const std::string sample = "Žluťoučký kůň \xF0\x9F\x90\xB4";
+    EXPECT_EQ(toUtf8(toUtf16(sample)), sample);
+    EXPECT_EQ(lengthInCharacters(sample), 16U);
+}
+
+TEST(Text, ReplacesMalformedSequences) {
+    EXPECT_EQ(toUtf16("a\xFF" "b"), u"a\xFFFD" u"b");
+    EXPECT_EQ(toUtf16("\xC3"), u"\xFFFD");
+    const char16_t lone[] = {0xD800, u'x', 0};
+    EXPECT_EQ(toUtf8(lone), "\xEF\xBF\xBDx");
+}
+
+TEST(Text, ReadsWholeNumbersOnly) {
+    EXPECT_EQ(toNumber("9.0"), 9.0);
+    EXPECT_THROW(toNumber("9,0"), Error);
+    EXPECT_THROW(toNumber(""), Error);
+    EXPECT_THROW(toNumber("12x"), Error);
+    EXPECT_EQ(toInteger("2.5"), 2);
+    EXPECT_EQ(toInteger("3.5"), 4);
+    EXPECT_THROW(toInteger("2147483648"), Error);
+}
+
+TEST(Color, KeepsRedInTheLowByte) {
+    EXPECT_EQ(rgb(0xC0, 0x10, 0x02), 0x0210C0);
+    EXPECT_EQ(toHex(0x0210C0), "#C01002");
+    EXPECT_EQ(fromHex("#c01002"), 0x0210C0);
+    EXPECT_EQ(fromHex("C01002"), 0x0210C0);
+    EXPECT_FALSE(fromHex("#c0100"));
+    EXPECT_FALSE(fromHex("#c0100g"));
+    EXPECT_FALSE(fromHex("#-c0100"));
+    EXPECT_EQ(swapRedAndBlue(0xC01002), 0x0210C0);
+}
+
+}  // namespace
+}  // namespace huebrush::base

@@ -1,0 +1,26 @@
+#include "forms/Runtime.h"
+
+#include <utility>
+
+#include "base/Error.h"
+
+namespace huebrush::forms {
+
+Runtime*& Runtime::slot() {
+    static Runtime* current = nullptr;
+    return current;
+}
+
+Runtime& Runtime::current() {
+    if (slot() == nullptr) {
+        throw base::Error(base::ErrorNumber::kInternal, "Prostředí formulářů není připraveno.");
+    }
+    return *slot();
+}
+
+RuntimeScope::RuntimeScope(Runtime& runtime)
+    : former_(std::exchange(Runtime::slot(), &runtime)) {}
+
+RuntimeScope::~RuntimeScope() { Runtime::slot() = former_; }
+
+}  // namespace huebrush::forms

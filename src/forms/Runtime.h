@@ -1,0 +1,142 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "base/Picture.h"
+
+namespace huebrush::forms {
+
+class Control;
+class Form;
+class PopupMenu;
+
+/// The button that closed a message box, with the classic numbers.
+enum class MsgBoxResult : std::int32_t {
+    ok = 1,
+    cancel = 2,
+    abort = 3,
+    retry = 4,
+    ignore = 5,
+    yes = 6,
+    no = 7,
+};
+
+/// A message box's style is the sum of its buttons and its icon, as the system has always
+/// written it: 16 critical with OK, 48 exclamation with OK, 64 information with OK, 50 exclamation
+/// with Abort, Retry and Ignore. The first button is the default.
+namespace MsgBoxStyle {
+inline constexpr std::int32_t kOk = 0;
+inline constexpr std::int32_t kOkCancel = 1;
+inline constexpr std::int32_t kAbortRetryIgnore = 2;
+inline constexpr std::int32_t kYesNoCancel = 3;
+inline constexpr std::int32_t kYesNo = 4;
+inline constexpr std::int32_t kButtonsMask = 0xF;
+inline constexpr std::int32_t kCritical = 16;
+inline constexpr std::int32_t kQuestion = 32;
+inline constexpr std::int32_t kExclamation = 48;
+inline constexpr std::int32_t kInformation = 64;
+inline constexpr std::int32_t kIconMask = 0xF0;
+}  // namespace MsgBoxStyle
+
+/// The transfer area for pictures. What was in it before is lost.
+class Clipboard {
+   public:
+    Clipboard() = default;
+    Clipboard(const Clipboard&) = delete;
+    Clipboard& operator=(const Clipboard&) = delete;
+    virtual ~Clipboard() = default;
+
+    virtual void Clear() = 0;
+    /// The picture on the clipboard; no picture where there is none.
+    virtual base::Picture GetData() = 0;
+    virtual void SetData(const base::Picture& picture) = 0;
+};
+
+/// The user's own settings, kept from run to run, by application, section and key.
+class Settings {
+   public:
+    Settings() = default;
+    Settings(const Settings&) = delete;
+    Settings& operator=(const Settings&) = delete;
+    virtual ~Settings() = default;
+
+    /// Nothing when the setting was never saved.
+    virtual std::optional<std::string> GetSetting(const std::string& application,
+                                                  const std::string& section,
+                                                  const std::string& key) = 0;
+    virtual void SaveSetting(const std::string& application, const std::string& section,
+                             const std::string& key, const std::string& value) = 0;
+};
+
+/// What the running component knows of itself and of its user.
+class Component {
+   public:
+    Component() = default;
+    Component(const Component&) = delete;
+    Component& operator=(const Component&) = delete;
+    virtual ~Component() = default;
+
+    /// "1.0.0".
+    virtual std::string version() const = 0;
+    /// The folder that holds the component, without a separator at its end.
+    virtual std::string folder() const = 0;
+    virtual std::string temporaryFolder() const = 0;
+    /// The icon with this number; no picture where there is none.
+    virtual base::Picture icon(std::int32_t number) const = 0;
+    /// The decimal separator of the user's locale.
+    virtual char decimalSeparator() const = 0;
+};
+
+/// The platform under the dialogs: boxes, menus, clipboard, settings, the event pump. It is the one
+/// process-wide thing of this program: the entry point sets it for its lifetime with a
+/// RuntimeScope, and each test sets a fresh one.
+class Runtime {
+   public:
+    Runtime() = default;
+    Runtime(const Runtime&) = delete;
+    Runtime& operator=(const Runtime&) = delete;
+    virtual ~Runtime() = default;
+
+    /// The runtime in force. REQUIRES: a RuntimeScope is alive (an internal error otherwise).
+    static Runtime& current();
+
+    /// Shows a modal message box and returns the button pressed. `style` as in MsgBoxStyle.
+    virtual MsgBoxResult MsgBox(const std::string& text, std::int32_t style,
+                                const std::string& title) = 0;
+    /// Opens the menu at a place of `owner`, in its twips, and returns after it has closed; the
+    /// Click of the chosen item is raised before that.
+    virtual void PopupMenu(forms::PopupMenu& menu, Control& owner, double x, double y) = 0;
+    /// Lets pending events run: anything may happen in it, the closing of the caller's own form
+    /// included.
+    virtual void DoEvents() = 0;
+
+    virtual forms::Clipboard& Clipboard() = 0;
+    virtual forms::Settings& Settings() = 0;
+    virtual const forms::Component& Component() = 0;
+
+    /// Puts the form on the screen, or takes it away. Does nothing where there is no screen.
+    virtual void showForm(Form& form, bool modal) = 0;
+    virtual void closeForm(Form& form) = 0;
+    /// Keeps the form above all other windows, as far as the platform has such a level.
+    virtual void setTopMost(Form& form, bool topMost) = 0;
+
+   private:
+    friend class RuntimeScope;
+    static Runtime*& slot();
+};
+
+/// Makes a runtime the current one for a lifetime, and the former one current again after it.
+class RuntimeScope {
+   public:
+    explicit RuntimeScope(Runtime& runtime);
+    RuntimeScope(const RuntimeScope&) = delete;
+    RuntimeScope& operator=(const RuntimeScope&) = delete;
+    ~RuntimeScope();
+
+   private:
+    Runtime* former_;
+};
+
+}  // namespace huebrush::forms
