@@ -1,0 +1,2 @@
+# The documents' half of the port: documents, selection, shapes, fills, undo.
+set(HUEBRUSH_DOCUMENT_SOURCES)

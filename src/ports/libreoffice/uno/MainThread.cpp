@@ -1,0 +1,39 @@
+#include "ports/libreoffice/uno/MainThread.h"
+
+#include <com/sun/star/awt/XCallback.hpp>
+#include <com/sun/star/awt/XRequestCallback.hpp>
+#include <rtl/ref.hxx>
+#include <utility>
+
+#include "ports/libreoffice/uno/WeakImplHelper.h"
+
+namespace huebrush::libreoffice {
+
+namespace css = com::sun::star;
+
+namespace {
+
+class Callback : public WeakImplHelper<css::awt::XCallback> {
+ public:
+    explicit Callback(std::function<void()> work) : work_(std::move(work)) {}
+
+    void SAL_CALL notify(const css::uno::Any&) override {
+        try {
+            work_();
+        } catch (...) {  // NOLINT: nothing may rise into the office's event loop
+        }
+    }
+
+ private:
+    std::function<void()> work_;
+};
+
+}  // namespace
+
+void postToMainThread(const ContextReference& context, std::function<void()> work) {
+    const rtl::Reference<Callback> callback(new Callback(std::move(work)));
+    createService<css::awt::XRequestCallback>(context, "com.sun.star.awt.AsyncCallback")
+        ->addCallback(callback.get(), css::uno::Any());
+}
+
+}  // namespace huebrush::libreoffice

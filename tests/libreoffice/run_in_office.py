@@ -1,0 +1,58 @@
+#!/usr/bin/env python3
+"""Runs the GoogleTests inside a private LibreOffice and ends with their result.
+
+GTEST_FILTER and the other variables of GoogleTest reach the tests. The office's profile and
+processes are gone when this program ends, however it ends.
+"""
+
+import argparse
+import os
+import sys
+import tempfile
+
+from office import Office
+
+
+def result_of(path):
+    """The pair (exit code, tests run) that the runner has left, or None."""
+    try:
+        with open(path, encoding="ascii") as file:
+            code, ran = file.read().split()
+            return int(code), int(ran)
+    except (OSError, ValueError):
+        return None
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__)
+    parser.add_argument("--office", required=True, help="the program soffice")
+    parser.add_argument("--extensions", required=True, help="the folder of unpacked extensions")
+    parser.add_argument("--limit", type=float, default=300, help="seconds until it counts as hung")
+    options = parser.parse_args()
+
+    with tempfile.TemporaryDirectory(prefix="huebrush-tests-") as folder:
+        result_path = os.path.join(folder, "result")
+        environment = dict(os.environ, HUEBRUSH_TEST_RESULT=result_path, TMPDIR=folder)
+        with Office(options.office, folder, extensions=options.extensions,
+                    arguments=["--headless", "--nodefault"], environment=environment) as office:
+            ended = office.wait_for_end(options.limit)
+        result = result_of(result_path)
+
+    if not ended:
+        print(f"The office did not end within {options.limit} s.", file=sys.stderr)
+        return 1
+    if result is None:
+        print(f"The office ended (code {office.exit_code}) without a result.", file=sys.stderr)
+        return 1
+    code, ran = result
+    if ran == 0:
+        print("No test was run.", file=sys.stderr)
+        return 1
+    if code == 0 and office.exit_code != 0:
+        print(f"The tests passed, but the office ended with {office.exit_code}.", file=sys.stderr)
+        return 1
+    return code
+
+
+if __name__ == "__main__":
+    sys.exit(main())
