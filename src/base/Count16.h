@@ -11,7 +11,7 @@ namespace huebrush::base {
 /// A 16-bit signed counter of shapes or rows. Passing 32767 is the overflow error (number 6), as
 /// in the object model, whose own counts are 16 bits wide.
 class Count16 {
-   public:
+ public:
     constexpr Count16() = default;
     constexpr Count16(std::int16_t value) : value_(value) {}  // NOLINT: a counter is a number
     static constexpr Count16 of(std::size_t count) {
@@ -34,7 +34,7 @@ class Count16 {
 
     static constexpr std::int16_t kLargest = std::numeric_limits<std::int16_t>::max();
 
-   private:
+ private:
     std::int16_t value_ = 0;
 };
 

@@ -14,7 +14,9 @@ Error currentError() {
     }
 }
 
-void throwOverflow() { throw Error(ErrorNumber::kOverflow, "Přetečení."); }
+void throwOverflow() {
+    throw Error(ErrorNumber::kOverflow, "Přetečení.");
+}
 
 void throwObjectNotSet() {
     throw Error(ErrorNumber::kObjectNotSet, "Proměnná objektu není nastavena.");

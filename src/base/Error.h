@@ -27,7 +27,7 @@ inline constexpr std::int32_t kInvalidPicture = 481;
 /// What every layer throws: a number and a description meant for the user.
 /// A number of 0 means "no error" to the reporter and is never thrown.
 class Error : public std::exception {
-   public:
+ public:
     Error(std::int32_t number, std::string description)
         : number_(number), description_(std::move(description)) {}
 
@@ -35,7 +35,7 @@ class Error : public std::exception {
     const std::string& description() const noexcept { return description_; }
     const char* what() const noexcept override { return description_.c_str(); }
 
-   private:
+ private:
     std::int32_t number_;
     std::string description_;
 };

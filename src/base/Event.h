@@ -14,7 +14,7 @@ namespace huebrush::base {
 /// the next raise on); what a handler throws passes to whoever raised the event.
 template <class... Arguments>
 class Event {
-   public:
+ public:
     using Handler = std::function<void(Arguments...)>;
 
     void connect(Handler handler) { handlers_.push_back(std::move(handler)); }
@@ -28,7 +28,7 @@ class Event {
         }
     }
 
-   private:
+ private:
     std::vector<Handler> handlers_;
 };
 

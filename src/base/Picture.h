@@ -13,7 +13,7 @@ enum class PictureFormat : std::int32_t { bitmap, icon, metafile, png };
 /// a picture is as cheap to hand on as a pointer. A default picture is "no picture".
 /// Two pictures are equal when they are the same bytes of the same format.
 class Picture {
-   public:
+ public:
     Picture() = default;
     Picture(PictureFormat format, std::vector<std::uint8_t> bytes)
         : format_(format),
@@ -32,7 +32,7 @@ class Picture {
         return !a.empty() && !b.empty() && a.format_ == b.format_ && *a.bytes_ == *b.bytes_;
     }
 
-   private:
+ private:
     PictureFormat format_ = PictureFormat::bitmap;
     std::shared_ptr<const std::vector<std::uint8_t>> bytes_;
 };

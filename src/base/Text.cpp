@@ -68,8 +68,12 @@ void encodeUtf8(char32_t codePoint, std::string& out) {
     }
 }
 
-bool isHighSurrogate(char16_t unit) { return unit >= 0xD800 && unit < 0xDC00; }
-bool isLowSurrogate(char16_t unit) { return unit >= 0xDC00 && unit < 0xE000; }
+bool isHighSurrogate(char16_t unit) {
+    return unit >= 0xD800 && unit < 0xDC00;
+}
+bool isLowSurrogate(char16_t unit) {
+    return unit >= 0xDC00 && unit < 0xE000;
+}
 
 [[noreturn]] void throwTypeMismatch(std::string_view value) {
     throw Error(ErrorNumber::kTypeMismatch, text("Typová neshoda: „", value, "“ není číslo."));
@@ -131,6 +135,8 @@ std::string toUtf8(std::u16string_view utf16) {
     return out;
 }
 
-std::size_t lengthInCharacters(std::string_view utf8) { return toUtf16(utf8).size(); }
+std::size_t lengthInCharacters(std::string_view utf8) {
+    return toUtf16(utf8).size();
+}
 
 }  // namespace huebrush::base

@@ -13,7 +13,9 @@ namespace huebrush::base {
 inline constexpr std::string_view kLineBreak = "\r\n";
 
 namespace detail {
-inline void append(std::string& out, std::string_view part) { out += part; }
+inline void append(std::string& out, std::string_view part) {
+    out += part;
+}
 void appendNumber(std::string& out, std::int64_t number);
 template <std::integral Number>
 void append(std::string& out, Number number) {
@@ -21,9 +23,9 @@ void append(std::string& out, Number number) {
 }
 /// A counter type that stands for an integer (Count16).
 template <class Counter>
-    requires(!std::integral<Counter> && std::convertible_to<Counter, std::int16_t> &&
-             !std::convertible_to<Counter, std::string_view>)
-void append(std::string& out, const Counter& counter) {
+requires(!std::integral<Counter> && std::convertible_to<Counter, std::int16_t> &&
+         !std::convertible_to<Counter, std::string_view>) void append(std::string& out,
+                                                                      const Counter& counter) {
     appendNumber(out, static_cast<std::int16_t>(counter));
 }
 }  // namespace detail

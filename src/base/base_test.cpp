@@ -44,7 +44,10 @@ TEST(Text, ConvertsBothWaysBetweenUtf8AndUtf16) {
 }
 
 TEST(Text, ReplacesMalformedSequences) {
-    EXPECT_EQ(toUtf16("a\xFF" "b"), u"a\xFFFD" u"b");
+    EXPECT_EQ(toUtf16("a\xFF"
+                      "b"),
+              u"a\xFFFD"
+              u"b");
     EXPECT_EQ(toUtf16("\xC3"), u"\xFFFD");
     const char16_t lone[] = {0xD800, u'x', 0};
     EXPECT_EQ(toUtf8(lone), "\xEF\xBF\xBDx");

@@ -18,9 +18,10 @@ Runtime& Runtime::current() {
     return *slot();
 }
 
-RuntimeScope::RuntimeScope(Runtime& runtime)
-    : former_(std::exchange(Runtime::slot(), &runtime)) {}
+RuntimeScope::RuntimeScope(Runtime& runtime) : former_(std::exchange(Runtime::slot(), &runtime)) {}
 
-RuntimeScope::~RuntimeScope() { Runtime::slot() = former_; }
+RuntimeScope::~RuntimeScope() {
+    Runtime::slot() = former_;
+}
 
 }  // namespace huebrush::forms

@@ -4,6 +4,8 @@
 #include <optional>
 #include <string>
 
+#include "base/Error.h"
+#include "base/Event.h"
 #include "base/Picture.h"
 
 namespace huebrush::forms {
@@ -42,7 +44,7 @@ inline constexpr std::int32_t kIconMask = 0xF0;
 
 /// The transfer area for pictures. What was in it before is lost.
 class Clipboard {
-   public:
+ public:
     Clipboard() = default;
     Clipboard(const Clipboard&) = delete;
     Clipboard& operator=(const Clipboard&) = delete;
@@ -56,7 +58,7 @@ class Clipboard {
 
 /// The user's own settings, kept from run to run, by application, section and key.
 class Settings {
-   public:
+ public:
     Settings() = default;
     Settings(const Settings&) = delete;
     Settings& operator=(const Settings&) = delete;
@@ -72,7 +74,7 @@ class Settings {
 
 /// What the running component knows of itself and of its user.
 class Component {
-   public:
+ public:
     Component() = default;
     Component(const Component&) = delete;
     Component& operator=(const Component&) = delete;
@@ -93,7 +95,7 @@ class Component {
 /// process-wide thing of this program: the entry point sets it for its lifetime with a
 /// RuntimeScope, and each test sets a fresh one.
 class Runtime {
-   public:
+ public:
     Runtime() = default;
     Runtime(const Runtime&) = delete;
     Runtime& operator=(const Runtime&) = delete;
@@ -122,20 +124,23 @@ class Runtime {
     /// Keeps the form above all other windows, as far as the platform has such a level.
     virtual void setTopMost(Form& form, bool topMost) = 0;
 
-   private:
+    /// Raised with what no trap has caught; the entry point connects its reporter.
+    base::Event<const base::Error&> UnhandledError;
+
+ private:
     friend class RuntimeScope;
     static Runtime*& slot();
 };
 
 /// Makes a runtime the current one for a lifetime, and the former one current again after it.
 class RuntimeScope {
-   public:
+ public:
     explicit RuntimeScope(Runtime& runtime);
     RuntimeScope(const RuntimeScope&) = delete;
     RuntimeScope& operator=(const RuntimeScope&) = delete;
     ~RuntimeScope();
 
-   private:
+ private:
     Runtime* former_;
 };
 

@@ -10,7 +10,7 @@
 namespace huebrush::host {
 
 class Documents {
-   public:
+ public:
     Documents() = default;
     Documents(const Documents&) = delete;
     Documents& operator=(const Documents&) = delete;
@@ -22,7 +22,7 @@ class Documents {
 
 /// One of the host's built-in dialogs.
 class Dialog {
-   public:
+ public:
     Dialog() = default;
     Dialog(const Dialog&) = delete;
     Dialog& operator=(const Dialog&) = delete;
@@ -34,7 +34,7 @@ class Dialog {
 };
 
 class Dialogs {
-   public:
+ public:
     Dialogs() = default;
     Dialogs(const Dialogs&) = delete;
     Dialogs& operator=(const Dialogs&) = delete;
@@ -44,7 +44,7 @@ class Dialogs {
 };
 
 class Template {
-   public:
+ public:
     Template() = default;
     Template(const Template&) = delete;
     Template& operator=(const Template&) = delete;
@@ -55,7 +55,7 @@ class Template {
 
 /// The word processor. Everything that the add-in knows of its host, it reads through here.
 class Application {
-   public:
+ public:
     Application() = default;
     Application(const Application&) = delete;
     Application& operator=(const Application&) = delete;

@@ -10,7 +10,7 @@ namespace huebrush::host {
 
 /// A control of a command bar: one of our buttons, or one of the host's own found by its number.
 class CommandBarControl {
-   public:
+ public:
     CommandBarControl() = default;
     CommandBarControl(const CommandBarControl&) = delete;
     CommandBarControl& operator=(const CommandBarControl&) = delete;
@@ -37,7 +37,7 @@ class CommandBarControl {
 using CommandBarControlPointer = std::shared_ptr<CommandBarControl>;
 
 class CommandBar {
-   public:
+ public:
     CommandBar() = default;
     CommandBar(const CommandBar&) = delete;
     CommandBar& operator=(const CommandBar&) = delete;
@@ -67,7 +67,7 @@ class CommandBar {
 using CommandBarPointer = std::shared_ptr<CommandBar>;
 
 class CommandBars {
-   public:
+ public:
     CommandBars() = default;
     CommandBars(const CommandBars&) = delete;
     CommandBars& operator=(const CommandBars&) = delete;

@@ -11,7 +11,7 @@ namespace huebrush::host {
 
 /// One walk over the shapes of a document, in their order; nothing at the end.
 class ShapeEnumerator {
-   public:
+ public:
     ShapeEnumerator() = default;
     ShapeEnumerator(const ShapeEnumerator&) = delete;
     ShapeEnumerator& operator=(const ShapeEnumerator&) = delete;
@@ -22,7 +22,7 @@ class ShapeEnumerator {
 
 /// The floating shapes of a document: a group is one member, inline pictures are none.
 class Shapes {
-   public:
+ public:
     Shapes() = default;
     Shapes(const Shapes&) = delete;
     Shapes& operator=(const Shapes&) = delete;
@@ -39,7 +39,7 @@ class Shapes {
 
 /// What the user, or our own code in a hidden document, has selected.
 class Selection {
-   public:
+ public:
     Selection() = default;
     Selection(const Selection&) = delete;
     Selection& operator=(const Selection&) = delete;
@@ -54,7 +54,7 @@ class Selection {
 /// While it lives, all changes of shapes of its document go into one step of the host's Undo list.
 /// A group in which nothing was written leaves no step. Ends on every path.
 class UndoGroup {
-   public:
+ public:
     UndoGroup() = default;
     UndoGroup(const UndoGroup&) = delete;
     UndoGroup& operator=(const UndoGroup&) = delete;
@@ -62,7 +62,7 @@ class UndoGroup {
 };
 
 class Document {
-   public:
+ public:
     Document() = default;
     Document(const Document&) = delete;
     Document& operator=(const Document&) = delete;

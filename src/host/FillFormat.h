@@ -12,7 +12,7 @@ namespace huebrush::host {
 /// range reads as kMixed. Colours are RGB, red in the low byte. Transparency runs from 0.0 (opaque)
 /// to 1.0 (clear), GradientDegree from 0.0 (dark) to 1.0 (light).
 class FillFormat {
-   public:
+ public:
     FillFormat() = default;
     FillFormat(const FillFormat&) = delete;
     FillFormat& operator=(const FillFormat&) = delete;

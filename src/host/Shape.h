@@ -11,7 +11,7 @@ namespace huebrush::host {
 
 /// The line of a shape.
 class LineFormat {
-   public:
+ public:
     LineFormat() = default;
     LineFormat(const LineFormat&) = delete;
     LineFormat& operator=(const LineFormat&) = delete;
@@ -28,7 +28,7 @@ using ShapePointer = std::shared_ptr<Shape>;
 
 /// A counted list of shapes; Item counts from 1, and an index outside it is an error.
 class ShapeList {
-   public:
+ public:
     ShapeList() = default;
     ShapeList(const ShapeList&) = delete;
     ShapeList& operator=(const ShapeList&) = delete;
@@ -41,7 +41,7 @@ class ShapeList {
 /// A drawing shape of a document. Holding one does not keep it alive in its document: using a shape
 /// that has been deleted is an error of that use.
 class Shape {
-   public:
+ public:
     Shape() = default;
     Shape(const Shape&) = delete;
     Shape& operator=(const Shape&) = delete;
@@ -61,7 +61,7 @@ class Shape {
 
 /// Some shapes of a document that are addressed together.
 class ShapeRange : public ShapeList {
-   public:
+ public:
     /// One fill for all: a write reaches every shape. Lives as long as this object.
     virtual FillFormat& Fill() = 0;
     /// Makes these shapes the selection, replacing the former one.

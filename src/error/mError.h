@@ -1,0 +1,113 @@
+#pragma once
+
+#include <concepts>
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <utility>
+
+#include "base/Error.h"
+
+namespace huebrush::error {
+
+/// The error that a trap has caught, as the reporter reads it.
+struct PendingError {
+    std::int32_t number = 0;  ///< 0: no error.
+    std::string description;
+    std::int32_t line = 0;  ///< The procedure's current line; 0 when it keeps none.
+};
+
+/// Tells the user of an error in a message box: where it happened, the caller's message, and the
+/// system's description. The location is put in front of `message` itself, too.
+///
+/// `askUser` non-zero offers Abort, Retry and Ignore and returns the button (3, 4, 5); otherwise,
+/// and when there is no pending error, the result is 0.
+std::int16_t ReportError(const PendingError& error, std::string& message, const std::string& source,
+                         std::int16_t askUser);
+
+/// Where a procedure stands: the module with its closing point, the procedure, and the procedure's
+/// own message about what failed. All three are given texts, never derived.
+struct Place {
+    std::string module;
+    std::string procedure;
+    std::string message;
+
+    std::string source() const { return module + procedure; }
+};
+
+/// Reports an error at a place, without a choice.
+void report(const Place& place, const base::Error& error);
+
+/// What the port's event entries do with an error that no trap has caught.
+void reportUnhandled(const base::Error& error);
+
+/// A procedure's error trap: runs the body, reports what it throws and ends quietly.
+template <std::invocable Body>
+void trap(const Place& place, Body&& body) {
+    try {
+        std::forward<Body>(body)();
+    } catch (...) {
+        report(place, base::currentError());
+    }
+}
+
+/// Runs the body with errors suppressed. Whether it came to its end.
+template <std::invocable Body>
+bool ignoring(Body&& body) {
+    try {
+        std::forward<Body>(body)();
+        return true;
+    } catch (...) {
+        return false;
+    }
+}
+
+/// The trap of a procedure whose reporter may offer Abort, Retry and Ignore: each operation is a
+/// step of its own. Retry repeats the failing step, Ignore goes on with the next one, and Abort
+/// leaves the procedure, as does the report without a choice.
+class Steps {
+ public:
+    /// `ask` says, when an error occurs, whether the user is to choose.
+    using Ask = std::function<std::int16_t()>;
+
+    /// Runs a procedure made of steps.
+    template <std::invocable<Steps&> Procedure>
+    static void run(const Place& place, Ask ask, Procedure&& procedure) {
+        Steps steps(place, std::move(ask));
+        try {
+            std::forward<Procedure>(procedure)(steps);
+        } catch (const Left&) {
+            return;
+        } catch (...) {
+            report(place, base::currentError());
+        }
+    }
+
+    template <std::invocable Step>
+    void operator()(Step&& step) {
+        while (!attempt(step)) {
+        }
+    }
+
+ private:
+    struct Left {};
+
+    Steps(const Place& place, Ask ask) : place_(place), ask_(std::move(ask)) {}
+
+    /// Whether the procedure is to go on with the next step; false to repeat this one.
+    template <std::invocable Step>
+    bool attempt(Step& step) {
+        try {
+            step();
+            return true;
+        } catch (...) {
+            return decide(base::currentError());
+        }
+    }
+    bool decide(const base::Error& error);
+
+    Place place_;
+    Ask ask_;
+};
+
+}  // namespace huebrush::error

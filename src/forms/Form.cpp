@@ -1,0 +1,124 @@
+#include "forms/Form.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "base/Error.h"
+#include "base/NonNegative.h"
+#include "forms/Runtime.h"
+
+namespace huebrush::forms {
+
+namespace {
+
+/// The control and the user controls around it that have the focus along with it, innermost first.
+std::vector<Control*> focusChain(Control* control) {
+    std::vector<Control*> chain;
+    for (Control* at = control; at != nullptr; at = at->container()) {
+        if (at == control || at->sharesFocusOfParts()) chain.push_back(at);
+    }
+    return chain;
+}
+
+bool isIn(const std::vector<Control*>& chain, const Control* control) {
+    return std::find(chain.begin(), chain.end(), control) != chain.end();
+}
+
+}  // namespace
+
+double Form::ScaleWidth() const {
+    return base::NonNegative(Width - frameWidth_);
+}
+double Form::ScaleHeight() const {
+    return base::NonNegative(Height - frameHeight_);
+}
+
+void Form::setFrameSize(double width, double height) {
+    frameWidth_ = width;
+    frameHeight_ = height;
+}
+
+void Form::Show(bool modal) {
+    if (!unloaded_) Runtime::current().showForm(*this, modal);
+}
+
+void Form::Unload() {
+    if (unloaded_) return;
+    const std::shared_ptr<Form> self = shared_from_this();
+    unloaded_ = true;
+    focused_ = nullptr;
+    dragged_ = nullptr;
+    unloadElements();
+    Runtime::current().closeForm(*this);
+    Unloaded();
+    if (handlersRunning_ == 0) kept_.clear();
+}
+
+void Form::moveFocus(Control* target) {
+    if (unloaded_ || target == focused_) return;
+    Control* const former = std::exchange(focused_, target);
+    const std::vector<Control*> left = focusChain(former);
+    const std::vector<Control*> entered = focusChain(target);
+    for (Control* const control : left) {
+        if (!isIn(entered, control)) control->LostFocus();
+    }
+    for (auto at = entered.rbegin(); at != entered.rend(); ++at) {
+        // A handler above may have moved the focus further.
+        if (focused_ == target && !isIn(left, *at)) (*at)->GotFocus();
+    }
+}
+
+void Form::collectTabOrder(Control& from, std::vector<Control*>& order) const {
+    for (Control* const child : from.children()) {
+        if (child->takesFocus()) order.push_back(child);
+        collectTabOrder(*child, order);
+    }
+}
+
+void Form::focusNext(bool backwards) {
+    std::vector<Control*> order;
+    collectTabOrder(*this, order);
+    if (backwards) std::reverse(order.begin(), order.end());
+    auto start = std::find(order.begin(), order.end(), focused_);
+    if (start != order.end()) ++start;
+    std::rotate(order.begin(), start, order.end());
+    const auto next = std::find_if(order.begin(), order.end(),
+                                   [](const Control* control) { return control->isUsable(); });
+    moveFocus(next == order.end() ? nullptr : *next);
+}
+
+void Form::moveFocusOff(const Control& control) {
+    if (focused_ != nullptr && control.contains(*focused_)) focusNext();
+}
+
+void Form::dragOver(Control& target, float x, float y, DragState state) {
+    if (dragged_ != nullptr) target.DragOver(*dragged_, x, y, state);
+}
+
+void Form::dropAt(Control* target, float x, float y) {
+    Control* const source = std::exchange(dragged_, nullptr);
+    if (source != nullptr && target != nullptr) target->DragDrop(*source, x, y);
+}
+
+void Form::handle(const std::function<void()>& handlers) {
+    const std::shared_ptr<Form> self = shared_from_this();
+    ++handlersRunning_;
+    try {
+        handlers();
+    } catch (...) {
+        Runtime::current().UnhandledError(base::currentError());
+    }
+    if (--handlersRunning_ == 0) kept_.clear();
+}
+
+void Form::keepWhileHandling(std::shared_ptr<Control> element) {
+    if (dragged_ != nullptr && element->contains(*dragged_)) dragged_ = nullptr;
+    if (handlersRunning_ > 0) kept_.push_back(std::move(element));
+}
+
+void Form::propertyChanged(PropertyId id) {
+    Control::propertyChanged(id);
+    if ((id == PropertyId::Width || id == PropertyId::Height) && !unloaded_) Resize();
+}
+
+}  // namespace huebrush::forms

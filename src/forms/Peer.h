@@ -1,0 +1,20 @@
+#pragma once
+
+#include "forms/Property.h"
+
+namespace huebrush::forms {
+
+/// What stands for a control on a platform's screen. It hears of every change of the control's
+/// properties and brings the screen up to date when the program returns to its event loop; the
+/// user's input it feeds back as calls on the control. A control without a peer works all the same.
+class Peer {
+ public:
+    Peer() = default;
+    Peer(const Peer&) = delete;
+    Peer& operator=(const Peer&) = delete;
+    virtual ~Peer() = default;
+
+    virtual void changed(PropertyId id) = 0;
+};
+
+}  // namespace huebrush::forms

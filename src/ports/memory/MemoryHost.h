@@ -1,0 +1,215 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "base/Picture.h"
+#include "host/Application.h"
+#include "ports/memory/CallLog.h"
+#include "ports/memory/MemoryShapes.h"
+
+namespace huebrush::memory {
+
+class MemoryApplication;
+
+/// A document that is nothing but its shapes and a selection. Tests build it with the add
+/// functions, which are not logged.
+class MemoryDocument final : public host::Document,
+                             public std::enable_shared_from_this<MemoryDocument> {
+ public:
+    MemoryDocument(MemoryApplication& application, std::string name);
+
+    std::shared_ptr<host::Shapes> Shapes() override;
+    std::shared_ptr<host::Selection> Selection() override;
+    void Close() override;
+    bool isSame(const host::Document& other) const override { return this == &other; }
+    std::unique_ptr<host::UndoGroup> undoGroup(const std::string& title) override;
+    void markModified() override { modified = true; }
+
+    /// A leaf shape on the document, or in a group.
+    MemoryShapePointer addShape(const std::string& name,
+                                host::MsoShapeType type = host::MsoShapeType::msoAutoShape);
+    MemoryShapePointer addSolid(const std::string& name, std::int32_t color);
+    MemoryShapePointer addGroup(const std::string& name, std::vector<MemoryShapePointer> members);
+    void remove(const MemoryShapePointer& shape);
+
+    /// Makes these shapes the selection, as a user would.
+    void select(std::vector<MemoryShapePointer> shapes) { selected = std::move(shapes); }
+    void selectAll() { selected = shapes; }
+
+    /// A top-level shape or a member at any depth; nothing where no shape has the name.
+    MemoryShapePointer find(const std::string& name) const;
+    /// Several by name, as find does, in linear time.
+    std::vector<MemoryShapePointer> findAll(const std::vector<std::string>& names) const;
+
+    CallLog& log() const;
+    MemoryApplication& application() { return application_; }
+    const std::string& name() const { return name_; }
+
+    std::vector<MemoryShapePointer> shapes;
+    std::vector<MemoryShapePointer> selected;
+    std::vector<std::string> undoTitles;
+    bool modified = false;
+    bool closed = false;
+
+ private:
+    MemoryApplication& application_;
+    std::string name_;
+};
+
+/// What a test makes of a built-in tool that the logic opens: it may change the selected shape, and
+/// returns the tool's result.
+using HostTool = std::function<std::int32_t(MemoryShape& selected)>;
+
+class MemoryButton final : public host::CommandBarControl {
+ public:
+    MemoryButton(class MemoryBar& bar, std::string id);
+
+    void setTag(const std::string& value) override;
+    void setCaption(const std::string& value) override;
+    void setTooltipText(const std::string& value) override;
+    void setEnabled(bool value) override;
+    void Delete() override;
+    void CopyFace() override;
+    void PasteFace() override;
+    void Execute() override;
+
+    std::string tag;
+    std::string caption;
+    std::string tooltip;
+    base::Picture face;
+    bool enabled = true;
+
+ private:
+    MemoryBar& bar_;
+    std::string id_;
+};
+
+class MemoryBar final : public host::CommandBar {
+ public:
+    MemoryBar(class MemoryBars& bars, std::string barName);
+
+    std::string Name() override;
+    void setVisible(bool value) override;
+    void Delete() override;
+    std::int32_t Position() override;
+    void setPosition(std::int32_t value) override;
+    std::int32_t Left() override;
+    void setLeft(std::int32_t value) override;
+    std::int32_t Top() override;
+    void setTop(std::int32_t value) override;
+    std::int32_t RowIndex() override;
+    void setRowIndex(std::int32_t value) override;
+    host::CommandBarControlPointer addButton() override;
+    host::CommandBarControlPointer FindControl(const std::string& tag) override;
+
+    CallLog& log() const;
+
+    std::string name;
+    bool visible = false;
+    std::int32_t position = 1;
+    std::int32_t left = 0;
+    std::int32_t top = 0;
+    std::int32_t rowIndex = 0;
+    std::vector<std::shared_ptr<MemoryButton>> buttons;
+
+ private:
+    MemoryBars& bars_;
+    int made_ = 0;
+};
+
+/// One of the host's own controls, found by its number.
+class MemoryHostControl final : public host::CommandBarControl {
+ public:
+    MemoryHostControl(MemoryApplication& application, std::int32_t id)
+        : application_(application), id_(id) {}
+
+    void setTag(const std::string& value) override;
+    void setCaption(const std::string& value) override;
+    void setTooltipText(const std::string& value) override;
+    void setEnabled(bool value) override;
+    void Delete() override;
+    void CopyFace() override;
+    void PasteFace() override;
+    void Execute() override;
+
+ private:
+    MemoryApplication& application_;
+    std::int32_t id_;
+};
+
+class MemoryBars final : public host::CommandBars {
+ public:
+    explicit MemoryBars(MemoryApplication& application) : application_(application) {}
+
+    std::int32_t Count() override;
+    host::CommandBarPointer Item(std::int32_t index) override;
+    host::CommandBarPointer Add(const std::string& name) override;
+    host::CommandBarControlPointer FindControl(std::int32_t id) override;
+
+    /// The bar with this name, or nothing; not logged.
+    std::shared_ptr<MemoryBar> find(const std::string& name) const;
+    /// A bar that the user has made.
+    std::shared_ptr<MemoryBar> addExisting(const std::string& name);
+    CallLog& log() const;
+
+    std::vector<std::shared_ptr<MemoryBar>> bars;
+
+ private:
+    MemoryApplication& application_;
+};
+
+/// A word processor without a screen: documents, a selection, command bars, and a log of all that
+/// the logic asks of it.
+class MemoryApplication final : public host::Application,
+                                private host::Documents,
+                                private host::Dialogs,
+                                private host::Template {
+ public:
+    MemoryApplication();
+
+    std::string Name() override;
+    std::string Version() override;
+    std::shared_ptr<host::Selection> Selection() override;
+    std::shared_ptr<host::Document> ActiveDocument() override;
+    host::Documents& Documents() override { return *this; }
+    host::Dialogs& Dialogs() override { return *this; }
+    host::CommandBars& CommandBars() override { return bars; }
+    host::Template& NormalTemplate() override { return *this; }
+    void setStatusBar(const std::string& text) override;
+    void setCursor(host::WdCursorType value) override;
+
+    /// A new visible document, which becomes the active one.
+    std::shared_ptr<MemoryDocument> open(const std::string& name);
+    /// The scratch documents that are still open.
+    std::size_t openScratchDocuments() const;
+
+    CallLog log;
+    MemoryBars bars{*this};
+    std::string name = "Microsoft Word";
+    std::string version = "9.0";
+    std::string statusBar;
+    std::vector<std::string> statusTexts;
+    host::WdCursorType cursor = host::WdCursorType::wdCursorNormal;
+    std::shared_ptr<MemoryDocument> active;
+    std::vector<std::shared_ptr<MemoryDocument>> documents;
+    /// Every scratch document ever made, closed ones included.
+    std::vector<std::shared_ptr<MemoryDocument>> scratchDocuments;
+    std::map<std::int32_t, HostTool> tools;
+
+    /// Runs a tool on the shape selected last in a scratch document.
+    std::int32_t runTool(std::int32_t id);
+
+ private:
+    std::shared_ptr<host::Document> addHidden() override;
+    std::shared_ptr<host::Dialog> Item(std::int32_t id) override;
+    void Save() override;
+
+    MemoryDocument& requireActive() const;
+};
+
+}  // namespace huebrush::memory

@@ -1,0 +1,95 @@
+#pragma once
+
+#include <cstdint>
+#include <deque>
+#include <functional>
+#include <map>
+#include <optional>
+#include <string>
+#include <tuple>
+#include <vector>
+
+#include "forms/PopupMenu.h"
+#include "forms/Runtime.h"
+
+namespace huebrush::memory {
+
+/// A message box that was shown.
+struct ShownBox {
+    std::string text;
+    std::int32_t style = 0;
+    std::string title;
+
+    friend bool operator==(const ShownBox&, const ShownBox&) = default;
+};
+
+/// A menu as the user saw it when it was open.
+struct ShownMenu {
+    struct Item {
+        std::string caption;
+        bool enabled = true;
+        bool checked = false;
+    };
+    std::string owner;
+    double x = 0;
+    double y = 0;
+    std::vector<Item> items;
+};
+
+/// The forms runtime without a screen. A test says beforehand how boxes are answered, which menu
+/// item is picked and what happens in the event pump, and reads afterwards what was shown.
+class MemoryRuntime final : public forms::Runtime,
+                            private forms::Clipboard,
+                            private forms::Settings,
+                            private forms::Component {
+ public:
+    forms::MsgBoxResult MsgBox(const std::string& text, std::int32_t style,
+                               const std::string& title) override;
+    void PopupMenu(forms::PopupMenu& menu, forms::Control& owner, double x, double y) override;
+    void DoEvents() override;
+    forms::Clipboard& Clipboard() override { return *this; }
+    forms::Settings& Settings() override { return *this; }
+    const forms::Component& Component() override { return *this; }
+    void showForm(forms::Form& form, bool modal) override;
+    void closeForm(forms::Form& form) override;
+    void setTopMost(forms::Form& form, bool topMost) override;
+
+    /// The answers to boxes, first in first out; a box without one is answered by its default.
+    std::deque<forms::MsgBoxResult> answers;
+    std::vector<ShownBox> boxes;
+    /// The captions of the items to pick, first in first out; none closes the menu without a pick.
+    std::deque<std::string> picks;
+    std::vector<ShownMenu> menus;
+    /// What happens in the pump; called with the number of the pump, counted from 1.
+    std::function<void(std::size_t)> onPump;
+    std::size_t pumps = 0;
+    std::vector<std::string> windowCalls;
+
+    base::Picture clipboard;
+    std::size_t clipboardClears = 0;
+    /// Makes each use of the clipboard fail.
+    bool clipboardFails = false;
+    std::map<std::tuple<std::string, std::string, std::string>, std::string> settings;
+    /// The settings saved, in their order: "section/key=value".
+    std::vector<std::string> savedSettings;
+    char separator = '.';
+    std::string componentFolder = "/huebrush";
+
+ private:
+    void Clear() override;
+    base::Picture GetData() override;
+    void SetData(const base::Picture& picture) override;
+    std::optional<std::string> GetSetting(const std::string& application,
+                                          const std::string& section,
+                                          const std::string& key) override;
+    void SaveSetting(const std::string& application, const std::string& section,
+                     const std::string& key, const std::string& value) override;
+    std::string version() const override { return "1.0.0"; }
+    std::string folder() const override { return componentFolder; }
+    std::string temporaryFolder() const override { return "/tmp"; }
+    base::Picture icon(std::int32_t number) const override;
+    char decimalSeparator() const override { return separator; }
+    void requireClipboard() const;
+};
+
+}  // namespace huebrush::memory
