@@ -1,0 +1,157 @@
+"""A LibreOffice of one's own: headless, with a profile nobody else uses, ended in every case.
+
+Run by the Python that has LibreOffice's `uno` module (on Debian /usr/bin/python3).
+
+    with PrivateOffice() as office:
+        document = office.load("in.odt")
+        office.store(document, "out.docx")
+"""
+
+import os
+import shutil
+import signal
+import subprocess
+import tempfile
+import time
+from pathlib import Path
+
+import uno
+from com.sun.star.beans import PropertyValue
+from com.sun.star.connection import NoConnectException
+from com.sun.star.lang import DisposedException
+from com.sun.star.uno import RuntimeException
+
+FILTERS = {
+    ".odt": "writer8",
+    ".fodt": "OpenDocument Text Flat XML",
+    ".docx": "MS Word 2007 XML",
+    ".doc": "MS Word 97",
+    ".pdf": "writer_pdf_Export",
+}
+START_LIMIT = 60.0
+END_LIMIT = 20.0
+
+
+def properties(**values):
+    """The named values as a sequence of PropertyValue, the form every UNO descriptor has."""
+    return tuple(PropertyValue(name, 0, value, 0) for name, value in values.items())
+
+
+def file_url(path):
+    return uno.systemPathToFileUrl(str(Path(path).resolve()))
+
+
+class PrivateOffice:
+    """Entering starts the office and connects to it; leaving ends it and removes its profile."""
+
+    def __init__(self, soffice="soffice", arguments=(), environment=None):
+        self.soffice = soffice
+        self.arguments = list(arguments)
+        self.environment = environment
+        self.folder = None
+        self.process = None
+        self.context = None
+        self.desktop = None
+
+    def __enter__(self):
+        self.folder = Path(tempfile.mkdtemp(prefix="private-office-"))
+        try:
+            self._start()
+            self._connect()
+        except BaseException:
+            self._end()
+            raise
+        return self
+
+    def __exit__(self, *_):
+        self._end()
+
+    @property
+    def pid(self):
+        return self.process.pid
+
+    def create(self, service):
+        """A new instance of an office service, living in the office's process."""
+        return self.context.ServiceManager.createInstanceWithContext(service, self.context)
+
+    def load(self, path, hidden=True):
+        """Loads a copy of the document, so that no lock of another office stands in the way and
+        none is left behind. Raises RuntimeError if LibreOffice takes the file for no document."""
+        folder = Path(tempfile.mkdtemp(dir=self.folder))
+        copy = shutil.copy(path, folder)
+        document = self.desktop.loadComponentFromURL(
+            file_url(copy), "_blank", 0, properties(Hidden=hidden)
+        )
+        if document is None:
+            raise RuntimeError(f"{path}: not a document")
+        return document
+
+    def store(self, document, path):
+        """Writes the document in the format of the path's extension."""
+        path = Path(path)
+        document.storeToURL(file_url(path), properties(FilterName=FILTERS[path.suffix]))
+
+    def convert(self, source, *targets):
+        document = self.load(source)
+        try:
+            for target in targets:
+                self.store(document, target)
+        finally:
+            document.close(True)
+
+    def _start(self):
+        self.pipe = self.folder.name
+        self.process = subprocess.Popen(
+            [
+                self.soffice,
+                "-env:UserInstallation=" + (self.folder / "profile").as_uri(),
+                "--headless",
+                "--norestore",
+                "--nologo",
+                f"--accept=pipe,name={self.pipe};urp;",
+                *self.arguments,
+            ],
+            stdin=subprocess.DEVNULL,
+            stdout=subprocess.DEVNULL,
+            stderr=subprocess.DEVNULL,
+            env=self.environment,
+            start_new_session=True,
+        )
+
+    def _connect(self):
+        local = uno.getComponentContext()
+        resolver = local.ServiceManager.createInstanceWithContext(
+            "com.sun.star.bridge.UnoUrlResolver", local
+        )
+        address = f"uno:pipe,name={self.pipe};urp;StarOffice.ComponentContext"
+        limit = time.monotonic() + START_LIMIT
+        while True:
+            try:
+                self.context = resolver.resolve(address)
+                self.desktop = self.create("com.sun.star.frame.Desktop")
+                return
+            except NoConnectException:
+                if self.process.poll() is not None:
+                    raise RuntimeError("LibreOffice ended while it was starting") from None
+                if time.monotonic() > limit:
+                    raise RuntimeError("LibreOffice does not answer") from None
+                time.sleep(0.05)
+
+    def _end(self):
+        if self.desktop is not None:
+            try:
+                self.desktop.terminate()
+            except (DisposedException, RuntimeException):
+                pass  # it died before; nothing is left to be asked
+        if self.process is not None:
+            # Of an office that never answered nothing can be asked.
+            self._wait_or_kill(END_LIMIT if self.desktop is not None else 0.0)
+        shutil.rmtree(self.folder, ignore_errors=True)
+
+    def _wait_or_kill(self, limit):
+        try:
+            self.process.wait(limit)
+        except subprocess.TimeoutExpired:
+            # The launcher script has the real office as its child: end the whole session of it.
+            os.killpg(self.process.pid, signal.SIGKILL)
+            self.process.wait()
