@@ -1,0 +1,20 @@
+#pragma once
+
+#include <cstdint>
+
+#include "base/Picture.h"
+#include "host/CommandBars.h"
+
+namespace huebrush::addin {
+
+/// Gives a button the component's icon with a number, through the clipboard of the forms runtime,
+/// whose former content is lost: the button's own face is the canvas that the icon is drawn on.
+/// Does nothing for no button.
+void SetButtonFace(host::CommandBarControl* button, const std::int16_t& icon);
+
+/// Draws an icon at the upper left corner of a picture; the canvas shows where the icon is
+/// transparent. On an empty canvas the icon itself is the result. Both are 32-bit bitmap files;
+/// a canvas or icon of any other form leaves the canvas as it is.
+base::Picture DrawIconOnPicture(const base::Picture& icon, const base::Picture& canvas);
+
+}  // namespace huebrush::addin

@@ -1,0 +1,282 @@
+#include "addin/ConnectW2000.h"
+
+#include <algorithm>
+#include <array>
+#include <optional>
+#include <string>
+#include <utility>
+
+#include "addin/ButtonFace.h"
+#include "base/Text.h"
+#include "forms/Runtime.h"
+#include "select/mToolbarFunction.h"
+
+namespace huebrush::addin {
+
+namespace {
+
+using base::kLineBreak;
+using base::text;
+
+constexpr const char* kModule = "Huebrush.Connect2000.";
+constexpr const char* kProduct = "Huebrush";
+constexpr const char* kPositionSection = "ToolBarPosition";
+constexpr const char* kHostName = "Microsoft Word";
+constexpr double kOldestVersion = 8.0;
+constexpr double kNewestVersion = 9.0;
+
+/// The icon of the priming pass.
+constexpr std::int16_t kPrimingIcon = 101;
+/// The stored position that means that none was ever stored.
+constexpr std::int32_t kNoPosition = -1;
+
+// Texts.
+
+constexpr const char* kConnectFailed = "Chyba při navázání spojení...";
+constexpr const char* kToolbarFailed = "Při vytváření nástrojového panelu došlo k chybě.";
+constexpr const char* kTestedWith =
+    "Tato verze dolňku byla optimalizována pro MS Word 2000 a MS Word 97.";
+
+std::string boxTitle() {
+    return text("Doplněk \"", kProduct, "\"");
+}
+
+void tellTooOld() {
+    forms::Runtime::current().MsgBox(
+        text("Doplněk nemůže být zaveden...", kLineBreak, kLineBreak, kTestedWith, kLineBreak,
+             "Nainstalujte si novější verzi aplikace MS Word."),
+        forms::MsgBoxStyle::kCritical, boxTitle());
+}
+
+void tellTooNew() {
+    forms::Runtime::current().MsgBox(
+        text("Doplněk očekává starší verzi aplikace MS Word. Některé funkce nebudou povoleny či "
+             "nebudou fungovat správně...",
+             kLineBreak, kLineBreak, kTestedWith, kLineBreak,
+             "Pořiďte si novější verzi doplňku a proveďte jeho instalaci."),
+        forms::MsgBoxStyle::kCritical, boxTitle());
+}
+
+/// Converts a text that uses the locale's decimal separator; a point is no part of a number where
+/// another separator is in use.
+double toLocaleNumber(std::string value, char separator) {
+    constexpr char kNoDigit = '?';
+    for (char& character : value) {
+        if (character == separator) {
+            character = '.';
+        } else if (character == '.') {
+            character = kNoDigit;
+        }
+    }
+    return base::toNumber(value);
+}
+
+/// The host's version as a number. The host writes a point in every locale, while a conversion
+/// expects the locale's own separator.
+double versionNumber(host::Application& application) {
+    const char separator = forms::Runtime::current().Component().decimalSeparator();
+    std::string version = application.Version();
+    if (separator == ',') std::replace(version.begin(), version.end(), '.', ',');
+    return toLocaleNumber(std::move(version), separator);
+}
+
+std::optional<std::string> storedPosition(const char* key) {
+    return forms::Runtime::current().Settings().GetSetting(kProduct, kPositionSection, key);
+}
+
+std::int32_t storedNumber(const char* key) {
+    return base::toInteger(storedPosition(key).value_or(std::string()));
+}
+
+}  // namespace
+
+struct ConnectW2000::ButtonDesign {
+    host::CommandBarControlPointer ConnectW2000::*member;
+    const char* tag;
+    const char* caption;
+    const char* tooltip;
+    std::int16_t icon;
+    void (ConnectW2000::*click)();
+};
+
+ConnectW2000::~ConnectW2000() {
+    if (dialog_) dialog_->Unload();
+}
+
+void ConnectW2000::OnConnection(host::Application& Application) {
+    error::trap({kModule, "OnConnection", kConnectFailed}, [&] { connect(Application); });
+}
+
+void ConnectW2000::connect(host::Application& application) {
+    if (application.Name() != kHostName) return;
+    const double version = versionNumber(application);
+    if (version < kOldestVersion) {
+        tellTooOld();
+        return;
+    }
+    WApp_ = &application;
+    cbToolbar_ = CreateToolbar();
+    if (version > kNewestVersion) {
+        tellTooNew();
+        if (!tbChangeFillWizard_) base::throwObjectNotSet();
+        tbChangeFillWizard_->setEnabled(false);
+    }
+}
+
+host::CommandBarPointer ConnectW2000::CreateToolbar() {
+    static constexpr std::array<ButtonDesign, 3> kButtons{{
+        {&ConnectW2000::tbSellFill_, "SellFill", "Dle výplne",
+         "Vybere všechny ostatní grafické objekty se shodným typem výplně jako je právě zvolený "
+         "objekt",
+         101, &ConnectW2000::tbSellFill_Click},
+        {&ConnectW2000::tbSellLine_, "SellLine", "Dle čáry",
+         "Vybere všechny ostatní grafické objekty se shodnou barvou čáry jako je právě zvolený "
+         "objekt",
+         102, &ConnectW2000::tbSellLine_Click},
+        {&ConnectW2000::tbChangeFillWizard_, "ChangeFillWizard", "Změnit výplně",
+         "Zobrazí dialog hromadné záměny výplně grafických objektů", 103,
+         &ConnectW2000::tbChangeFillWizard_Click},
+    }};
+
+    host::CommandBarPointer result;
+    // The number of the icon in work is also whether the user is asked about an error.
+    std::int16_t icon = 0;
+    error::Steps::run(
+        {kModule, "CreateToolbar", kToolbarFailed}, [&icon] { return icon; },
+        [&](error::Steps& step) {
+            host::CommandBarPointer bar;
+            bool changed = false;
+            createBar(step, bar, changed);
+            primeFaces(step, bar, icon);
+            for (const ButtonDesign& design : kButtons) {
+                createButton(step, *bar, design, icon, changed);
+            }
+            std::int32_t position = kNoPosition;
+            step([&] {
+                position = base::toInteger(storedPosition("Position").value_or(text(kNoPosition)));
+            });
+            if (position != kNoPosition) {
+                step([&] { bar->setPosition(storedNumber("Position")); });
+                step([&] { bar->setLeft(storedNumber("Left")); });
+                step([&] { bar->setTop(storedNumber("Top")); });
+                step([&] { bar->setRowIndex(storedNumber("RowIndex")); });
+            }
+            result = bar;
+            if (changed) {
+                error::ignoring([&] { WApp_->NormalTemplate().Save(); });
+            }
+        });
+    return result;
+}
+
+void ConnectW2000::createBar(error::Steps& step, host::CommandBarPointer& bar, bool& changed) {
+    step([&] {
+        host::CommandBars& bars = WApp_->CommandBars();
+        const std::int32_t count = bars.Count();
+        for (std::int32_t i = 1; i <= count && !bar; ++i) {
+            const host::CommandBarPointer candidate = bars.Item(i);
+            if (candidate->Name() == kProduct) bar = candidate;
+        }
+    });
+    if (bar) return;
+    step([&] { bar = WApp_->CommandBars().Add(kProduct); });
+    step([&] { bar->setVisible(true); });
+    createdBar_ = true;
+    changed = true;
+}
+
+void ConnectW2000::primeFaces(error::Steps& step, const host::CommandBarPointer& bar,
+                              std::int16_t& icon) {
+    host::CommandBarControlPointer button;
+    icon = kPrimingIcon;
+    step([&] { button = bar->addButton(); });
+    step([&] { SetButtonFace(button.get(), icon); });
+    step([&] {
+        if (!button) base::throwObjectNotSet();
+        button->Delete();
+    });
+}
+
+void ConnectW2000::createButton(error::Steps& step, host::CommandBar& bar,
+                                const ButtonDesign& design, std::int16_t& icon, bool& changed) {
+    host::CommandBarControlPointer& button = this->*design.member;
+    icon = design.icon;
+    step([&] { button = bar.FindControl(design.tag); });
+    if (!button) {
+        step([&] { button = bar.addButton(); });
+        const auto set = [&](const auto& change) {
+            step([&] {
+                if (!button) base::throwObjectNotSet();
+                change(*button);
+            });
+        };
+        set([&](host::CommandBarControl& control) { control.setTag(design.tag); });
+        set([&](host::CommandBarControl& control) { control.setCaption(design.caption); });
+        set([&](host::CommandBarControl& control) { control.setTooltipText(design.tooltip); });
+        step([&] { SetButtonFace(button.get(), icon); });
+        changed = true;
+    }
+    if (button) connectButton(design, *button);
+}
+
+void ConnectW2000::connectButton(const ButtonDesign& design, host::CommandBarControl& button) {
+    const auto click = design.click;
+    button.Click.connect([this, click] { (this->*click)(); }, this);
+}
+
+void ConnectW2000::OnDisconnection() {
+    if (dialog_) dialog_->Unload();
+    if (WApp_ == nullptr) return;
+    savePosition();
+    removeFromBar();
+    cbToolbar_.reset();
+    for (auto* const button : {&tbSellFill_, &tbSellLine_, &tbChangeFillWizard_}) {
+        if (*button) (*button)->Click.disconnect(this);
+        button->reset();
+    }
+    error::ignoring([this] { WApp_->NormalTemplate().Save(); });
+    createdBar_ = false;
+    WApp_ = nullptr;
+}
+
+void ConnectW2000::savePosition() {
+    if (!cbToolbar_) return;
+    const auto save = [this](const char* key, std::int32_t (host::CommandBar::*read)()) {
+        error::ignoring([&] {
+            forms::Runtime::current().Settings().SaveSetting(kProduct, kPositionSection, key,
+                                                             text(((*cbToolbar_).*read)()));
+        });
+    };
+    save("Position", &host::CommandBar::Position);
+    save("Left", &host::CommandBar::Left);
+    save("Top", &host::CommandBar::Top);
+    save("RowIndex", &host::CommandBar::RowIndex);
+}
+
+void ConnectW2000::removeFromBar() {
+    if (createdBar_) {
+        if (cbToolbar_) error::ignoring([this] { cbToolbar_->Delete(); });
+        return;
+    }
+    for (const auto& button : {tbSellFill_, tbSellLine_, tbChangeFillWizard_}) {
+        if (button) error::ignoring([&] { button->Delete(); });
+    }
+}
+
+void ConnectW2000::tbSellFill_Click() {
+    select::VseDleTypuVyplne(*WApp_);
+}
+
+void ConnectW2000::tbSellLine_Click() {
+    select::VseDleBarvyCary(*WApp_);
+}
+
+void ConnectW2000::tbChangeFillWizard_Click() {
+    if (!dialog_) {
+        dialog_ = recolor::frmEditGraphic::create();
+        dialog_->Unloaded.connect([this] { dialog_.reset(); });
+    }
+    dialog_->ShowDialog(*WApp_);
+}
+
+}  // namespace huebrush::addin

@@ -1,0 +1,255 @@
+#include "recolor/ColorElement.h"
+
+#include <utility>
+
+#include "error/mError.h"
+#include "forms/Runtime.h"
+
+namespace huebrush::recolor {
+
+namespace {
+
+constexpr const char* kModule = "Huebrush.ColorElement.";
+constexpr const char* kNoFill = "Bez výplně";
+/// The transparency that the menu sets and ticks.
+constexpr float kHalfTransparent = 0.5F;
+
+/// Where the parts lie in the row, in twips.
+namespace place {
+constexpr double kEdge = 15;
+constexpr double kHandleLeft = 60;
+constexpr double kHandleTop = 150;
+constexpr double kHandleWidth = 120;
+constexpr double kHandleHeight = 330;
+constexpr double kBoxLeft = 285;
+constexpr double kBoxTop = 195;
+constexpr double kBoxSize = 240;
+constexpr double kSourceLeft = 765;
+constexpr double kDestinationLeft = 2475;
+constexpr double kPreviewTop = 120;
+constexpr double kPreviewWidth = 1215;
+constexpr double kPreviewHeight = 375;
+constexpr double kArrowLeft = 2085;
+constexpr double kArrowTop = 195;
+constexpr double kArrowSize = 240;
+constexpr double kMenuLeft = 3915;
+constexpr double kMenuWidth = 420;
+constexpr double kLabelTop = 210;
+constexpr double kLabelHeight = 195;
+}  // namespace place
+
+}  // namespace
+
+ColorElement::ColorElement(forms::Control& container, std::string name, std::int16_t index)
+    : UserControl(container, std::move(name)), index_(index) {
+    layOut();
+    cmdChangeDes.ToolTipText = std::string("Zobrazí nabídku pro editaci výplně");
+    chkSelect.ToolTipText =
+        std::string("Označení zástupce (zastupované prvky bude možné přebarvit)");
+    picSource.ToolTipText = std::string("Náhled na aktuální vzhled výplně");
+    picDestination.ToolTipText = std::string("Náhled na nový vzhled výplně");
+    shpFocus.ToolTipText = std::string("Uchopovací značka pro změnu pozice zástupce");
+    Label1.Caption = std::string(kNoFill);
+    Label2.Caption = std::string(kNoFill);
+    showFocus(false);
+    setSelDestinationDrag(false);
+    connectMenu();
+    connectParts();
+    setFillObject(std::make_shared<fill::CFill>());
+}
+
+ColorElement::~ColorElement() {
+    fill_->ReadFromRecordset.disconnect(this);
+}
+
+void ColorElement::layOut() {
+    using namespace place;
+    Move(Left, Top, kWidth, kHeight);
+    shpFocus.Move(kHandleLeft, kHandleTop, kHandleWidth, kHandleHeight);
+    chkSelect.Move(kBoxLeft, kBoxTop, kBoxSize, kBoxSize);
+    picSource.Move(kSourceLeft, kPreviewTop, kPreviewWidth, kPreviewHeight);
+    picDestination.Move(kDestinationLeft, kPreviewTop, kPreviewWidth, kPreviewHeight);
+    Image1.Move(kArrowLeft, kArrowTop, kArrowSize, kArrowSize);
+    cmdChangeDes.Move(kMenuLeft, kPreviewTop, kMenuWidth, kPreviewHeight);
+    Label1.Move(kSourceLeft, kLabelTop, kPreviewWidth, kLabelHeight);
+    Label2.Move(kDestinationLeft, kLabelTop, kPreviewWidth, kLabelHeight);
+    imgFocus.Move(kEdge, kEdge, kHandleLeft - kEdge, kHeight - 2 * kEdge);
+    Line1.Move(kEdge, kEdge, kWidth - 2 * kEdge, 0);
+    Line2.Move(kEdge, kHeight - kEdge, kWidth - 2 * kEdge, 0);
+    lineDragDes1.Move(0, 0, kWidth, 0);
+    lineDragDes2.Move(0, kHeight - kEdge, kWidth, 0);
+    lineDragDes3.Move(0, 0, 0, kHeight);
+    lineDragDes4.Move(kWidth - kEdge, 0, 0, kHeight);
+}
+
+void ColorElement::connectMenu() {
+    mnuWord.Click.connect([this] { mnuWord_Click(); });
+    mnuWordNoFill.Click.connect([this] {
+        bool value = true;
+        mnuChDNoFill(value);
+    });
+    mnWordTransparency.Click.connect([this] {
+        float value = kHalfTransparent;
+        mnuChDTransparency(value);
+    });
+    mnuWordColor.Click.connect([this] { mnuChDColor(); });
+    mnuWordFill.Click.connect([this] { mnuChDFill(); });
+    mnuWordFormat.Click.connect([this] { mnuChDFormat(); });
+    mnuWordRestore.Click.connect([this] { RestoreFill(); });
+}
+
+void ColorElement::connectParts() {
+    cmdChangeDes.Click.connect([this] { cmdChangeDes_Click(); });
+    chkSelect.Click.connect([this] { ChangeSelect(); });
+    chkSelect.KeyUp.connect(
+        [this](std::int16_t code, std::int16_t shift) { chkSelect_KeyUp(code, shift); });
+    shpFocus.MouseDown.connect([this](const forms::MouseEvent&) { DragMouseDown(); });
+    GotFocus.connect([this] { showFocus(true); });
+    LostFocus.connect([this] { showFocus(false); });
+}
+
+void ColorElement::setFillObject(std::shared_ptr<fill::CFill> fill) {
+    if (fill_) fill_->ReadFromRecordset.disconnect(this);
+    fill_ = std::move(fill);
+    fill_->ReadFromRecordset.connect(
+        [this](const base::Picture& preview) { picDestination.Picture = preview; }, this);
+}
+
+void ColorElement::setMousePointer(std::int16_t pointer) {
+    mousePointer_ = pointer;
+    propertyChanged(forms::PropertyId::MousePointer);
+    PropertyChanged("MousePointer");
+}
+
+void ColorElement::setDestinationPicture(const base::Picture& picture) {
+    picDestination.Picture = picture;
+    PropertyChanged("DestinationPicture");
+}
+
+void ColorElement::setSourcePicture(const base::Picture& picture) {
+    picSource.Picture = picture;
+    PropertyChanged("SourcePicture");
+}
+
+void ColorElement::setSelectValue(std::int16_t value) {
+    chkSelect.Value = value;
+    PropertyChanged("SelectValue");
+}
+
+void ColorElement::setSelDestinationDrag(bool shown) {
+    for (forms::Line* const line : {&lineDragDes1, &lineDragDes2, &lineDragDes3, &lineDragDes4}) {
+        line->Visible = shown;
+    }
+}
+
+void ColorElement::showFocus(bool shown) {
+    Line1.Visible = shown;
+    Line2.Visible = shown;
+    shpFocus.Visible = shown;
+    imgFocus.Visible = shown;
+}
+
+void ColorElement::CliboardToSource() {
+    error::trap(
+        {kModule, "CliboardToSource", "Chyba při práci se schránkou při získávání náhledu..."},
+        [&] {
+            setSourcePicture(forms::Runtime::current().Clipboard().GetData());
+            CliboardToDestination();
+        });
+}
+
+void ColorElement::CliboardToDestination() {
+    error::trap(
+        {kModule, "CliboardToDestination", "Chyba při práci se schránkou při získávání náhledu..."},
+        [&] { setDestinationPicture(forms::Runtime::current().Clipboard().GetData()); });
+}
+
+void ColorElement::Discolour(host::Document& document) {
+    error::trap({kModule, "Discolour", "Chyba při pokusu přebarvit grafické prvky..."}, [&] {
+        if (SelectValue() == forms::CheckValue::kClear || !fill_->Change() || !ElementsGroup) {
+            return;
+        }
+        std::vector<std::string> names;
+        names.reserve(ElementsGroup->size());
+        for (const host::ShapePointer& shape : *ElementsGroup) names.push_back(shape->Name());
+        const auto range = document.Shapes()->Range(names);
+        fill_->SetFormat(range->Fill());
+        fill_->ApplyChange();
+        setSourcePicture(DestinationPicture());
+    });
+}
+
+void ColorElement::Show() {
+    cmdChangeDes.Caption = std::string("...");
+    forms::Font font = cmdChangeDes.Font;
+    font.Bold = true;
+    font.Size = 12;
+    cmdChangeDes.Font = font;
+}
+
+void ColorElement::cmdChangeDes_Click() {
+    forms::Runtime::current().PopupMenu(mnuWord, *this, cmdChangeDes.Left,
+                                        cmdChangeDes.Top + cmdChangeDes.Height);
+}
+
+void ColorElement::openMenu() {
+    cmdChangeDes.click();
+}
+
+void ColorElement::grab() {
+    form().handle([this] {
+        if (shpFocus.isUsable()) shpFocus.MouseDown(forms::MouseEvent{});
+    });
+}
+
+void ColorElement::mnuWord_Click() {
+    mnWordTransparency.Checked = fill_->DesTransparency() == kHalfTransparent;
+    mnuWordNoFill.Checked = fill_->DesVisible() == host::MsoTriState::msoFalse;
+}
+
+void ColorElement::RestoreFill() {
+    fill_->Restore();
+    setDestinationPicture(SourcePicture());
+}
+
+void ColorElement::chkSelect_KeyUp(std::int16_t code, std::int16_t shift) {
+    switch (code) {
+        case forms::KeyCode::kBack:
+        case forms::KeyCode::kAlt:
+        case forms::KeyCode::kContextMenu:
+            cmdChangeDes_Click();
+            break;
+        case forms::KeyCode::kUp:
+            if (shift != forms::Shift::kNone) MoveUp();
+            break;
+        case forms::KeyCode::kDown:
+            if (shift != forms::Shift::kNone) MoveDown();
+            break;
+        case forms::KeyCode::kDelete:
+            KeyDel(shift);
+            break;
+        default:
+            break;
+    }
+}
+
+void ColorElement::resized() {
+    Width = kWidth;
+    Height = kHeight;
+}
+
+void ColorElement::WriteProperties(forms::PropertyBag& bag) const {
+    bag.WriteProperty("MousePointer", MousePointer(), std::int16_t{0});
+    bag.WriteProperty("DestinationPicture", DestinationPicture(), base::Picture{});
+    bag.WriteProperty("SourcePicture", SourcePicture(), base::Picture{});
+    bag.WriteProperty("SelectValue", SelectValue(), std::int16_t{0});
+}
+
+void ColorElement::ReadProperties(const forms::PropertyBag& bag) {
+    setMousePointer(bag.ReadProperty("MousePointer", std::int16_t{0}));
+    setDestinationPicture(bag.ReadProperty("DestinationPicture", base::Picture{}));
+    setSourcePicture(bag.ReadProperty("SourcePicture", base::Picture{}));
+    setSelectValue(bag.ReadProperty("SelectValue", std::int16_t{0}));
+}
+
+}  // namespace huebrush::recolor

@@ -1,0 +1,126 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "base/Picture.h"
+#include "fill/CFill.h"
+#include "forms/Controls.h"
+#include "forms/Form.h"
+#include "forms/PopupMenu.h"
+#include "forms/UserControl.h"
+#include "host/Document.h"
+#include "recolor/NoFocusButton.h"
+
+namespace huebrush::recolor {
+
+/// The shapes of one group, in the order in which they were selected.
+using ShapeGroup = std::vector<host::ShapePointer>;
+
+/// One row of the recolour dialog: the shapes that share a fill, that fill and the one they are to
+/// get, each with a preview, a box that says whether they take part in the recolour, and the menu
+/// that edits the new fill. The row itself changes shapes only in Discolour.
+class ColorElement final : public forms::UserControl {
+ public:
+    /// The size of every row, in twips.
+    static constexpr double kWidth = 4455;
+    static constexpr double kHeight = 630;
+
+    ColorElement(forms::Control& container, std::string name, std::int16_t index);
+    ~ColorElement() override;
+
+    /// The row's place in the control array.
+    std::int16_t index() const { return index_; }
+
+    fill::CFill& FillObject() const { return *fill_; }
+    std::shared_ptr<fill::CFill> fillReference() const { return fill_; }
+    void setFillObject(std::shared_ptr<fill::CFill> fill);
+    /// Nothing for a row that represents nothing.
+    std::shared_ptr<const ShapeGroup> ElementsGroup;
+
+    // The saved properties, in the order in which they are saved.
+    std::int16_t MousePointer() const { return mousePointer_; }
+    void setMousePointer(std::int16_t pointer);
+    base::Picture DestinationPicture() const { return picDestination.Picture; }
+    void setDestinationPicture(const base::Picture& picture);
+    base::Picture SourcePicture() const { return picSource.Picture; }
+    void setSourcePicture(const base::Picture& picture);
+    std::int16_t SelectValue() const { return chkSelect.Value; }
+    void setSelectValue(std::int16_t value);
+    /// Shows or hides the frame of the row that a dragged row would be dropped on.
+    void setSelDestinationDrag(bool shown);
+
+    base::Event<bool&> mnuChDNoFill;
+    base::Event<float&> mnuChDTransparency;
+    base::Event<> mnuChDColor;
+    base::Event<> mnuChDFill;
+    base::Event<> mnuChDFormat;
+    base::Event<> ChangeSelect;
+    base::Event<> MoveUp;
+    base::Event<> MoveDown;
+    base::Event<> DragMouseDown;
+    base::Event<std::int16_t&> KeyDel;
+
+    /// Takes the picture on the clipboard as both previews, or as that of the new fill.
+    void CliboardToSource();
+    void CliboardToDestination();
+    /// Gives the new fill to the group's shapes, found again by their names in the document, if the
+    /// row is selected and its fill changed. The new fill is the current one then.
+    void Discolour(host::Document& document);
+
+    /// The row has been put on the screen.
+    void Show();
+    /// The user opens the fill menu, or presses the mouse on the grab handle.
+    void openMenu();
+    void grab();
+
+    // The parts, in the order of their creation.
+    NoFocusButton cmdChangeDes{*this, "cmdChangeDes"};
+    forms::CheckBox chkSelect{*this, "chkSelect"};
+    forms::Line lineDragDes4{*this, "lineDragDes4"};
+    forms::Line lineDragDes1{*this, "lineDragDes1"};
+    forms::Line lineDragDes2{*this, "lineDragDes2"};
+    forms::Image picSource{*this, "picSource"};
+    forms::Image picDestination{*this, "picDestination"};
+    forms::Image imgFocus{*this, "imgFocus"};
+    forms::Line Line2{*this, "Line2"};
+    forms::Line Line1{*this, "Line1"};
+    forms::Image Image1{*this, "Image1"};
+    forms::Image shpFocus{*this, "shpFocus"};
+    forms::Line lineDragDes3{*this, "lineDragDes3"};
+    forms::Label Label1{*this, "Label1"};
+    forms::Label Label2{*this, "Label2"};
+
+    forms::PopupMenu mnuWord{"NabidkaWord"};
+    forms::MenuItem mnuWordNoFill{mnuWord, "mnuWordNoFill", "Bez výplně"};
+    forms::MenuItem mnWordTransparency{mnuWord, "mnWordTransparency", "&Poloprůhledná"};
+    forms::MenuItem mnuWordColor{mnuWord, "mnuWordColor", "&Barva..."};
+    forms::MenuItem mnuWordFill{mnuWord, "mnuWordFill", "&Vzhled výplně..."};
+    forms::MenuItem mnuSep1{mnuWord, "mnuSep1", "-"};
+    forms::MenuItem mnuWordFormat{mnuWord, "mnuWordFormat", "&Formát objektu..."};
+    forms::MenuItem mnuWordRestore{mnuWord, "mnuWordRestore", "&Obnovit původní"};
+
+    void WriteProperties(forms::PropertyBag& bag) const override;
+    void ReadProperties(const forms::PropertyBag& bag) override;
+
+ protected:
+    void resized() override;
+
+ private:
+    void layOut();
+    void connectMenu();
+    void connectParts();
+    void chkSelect_KeyUp(std::int16_t code, std::int16_t shift);
+    void cmdChangeDes_Click();
+    void mnuWord_Click();
+    void RestoreFill();
+    void showFocus(bool shown);
+
+    std::int16_t index_;
+    std::int16_t mousePointer_ = 0;
+    std::shared_ptr<fill::CFill> fill_;
+};
+
+}  // namespace huebrush::recolor
