@@ -375,6 +375,7 @@ void frmEditGraphic::groupByFill(ScanCollection& shapes, const ScratchShape& scr
 }
 
 void frmEditGraphic::showScanned(std::size_t taken, base::Count16 total) {
+    progress_ = {taken, static_cast<std::size_t>(total)};
     lblLoadStatus.Caption = text("Zpracováno ", taken, " ze ", total, " objektů...");
     forms::Runtime::current().DoEvents();
 }
@@ -424,6 +425,7 @@ void frmEditGraphic::discolourRows() {
     std::shared_ptr<host::Document> document;
     std::unique_ptr<host::UndoGroup> undo;
     for (base::Count16 i = 1, last = Element.ubound(); i <= last; ++i) {
+        progress_ = {static_cast<std::size_t>(i), static_cast<std::size_t>(last)};
         lblLoadStatus.Caption =
             text("Upravuji ", i, ". skupinu objektů ze ", Element.ubound(), " výplní...");
         forms::Runtime::current().DoEvents();

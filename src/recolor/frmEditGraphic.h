@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -76,6 +77,13 @@ class frmEditGraphic final : public forms::Form {
     ColorElement* ActiveElement() const { return ActiveElement_; }
     /// The number of rows whose SelectValue is not 0, as of the last refresh of the view.
     std::int16_t selectedCount() const { return selectedCount_; }
+
+    /// How far the scan or the recolour is: shapes or rows done, and how many there are.
+    struct Progress {
+        std::size_t done = 0;
+        std::size_t total = 0;
+    };
+    Progress progress() const { return progress_; }
 
     /// Exchanges what two rows hold; rows themselves never move.
     void ReplaceColorElement(ColorElement& first, ColorElement& second);
@@ -155,6 +163,7 @@ class frmEditGraphic final : public forms::Form {
     double minimumWidth_ = 0;
     ColorElement* ActiveElement_ = nullptr;
     base::Count16 selectedCount_;
+    Progress progress_;
 
     /// While a handler changes many rows, the refreshes that they ask for become one at its end.
     class OneRefresh;

@@ -1,0 +1,58 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "base/Picture.h"
+#include "forms/Runtime.h"
+
+namespace huebrush::batch {
+
+/// A message box that the logic wanted to show.
+struct Message {
+    enum class Kind { information, warning, error };
+    Kind kind = Kind::information;
+    std::string text;
+    /// How many times the logic had let events run before it.
+    std::size_t step = 0;
+};
+
+/// The forms runtime for work with nobody at the screen. Boxes are kept instead of shown: Abort,
+/// Retry and Ignore is answered with Abort, any other question is an error of whoever asks it.
+/// No events are let through; a step in between only reports progress. Settings and component are
+/// those of the platform, the clipboard is its own.
+class BatchRuntime final : public forms::Runtime, private forms::Clipboard {
+ public:
+    explicit BatchRuntime(forms::Runtime& platform) : platform_(platform) {}
+
+    forms::MsgBoxResult MsgBox(const std::string& text, std::int32_t style,
+                               const std::string& title) override;
+    void PopupMenu(forms::PopupMenu& menu, forms::Control& owner, double x, double y) override;
+    void DoEvents() override;
+    forms::Clipboard& Clipboard() override { return *this; }
+    forms::Settings& Settings() override { return platform_.Settings(); }
+    const forms::Component& Component() override { return platform_.Component(); }
+    void showForm(forms::Form& form, bool modal) override;
+    void closeForm(forms::Form& form) override;
+    void setTopMost(forms::Form& form, bool topMost) override;
+
+    const std::vector<Message>& messages() const { return messages_; }
+    std::size_t steps() const { return steps_; }
+    /// Called at each step of the logic.
+    std::function<void()> onStep;
+
+ private:
+    void Clear() override { picture_ = {}; }
+    base::Picture GetData() override { return picture_; }
+    void SetData(const base::Picture& picture) override { picture_ = picture; }
+
+    forms::Runtime& platform_;
+    base::Picture picture_;
+    std::vector<Message> messages_;
+    std::size_t steps_ = 0;
+};
+
+}  // namespace huebrush::batch

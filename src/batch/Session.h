@@ -1,0 +1,114 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "base/Color.h"
+#include "batch/BatchRuntime.h"
+#include "batch/WholeDocument.h"
+#include "fill/FillProperties.h"
+#include "recolor/frmEditGraphic.h"
+
+namespace huebrush::batch {
+
+/// A request that does not fit the document: an unknown row or colour, a plan of another document.
+/// Raised before anything is written.
+class RequestError : public std::exception {
+ public:
+    explicit RequestError(std::string text) : text_(std::move(text)) {}
+    const char* what() const noexcept override { return text_.c_str(); }
+
+ private:
+    std::string text_;
+};
+
+/// A row of the dialog: a distinct fill and how many shapes have it.
+struct FillRow {
+    std::int32_t row = 0;  ///< From 1.
+    std::size_t shapes = 0;
+    fill::FillProperties fill;
+};
+
+/// Makes a row's new fill from its current one.
+using FillEdit = std::function<fill::FillProperties(const fill::FillProperties&)>;
+
+FillEdit noFill();
+/// A solid fill of a colour; transparency from 0.0 to 1.0.
+FillEdit solid(base::Rgb color, float transparency);
+
+/// All solid fills of one colour get another; their transparency stays.
+struct ColorMapping {
+    base::Rgb from = 0;
+    base::Rgb to = 0;
+};
+
+/// One row gets a fill.
+struct RowEdit {
+    std::int32_t row = 0;
+    FillEdit edit;
+    /// The fill that the row had when the edit was made; a row with another one is an error.
+    std::optional<fill::FillProperties> expected;
+};
+
+struct RecolorRequest {
+    std::vector<ColorMapping> mappings;
+    std::vector<RowEdit> rows;
+};
+
+/// Shapes that kept their fill, and why.
+struct Skipped {
+    std::int32_t row = 0;
+    std::size_t shapes = 0;
+    std::string reason;
+};
+
+struct RecolorResult {
+    std::size_t shapes = 0;
+    std::size_t groups = 0;
+    std::size_t changed = 0;
+    std::vector<Skipped> skipped;
+};
+
+/// One document worked on without a screen, by the recolour dialog itself: everything is selected,
+/// scanned, edited and recoloured as a user would do it. What the dialog says is in the runtime's
+/// messages.
+class Session {
+ public:
+    /// Called during long work: how much is done, of how much.
+    using Progress = std::function<void(std::size_t done, std::size_t total)>;
+
+    Session(host::Application& host, std::shared_ptr<host::Document> document,
+            BatchRuntime& runtime, Progress progress = {});
+    Session(const Session&) = delete;
+    Session& operator=(const Session&) = delete;
+    ~Session();
+
+    /// Finds the distinct fills of all shapes. A RequestError for a document without shapes, a
+    /// base::Error with the dialog's own message when the scan fails.
+    std::vector<FillRow> scan();
+
+    /// Gives new fills to the shapes of the scanned rows. RequestError before anything is written;
+    /// failures of single rows are in the result.
+    RecolorResult recolor(const RecolorRequest& request);
+
+ private:
+    std::vector<FillRow> rows() const;
+    void edit(const RecolorRequest& request);
+    void map(const ColorMapping& mapping);
+    void editRow(const RowEdit& edit);
+    RecolorResult result(const std::vector<bool>& wasChanged, std::size_t firstMessage,
+                         std::size_t firstStep) const;
+    void account(std::int16_t row, bool wasChanged, const std::string& failure,
+                 RecolorResult& result) const;
+
+    BatchRuntime& runtime_;
+    WholeDocument host_;
+    std::shared_ptr<recolor::frmEditGraphic> dialog_;
+};
+
+}  // namespace huebrush::batch

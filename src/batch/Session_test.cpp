@@ -1,0 +1,157 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "batch/Session.h"
+#include "error/mError.h"
+#include "forms/Runtime.h"
+#include "ports/memory/MemoryHost.h"
+#include "ports/memory/MemoryRuntime.h"
+
+namespace huebrush::batch {
+namespace {
+
+constexpr std::int32_t kRed = 0x0000C0;
+constexpr std::int32_t kGreen = 0x00C000;
+constexpr std::int32_t kBlue = 0xC07000;
+
+class BatchSession : public ::testing::Test {
+ protected:
+    BatchSession() { document = host.open("Picture"); }
+
+    memory::MemoryShapePointer add(const std::string& name, std::int32_t color) {
+        return document->addSolid(name, color);
+    }
+    void addThreeRows() {
+        add("Roof", kRed);
+        add("Grass", kGreen);
+        add("Wall", kRed);
+        document->addGroup("House", {add("Door", kRed), add("Window", kBlue)});
+    }
+
+    memory::MemoryRuntime platform;
+    memory::MemoryApplication host;
+    std::shared_ptr<memory::MemoryDocument> document;
+    BatchRuntime runtime{platform};
+    forms::RuntimeScope scope{runtime};
+};
+
+TEST_F(BatchSession, ListsTheDistinctFillsOfAllShapesWithTheirCounts) {
+    addThreeRows();
+    Session session(host, document, runtime);
+    const std::vector<FillRow> rows = session.scan();
+    ASSERT_EQ(rows.size(), 3U);
+    EXPECT_EQ(rows[0].shapes, 3U);
+    EXPECT_EQ(rows[0].fill.ForeColorRGB, kRed);
+    EXPECT_EQ(rows[1].fill.ForeColorRGB, kGreen);
+    EXPECT_EQ(rows[2].fill.ForeColorRGB, kBlue);
+    EXPECT_EQ(rows[2].row, 3);
+    ASSERT_EQ(runtime.messages().size(), 1U);
+    EXPECT_EQ(runtime.messages()[0].kind, Message::Kind::information);
+    EXPECT_EQ(host.openScratchDocuments(), 0U);
+}
+
+TEST_F(BatchSession, MapsAColourAndKeepsTheTransparencyOfItsShapes) {
+    addThreeRows();
+    document->find("Wall")->fill.Transparency = 0.25F;
+    Session session(host, document, runtime);
+    session.scan();
+    const RecolorResult result = session.recolor({{{kRed, kBlue}}, {}});
+    EXPECT_EQ(document->find("Roof")->fill.ForeColorRGB, kBlue);
+    EXPECT_EQ(document->find("Door")->fill.ForeColorRGB, kBlue);
+    EXPECT_EQ(document->find("Wall")->fill.ForeColorRGB, kBlue);
+    EXPECT_EQ(document->find("Wall")->fill.Transparency, 0.25F);
+    EXPECT_EQ(document->find("Grass")->fill.ForeColorRGB, kGreen);
+    EXPECT_EQ(result.shapes, 5U);
+    EXPECT_EQ(result.groups, 4U);
+    EXPECT_EQ(result.changed, 3U);
+    ASSERT_EQ(result.skipped.size(), 2U);
+    EXPECT_EQ(result.skipped[0].reason, "unchanged");
+    EXPECT_EQ(document->undoTitles.size(), 1U);
+}
+
+TEST_F(BatchSession, MapsManyColoursToOne) {
+    addThreeRows();
+    Session session(host, document, runtime);
+    session.scan();
+    EXPECT_EQ(session.recolor({{{kRed, kBlue}, {kGreen, kBlue}}, {}}).changed, 4U);
+    EXPECT_EQ(document->find("Grass")->fill.ForeColorRGB, kBlue);
+}
+
+TEST_F(BatchSession, GivesASingleRowAFill) {
+    addThreeRows();
+    Session session(host, document, runtime);
+    session.scan();
+    session.recolor({{}, {{2, noFill(), std::nullopt}, {3, solid(kGreen, 0.5F), std::nullopt}}});
+    EXPECT_EQ(document->find("Grass")->fill.Visible, host::MsoTriState::msoFalse);
+    EXPECT_EQ(document->find("Window")->fill.ForeColorRGB, kGreen);
+    EXPECT_EQ(document->find("Window")->fill.Transparency, 0.5F);
+    EXPECT_EQ(document->find("Roof")->fill.ForeColorRGB, kRed);
+}
+
+TEST_F(BatchSession, RefusesAnUnknownColourOrRowBeforeAnythingIsWritten) {
+    addThreeRows();
+    Session session(host, document, runtime);
+    const auto rows = session.scan();
+    host.log.on = true;
+    EXPECT_THROW(session.recolor({{{0x123456, kBlue}}, {}}), RequestError);
+    EXPECT_THROW(session.recolor({{}, {{4, noFill(), std::nullopt}}}), RequestError);
+    EXPECT_THROW(session.recolor({{}, {{0, noFill(), std::nullopt}}}), RequestError);
+    EXPECT_THROW(session.recolor({{}, {{1, noFill(), rows[1].fill}}}), RequestError);
+    EXPECT_TRUE(host.log.beginningWith("write ").empty());
+}
+
+TEST_F(BatchSession, RefusesADocumentWithoutShapes) {
+    Session session(host, document, runtime);
+    EXPECT_THROW(session.scan(), RequestError);
+}
+
+TEST_F(BatchSession, TellsTheFailureOfARowAndGoesOnWithTheNext) {
+    addThreeRows();
+    Session session(host, document, runtime);
+    session.scan();
+    document->remove(document->find("Grass"));
+    const RecolorResult result =
+        session.recolor({{}, {{2, solid(kBlue, 0), std::nullopt}, {3, noFill(), std::nullopt}}});
+    EXPECT_EQ(document->find("Window")->fill.Visible, host::MsoTriState::msoFalse);
+    EXPECT_EQ(result.changed, 1U);
+    const auto failed = std::find_if(result.skipped.begin(), result.skipped.end(),
+                                     [](const Skipped& skipped) { return skipped.row == 2; });
+    ASSERT_NE(failed, result.skipped.end());
+    EXPECT_NE(failed->reason.find("Grass"), std::string::npos);
+}
+
+TEST_F(BatchSession, AScanThatFailsIsAnErrorWithTheDialogsMessage) {
+    addThreeRows();
+    Session session(host, document, runtime);
+    host.log.failAt("call Documents.Add", base::Error(5, "no scratch"));
+    try {
+        session.scan();
+        FAIL() << "no error";
+    } catch (const base::Error& error) {
+        EXPECT_NE(error.description().find("no scratch"), std::string::npos);
+    }
+}
+
+TEST_F(BatchSession, ReportsProgressUpToTheEnd) {
+    addThreeRows();
+    std::vector<std::size_t> done;
+    Session session(host, document, runtime,
+                    [&](std::size_t at, std::size_t) { done.push_back(at); });
+    session.scan();
+    ASSERT_FALSE(done.empty());
+    EXPECT_TRUE(std::is_sorted(done.begin(), done.end()));
+    EXPECT_EQ(done.back(), 4U);
+}
+
+TEST_F(BatchSession, AnswersRetriesWithAbortAndRefusesOtherQuestions) {
+    EXPECT_EQ(runtime.MsgBox("x", 50, "t"), forms::MsgBoxResult::abort);
+    EXPECT_EQ(runtime.messages().back().kind, Message::Kind::error);
+    EXPECT_THROW(runtime.MsgBox("x", 36, "t"), base::Error);
+}
+
+}  // namespace
+}  // namespace huebrush::batch
