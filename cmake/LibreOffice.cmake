@@ -22,6 +22,8 @@ add_library(libreoffice_sdk INTERFACE)
 target_include_directories(libreoffice_sdk SYSTEM INTERFACE
   ${LIBREOFFICE_HEADERS} /usr/include/libreoffice)
 target_compile_definitions(libreoffice_sdk INTERFACE UNX GCC LINUX CPPU_ENV=gcc3)
+# Much of what the office calls deprecated has no successor.
+target_compile_options(libreoffice_sdk INTERFACE -Wno-deprecated-declarations)
 target_link_directories(libreoffice_sdk INTERFACE
   ${LIBREOFFICE_ROOT}/sdk/lib ${LIBREOFFICE_ROOT}/program)
 target_link_libraries(libreoffice_sdk INTERFACE

@@ -1,4 +1,29 @@
 # The window's half of the port: the entry points, the application, its bars, boxes and settings.
 set(HUEBRUSH_WINDOW_SOURCES
+  AddIn.cpp
+  Session.cpp
+  app/ActiveWindow.cpp
+  app/Application.cpp
+  app/Pointer.cpp
+  app/StatusBar.cpp
+  bar/BarConfiguration.cpp
+  bar/BarPlaces.cpp
+  bar/ButtonCommand.cpp
+  bar/CommandBars.cpp
+  bar/CommandStates.cpp
+  bar/Faces.cpp
+  bar/ProtocolHandler.cpp
+  bar/TextWindows.cpp
+  bar/ToolBar.cpp
+  bar/ToolBarButton.cpp
+  runtime/EventPump.cpp
+  runtime/IconFiles.cpp
+  runtime/MessageBox.cpp
+  runtime/OfficeComponent.cpp
+  runtime/OfficeRuntime.cpp
+  runtime/OfficeSettings.cpp
+  uno/Configuration.cpp
+  uno/Errors.cpp
   uno/MainThread.cpp
+  uno/Percent.cpp
   uno/Text.cpp)

@@ -1,0 +1,110 @@
+#include "ports/libreoffice/AddIn.h"
+
+#include <com/sun/star/frame/XDesktop.hpp>
+#include <cppuhelper/supportsservice.hxx>
+#include <utility>
+
+#include "error/mError.h"
+#include "ports/libreoffice/Session.h"
+#include "ports/libreoffice/runtime/MessageBox.h"
+#include "ports/libreoffice/uno/Errors.h"
+#include "ports/libreoffice/uno/MainThread.h"
+
+namespace huebrush::libreoffice {
+
+namespace css = com::sun::star;
+
+namespace {
+
+constexpr const char* kName = "cz.huebrush.AddIn";
+constexpr const char* kExtension = "cz.huebrush.extension";
+
+/// For what goes wrong before there is a runtime that could report it.
+void tellFailedStart(const ContextReference& context, const base::Error& error) {
+    error::ignoring([&] {
+        showMessageBox(context, {},
+                       base::text("Doplněk Huebrush nelze spustit.", base::kLineBreak,
+                                  base::kLineBreak, error.description()),
+                       forms::MsgBoxStyle::kCritical, "Huebrush");
+    });
+}
+
+}  // namespace
+
+AddIn::AddIn(ContextReference context) : context_(std::move(context)) {}
+
+AddIn::~AddIn() = default;
+
+rtl::Reference<AddIn> AddIn::of(const ContextReference& context) {
+    rtl::Reference<AddIn> addIn;
+    error::ignoring([&] {
+        const auto object = createService<css::task::XJob>(context, kName);
+        addIn = dynamic_cast<AddIn*>(object.get());
+    });
+    return addIn;
+}
+
+css::uno::Any SAL_CALL AddIn::execute(const css::uno::Sequence<css::beans::NamedValue>&) {
+    if (session_ != nullptr) return {};
+    mainThread_ = std::this_thread::get_id();
+    try {
+        connect();
+    } catch (const css::uno::Exception&) {
+        tellFailedStart(context_, currentHostError());
+    } catch (...) {
+        tellFailedStart(context_, base::currentError());
+    }
+    return {};
+}
+
+void AddIn::connect() {
+    const auto desktop =
+        createService<css::frame::XDesktop>(context_, "com.sun.star.frame.Desktop");
+    session_ = std::make_unique<Session>(context_, extensionFolder(context_, kExtension));
+    desktop->addTerminateListener(this);
+}
+
+void SAL_CALL AddIn::notifyTermination(const css::lang::EventObject&) {
+    disconnect();
+}
+
+void SAL_CALL AddIn::disposing(const css::lang::EventObject&) {
+    disconnect();
+}
+
+void AddIn::disconnect() noexcept {
+    error::ignoring([&] { session_.reset(); });
+}
+
+rtl::OUString SAL_CALL AddIn::getImplementationName() {
+    return rtl::OUString::createFromAscii(kName);
+}
+
+sal_Bool SAL_CALL AddIn::supportsService(const rtl::OUString& name) {
+    return cppu::supportsService(this, name);
+}
+
+css::uno::Sequence<rtl::OUString> SAL_CALL AddIn::getSupportedServiceNames() {
+    const rtl::OUString name = getImplementationName();
+    return {&name, 1};
+}
+
+void AddIn::click(const ActiveWindow::Frame& frame, const std::string& command) {
+    if (std::this_thread::get_id() != mainThread_) {
+        postToMainThread(context_, [self = rtl::Reference<AddIn>(this), frame, command] {
+            self->click(frame, command);
+        });
+        return;
+    }
+    if (session_ != nullptr) session_->click(frame, command);
+}
+
+void AddIn::addListener(const css::util::URL& url, const CommandStates::Listener& listener) {
+    if (session_ != nullptr) session_->states().addListener(url, listener);
+}
+
+void AddIn::removeListener(const css::util::URL& url, const CommandStates::Listener& listener) {
+    if (session_ != nullptr) session_->states().removeListener(url, listener);
+}
+
+}  // namespace huebrush::libreoffice

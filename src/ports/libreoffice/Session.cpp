@@ -1,0 +1,43 @@
+#include "ports/libreoffice/Session.h"
+
+#include "error/mError.h"
+#include "ports/libreoffice/uno/Errors.h"
+
+namespace huebrush::libreoffice {
+
+Session::Session(const ContextReference& context, const std::string& folder)
+    : application_(context, folder),
+      runtime_(context, folder, application_.activeWindow(), application_.snapshot()),
+      scope_(runtime_) {
+    runtime_.UnhandledError.connect(&error::reportUnhandled);
+    enter([&] { addIn_.OnConnection(application_); });
+    runtime_.setEventsMayRun(true);
+}
+
+Session::~Session() {
+    runtime_.setEventsMayRun(false);
+    enter([&] { addIn_.OnDisconnection(); });
+}
+
+void Session::click(const ActiveWindow::Frame& frame, const std::string& command) {
+    if (commandRuns_) return;
+    application_.activeWindow().activate(frame);
+    commandRuns_ = true;
+    enter([&] { application_.CommandBars().click(command); });
+    commandRuns_ = false;
+}
+
+void Session::enter(const std::function<void()>& handler) noexcept {
+    const HandlerScope scope(application_.snapshot());
+    error::ignoring([&] {
+        try {
+            handler();
+        } catch (const com::sun::star::uno::Exception&) {
+            runtime_.UnhandledError(currentHostError());
+        } catch (...) {
+            runtime_.UnhandledError(base::currentError());
+        }
+    });
+}
+
+}  // namespace huebrush::libreoffice

@@ -1,0 +1,34 @@
+#include "ports/libreoffice/app/Application.h"
+
+#include "ports/libreoffice/app/Pointer.h"
+#include "ports/libreoffice/uno/Errors.h"
+
+namespace huebrush::libreoffice {
+
+Application::Application(const ContextReference& context, const std::string& folder)
+    : context_(context),
+      documents_(context),
+      activeWindow_(context),
+      statusBar_(context, activeWindow_, documents_.snapshot()),
+      commandBars_(context, IconFiles(folder)),
+      template_(commandBars_) {}
+
+std::shared_ptr<host::Selection> Application::Selection() {
+    return ActiveDocument()->Selection();
+}
+
+std::shared_ptr<host::Document> Application::ActiveDocument() {
+    return documents_.documentOf(activeWindow_.model());
+}
+
+void Application::setCursor(host::WdCursorType cursor) {
+    const ActiveWindow::Frame frame = activeWindow_.frame();
+    if (frame.is()) setPointer(context_, frame, cursor);
+}
+
+std::shared_ptr<host::Dialog> Application::NoDialogs::Item(std::int32_t id) {
+    throw base::Error(HostErrorNumber::kCommandFailed,
+                      base::text("Kancelářský balík nemá dialog č. ", id, "."));
+}
+
+}  // namespace huebrush::libreoffice

@@ -1,0 +1,56 @@
+#pragma once
+
+#include "host/Application.h"
+#include "ports/libreoffice/Documents.h"
+#include "ports/libreoffice/app/ActiveWindow.h"
+#include "ports/libreoffice/app/StatusBar.h"
+#include "ports/libreoffice/bar/CommandBars.h"
+
+namespace huebrush::libreoffice {
+
+/// The office as the word processor that the logic knows: its text documents, the active one of
+/// their windows, and the tool bars of those windows.
+class Application final : public host::Application {
+ public:
+    Application(const ContextReference& context, const std::string& folder);
+
+    std::string Name() override { return "Microsoft Word"; }
+    std::string Version() override { return "9.0"; }
+    std::shared_ptr<host::Selection> Selection() override;
+    std::shared_ptr<host::Document> ActiveDocument() override;
+    libreoffice::Documents& Documents() override { return documents_; }
+    host::Dialogs& Dialogs() override { return dialogs_; }
+    libreoffice::CommandBars& CommandBars() override { return commandBars_; }
+    host::Template& NormalTemplate() override { return template_; }
+    void setStatusBar(const std::string& text) override { statusBar_.setText(text); }
+    void setCursor(host::WdCursorType cursor) override;
+
+    ActiveWindow& activeWindow() { return activeWindow_; }
+    const std::shared_ptr<Snapshot>& snapshot() const { return documents_.snapshot(); }
+
+ private:
+    /// The built-in dialogs of the classic host. The office has none of them under these numbers.
+    class NoDialogs : public host::Dialogs {
+     public:
+        std::shared_ptr<host::Dialog> Item(std::int32_t id) override;
+    };
+    /// The bars are what the classic host keeps in its template.
+    class BarTemplate : public host::Template {
+     public:
+        explicit BarTemplate(libreoffice::CommandBars& bars) : bars_(bars) {}
+        void Save() override { bars_.save(); }
+
+     private:
+        libreoffice::CommandBars& bars_;
+    };
+
+    ContextReference context_;
+    libreoffice::Documents documents_;
+    ActiveWindow activeWindow_;
+    StatusBar statusBar_;
+    libreoffice::CommandBars commandBars_;
+    BarTemplate template_;
+    NoDialogs dialogs_;
+};
+
+}  // namespace huebrush::libreoffice

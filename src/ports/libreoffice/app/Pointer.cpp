@@ -1,0 +1,40 @@
+#include "ports/libreoffice/app/Pointer.h"
+
+#include <com/sun/star/awt/SystemPointer.hpp>
+#include <com/sun/star/awt/XPointer.hpp>
+#include <com/sun/star/awt/XVclContainer.hpp>
+#include <com/sun/star/awt/XWindowPeer.hpp>
+
+#include "ports/libreoffice/uno/Errors.h"
+
+namespace huebrush::libreoffice {
+
+namespace css = com::sun::star;
+
+namespace {
+
+using Window = css::uno::Reference<css::awt::XWindow>;
+using PointerShape = css::uno::Reference<css::awt::XPointer>;
+
+/// A window inside another has a pointer of its own, so each is told.
+void setPointerInside(const Window& window, const PointerShape& pointer) {
+    const css::uno::Reference<css::awt::XWindowPeer> peer(window, css::uno::UNO_QUERY);
+    if (peer.is()) peer->setPointer(pointer);
+    const css::uno::Reference<css::awt::XVclContainer> container(window, css::uno::UNO_QUERY);
+    if (!container.is()) return;
+    for (const Window& child : container->getWindows()) setPointerInside(child, pointer);
+}
+
+}  // namespace
+
+void setPointer(const ContextReference& context, const ActiveWindow::Frame& frame,
+                host::WdCursorType cursor) {
+    const bool wait = cursor == host::WdCursorType::wdCursorWait;
+    ignoringOffice([&] {
+        const auto pointer = createService<css::awt::XPointer>(context, "com.sun.star.awt.Pointer");
+        pointer->setType(wait ? css::awt::SystemPointer::WAIT : css::awt::SystemPointer::ARROW);
+        setPointerInside(frame->getContainerWindow(), pointer);
+    });
+}
+
+}  // namespace huebrush::libreoffice

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <com/sun/star/container/XNameContainer.hpp>
+#include <cstdint>
+#include <string>
+
+#include "ports/libreoffice/uno/Services.h"
+
+namespace huebrush::libreoffice {
+
+/// Where a bar is: at an edge of the window in a row of bars, or floating above it.
+struct BarPlace {
+    /// The edges, with the numbers of the object model's docking position.
+    enum class Edge : std::int32_t { left = 0, top = 1, right = 2, bottom = 3 };
+
+    bool floating = false;
+    Edge edge = Edge::top;
+    /// The row counted from 0, and the distance in pixels from where the row begins.
+    std::int32_t row = 0;
+    std::int32_t distance = 0;
+    /// In pixels of the screen, for a floating bar.
+    std::int32_t left = 0;
+    std::int32_t top = 0;
+    bool visible = true;
+
+    bool upright() const { return edge == Edge::left || edge == Edge::right; }
+    friend bool operator==(const BarPlace&, const BarPlace&) = default;
+};
+
+/// The places of the tool bars of text windows. The office keeps them beyond the removal of a bar,
+/// lays out each new window by them, and writes them when the user moves a bar.
+class BarPlaces {
+ public:
+    explicit BarPlaces(ContextReference context);
+
+    /// Whether the office knows a place of this bar.
+    bool has(const std::string& url) const;
+    /// Its place, or a default one: a row of its own below the two standard bars.
+    BarPlace of(const std::string& url) const;
+    /// Puts the bar there, in all open windows and in those to come.
+    void put(const std::string& url, const std::string& name, const BarPlace& place);
+
+ private:
+    void write(const std::string& url, const std::string& name, const BarPlace& place);
+
+    ContextReference context_;
+    com::sun::star::uno::Reference<com::sun::star::container::XNameContainer> states_;
+};
+
+}  // namespace huebrush::libreoffice

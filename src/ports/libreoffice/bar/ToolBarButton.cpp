@@ -1,0 +1,70 @@
+#include "ports/libreoffice/bar/ToolBarButton.h"
+
+#include <utility>
+
+#include "base/Error.h"
+#include "forms/Runtime.h"
+#include "ports/libreoffice/bar/ButtonCommand.h"
+
+namespace huebrush::libreoffice {
+
+ToolBarButton::ToolBarButton(CommandStates& states, std::function<void()> changed, Kept kept)
+    : states_(states),
+      changed_(std::move(changed)),
+      tag_(std::move(kept.tag)),
+      caption_(std::move(kept.caption)),
+      tooltip_(std::move(kept.tooltip)) {
+    publishState();
+}
+
+std::string ToolBarButton::command() const {
+    return tag_.empty() ? std::string() : commandOfTag(tag_);
+}
+
+void ToolBarButton::setTag(const std::string& tag) {
+    if (!tag_.empty()) states_.forget(command());
+    tag_ = tag;
+    publishState();
+    changed_();
+}
+
+void ToolBarButton::setCaption(const std::string& caption) {
+    caption_ = caption;
+    changed_();
+}
+
+void ToolBarButton::setTooltipText(const std::string& text) {
+    tooltip_ = text;
+    changed_();
+}
+
+void ToolBarButton::setEnabled(bool enabled) {
+    enabled_ = enabled;
+    publishState();
+}
+
+void ToolBarButton::Delete() {
+    if (deleted_) {
+        throw base::Error(base::ErrorNumber::kNoSuchControl, "Tlačítko už bylo odstraněno.");
+    }
+    if (!tag_.empty()) states_.forget(command());
+    deleted_ = true;
+    changed_();
+}
+
+/// The office draws the picture over its own face, so there is none to draw upon.
+void ToolBarButton::CopyFace() {
+    forms::Runtime::current().Clipboard().Clear();
+}
+
+void ToolBarButton::PasteFace() {
+    newFace_ = forms::Runtime::current().Clipboard().GetData();
+    changed_();
+}
+
+void ToolBarButton::publishState() {
+    if (tag_.empty() || deleted_) return;
+    states_.setEnabled(command(), enabled_ && isOffered(tag_));
+}
+
+}  // namespace huebrush::libreoffice

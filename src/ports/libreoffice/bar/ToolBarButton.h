@@ -1,0 +1,60 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "base/Picture.h"
+#include "host/CommandBars.h"
+#include "ports/libreoffice/bar/CommandStates.h"
+
+namespace huebrush::libreoffice {
+
+/// A button of ours on a tool bar. Its tag names the command that the office sends for it, so it
+/// gets onto the screen once it has one.
+class ToolBarButton final : public host::CommandBarControl {
+ public:
+    /// `changed` is called with every change that the bar has to write.
+    ToolBarButton(CommandStates& states, std::function<void()> changed)
+        : states_(states), changed_(std::move(changed)) {}
+
+    /// A button that the office has kept.
+    struct Kept {
+        std::string tag;
+        std::string caption;
+        std::string tooltip;
+    };
+    ToolBarButton(CommandStates& states, std::function<void()> changed, Kept kept);
+
+    void setTag(const std::string& tag) override;
+    void setCaption(const std::string& caption) override;
+    void setTooltipText(const std::string& text) override;
+    void setEnabled(bool enabled) override;
+    void Delete() override;
+    void CopyFace() override;
+    void PasteFace() override;
+    void Execute() override { Click(); }
+
+    const std::string& tag() const { return tag_; }
+    const std::string& caption() const { return caption_; }
+    const std::string& tooltip() const { return tooltip_; }
+    /// Empty for a button without a tag.
+    std::string command() const;
+    bool deleted() const { return deleted_; }
+    /// A face that was pasted and not yet written.
+    const base::Picture& newFace() const { return newFace_; }
+    void faceWritten() { newFace_ = {}; }
+
+ private:
+    void publishState();
+
+    CommandStates& states_;
+    std::function<void()> changed_;
+    std::string tag_;
+    std::string caption_;
+    std::string tooltip_;
+    base::Picture newFace_;
+    bool enabled_ = true;
+    bool deleted_ = false;
+};
+
+}  // namespace huebrush::libreoffice

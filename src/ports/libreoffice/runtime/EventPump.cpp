@@ -1,0 +1,33 @@
+#include "ports/libreoffice/runtime/EventPump.h"
+
+#include <com/sun/star/awt/XToolkitExperimental.hpp>
+#include <utility>
+
+#include "ports/libreoffice/Snapshot.h"
+#include "ports/libreoffice/uno/Errors.h"
+
+namespace huebrush::libreoffice {
+
+namespace {
+
+constexpr std::chrono::milliseconds kRunEvery(40);
+
+}  // namespace
+
+EventPump::EventPump(ContextReference context, std::shared_ptr<Snapshot> snapshot)
+    : context_(std::move(context)), snapshot_(std::move(snapshot)), rate_(kRunEvery) {}
+
+void EventPump::run() {
+    if (!rate_.isDue()) return;
+    const auto start = RateLimit::Clock::now();
+    snapshot_->invalidate();
+    ignoringOffice([&] {
+        createService<com::sun::star::awt::XToolkitExperimental>(context_,
+                                                                 "com.sun.star.awt.Toolkit")
+            ->processEventsToIdle();
+    });
+    snapshot_->invalidate();
+    rate_.done(start);
+}
+
+}  // namespace huebrush::libreoffice

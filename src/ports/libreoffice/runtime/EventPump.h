@@ -1,0 +1,26 @@
+#pragma once
+
+#include <memory>
+
+#include "ports/libreoffice/app/RateLimit.h"
+#include "ports/libreoffice/uno/Services.h"
+
+namespace huebrush::libreoffice {
+
+class Snapshot;
+
+/// Lets the office's pending events run, at a bounded rate: a loop may ask after each of its
+/// thousands of steps. The first call runs them, and what is left runs when the loop is over.
+class EventPump {
+ public:
+    EventPump(ContextReference context, std::shared_ptr<Snapshot> snapshot);
+
+    void run();
+
+ private:
+    ContextReference context_;
+    std::shared_ptr<Snapshot> snapshot_;
+    RateLimit rate_;
+};
+
+}  // namespace huebrush::libreoffice

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "base/Picture.h"
+
+namespace huebrush::libreoffice {
+
+/// The component's icons, drawn anew for each of their sizes.
+class IconFiles {
+ public:
+    /// `folder` is the component's, without a separator at its end.
+    explicit IconFiles(std::string folder) : folder_(std::move(folder)) {}
+
+    /// The icon with this number in its largest size; no picture where there is none.
+    base::Picture largest(std::int32_t number) const;
+    /// The same icon in all its sizes, smallest first; only the picture itself when it is none of
+    /// the component's icons in their largest size.
+    std::vector<base::Picture> sizesOf(const base::Picture& picture) const;
+
+ private:
+    base::Picture picture(std::int32_t number, std::int32_t size) const;
+
+    std::string folder_;
+};
+
+}  // namespace huebrush::libreoffice

@@ -1,0 +1,87 @@
+#include "ports/libreoffice/runtime/OfficeComponent.h"
+
+#include <osl/file.hxx>
+
+#include <com/sun/star/beans/XPropertySet.hpp>
+#include <com/sun/star/deployment/XPackageInformationProvider.hpp>
+#include <com/sun/star/i18n/XLocaleData.hpp>
+#include <utility>
+
+#include "ports/libreoffice/uno/Configuration.h"
+#include "ports/libreoffice/uno/Errors.h"
+
+namespace huebrush::libreoffice {
+
+namespace css = com::sun::star;
+
+namespace {
+
+std::string pathOf(const rtl::OUString& url) {
+    rtl::OUString path;
+    osl::FileBase::getSystemPathFromFileURL(url, path);
+    return fromOffice(path.endsWith("/") ? path.copy(0, path.getLength() - 1) : path);
+}
+
+rtl::OUString configuredLocale(const ContextReference& context, std::string_view node,
+                               const char* name) {
+    const css::uno::Reference<css::beans::XPropertySet> values(
+        openConfiguration(context, node, false), css::uno::UNO_QUERY_THROW);
+    rtl::OUString locale;
+    values->getPropertyValue(rtl::OUString::createFromAscii(name)) >>= locale;
+    return locale;
+}
+
+/// The locale that the user has chosen in the office's options, or else the system's.
+rtl::OUString officeLocale(const ContextReference& context) {
+    const rtl::OUString chosen =
+        configuredLocale(context, "/org.openoffice.Setup/L10N", "ooSetupSystemLocale");
+    if (!chosen.isEmpty()) return chosen;
+    return configuredLocale(context, "/org.openoffice.System/L10N", "Locale");
+}
+
+css::lang::Locale localeOf(const rtl::OUString& tag) {
+    sal_Int32 position = 0;
+    css::lang::Locale locale;
+    locale.Language = tag.getToken(0, '-', position);
+    if (position >= 0) locale.Country = tag.getToken(0, '-', position);
+    return locale;
+}
+
+}  // namespace
+
+std::string extensionFolder(const ContextReference& context, const std::string& identifier) {
+    return officeCalls([&] {
+        return pathOf(singleton<css::deployment::XPackageInformationProvider>(
+                          context, "com.sun.star.deployment.PackageInformationProvider")
+                          ->getPackageLocation(toOffice(identifier)));
+    });
+}
+
+OfficeComponent::OfficeComponent(ContextReference context, std::string folder)
+    : context_(std::move(context)), folder_(std::move(folder)), icons_(folder_) {}
+
+std::string OfficeComponent::version() const {
+    return HUEBRUSH_VERSION;
+}
+
+std::string OfficeComponent::temporaryFolder() const {
+    rtl::OUString url;
+    osl::FileBase::getTempDirURL(url);
+    return pathOf(url);
+}
+
+base::Picture OfficeComponent::icon(std::int32_t number) const {
+    return icons_.largest(number);
+}
+
+char OfficeComponent::decimalSeparator() const {
+    return officeCalls([&] {
+        const auto locales =
+            createService<css::i18n::XLocaleData>(context_, "com.sun.star.i18n.LocaleData");
+        const rtl::OUString separator =
+            locales->getLocaleItem(localeOf(officeLocale(context_))).decimalSeparator;
+        return separator == "," ? ',' : '.';
+    });
+}
+
+}  // namespace huebrush::libreoffice

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "forms/Runtime.h"
+#include "ports/libreoffice/uno/Services.h"
+
+namespace huebrush::libreoffice {
+
+/// Settings in the user's configuration of the office, in a set of our own schema.
+class OfficeSettings final : public forms::Settings {
+ public:
+    explicit OfficeSettings(ContextReference context) : context_(std::move(context)) {}
+
+    std::optional<std::string> GetSetting(const std::string& application,
+                                          const std::string& section,
+                                          const std::string& key) override;
+    void SaveSetting(const std::string& application, const std::string& section,
+                     const std::string& key, const std::string& value) override;
+
+ private:
+    ContextReference context_;
+};
+
+}  // namespace huebrush::libreoffice

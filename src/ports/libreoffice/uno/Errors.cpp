@@ -1,0 +1,22 @@
+#include "ports/libreoffice/uno/Errors.h"
+
+#include <com/sun/star/uno/Any.hxx>
+#include <cppuhelper/exc_hlp.hxx>
+#include <string>
+
+#include "base/Text.h"
+#include "ports/libreoffice/uno/Text.h"
+
+namespace huebrush::libreoffice {
+
+base::Error currentHostError() {
+    const com::sun::star::uno::Any caught = cppu::getCaughtException();
+    const std::string kind = fromOffice(caught.getValueTypeName());
+    com::sun::star::uno::Exception exception;
+    caught >>= exception;
+    const std::string message = fromOffice(exception.Message);
+    return {HostErrorNumber::kCommandFailed,
+            message.empty() ? kind : base::text(message, " (", kind, ")")};
+}
+
+}  // namespace huebrush::libreoffice
