@@ -1,0 +1,28 @@
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+
+namespace huebrush::cli {
+
+/// A named pipe on which the office sends lines to the program.
+class Channel {
+ public:
+    /// Makes the pipe. Failure when it cannot be made.
+    explicit Channel(std::filesystem::path path);
+    Channel(const Channel&) = delete;
+    Channel& operator=(const Channel&) = delete;
+    ~Channel();
+
+    /// The next line, waiting for it for a moment only; nothing when none has come.
+    std::optional<std::string> readLine();
+
+ private:
+    std::optional<std::string> takeLine();
+
+    int file_;
+    std::string received_;
+};
+
+}  // namespace huebrush::cli

@@ -1,0 +1,138 @@
+#include "cli/Commands.h"
+
+#include <unistd.h>
+
+#include <filesystem>
+#include <fstream>
+#include <iomanip>
+#include <iostream>
+#include <optional>
+
+#include "base/Text.h"
+#include "cli/Failure.h"
+#include "cli/FillText.h"
+#include "cli/OfficeJob.h"
+#include "cli/OutputFile.h"
+
+namespace huebrush::cli {
+
+namespace {
+
+namespace fs = std::filesystem;
+using base::text;
+using json = nlohmann::ordered_json;
+
+void requireReadable(const fs::path& document) {
+    std::error_code error;
+    if (!fs::exists(document, error)) throw Failure("there is no file " + document.string());
+    if (fs::is_directory(document, error)) throw Failure(document.string() + " is a folder");
+    if (access(document.c_str(), R_OK) != 0) throw Failure("cannot read " + document.string());
+}
+
+/// Tells what the logic would have shown in boxes. Whether one of them was an error.
+bool tellBoxes(const json& result) {
+    bool failed = false;
+    for (const json& box : result.at("messages")) {
+        if (box.at("kind") == "information") continue;
+        failed |= box.at("kind") == "error";
+        std::cerr << "huebrush: " << oneLine(box.at("text").get<std::string>()) << '\n';
+    }
+    return failed;
+}
+
+void printRows(const json& rows) {
+    const bool colored = isatty(STDOUT_FILENO) != 0;
+    std::cout << "  row  shapes  fill\n";
+    for (const json& row : rows) {
+        const auto fill = protocol::fillFromJson(row.at("fill"));
+        std::cout << std::setw(5) << row.at("row").get<int>() << std::setw(8)
+                  << row.at("shapes").get<std::size_t>() << "  "
+                  << (colored ? swatch(fill) + " " : "") << describe(fill) << '\n';
+    }
+}
+
+void printRecolored(const json& result, const fs::path& output) {
+    std::cout << text(result.at("changed").get<std::size_t>(), " of ",
+                      result.at("shapes").get<std::size_t>(), " shapes recoloured, ",
+                      result.at("groups").get<std::size_t>(), " distinct fills before; wrote ",
+                      output.string(), "\n");
+    for (const json& skipped : result.at("skipped")) {
+        const auto reason = skipped.at("reason").get<std::string>();
+        if (reason == "unchanged") continue;
+        std::cout << text("row ", skipped.at("row").get<int>(), ": ",
+                          skipped.at("shapes").get<std::size_t>(),
+                          " shapes left as they are: ", oneLine(reason), "\n");
+    }
+}
+
+nlohmann::json readPlan(const std::string& path) {
+    if (path.empty()) return nullptr;
+    requireReadable(path);
+    std::ifstream file(path);
+    nlohmann::json plan = nlohmann::json::parse(file, nullptr, false);
+    if (plan.is_discarded()) throw Failure("the plan " + path + " is no JSON");
+    return plan;
+}
+
+fs::path outputOf(const RecolorOptions& options) {
+    if (options.inPlace) return options.document;
+    std::error_code error;
+    if (fs::equivalent(options.document, options.output, error)) {
+        throw Failure("the output is the document itself: say --in-place to replace it");
+    }
+    return options.output;
+}
+
+protocol::Job jobOf(const RecolorOptions& options) {
+    protocol::Job job;
+    job.input = fs::absolute(options.document);
+    job.maps = options.maps;
+    job.rows = options.rows;
+    job.plan = readPlan(options.plan);
+    try {
+        // Read here to refuse a bad request before an office is started.
+        protocol::requestOf(job);
+    } catch (const protocol::ParseError& error) {
+        throw Failure(error.what());
+    }
+    return job;
+}
+
+}  // namespace
+
+int runFills(const FillsOptions& options) {
+    requireReadable(options.document);
+    protocol::Job job;
+    job.input = fs::absolute(options.document);
+    json result = OfficeJob().run(job, !options.json);
+    const bool failed = tellBoxes(result);
+    if (options.json) {
+        std::cout << result.at("listing").dump(2) << '\n';
+    } else {
+        printRows(result.at("listing").at("rows"));
+    }
+    return failed ? ExitCode::kFailed : ExitCode::kDone;
+}
+
+int runRecolor(const RecolorOptions& options) {
+    requireReadable(options.document);
+    const fs::path output = outputOf(options);
+    protocol::Job job = jobOf(options);
+    OutputFile file(output);
+    OfficeJob office;
+    // The extension of the name tells the office the format; without one it keeps the document's.
+    job.output = office.folder() / ("result" + output.extension().string());
+    json result = office.run(job, !options.json);
+    file.commit(job.output);
+    result["document"] = options.document;
+    result["output"] = output.string();
+    const bool failed = tellBoxes(result);
+    if (options.json) {
+        std::cout << result.dump(2) << '\n';
+    } else {
+        printRecolored(result, output);
+    }
+    return failed ? ExitCode::kFailed : ExitCode::kDone;
+}
+
+}  // namespace huebrush::cli

@@ -1,0 +1,91 @@
+#include "cli/FillText.h"
+
+#include <cmath>
+
+#include "base/Color.h"
+#include "base/Text.h"
+
+namespace huebrush::cli {
+
+namespace {
+
+using base::text;
+using base::toHex;
+using host::MsoFillType;
+using host::MsoGradientColorType;
+using host::MsoTextureType;
+
+std::string describeGradient(const fill::FillProperties& fill) {
+    const std::string shape =
+        text(" (style ", fill.GradientStyle, ", variant ", fill.GradientVariant, ")");
+    switch (fill.GradientColorType) {
+        case MsoGradientColorType::msoGradientOneColor:
+            return text("one-colour gradient ", toHex(fill.ForeColorRGB), shape);
+        case MsoGradientColorType::msoGradientTwoColors:
+            return text("two-colour gradient ", toHex(fill.ForeColorRGB), " to ",
+                        toHex(fill.BackColorRGB), shape);
+        case MsoGradientColorType::msoGradientPresetColors:
+            return text("preset gradient ", fill.PresetGradientType, shape);
+        default:
+            return "gradient";
+    }
+}
+
+std::string describeTexture(const fill::FillProperties& fill) {
+    if (fill.TextureType == MsoTextureType::msoTexturePreset) {
+        return text("preset texture ", fill.PresetTexture);
+    }
+    return fill.TextureName.empty() ? "texture" : text("texture ", fill.TextureName);
+}
+
+std::string describeType(const fill::FillProperties& fill) {
+    switch (fill.Type) {
+        case MsoFillType::msoFillSolid:
+            return toHex(fill.ForeColorRGB);
+        case MsoFillType::msoFillPatterned:
+            return text("pattern ", fill.Pattern, " ", toHex(fill.ForeColorRGB), " on ",
+                        toHex(fill.BackColorRGB));
+        case MsoFillType::msoFillGradient:
+            return describeGradient(fill);
+        case MsoFillType::msoFillTextured:
+            return describeTexture(fill);
+        case MsoFillType::msoFillPicture:
+            return "picture";
+        case MsoFillType::msoFillBackground:
+            return "background";
+        default:
+            return "mixed";
+    }
+}
+
+}  // namespace
+
+std::string describe(const fill::FillProperties& fill) {
+    if (fill.Visible == host::MsoTriState::msoFalse) return "none";
+    const auto percent = static_cast<int>(std::lround(fill.Transparency * 100));
+    std::string words = describeType(fill);
+    if (percent != 0) words += text(", ", percent, "% transparent");
+    return words;
+}
+
+std::string oneLine(const std::string& text) {
+    std::string line;
+    for (const char character : text) {
+        const bool isBreak = character == '\r' || character == '\n';
+        if (!isBreak) {
+            line += character;
+        } else if (!line.empty() && line.back() != ' ') {
+            line += ' ';
+        }
+    }
+    return line;
+}
+
+std::string swatch(const fill::FillProperties& fill) {
+    if (fill.Visible == host::MsoTriState::msoFalse) return "    ";
+    const base::Rgb color = fill.ForeColorRGB;
+    return text("\x1b[48;2;", base::red(color), ";", base::green(color), ";", base::blue(color),
+                "m    \x1b[0m");
+}
+
+}  // namespace huebrush::cli

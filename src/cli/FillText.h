@@ -1,0 +1,18 @@
+#pragma once
+
+#include <string>
+
+#include "fill/FillProperties.h"
+
+namespace huebrush::cli {
+
+/// A fill in a few words: "#C00000", "#C00000, 50% transparent", "two-colour gradient #… to #…".
+std::string describe(const fill::FillProperties& fill);
+
+/// A text of several lines as one, for a place that has but one.
+std::string oneLine(const std::string& text);
+
+/// A block in the fill's main colour for a terminal; blanks for no fill.
+std::string swatch(const fill::FillProperties& fill);
+
+}  // namespace huebrush::cli

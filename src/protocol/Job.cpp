@@ -1,0 +1,115 @@
+#include "protocol/Job.h"
+
+#include "base/Text.h"
+
+namespace huebrush::protocol {
+
+namespace {
+
+using base::text;
+using nlohmann::json;
+using nlohmann::ordered_json;
+
+const char* nameOf(batch::Message::Kind kind) {
+    switch (kind) {
+        case batch::Message::Kind::information:
+            return "information";
+        case batch::Message::Kind::warning:
+            return "warning";
+        default:
+            return "error";
+    }
+}
+
+/// A line of a plan; nothing to do where "new" is missing or null.
+void addPlanRow(const json& line, std::vector<batch::RowEdit>& rows) {
+    if (!line.is_object()) throw ParseError("a row of the plan is no object");
+    const auto row = line.find("row");
+    if (row == line.end() || !row->is_number_integer()) {
+        throw ParseError("a row of the plan has no number");
+    }
+    const auto wanted = line.find("new");
+    if (wanted == line.end() || wanted->is_null()) return;
+    batch::RowEdit edit{row->get<std::int32_t>(), editFromJson(*wanted), std::nullopt};
+    const auto fill = line.find("fill");
+    if (fill != line.end()) edit.expected = fillFromJson(*fill);
+    rows.push_back(std::move(edit));
+}
+
+void addPlan(const json& plan, std::vector<batch::RowEdit>& rows) {
+    if (plan.is_null()) return;
+    const auto lines = plan.is_object() ? plan.find("rows") : plan.end();
+    if (!plan.is_object() || lines == plan.end() || !lines->is_array()) {
+        throw ParseError("the plan is not the output of \"huebrush fills --json\": no rows");
+    }
+    for (const json& line : *lines) addPlanRow(line, rows);
+}
+
+}  // namespace
+
+json toJson(const Job& job) {
+    return {{"input", job.input}, {"output", job.output}, {"channel", job.channel},
+            {"maps", job.maps},   {"rows", job.rows},     {"plan", job.plan}};
+}
+
+Job jobFromJson(const json& value) {
+    return {value.at("input").get<std::string>(),
+            value.at("output").get<std::string>(),
+            value.at("channel").get<std::string>(),
+            value.at("maps").get<std::vector<std::string>>(),
+            value.at("rows").get<std::vector<std::string>>(),
+            value.at("plan")};
+}
+
+batch::RecolorRequest requestOf(const Job& job) {
+    batch::RecolorRequest request;
+    addPlan(job.plan, request.rows);
+    for (const std::string& map : job.maps) request.mappings.push_back(mappingFromText(map));
+    for (const std::string& row : job.rows) request.rows.push_back(rowEditFromText(row));
+    return request;
+}
+
+ordered_json toJson(const std::vector<batch::FillRow>& rows) {
+    ordered_json lines = ordered_json::array();
+    for (const batch::FillRow& row : rows) {
+        lines.push_back({{"row", row.row},
+                         {"shapes", row.shapes},
+                         {"fill", toJson(row.fill)},
+                         {"new", nullptr}});
+    }
+    return {{"rows", std::move(lines)}};
+}
+
+ordered_json toJson(const batch::RecolorResult& result) {
+    ordered_json skipped = ordered_json::array();
+    for (const batch::Skipped& each : result.skipped) {
+        skipped.push_back({{"row", each.row}, {"shapes", each.shapes}, {"reason", each.reason}});
+    }
+    return {{"shapes", result.shapes},
+            {"groups", result.groups},
+            {"changed", result.changed},
+            {"skipped", std::move(skipped)}};
+}
+
+namespace message {
+
+ordered_json progress(std::size_t done, std::size_t total) {
+    return {{"progress", {{"done", done}, {"total", total}}}};
+}
+
+ordered_json result(ordered_json value, const std::vector<batch::Message>& boxes) {
+    ordered_json messages = ordered_json::array();
+    for (const batch::Message& box : boxes) {
+        messages.push_back({{"kind", nameOf(box.kind)}, {"text", box.text}});
+    }
+    value["messages"] = std::move(messages);
+    return {{"result", std::move(value)}};
+}
+
+ordered_json failure(const std::string& text) {
+    return {{"failure", text}};
+}
+
+}  // namespace message
+
+}  // namespace huebrush::protocol

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <nlohmann/json.hpp>
+#include <string>
+#include <vector>
+
+#include "batch/Session.h"
+#include "protocol/FillJson.h"
+
+namespace huebrush::protocol {
+
+/// What the program asks of its office. The edits travel as they were written, and are read by
+/// requestOf on either side: by the program to refuse bad ones early, by the office to carry them
+/// out.
+struct Job {
+    std::string input;    ///< The document's path.
+    std::string output;   ///< Where to store the result; empty to list the fills only.
+    std::string channel;  ///< The pipe that takes the messages.
+    std::vector<std::string> maps;
+    std::vector<std::string> rows;
+    nlohmann::json plan;  ///< An edited listing, or null.
+};
+
+nlohmann::json toJson(const Job& job);
+Job jobFromJson(const nlohmann::json& value);
+/// The job's edits. ParseError for bad ones.
+batch::RecolorRequest requestOf(const Job& job);
+
+/// The listing of the fills: {"rows":[{"row":1,"shapes":12,"fill":{…},"new":null},…]}.
+nlohmann::ordered_json toJson(const std::vector<batch::FillRow>& rows);
+nlohmann::ordered_json toJson(const batch::RecolorResult& result);
+
+/// One line of the channel from the office to the program.
+namespace message {
+nlohmann::ordered_json progress(std::size_t done, std::size_t total);
+/// The job's end: the result, and the boxes that the logic wanted to show.
+nlohmann::ordered_json result(nlohmann::ordered_json value,
+                              const std::vector<batch::Message>& boxes);
+nlohmann::ordered_json failure(const std::string& text);
+}  // namespace message
+
+}  // namespace huebrush::protocol

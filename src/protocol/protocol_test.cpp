@@ -1,0 +1,109 @@
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "protocol/Job.h"
+
+namespace huebrush::protocol {
+namespace {
+
+using nlohmann::json;
+
+fill::FillProperties gradient() {
+    fill::FillProperties fill;
+    fill.Visible = host::MsoTriState::msoTrue;
+    fill.ForeColorRGB = 192;
+    fill.BackColorRGB = 0xFFFFFF;
+    fill.Transparency = 0.2F;
+    fill.GradientStyle = 3;
+    fill.GradientColorType = host::MsoGradientColorType::msoGradientOneColor;
+    fill.GradientVariant = 2;
+    fill.GradientDegree = 0.23F;
+    fill.Type = host::MsoFillType::msoFillGradient;
+    fill.TextureName = "/tmp/Žula.png";
+    fill.UnknownTexture = true;
+    return fill;
+}
+
+std::string problemOf(const std::string& text) {
+    try {
+        rowEditFromText(text);
+        return "no error";
+    } catch (const ParseError& error) {
+        return error.what();
+    }
+}
+
+TEST(FillJson, ReadsBackWhatItHasWritten) {
+    const json written = json::parse(toJson(gradient()).dump());
+    EXPECT_EQ(written.size(), 16U);
+    EXPECT_EQ(written.at("Visible"), -1);
+    EXPECT_EQ(written.at("ForeColorRGB"), 192);
+    EXPECT_EQ(written.at("Transparency").dump(), "0.2");
+    EXPECT_TRUE(fillFromJson(written) == gradient());
+}
+
+TEST(FillJson, RefusesAFillWithMissingWrongOrUnknownProperties) {
+    json fill = json::parse(toJson(gradient()).dump());
+    fill.erase("Pattern");
+    EXPECT_THROW(fillFromJson(fill), ParseError);
+    fill["Pattern"] = "2";
+    EXPECT_THROW(fillFromJson(fill), ParseError);
+    fill["Pattern"] = 4294967296;
+    EXPECT_THROW(fillFromJson(fill), ParseError);
+    fill["Pattern"] = 2;
+    EXPECT_NO_THROW(fillFromJson(fill));
+    fill["Color"] = 2;
+    EXPECT_THROW(fillFromJson(fill), ParseError);
+}
+
+TEST(FillJson, ReadsTheWordsOfTheCommandLine) {
+    EXPECT_EQ(editFromText("none")(gradient()).Visible, host::MsoTriState::msoFalse);
+    const auto half = editFromText("#0070C0@50%")(gradient());
+    EXPECT_EQ(half.ForeColorRGB, 0xC07000);
+    EXPECT_EQ(half.Transparency, 0.5F);
+    EXPECT_EQ(half.Type, host::MsoFillType::msoFillSolid);
+    EXPECT_EQ(editFromText("0070c0@0.25")(gradient()).Transparency, 0.25F);
+    EXPECT_EQ(editFromText("#0070C0")(gradient()).Transparency, 0.0F);
+    const auto pattern = editFromText(R"({"Type":2,"Pattern":7})")(gradient());
+    EXPECT_EQ(pattern.Pattern, 7);
+    EXPECT_EQ(pattern.ForeColorRGB, 192);
+}
+
+TEST(FillJson, SaysInOneLineWhatIsWrong) {
+    EXPECT_EQ(problemOf("x=none"), "\"x\" is no row; rows are counted from 1");
+    EXPECT_EQ(problemOf("0=none"), "\"0\" is no row; rows are counted from 1");
+    EXPECT_EQ(problemOf("3"), "\"3\" must be ROW=FILL");
+    EXPECT_EQ(problemOf("3=red"), "\"red\" is no colour; write #RRGGBB");
+    EXPECT_EQ(problemOf("3=#0070C0@2"), "a transparency must be between 0 and 1, or 0% and 100%");
+    EXPECT_EQ(problemOf("3=#0070C0@-1%"), "a transparency must be between 0 and 1, or 0% and 100%");
+    EXPECT_EQ(problemOf("3={bad"), "not a fill in JSON: {bad");
+    EXPECT_EQ(problemOf(R"(3={"Colour":1})"), "a fill has no property Colour");
+    EXPECT_THROW(mappingFromText("#000000"), ParseError);
+    EXPECT_THROW(mappingFromText("#000000=#12345"), ParseError);
+}
+
+TEST(Plan, TakesTheRowsWhoseNewFillWasEdited) {
+    Job job;
+    job.plan = json::parse(toJson({{1, 12, gradient()}, {2, 1, gradient()}}).dump());
+    EXPECT_TRUE(requestOf(job).rows.empty());
+    job.plan["rows"][1]["new"] = "#112233";
+    const auto request = requestOf(jobFromJson(toJson(job)));
+    ASSERT_EQ(request.rows.size(), 1U);
+    EXPECT_EQ(request.rows[0].row, 2);
+    EXPECT_TRUE(request.rows[0].expected == gradient());
+    EXPECT_EQ(request.rows[0].edit(gradient()).ForeColorRGB, 0x332211);
+}
+
+TEST(Plan, RefusesWhatIsNoPlan) {
+    for (const char* const plan :
+         {"[]", "{}", R"({"rows":3})", R"({"rows":[3]})", R"({"rows":[{"new":"none"}]})",
+          R"({"rows":[{"row":1,"new":true}]})", R"({"rows":[{"row":1,"new":"none","fill":{}}]})"}) {
+        Job job;
+        job.plan = json::parse(plan);
+        EXPECT_THROW(requestOf(job), ParseError) << plan;
+    }
+}
+
+}  // namespace
+}  // namespace huebrush::protocol
