@@ -100,7 +100,8 @@ struct ConnectW2000::ButtonDesign {
 };
 
 ConnectW2000::~ConnectW2000() {
-    if (dialog_) dialog_->Unload();
+    closeDialog();
+    releaseBar();
 }
 
 void ConnectW2000::OnConnection(host::Application& Application) {
@@ -115,7 +116,7 @@ void ConnectW2000::connect(host::Application& application) {
         return;
     }
     WApp_ = &application;
-    cbToolbar_ = CreateToolbar();
+    cbToolbar_ = CreateToolbar(application);
     if (version > kNewestVersion) {
         tellTooNew();
         if (!tbChangeFillWizard_) base::throwObjectNotSet();
@@ -123,7 +124,7 @@ void ConnectW2000::connect(host::Application& application) {
     }
 }
 
-host::CommandBarPointer ConnectW2000::CreateToolbar() {
+host::CommandBarPointer ConnectW2000::CreateToolbar(host::Application& application) {
     static constexpr std::array<ButtonDesign, 3> kButtons{{
         {&ConnectW2000::tbSellFill_, "SellFill", "Dle výplne",
          "Vybere všechny ostatní grafické objekty se shodným typem výplně jako je právě zvolený "
@@ -146,7 +147,7 @@ host::CommandBarPointer ConnectW2000::CreateToolbar() {
         [&](error::Steps& step) {
             host::CommandBarPointer bar;
             bool changed = false;
-            createBar(step, bar, changed);
+            createBar(step, application, bar, changed);
             primeFaces(step, bar, icon);
             for (const ButtonDesign& design : kButtons) {
                 createButton(step, *bar, design, icon, changed);
@@ -163,15 +164,16 @@ host::CommandBarPointer ConnectW2000::CreateToolbar() {
             }
             result = bar;
             if (changed) {
-                error::ignoring([&] { WApp_->NormalTemplate().Save(); });
+                error::ignoring([&] { application.NormalTemplate().Save(); });
             }
         });
     return result;
 }
 
-void ConnectW2000::createBar(error::Steps& step, host::CommandBarPointer& bar, bool& changed) {
+void ConnectW2000::createBar(error::Steps& step, host::Application& application,
+                             host::CommandBarPointer& bar, bool& changed) {
     step([&] {
-        host::CommandBars& bars = WApp_->CommandBars();
+        host::CommandBars& bars = application.CommandBars();
         const std::int32_t count = bars.Count();
         for (std::int32_t i = 1; i <= count && !bar; ++i) {
             const host::CommandBarPointer candidate = bars.Item(i);
@@ -179,7 +181,7 @@ void ConnectW2000::createBar(error::Steps& step, host::CommandBarPointer& bar, b
         }
     });
     if (bar) return;
-    step([&] { bar = WApp_->CommandBars().Add(kProduct); });
+    step([&] { bar = application.CommandBars().Add(kProduct); });
     step([&] { bar->setVisible(true); });
     createdBar_ = true;
     changed = true;
@@ -221,22 +223,31 @@ void ConnectW2000::createButton(error::Steps& step, host::CommandBar& bar,
 
 void ConnectW2000::connectButton(const ButtonDesign& design, host::CommandBarControl& button) {
     const auto click = design.click;
+    button.Click.disconnect(this);
     button.Click.connect([this, click] { (this->*click)(); }, this);
 }
 
 void ConnectW2000::OnDisconnection() {
-    if (dialog_) dialog_->Unload();
+    closeDialog();
     if (WApp_ == nullptr) return;
     savePosition();
     removeFromBar();
+    releaseBar();
+    error::ignoring([this] { WApp_->NormalTemplate().Save(); });
+    createdBar_ = false;
+    WApp_ = nullptr;
+}
+
+void ConnectW2000::closeDialog() {
+    if (dialog_) error::ignoring([this] { dialog_->Unload(); });
+}
+
+void ConnectW2000::releaseBar() {
     cbToolbar_.reset();
     for (auto* const button : {&tbSellFill_, &tbSellLine_, &tbChangeFillWizard_}) {
         if (*button) (*button)->Click.disconnect(this);
         button->reset();
     }
-    error::ignoring([this] { WApp_->NormalTemplate().Save(); });
-    createdBar_ = false;
-    WApp_ = nullptr;
 }
 
 void ConnectW2000::savePosition() {

@@ -36,14 +36,17 @@ class ConnectW2000 {
     struct ButtonDesign;
 
     void connect(host::Application& application);
-    host::CommandBarPointer CreateToolbar();
-    void createBar(error::Steps& step, host::CommandBarPointer& bar, bool& changed);
+    host::CommandBarPointer CreateToolbar(host::Application& application);
+    void createBar(error::Steps& step, host::Application& application, host::CommandBarPointer& bar,
+                   bool& changed);
     void primeFaces(error::Steps& step, const host::CommandBarPointer& bar, std::int16_t& icon);
     void createButton(error::Steps& step, host::CommandBar& bar, const ButtonDesign& design,
                       std::int16_t& icon, bool& changed);
     void connectButton(const ButtonDesign& design, host::CommandBarControl& button);
     void savePosition();
     void removeFromBar();
+    void releaseBar();
+    void closeDialog();
 
     void tbSellFill_Click();
     void tbSellLine_Click();

@@ -105,7 +105,8 @@ class OptionButton : public Control {
     void propertyChanged(PropertyId id) override;
 };
 
-/// A list of texts, one of which may be current. Each change of ListIndex raises Click.
+/// A list of texts, one of which may be current. Each change of ListIndex raises Click; a line that
+/// the list does not have is an error (5), and none is current then.
 class ListBox : public Control {
  public:
     using Control::Control;

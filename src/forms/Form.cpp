@@ -24,6 +24,16 @@ bool isIn(const std::vector<Control*>& chain, const Control* control) {
     return std::find(chain.begin(), chain.end(), control) != chain.end();
 }
 
+/// Hands on what a handler has thrown. Where even telling it fails, nobody is left to tell.
+/// REQUIRES: called inside a catch block.
+void tellUnhandled() noexcept {
+    try {
+        Runtime::current().UnhandledError(base::currentError());
+    } catch (...) {
+        return;
+    }
+}
+
 }  // namespace
 
 double Form::ScaleWidth() const {
@@ -100,13 +110,14 @@ void Form::dropAt(Control* target, float x, float y) {
     if (source != nullptr && target != nullptr) target->DragDrop(*source, x, y);
 }
 
-void Form::handle(const std::function<void()>& handlers) {
-    const std::shared_ptr<Form> self = shared_from_this();
+void Form::handle(const std::function<void()>& handlers) noexcept {
+    const std::shared_ptr<Form> self = weak_from_this().lock();
+    if (!self) return;  // Input that arrives while the form is ending.
     ++handlersRunning_;
     try {
         handlers();
     } catch (...) {
-        Runtime::current().UnhandledError(base::currentError());
+        tellUnhandled();
     }
     if (--handlersRunning_ == 0) kept_.clear();
 }

@@ -57,7 +57,7 @@ class Form : public Control, public std::enable_shared_from_this<Form> {
 
     /// The port's entry for every event of the user: runs the handlers, keeps the form alive for
     /// them, and hands what rises out of them to Runtime::UnhandledError. Nothing escapes.
-    void handle(const std::function<void()>& handlers);
+    void handle(const std::function<void()>& handlers) noexcept;
     /// Keeps an unloaded array element until no handler runs any more.
     void keepWhileHandling(std::shared_ptr<Control> element);
 

@@ -174,6 +174,7 @@ void ColorElement::Discolour(host::Document& document) {
         for (const host::ShapePointer& shape : *ElementsGroup) names.push_back(shape->Name());
         const auto range = document.Shapes()->Range(names);
         fill_->SetFormat(range->Fill());
+        document.markModified();
         fill_->ApplyChange();
         setSourcePicture(DestinationPicture());
     });

@@ -78,6 +78,10 @@ error::Place place(const char* procedure, const char* message) {
     return {"Huebrush.frmEditGraphic.", procedure, message};
 }
 
+std::int32_t wholeTwips(double length) {
+    return static_cast<std::int32_t>(std::lround(length));
+}
+
 bool isSelected(const ColorElement& row) {
     return row.SelectValue() != forms::CheckValue::kClear;
 }
@@ -94,7 +98,7 @@ class frmEditGraphic::OneRefresh {
     ~OneRefresh() {
         if (--dialog_.refreshesHeld_ > 0 || !dialog_.refreshAsked_) return;
         dialog_.refreshAsked_ = false;
-        dialog_.refreshView();
+        error::ignoring([this] { dialog_.refreshView(); });
     }
 
  private:
@@ -311,8 +315,8 @@ void frmEditGraphic::SetScroll() {
     error::trap(place("SetScroll", kLayoutFailed), [this] {
         if (picElementGroup.Height > picMain.Height) {
             vs.Enabled = true;
-            vs.Max = static_cast<std::int32_t>(picElementGroup.Height - picMain.ScaleHeight());
-            vs.LargeChange = static_cast<std::int32_t>(picElementGroup.Height);
+            vs.Max = wholeTwips(picElementGroup.Height - picMain.ScaleHeight());
+            vs.LargeChange = wholeTwips(picElementGroup.Height);
             vs.SmallChange = static_cast<std::int32_t>(ColorElement::kHeight);
         } else {
             vs.Enabled = false;
@@ -499,10 +503,9 @@ void frmEditGraphic::scrollIntoView(const ColorElement& row) {
     const double top = row.Top + picElementGroup.Top;
     const double bottom = top + row.Height;
     if (top < 0) {
-        vs.setValue(static_cast<std::int32_t>(std::lround(row.Top)));
+        vs.setValue(wholeTwips(row.Top));
     } else if (bottom >= picMain.ScaleHeight()) {
-        vs.setValue(
-            static_cast<std::int32_t>(std::lround(row.Top + row.Height - picMain.ScaleHeight())));
+        vs.setValue(wholeTwips(row.Top + row.Height - picMain.ScaleHeight()));
     }
 }
 

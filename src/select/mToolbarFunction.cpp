@@ -55,9 +55,11 @@ Match lineMatch(host::Shape& sample) {
     if (line.Visible() == MsoTriState::msoFalse) {
         return [](host::Shape& shape) { return shape.Line().Visible() == MsoTriState::msoFalse; };
     }
+    // Both are read of every candidate: one whose line cannot be read is an error, not a mismatch.
     return [&line](host::Shape& shape) {
-        return shape.Line().ForeColorRGB() == line.ForeColorRGB() &&
-               shape.Line().Visible() == line.Visible();
+        const bool sameColor = shape.Line().ForeColorRGB() == line.ForeColorRGB();
+        const bool sameVisible = shape.Line().Visible() == line.Visible();
+        return sameColor && sameVisible;
     };
 }
 
