@@ -13,7 +13,8 @@ std::vector<std::string> CallLog::beginningWith(const std::string& start) const 
 void CallLog::noteNow(std::string entry) {
     for (Failure& failure : failures_) {
         if (!entry.starts_with(failure.start)) continue;
-        if (++failure.seen >= failure.occurrence) {
+        if (++failure.seen >= failure.occurrence &&
+            failure.seen - failure.occurrence < failure.times) {
             if (on) entries_.push_back(entry + " failed");
             throw failure.error;
         }

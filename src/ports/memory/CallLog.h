@@ -1,7 +1,7 @@
 #pragma once
 
 #include <cstddef>
-#include <functional>
+#include <limits>
 #include <string>
 #include <utility>
 #include <vector>
@@ -10,12 +10,13 @@
 
 namespace huebrush::memory {
 
-/// Everything that the logic asks of the memory host, call by call and in order: "read
-/// Sun.Fill.Visible", "write Sun.Fill.Visible -1", "call Sun.Fill.Solid". Off until it is switched
-/// on, so that large documents cost no more than the calls themselves.
+/// Everything that the logic asks of the memory host and, where it is told to listen, of the memory
+/// runtime, call by call and in order: "read Sun.Fill.Visible", "write Sun.Fill.Visible -1", "call
+/// Sun.Fill.Solid". Off until it is switched on, so that large documents cost no more than the
+/// calls themselves.
 ///
-/// A call can be made to fail: every call whose entry begins with the given text, from its nth
-/// occurrence on, throws the error instead of taking effect.
+/// A call can be made to fail: calls whose entry begins with the given text throw the error instead
+/// of taking effect, from the nth occurrence on, as many times as said.
 class CallLog {
  public:
     bool on = false;
@@ -25,8 +26,10 @@ class CallLog {
     /// The entries that begin with a text, in their order.
     std::vector<std::string> beginningWith(const std::string& start) const;
 
-    void failAt(std::string start, base::Error error, std::size_t occurrence = 1) {
-        failures_.push_back({std::move(start), std::move(error), occurrence, 0});
+    static constexpr std::size_t kEveryTime = std::numeric_limits<std::size_t>::max();
+    void failAt(std::string start, base::Error error, std::size_t occurrence = 1,
+                std::size_t times = kEveryTime) {
+        failures_.push_back({std::move(start), std::move(error), occurrence, times, 0});
     }
     void failNoMore() { failures_.clear(); }
 
@@ -41,6 +44,7 @@ class CallLog {
         std::string start;
         base::Error error;
         std::size_t occurrence;
+        std::size_t times;
         std::size_t seen;
     };
     void noteNow(std::string entry);

@@ -166,11 +166,13 @@ CallLog& MemoryBars::log() const {
 }
 
 std::int32_t MemoryBars::Count() {
+    note(log(), "read", "CommandBars", "Count");
     return static_cast<std::int32_t>(bars.size());
 }
 
 host::CommandBarPointer MemoryBars::Item(std::int32_t index) {
-    if (index < 1 || index > Count()) {
+    note(log(), "read", "CommandBars", "Item", index);
+    if (index < 1 || static_cast<std::size_t>(index) > bars.size()) {
         throw base::Error(base::ErrorNumber::kSubscriptOutOfRange,
                           "Požadovaný člen kolekce neexistuje.");
     }

@@ -18,13 +18,15 @@ constexpr std::int32_t kNoSuchShape = -2147024809;
 
 class MemoryEnumerator final : public host::ShapeEnumerator {
  public:
-    explicit MemoryEnumerator(std::vector<MemoryShapePointer> shapes)
-        : shapes_(std::move(shapes)) {}
+    explicit MemoryEnumerator(const MemoryDocument& document)
+        : log_(document.log()), shapes_(document.shapes) {}
     host::ShapePointer next() override {
+        log_.note([] { return std::string("call Shapes.next"); });
         return at_ < shapes_.size() ? shapes_[at_++] : host::ShapePointer{};
     }
 
  private:
+    CallLog& log_;
     std::vector<MemoryShapePointer> shapes_;
     std::size_t at_ = 0;
 };
@@ -40,7 +42,7 @@ class MemoryShapeCollection final : public host::Shapes {
 
     std::unique_ptr<host::ShapeEnumerator> enumerate() override {
         document_.log().note([&] { return text("call ", document_.name(), ".Shapes.enumerate"); });
-        return std::make_unique<MemoryEnumerator>(document_.shapes);
+        return std::make_unique<MemoryEnumerator>(document_);
     }
 
     std::shared_ptr<host::ShapeRange> Range(const std::vector<std::string>& names) override {
@@ -77,7 +79,8 @@ class MemorySelection final : public host::Selection {
     explicit MemorySelection(MemoryDocument& document) : document_(document) {}
 
     std::shared_ptr<host::ShapeRange> ShapeRange() override {
-        document_.log().note([&] { return text("read ", document_.name(), ".Selection"); });
+        document_.log().note(
+            [&] { return text("read ", document_.name(), ".Selection.ShapeRange"); });
         return std::make_shared<MemoryRange>(document_, "Selection.ShapeRange", document_.selected);
     }
     std::shared_ptr<host::Document> Document() override {
@@ -108,22 +111,18 @@ class MemoryUndoGroup final : public host::UndoGroup {
     }
 
  private:
-    using Seen = std::vector<std::pair<std::int32_t, std::int32_t>>;
-
-    Seen fills() const {
+    std::vector<FillState> fills() const {
         std::vector<FillState*> states;
         for (const auto& shape : document_->shapes) shape->collectFills(states);
-        Seen seen;
+        std::vector<FillState> seen;
         seen.reserve(states.size());
-        for (const FillState* const state : states) {
-            seen.emplace_back(state->ForeColorRGB, static_cast<std::int32_t>(state->Visible));
-        }
+        for (const FillState* const state : states) seen.push_back(*state);
         return seen;
     }
 
     std::shared_ptr<MemoryDocument> document_;
     std::string title_;
-    Seen before_;
+    std::vector<FillState> before_;
 };
 
 class MemoryDialog final : public host::Dialog {
@@ -178,13 +177,23 @@ void MemoryDocument::Close() {
     closed = true;
     for (const auto& shape : shapes) shape->markDeleted();
     auto& open = application_.documents;
-    open.erase(std::remove(open.begin(), open.end(), shared_from_this()), open.end());
+    const auto self = std::find(open.begin(), open.end(), shared_from_this());
+    if (self != open.end()) {
+        application_.closedDocuments.push_back(*self);
+        open.erase(self);
+    }
     if (application_.active.get() == this) {
         application_.active = open.empty() ? nullptr : open.back();
     }
 }
 
+void MemoryDocument::markModified() {
+    log().note([&] { return text("call ", name_, ".markModified"); });
+    modified = true;
+}
+
 std::unique_ptr<host::UndoGroup> MemoryDocument::undoGroup(const std::string& title) {
+    log().note([&] { return text("call ", name_, ".undoGroup"); });
     return std::make_unique<MemoryUndoGroup>(shared_from_this(), title);
 }
 
@@ -260,10 +269,12 @@ MemoryDocument& MemoryApplication::requireActive() const {
 }
 
 std::shared_ptr<host::Selection> MemoryApplication::Selection() {
+    log.note([] { return std::string("read Application.Selection"); });
     return requireActive().Selection();
 }
 
 std::shared_ptr<host::Document> MemoryApplication::ActiveDocument() {
+    log.note([] { return std::string("read Application.ActiveDocument"); });
     return requireActive().shared_from_this();
 }
 

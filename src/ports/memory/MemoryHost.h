@@ -28,7 +28,7 @@ class MemoryDocument final : public host::Document,
     void Close() override;
     bool isSame(const host::Document& other) const override { return this == &other; }
     std::unique_ptr<host::UndoGroup> undoGroup(const std::string& title) override;
-    void markModified() override { modified = true; }
+    void markModified() override;
 
     /// A leaf shape on the document, or in a group.
     MemoryShapePointer addShape(const std::string& name,
@@ -197,6 +197,8 @@ class MemoryApplication final : public host::Application,
     host::WdCursorType cursor = host::WdCursorType::wdCursorNormal;
     std::shared_ptr<MemoryDocument> active;
     std::vector<std::shared_ptr<MemoryDocument>> documents;
+    /// Closed documents stay in memory: shapes that somebody still holds answer as deleted ones.
+    std::vector<std::shared_ptr<MemoryDocument>> closedDocuments;
     /// Every scratch document ever made, closed ones included.
     std::vector<std::shared_ptr<MemoryDocument>> scratchDocuments;
     std::map<std::int32_t, HostTool> tools;

@@ -37,19 +37,27 @@ Value takeFirst(std::deque<Value>& queue, Value otherwise) {
 
 }  // namespace
 
+template <class... Parts>
+void MemoryRuntime::note(const Parts&... parts) const {
+    if (log != nullptr) log->note([&] { return text(parts...); });
+}
+
 MsgBoxResult MemoryRuntime::MsgBox(const std::string& text, std::int32_t style,
                                    const std::string& title) {
     boxes.push_back({text, style, title});
+    if (onBox) onBox();
     return takeFirst(answers, defaultAnswer(style));
 }
 
 void MemoryRuntime::PopupMenu(forms::PopupMenu& menu, forms::Control& owner, double x, double y) {
+    note("call PopupMenu ", menu.Caption);
     menu.Click();
     ShownMenu shown{owner.name(), x, y, {}};
     for (const forms::MenuItem* const item : menu.items()) {
         shown.items.push_back({item->Caption, item->Enabled, item->Checked});
     }
     menus.push_back(std::move(shown));
+    if (onMenu) onMenu();
     const std::string pick = takeFirst(picks, std::string{});
     if (pick.empty()) return;
     for (forms::MenuItem* const item : menu.items()) {
@@ -61,17 +69,21 @@ void MemoryRuntime::PopupMenu(forms::PopupMenu& menu, forms::Control& owner, dou
 }
 
 void MemoryRuntime::DoEvents() {
+    note("call DoEvents");
     ++pumps;
     if (onPump) onPump(pumps);
 }
 
 void MemoryRuntime::showForm(forms::Form& form, bool modal) {
+    note("call ", form.name(), ".Show");
     windowCalls.push_back(text("show ", form.name(), modal ? " modal" : ""));
 }
 void MemoryRuntime::closeForm(forms::Form& form) {
+    note("call ", form.name(), ".Close");
     windowCalls.push_back(text("close ", form.name()));
 }
 void MemoryRuntime::setTopMost(forms::Form& form, bool topMost) {
+    note("call ", form.name(), topMost ? ".Raise" : ".Lower");
     windowCalls.push_back(text(topMost ? "raise " : "lower ", form.name()));
 }
 
@@ -79,15 +91,18 @@ void MemoryRuntime::requireClipboard() const {
     if (clipboardFails) throw base::Error(kClipboardBusy, "Schránku nelze otevřít.");
 }
 void MemoryRuntime::Clear() {
+    note("call Clipboard.Clear");
     requireClipboard();
     clipboard = {};
     ++clipboardClears;
 }
 base::Picture MemoryRuntime::GetData() {
+    note("read Clipboard");
     requireClipboard();
     return clipboard;
 }
 void MemoryRuntime::SetData(const base::Picture& picture) {
+    note("write Clipboard");
     requireClipboard();
     clipboard = picture;
 }
@@ -95,6 +110,7 @@ void MemoryRuntime::SetData(const base::Picture& picture) {
 std::optional<std::string> MemoryRuntime::GetSetting(const std::string& application,
                                                      const std::string& section,
                                                      const std::string& key) {
+    note("read Setting ", section, "/", key);
     const auto found = settings.find({application, section, key});
     if (found == settings.end()) return std::nullopt;
     return found->second;
@@ -102,11 +118,18 @@ std::optional<std::string> MemoryRuntime::GetSetting(const std::string& applicat
 
 void MemoryRuntime::SaveSetting(const std::string& application, const std::string& section,
                                 const std::string& key, const std::string& value) {
+    note("write Setting ", section, "/", key, " ", value);
     settings[{application, section, key}] = value;
     savedSettings.push_back(text(section, "/", key, "=", value));
 }
 
+char MemoryRuntime::decimalSeparator() const {
+    note("read DecimalSeparator");
+    return separator;
+}
+
 base::Picture MemoryRuntime::icon(std::int32_t number) const {
+    note("read Icon ", number);
     const std::string name = text("icon ", number);
     return {base::PictureFormat::icon, {name.begin(), name.end()}};
 }

@@ -11,6 +11,7 @@
 
 #include "forms/PopupMenu.h"
 #include "forms/Runtime.h"
+#include "ports/memory/CallLog.h"
 
 namespace huebrush::memory {
 
@@ -54,9 +55,16 @@ class MemoryRuntime final : public forms::Runtime,
     void closeForm(forms::Form& form) override;
     void setTopMost(forms::Form& form, bool topMost) override;
 
+    /// Where the calls of the runtime are noted, boxes excepted (they are in `boxes`); may be none.
+    CallLog* log = nullptr;
+
     /// The answers to boxes, first in first out; a box without one is answered by its default.
     std::deque<forms::MsgBoxResult> answers;
     std::vector<ShownBox> boxes;
+    /// What happens while a box is open, which is when a port lets events through too.
+    std::function<void()> onBox;
+    /// What happens while a menu is open, before the pick.
+    std::function<void()> onMenu;
     /// The captions of the items to pick, first in first out; none closes the menu without a pick.
     std::deque<std::string> picks;
     std::vector<ShownMenu> menus;
@@ -88,8 +96,10 @@ class MemoryRuntime final : public forms::Runtime,
     std::string folder() const override { return componentFolder; }
     std::string temporaryFolder() const override { return "/tmp"; }
     base::Picture icon(std::int32_t number) const override;
-    char decimalSeparator() const override { return separator; }
+    char decimalSeparator() const override;
     void requireClipboard() const;
+    template <class... Parts>
+    void note(const Parts&... parts) const;
 };
 
 }  // namespace huebrush::memory

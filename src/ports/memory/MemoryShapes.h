@@ -35,6 +35,8 @@ struct FillState {
 
     /// The host refuses to name the texture.
     bool textureNameRefused = false;
+
+    friend bool operator==(const FillState&, const FillState&) = default;
 };
 
 /// The fill of one shape, or of the shapes of a range: reads answer the common value or mixed.
