@@ -72,8 +72,17 @@ void SAL_CALL AddIn::disposing(const css::lang::EventObject&) {
     disconnect();
 }
 
+/// A program outside may end the office, and the office tells of that on that program's thread.
 void AddIn::disconnect() noexcept {
-    error::ignoring([&] { session_.reset(); });
+    constexpr std::chrono::seconds kPatience(10);
+    const auto end = [self = rtl::Reference<AddIn>(this)] { self->session_.reset(); };
+    error::ignoring([&] {
+        if (std::this_thread::get_id() == mainThread_) {
+            end();
+        } else {
+            runOnMainThread(context_, end, kPatience);
+        }
+    });
 }
 
 rtl::OUString SAL_CALL AddIn::getImplementationName() {

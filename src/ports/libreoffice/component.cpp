@@ -2,6 +2,7 @@
 
 #include "ports/libreoffice/AddIn.h"
 #include "ports/libreoffice/bar/ProtocolHandler.h"
+#include "ports/libreoffice/batch/BatchService.h"
 
 namespace css = com::sun::star;
 
@@ -28,4 +29,9 @@ extern "C" SAL_DLLPUBLIC_EXPORT css::uno::XInterface* huebrush_addin(
 extern "C" SAL_DLLPUBLIC_EXPORT css::uno::XInterface* huebrush_protocol_handler(
     css::uno::XComponentContext* context, const css::uno::Sequence<css::uno::Any>&) {
     return makeObject<huebrush::libreoffice::ProtocolHandler>(context);
+}
+
+extern "C" SAL_DLLPUBLIC_EXPORT css::uno::XInterface* huebrush_batch(
+    css::uno::XComponentContext* context, const css::uno::Sequence<css::uno::Any>&) {
+    return makeObject<huebrush::libreoffice::BatchService>(context);
 }

@@ -2,6 +2,8 @@
 
 #include <com/sun/star/awt/XCallback.hpp>
 #include <com/sun/star/awt/XRequestCallback.hpp>
+#include <future>
+#include <memory>
 #include <rtl/ref.hxx>
 #include <utility>
 
@@ -34,6 +36,19 @@ void postToMainThread(const ContextReference& context, std::function<void()> wor
     const rtl::Reference<Callback> callback(new Callback(std::move(work)));
     createService<css::awt::XRequestCallback>(context, "com.sun.star.awt.AsyncCallback")
         ->addCallback(callback.get(), css::uno::Any());
+}
+
+void runOnMainThread(const ContextReference& context, std::function<void()> work,
+                     std::chrono::milliseconds limit) {
+    const auto done = std::make_shared<std::promise<void>>();
+    postToMainThread(context, [work = std::move(work), done] {
+        try {
+            work();
+        } catch (...) {  // NOLINT: as in notify
+        }
+        done->set_value();
+    });
+    done->get_future().wait_for(limit);
 }
 
 }  // namespace huebrush::libreoffice

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <functional>
 
 #include "ports/libreoffice/uno/Services.h"
@@ -9,5 +10,10 @@ namespace huebrush::libreoffice {
 /// Runs `work` soon on the office's main thread, out of its event loop: the only thread on which
 /// windows may be made. Returns at once. What `work` throws ends there, unseen.
 void postToMainThread(const ContextReference& context, std::function<void()> work);
+
+/// As postToMainThread, but returns when `work` is done, or gives up waiting for it after `limit`.
+/// REQUIRES: called on another thread than the main one. `work` may outlive the call.
+void runOnMainThread(const ContextReference& context, std::function<void()> work,
+                     std::chrono::milliseconds limit);
 
 }  // namespace huebrush::libreoffice

@@ -1,0 +1,45 @@
+# The everyday commands. `make demo` and `make check` do everything on a fresh machine.
+
+.PHONY: all packages build demo check unit asan office lint format bench clean
+
+CTEST := ctest --output-on-failure
+
+all: build
+
+packages:
+	@tools/install-packages.sh
+
+build: packages
+	@cmake --preset release >/dev/null
+	@cmake --build --preset release
+
+demo: build
+	@tools/demo.sh
+
+# The sanitizers first: what they find explains the rest.
+check: asan build lint
+	$(CTEST) --test-dir build/release -j2 -LE libreoffice
+	$(CTEST) --test-dir build/release -L libreoffice
+
+asan: packages
+	@cmake --preset asan >/dev/null
+	@cmake --build --preset asan
+	$(CTEST) --test-dir build/asan -j2
+
+unit: build
+	$(CTEST) --test-dir build/release -j2 -L unit
+
+office: build
+	$(CTEST) --test-dir build/release -L libreoffice
+
+lint: build
+	@tools/lint.sh
+
+format:
+	@tools/sources.sh | xargs clang-format -i
+
+bench: build
+	@bench/run.py
+
+clean:
+	rm -rf build

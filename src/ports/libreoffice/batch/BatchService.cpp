@@ -1,0 +1,131 @@
+#include "ports/libreoffice/batch/BatchService.h"
+
+#include <chrono>
+#include <com/sun/star/frame/XDesktop.hpp>
+#include <cppuhelper/supportsservice.hxx>
+#include <fstream>
+#include <memory>
+#include <nlohmann/json.hpp>
+#include <string>
+#include <utility>
+
+#include "batch/Session.h"
+#include "error/mError.h"
+#include "ports/libreoffice/app/Application.h"
+#include "ports/libreoffice/batch/TextDocumentFile.h"
+#include "ports/libreoffice/runtime/OfficeComponent.h"
+#include "ports/libreoffice/runtime/OfficeRuntime.h"
+#include "ports/libreoffice/uno/Errors.h"
+#include "ports/libreoffice/uno/MainThread.h"
+#include "protocol/Job.h"
+
+namespace huebrush::libreoffice {
+
+namespace css = com::sun::star;
+
+namespace {
+
+using nlohmann::ordered_json;
+
+constexpr const char* kName = "cz.huebrush.Batch";
+constexpr const char* kExtension = "cz.huebrush.extension";
+
+/// The way back to the program: a message a line. What the program no longer reads is lost.
+class ChannelWriter {
+ public:
+    explicit ChannelWriter(const std::string& path) : file_(path) {}
+
+    void send(const ordered_json& message) { file_ << message << std::endl; }
+
+    /// Progress is sent at a bounded rate: reading it must not slow the work down.
+    void sendProgress(std::size_t done, std::size_t total) {
+        const auto now = std::chrono::steady_clock::now();
+        if (now - lastProgress_ < kProgressInterval && done < total) return;
+        lastProgress_ = now;
+        send(protocol::message::progress(done, total));
+    }
+
+ private:
+    static constexpr std::chrono::milliseconds kProgressInterval{50};
+
+    std::ofstream file_;
+    std::chrono::steady_clock::time_point lastProgress_;
+};
+
+ordered_json work(const ContextReference& context, const protocol::Job& job,
+                  ChannelWriter& channel) {
+    const std::string folder = extensionFolder(context, kExtension);
+    Application application(context, folder);
+    OfficeRuntime platform(context, folder, application.activeWindow(), application.snapshot());
+    batch::BatchRuntime runtime(platform);
+    const forms::RuntimeScope scope(runtime);
+    runtime.UnhandledError.connect(&error::reportUnhandled);
+
+    const TextDocumentFile file(context, job.input);
+    const HandlerScope handler(application.snapshot());
+    batch::Session session(
+        application, application.Documents().documentOf(file.model()), runtime,
+        [&](std::size_t done, std::size_t total) { channel.sendProgress(done, total); });
+    const auto rows = session.scan();
+    ordered_json result;
+    if (job.output.empty()) {
+        result["listing"] = protocol::toJson(rows);
+    } else {
+        result = protocol::toJson(session.recolor(protocol::requestOf(job)));
+        application.snapshot()->invalidate();
+        file.storeTo(job.output);
+    }
+    return protocol::message::result(std::move(result), runtime.messages());
+}
+
+std::string textOfCurrentFailure() {
+    try {
+        throw;
+    } catch (const css::uno::Exception&) {
+        return currentHostError().description();
+    } catch (const std::exception& error) {
+        return error.what();
+    } catch (...) {
+        return "unknown error";
+    }
+}
+
+void doJob(const ContextReference& context, const std::string& jobFile) {
+    std::ifstream stream(jobFile);
+    const protocol::Job job = protocol::jobFromJson(nlohmann::json::parse(stream));
+    ChannelWriter channel(job.channel);
+    ordered_json last;
+    try {
+        last = work(context, job, channel);
+    } catch (...) {
+        last = protocol::message::failure(textOfCurrentFailure());
+    }
+    channel.send(last);
+}
+
+}  // namespace
+
+void SAL_CALL BatchService::trigger(const rtl::OUString& jobFile) {
+    error::ignoring([&] { doJob(context_, fromOffice(jobFile)); });
+    error::ignoring([&] {
+        // Not from within the call: the office is still starting.
+        postToMainThread(context_, [context = context_] {
+            createService<css::frame::XDesktop>(context, "com.sun.star.frame.Desktop")->terminate();
+        });
+    });
+}
+
+rtl::OUString SAL_CALL BatchService::getImplementationName() {
+    return toOffice(kName);
+}
+
+sal_Bool SAL_CALL BatchService::supportsService(const rtl::OUString& name) {
+    return cppu::supportsService(this, name);
+}
+
+css::uno::Sequence<rtl::OUString> SAL_CALL BatchService::getSupportedServiceNames() {
+    const rtl::OUString name = getImplementationName();
+    return {&name, 1};
+}
+
+}  // namespace huebrush::libreoffice

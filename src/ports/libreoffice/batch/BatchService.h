@@ -1,0 +1,28 @@
+#pragma once
+
+#include <com/sun/star/lang/XServiceInfo.hpp>
+#include <com/sun/star/task/XJobExecutor.hpp>
+
+#include "ports/libreoffice/uno/Services.h"
+#include "ports/libreoffice/uno/WeakImplHelper.h"
+
+namespace huebrush::libreoffice {
+
+/// The service that works for the command line: it is triggered with the path of a job file, does
+/// the job on the main thread, sends progress and result through the job's channel, and then ends
+/// the office. No exception leaves it.
+class BatchService final : public WeakImplHelper<com::sun::star::task::XJobExecutor,
+                                                 com::sun::star::lang::XServiceInfo> {
+ public:
+    explicit BatchService(ContextReference context) : context_(std::move(context)) {}
+
+    void SAL_CALL trigger(const rtl::OUString& jobFile) override;
+    rtl::OUString SAL_CALL getImplementationName() override;
+    sal_Bool SAL_CALL supportsService(const rtl::OUString& name) override;
+    com::sun::star::uno::Sequence<rtl::OUString> SAL_CALL getSupportedServiceNames() override;
+
+ private:
+    ContextReference context_;
+};
+
+}  // namespace huebrush::libreoffice

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <com/sun/star/frame/XModel.hpp>
+#include <stdexcept>
+#include <string>
+
+#include "ports/libreoffice/uno/Services.h"
+
+namespace huebrush::libreoffice {
+
+/// A document that cannot be loaded or stored; one line, in English, for the command line.
+class FileError : public std::runtime_error {
+ public:
+    using std::runtime_error::runtime_error;
+};
+
+/// A text document opened from a file without a window, closed at the end of this object. Its
+/// macros do not run, its links are not followed, and nobody is asked anything.
+class TextDocumentFile {
+ public:
+    /// FileError for what is no text document that can hold drawing shapes, what is protected by a
+    /// password, or cannot be read.
+    TextDocumentFile(const ContextReference& context, const std::string& path);
+    TextDocumentFile(const TextDocumentFile&) = delete;
+    TextDocumentFile& operator=(const TextDocumentFile&) = delete;
+    ~TextDocumentFile();
+
+    const com::sun::star::uno::Reference<com::sun::star::frame::XModel>& model() const {
+        return model_;
+    }
+
+    /// Stores a copy in the format that the path's extension names, or else in the document's own.
+    void storeTo(const std::string& path) const;
+
+ private:
+    com::sun::star::uno::Reference<com::sun::star::frame::XModel> model_;
+    std::string filter_;
+};
+
+}  // namespace huebrush::libreoffice

@@ -1,0 +1,159 @@
+"""Checks the tree itself: who includes whom, and that every test is built.
+
+The table is the architecture (docs/architecture.md explains it): a folder of src/ includes only
+itself, base/, and the folders listed for it. A test file may also include ports/memory.
+"""
+
+import pathlib
+import re
+import tempfile
+import unittest
+
+ROOT = pathlib.Path(__file__).resolve().parents[2]
+
+USES = {
+    "base": set(),
+    "host": set(),
+    "forms": set(),
+    "ports/memory": {"host", "forms"},
+    "error": {"forms"},
+    "fill": {"host", "forms", "error"},
+    "select": {"host", "forms", "fill", "error"},
+    "recolor": {"host", "forms", "fill", "error"},
+    "addin": {"host", "forms", "error", "fill", "select", "recolor"},
+    "batch": {"host", "forms", "fill", "error", "recolor"},
+    "protocol": {"fill", "batch"},
+    "ports/libreoffice": {"host", "forms", "error", "fill", "select", "recolor", "addin", "batch",
+                          "protocol"},
+    "cli": {"fill", "protocol"},
+}
+
+# Libraries stay where they belong: an include of one of these is allowed below these folders only.
+LIBRARIES = {
+    "nlohmann/": {"protocol", "ports/libreoffice", "cli"},
+    "CLI/": {"cli"},
+    "com/sun/star/": {"ports/libreoffice"},
+    "cppuhelper/": {"ports/libreoffice"},
+    "rtl/": {"ports/libreoffice"},
+    "osl/": {"ports/libreoffice"},
+    "sal/": {"ports/libreoffice"},
+}
+
+INCLUDE = re.compile(r'^\s*#\s*include\s+(["<])([^">]+)[">]', re.MULTILINE)
+# A test's fixture may stand in a header beside it.
+TEST_FILE = re.compile(r"(_test\.cpp|Contract\.(h|cpp)|TestHost\.h|_test_support\.h)$")
+
+
+def folder_of(path):
+    """The architecture's folder that a path below src/ belongs to."""
+    for folder in sorted(USES, key=len, reverse=True):
+        if path.startswith(folder + "/"):
+            return folder
+    return None
+
+
+def forbidden_includes(source_root):
+    """Every include that the table does not allow, as 'file: include'."""
+    found = []
+    for file in sorted(source_root.rglob("*")):
+        if file.suffix not in (".h", ".cpp"):
+            continue
+        name = file.relative_to(source_root).as_posix()
+        folder = folder_of(name)
+        if folder is None:
+            found.append(f"{name}: stands in no folder of the architecture")
+            continue
+        allowed = {folder, "base"} | USES[folder]
+        if TEST_FILE.search(name):
+            allowed.add("ports/memory")
+            allowed |= {"host", "forms"}
+        for quote, include in INCLUDE.findall(file.read_text(encoding="utf-8")):
+            if quote == '"':
+                if folder_of(include) not in allowed:
+                    found.append(f'{name}: "{include}"')
+            else:
+                for prefix, folders in LIBRARIES.items():
+                    if include.startswith(prefix) and folder not in folders:
+                        found.append(f"{name}: <{include}>")
+    return found
+
+
+def unbuilt_tests(root):
+    """Every *_test.cpp that no CMake file names."""
+    lists = [p for p in root.rglob("*") if p.name == "CMakeLists.txt" or p.suffix == ".cmake"]
+    build = root / "build"
+    named = set()
+    for cmake in lists:
+        if build in cmake.parents:
+            continue
+        text = re.sub(r"#.*", "", cmake.read_text(encoding="utf-8"))
+        for word in re.findall(r"[\w./-]+_test\.cpp", text):
+            named.add((cmake.parent / word).resolve())
+    tests = [p for p in root.rglob("*_test.cpp") if build not in p.parents]
+    return [p.relative_to(root).as_posix() for p in sorted(tests) if p.resolve() not in named]
+
+
+class Structure(unittest.TestCase):
+    def test_every_include_is_allowed_by_the_architecture(self):
+        self.assertEqual(forbidden_includes(ROOT / "src"), [])
+
+    def test_every_test_file_is_built(self):
+        self.assertEqual(unbuilt_tests(ROOT), [])
+
+    def test_every_folder_of_the_architecture_exists(self):
+        for folder in USES:
+            self.assertTrue((ROOT / "src" / folder).is_dir(), folder)
+
+    def test_the_levels_have_no_circle(self):
+        seen = set()
+
+        def visit(folder, above):
+            self.assertNotIn(folder, above)
+            if folder not in seen:
+                for used in USES[folder]:
+                    visit(used, above | {folder})
+                seen.add(folder)
+
+        for folder in USES:
+            visit(folder, frozenset())
+
+
+class TheChecksThemselves(unittest.TestCase):
+    """A check that cannot fail is none: each is shown a tree that it must refuse."""
+
+    def setUp(self):
+        folder = tempfile.TemporaryDirectory()
+        self.addCleanup(folder.cleanup)
+        self.root = pathlib.Path(folder.name)
+
+    def write(self, name, text):
+        path = self.root / name
+        path.parent.mkdir(parents=True, exist_ok=True)
+        path.write_text(text, encoding="utf-8")
+
+    def test_an_include_from_a_higher_level_is_found(self):
+        self.write("fill/CFill.cpp", '#include "recolor/frmEditGraphic.h"\n')
+        self.assertEqual(forbidden_includes(self.root),
+                         ['fill/CFill.cpp: "recolor/frmEditGraphic.h"'])
+
+    def test_a_library_outside_its_folders_is_found(self):
+        self.write("fill/CFill.cpp", "#include <nlohmann/json.hpp>\n")
+        self.assertEqual(forbidden_includes(self.root), ["fill/CFill.cpp: <nlohmann/json.hpp>"])
+
+    def test_an_include_that_names_no_folder_is_found(self):
+        self.write("fill/CFill.cpp", '#include "CFill.h"\n')
+        self.assertEqual(len(forbidden_includes(self.root)), 1)
+
+    def test_production_code_may_not_include_the_memory_port(self):
+        self.write("fill/CFill.cpp", '#include "ports/memory/MemoryHost.h"\n')
+        self.assertEqual(len(forbidden_includes(self.root)), 1)
+
+    def test_a_test_that_no_target_builds_is_found(self):
+        self.write("CMakeLists.txt", "huebrush_test(a SOURCES a_test.cpp)\n# b_test.cpp\n")
+        self.write("a_test.cpp", "")
+        self.write("b_test.cpp", "")
+        self.assertEqual(unbuilt_tests(self.root), ["b_test.cpp"])
+
+
+if __name__ == "__main__":
+    unittest.main()
