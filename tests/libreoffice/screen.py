@@ -1,0 +1,105 @@
+"""A screen of one's own: an X server without a monitor, a window manager, and a user's hands."""
+
+import os
+import select
+import subprocess
+import time
+
+START_LIMIT = 30.0
+
+
+def wait_until(condition, what, limit=30.0):
+    """Polls until the condition holds, and returns its value. Fails with `what` after the limit."""
+    end = time.monotonic() + limit
+    while True:
+        value = condition()
+        if value:
+            return value
+        if time.monotonic() > end:
+            raise AssertionError(f"waited {limit} s in vain: {what}")
+        time.sleep(0.05)
+
+
+class Screen:
+    """Entering starts the X server and the window manager; leaving ends both."""
+
+    WIDTH, HEIGHT = 1280, 1000
+
+    def __init__(self):
+        self._processes = []
+        self.display = None
+
+    def __enter__(self):
+        try:
+            self._start_server()
+            self._start("openbox")
+            wait_until(self._window_manager_runs, "the window manager runs")
+        except BaseException:
+            self.__exit__()
+            raise
+        return self
+
+    def __exit__(self, *_):
+        for process in reversed(self._processes):
+            process.terminate()
+            process.wait()
+        self._processes.clear()
+
+    @property
+    def environment(self):
+        return dict(os.environ, DISPLAY=self.display)
+
+    def _start(self, *command, **options):
+        process = subprocess.Popen(command, env=self.environment, stdout=subprocess.DEVNULL,
+                                   stderr=subprocess.DEVNULL, **options)
+        self._processes.append(process)
+
+    def _start_server(self):
+        """The server chooses a free display itself and tells which."""
+        reader, writer = os.pipe()
+        self.display = ""
+        self._start("Xvfb", "-displayfd", str(writer), "-screen", "0",
+                    f"{self.WIDTH}x{self.HEIGHT}x24", pass_fds=[writer])
+        os.close(writer)
+        with os.fdopen(reader) as pipe:
+            if not select.select([pipe], [], [], START_LIMIT)[0]:
+                raise RuntimeError("the X server does not start")
+            self.display = ":" + pipe.readline().strip()
+
+    def _window_manager_runs(self):
+        return "window id" in self._run("xprop", "-root", "_NET_SUPPORTING_WM_CHECK")
+
+    def _run(self, *command):
+        return subprocess.run(command, env=self.environment, check=False, text=True,
+                              stdout=subprocess.PIPE, stderr=subprocess.DEVNULL).stdout
+
+    def move(self, x, y):
+        self._run("xdotool", "mousemove", str(x), str(y))
+
+    def click(self, x, y):
+        self.move(x, y)
+        self._run("xdotool", "click", "1")
+
+    def key(self, *names):
+        self._run("xdotool", "key", *names)
+
+    def windows_named(self, title):
+        """The ids of the visible windows with exactly this title."""
+        return self._run("xdotool", "search", "--onlyvisible", "--name", f"^{title}$").split()
+
+    def height_of(self, window):
+        """The height of a window, its title bar not counted."""
+        lines = self._run("xwininfo", "-id", window).splitlines()
+        return int(next(line.split()[-1] for line in lines if "Height:" in line))
+
+    def focus(self, window):
+        self._run("xdotool", "windowactivate", "--sync", window)
+
+    def pixels(self, left, top, width, height):
+        """The colours of a part of the screen, as bytes red, green, blue, row by row."""
+        return subprocess.run(
+            ["import", "-window", "root", "-crop", f"{width}x{height}+{left}+{top}", "-depth", "8",
+             "rgb:-"], env=self.environment, check=True, stdout=subprocess.PIPE).stdout
+
+    def save_picture(self, path):
+        self._run("import", "-window", "root", str(path))

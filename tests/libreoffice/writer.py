@@ -1,0 +1,218 @@
+"""Writer in a window, with our extension: its documents over UNO, its window by mouse and keys."""
+
+import os
+
+import uno
+from com.sun.star.accessibility import AccessibleStateType
+from com.sun.star.awt import Point, Size
+from com.sun.star.beans import PropertyValue
+from com.sun.star.drawing.FillStyle import SOLID
+from com.sun.star.drawing.LineStyle import NONE as NO_LINE
+from com.sun.star.drawing.LineStyle import SOLID as SOLID_LINE
+from com.sun.star.text.TextContentAnchorType import AT_PAGE
+
+from office import Office
+from screen import wait_until
+
+BAR_NAME = "Huebrush"
+STATUS_BAR = "private:resource/statusbar/statusbar"
+
+
+class Writer(Office):
+    """Entering starts Writer with an empty document and connects to it. The profile stays in
+    `folder`, so that a second Writer finds what the first has left."""
+
+    def __init__(self, screen, program, folder, extensions, plugin):
+        self._pipe = f"{os.path.basename(folder)}-{plugin}"
+        super().__init__(program, folder, extensions=extensions, plugin=plugin,
+                         arguments=["--writer", f"--accept=pipe,name={self._pipe};urp"],
+                         environment=screen.environment)
+        self.screen = screen
+        self.context = None
+        self.desktop = None
+
+    def __enter__(self):
+        super().__enter__()
+        try:
+            self.context = wait_until(self._connect, "Writer answers", 60.0)
+            self.desktop = self.create("com.sun.star.frame.Desktop")
+            wait_until(lambda: self.frames(), "Writer has a window", 60.0)
+            wait_until(self.document_is_laid_out, "Writer's window is complete", 60.0)
+        except BaseException:
+            self.__exit__()
+            raise
+        return self
+
+    def _connect(self):
+        local = uno.getComponentContext()
+        resolver = local.ServiceManager.createInstanceWithContext(
+            "com.sun.star.bridge.UnoUrlResolver", local)
+        try:
+            return resolver.resolve(
+                f"uno:pipe,name={self._pipe};urp;StarOffice.ComponentContext")
+        except uno.getClass("com.sun.star.connection.NoConnectException"):
+            if not self.running():
+                raise AssertionError("Writer ended while it was starting") from None
+            return None
+
+    def create(self, service):
+        return self.context.ServiceManager.createInstanceWithContext(service, self.context)
+
+    # Windows and documents.
+
+    def frames(self):
+        """The frames of the visible text documents."""
+        frames = self.desktop.Frames
+        found = [frames.getByIndex(i) for i in range(frames.Count)]
+        return [frame for frame in found
+                if frame.Controller is not None and frame.ContainerWindow.isVisible()
+                and frame.Controller.Model.supportsService("com.sun.star.text.TextDocument")]
+
+    def frame(self):
+        return self.frames()[0]
+
+    def document_is_laid_out(self):
+        return self.bar() is not None
+
+    def new_document(self, hidden=False):
+        """A further document; its frame."""
+        document = self.desktop.loadComponentFromURL(
+            "private:factory/swriter", "_blank", 0,
+            (PropertyValue("Hidden", 0, hidden, 0),))
+        return document.CurrentController.Frame
+
+    def add_shape(self, frame, place, fill=None, line=None, kind="Rectangle"):
+        """A shape in column and row `place` of a grid, with solid colours (0xRRGGBB) or without
+        fill or line."""
+        document = frame.Controller.Model
+        shape = document.createInstance(f"com.sun.star.drawing.{kind}Shape")
+        shape.AnchorType = AT_PAGE
+        shape.AnchorPageNo = 1
+        shape.Size = Size(900, 900)
+        document.DrawPage.add(shape)
+        shape.Position = Point(2500 + 1200 * place[0], 2500 + 1200 * place[1])
+        if fill is None:
+            shape.FillStyle = uno.Enum("com.sun.star.drawing.FillStyle", "NONE")
+        else:
+            shape.FillStyle = SOLID
+            shape.FillColor = fill
+        if line is None:
+            shape.LineStyle = NO_LINE
+        else:
+            shape.LineStyle = SOLID_LINE
+            shape.LineColor = line
+        return shape
+
+    def select(self, frame, *shapes):
+        collection = self.create("com.sun.star.drawing.ShapeCollection")
+        for shape in shapes:
+            collection.add(shape)
+        frame.Controller.select(collection)
+
+    def selected_names(self, frame):
+        """The sorted names of the selected shapes."""
+        selection = frame.Controller.Selection
+        if selection is None or not selection.supportsService("com.sun.star.drawing.Shapes"):
+            return []
+        return sorted(selection.getByIndex(i).Name for i in range(selection.Count))
+
+    def quit(self, limit=30.0):
+        """Ends Writer the way its menu does, giving up unsaved changes; the exit code."""
+        for frame in self.frames():
+            frame.Controller.Model.setModified(False)
+        self.dispatch(self.frame(), ".uno:Quit")
+        self.context = self.desktop = None
+        if not self.wait_for_end(limit):
+            raise AssertionError("Writer does not end")
+        return self.exit_code
+
+    def dispatch(self, frame, command):
+        """Runs a command of a menu. A modal box that it opens does not hold this call up."""
+        helper = self.create("com.sun.star.frame.DispatchHelper")
+        try:
+            helper.executeDispatch(frame, command, "", 0, ())
+        except uno.getClass("com.sun.star.lang.DisposedException"):
+            if command != ".uno:Quit":
+                raise
+
+    # The bar.
+
+    def bar_url(self):
+        """The resource of our bar in the office's configuration, or nothing."""
+        supplier = self.context.getValueByName(
+            "/singletons/com.sun.star.ui.theModuleUIConfigurationManagerSupplier")
+        manager = supplier.getUIConfigurationManager("com.sun.star.text.TextDocument")
+        toolbars = 3
+        for information in manager.getUIElementsInfo(toolbars):
+            values = {value.Name: value.Value for value in information}
+            if values.get("UIName") == BAR_NAME:
+                return values["ResourceURL"]
+        return None
+
+    def bar(self, frame=None):
+        """The accessible object of our bar in a window, or nothing."""
+        url = self.bar_url()
+        if url is None:
+            return None
+        return self.accessible_element(frame or self.frame(), url)
+
+    def accessible_element(self, frame, url):
+        element = frame.LayoutManager.getElement(url)
+        if element is None or element.RealInterface is None:
+            return None
+        return element.RealInterface.getAccessibleContext()
+
+    def buttons(self, frame=None):
+        """The accessible objects of our bar's buttons by their captions, in their order."""
+        bar = self.bar(frame)
+        children = [bar.getAccessibleChild(i).getAccessibleContext()
+                    for i in range(bar.getAccessibleChildCount())]
+        return {child.getAccessibleName(): child for child in children}
+
+    @staticmethod
+    def is_enabled(accessible):
+        return accessible.getAccessibleStateSet().contains(AccessibleStateType.ENABLED)
+
+    def click_button(self, caption, frame=None):
+        """Clicks a button of our bar with the mouse."""
+        x, y, width, height = self.place_of(self.buttons(frame)[caption], frame)
+        self.screen.click(x + width // 2, y + height // 2)
+
+    def place_of(self, accessible, frame=None):
+        """Left, top, width and height on the screen. The office does not count a menu bar that the
+        desktop's toolkit draws above its own part of the window."""
+        corner, size = accessible.getLocationOnScreen(), accessible.getSize()
+        window = (frame or self.frame()).ContainerWindow
+        title = window.getAccessibleContext().getAccessibleName()
+        whole = self.screen.height_of(self.screen.windows_named(title)[0])
+        return corner.X, corner.Y + whole - window.getPosSize().Height, size.Width, size.Height
+
+    # The status bar.
+
+    def status_pixels(self, frame=None):
+        """What the left half of the status bar looks like: it is painted, not told."""
+        bar = self.accessible_element(frame or self.frame(), STATUS_BAR)
+        left, top, width, height = self.place_of(bar, frame)
+        return self.screen.pixels(left, top, width // 2, height)
+
+    # Message boxes.
+
+    def top_windows(self):
+        """The accessible objects of all windows that the office itself draws."""
+        toolkit = self.create("com.sun.star.awt.Toolkit")
+        windows = [toolkit.getTopWindow(i) for i in range(toolkit.getTopWindowCount())]
+        return [window.getAccessibleContext() for window in windows]
+
+    def box_texts(self, title):
+        """All texts in the box of this title, where the office draws it itself."""
+        texts = []
+
+        def collect(context):
+            texts.append(context.getAccessibleName())
+            for i in range(context.getAccessibleChildCount()):
+                collect(context.getAccessibleChild(i).getAccessibleContext())
+
+        for window in self.top_windows():
+            if window.getAccessibleName() == title:
+                collect(window)
+        return texts
