@@ -1,0 +1,222 @@
+#include "ports/memory/Driver.h"
+
+#include "base/Text.h"
+#include "forms/UserControl.h"
+
+namespace huebrush::memory {
+
+namespace {
+
+using base::text;
+using forms::Control;
+
+[[noreturn]] void throwImpossible(const std::string& what) {
+    throw ImpossibleInput(what);
+}
+
+Control* findIn(Control& from, const std::string& name) {
+    if (from.name() == name) return &from;
+    for (Control* const child : from.children()) {
+        if (Control* const found = findIn(*child, name)) return found;
+    }
+    return nullptr;
+}
+
+/// What print() says of a control beside what all controls have.
+struct Description {
+    std::string kind;
+    std::string caption;
+    std::string value;
+};
+
+Description describe(const Control& control) {
+    if (const auto* button = dynamic_cast<const forms::CommandButton*>(&control)) {
+        return {"CommandButton", button->Caption, button->Default ? "default" : ""};
+    }
+    if (const auto* box = dynamic_cast<const forms::CheckBox*>(&control)) {
+        return {"CheckBox", box->Caption, text(box->Value.get())};
+    }
+    if (const auto* option = dynamic_cast<const forms::OptionButton*>(&control)) {
+        return {"OptionButton", option->Caption, option->Value ? "chosen" : ""};
+    }
+    if (const auto* bar = dynamic_cast<const forms::VScrollBar*>(&control)) {
+        return {"VScrollBar", "", text(bar->value(), " of ", bar->Max.get())};
+    }
+    if (const auto* box = dynamic_cast<const forms::TextBox*>(&control)) {
+        return {"TextBox", "", box->Text};
+    }
+    if (const auto* list = dynamic_cast<const forms::ListBox*>(&control)) {
+        return {"ListBox", "", text(list->ListIndex.get(), " of ", list->List.get().size())};
+    }
+    if (const auto* image = dynamic_cast<const forms::Image*>(&control)) {
+        return {"Image", "", image->Picture.get().empty() ? "" : "picture"};
+    }
+    if (const auto* frame = dynamic_cast<const forms::Frame*>(&control)) {
+        return {"Frame", frame->Caption, ""};
+    }
+    if (const auto* label = dynamic_cast<const forms::Label*>(&control)) {
+        return {"Label", label->Caption, ""};
+    }
+    if (const auto* form = dynamic_cast<const forms::Form*>(&control)) {
+        return {"Form", form->Caption, form->isUnloaded() ? "unloaded" : ""};
+    }
+    if (dynamic_cast<const forms::UserControl*>(&control) != nullptr) {
+        return {"UserControl", "", ""};
+    }
+    if (dynamic_cast<const forms::PictureBox*>(&control) != nullptr) return {"PictureBox", "", ""};
+    if (dynamic_cast<const forms::Line*>(&control) != nullptr) return {"Line", "", ""};
+    return {"Control", "", ""};
+}
+
+std::int64_t whole(double length) {
+    return static_cast<std::int64_t>(length);
+}
+
+void printInto(const Control& control, const Control* focused, std::size_t depth,
+               std::string& out) {
+    const Description shown = describe(control);
+    out += text(std::string(depth * 2, ' '), shown.kind, " ", control.name());
+    if (!shown.caption.empty()) out += text(" \"", shown.caption, "\"");
+    if (!shown.value.empty()) out += text(" [", shown.value, "]");
+    out += text(" (", whole(control.Left), ", ", whole(control.Top), ", ", whole(control.Width),
+                ", ", whole(control.Height), ")");
+    if (!control.Visible) out += " hidden";
+    if (!control.Enabled) out += " disabled";
+    if (&control == focused) out += " focused";
+    out += "\n";
+    for (const Control* const child : control.children()) {
+        printInto(*child, focused, depth + 1, out);
+    }
+}
+
+}  // namespace
+
+void Driver::requireOpen() const {
+    if (form_.isUnloaded()) throwImpossible(text("The form ", form_.name(), " is closed"));
+}
+
+void Driver::requireUsable(const Control& control) const {
+    requireOpen();
+    if (!control.isUsable()) {
+        throwImpossible(text("The control ", control.name(), " is ",
+                             control.isShown() ? "disabled" : "hidden"));
+    }
+}
+
+void Driver::click(forms::CommandButton& button) const {
+    requireUsable(button);
+    button.press();
+}
+
+void Driver::click(forms::CheckBox& box) const {
+    requireUsable(box);
+    box.toggle();
+}
+
+void Driver::click(forms::OptionButton& option) const {
+    requireUsable(option);
+    option.choose();
+}
+
+void Driver::click(forms::Image& image) const {
+    requireUsable(image);
+    form_.handle([&] {
+        image.MouseDown(forms::MouseEvent{});
+        image.MouseUp(forms::MouseEvent{});
+        image.Click();
+    });
+}
+
+void Driver::click(const std::string& name) const {
+    Control& control = find(name);
+    if (auto* const button = dynamic_cast<forms::CommandButton*>(&control)) return click(*button);
+    if (auto* const box = dynamic_cast<forms::CheckBox*>(&control)) return click(*box);
+    if (auto* const option = dynamic_cast<forms::OptionButton*>(&control)) return click(*option);
+    if (auto* const image = dynamic_cast<forms::Image*>(&control)) return click(*image);
+    throwImpossible(text("The control ", name, " cannot be clicked by its name"));
+}
+
+void Driver::moveMouse(forms::Image& image, float x, float y) const {
+    requireUsable(image);
+    forms::MouseEvent event;
+    event.Button = 0;
+    event.X = x;
+    event.Y = y;
+    form_.handle([&] { image.MouseMove(event); });
+}
+
+void Driver::key(std::int16_t code, std::int16_t shift) const {
+    requireOpen();
+    auto* const box = dynamic_cast<forms::CheckBox*>(form_.focused());
+    if (box == nullptr) throwImpossible("No control that takes keys has the focus");
+    box->keyUp(code, shift);
+}
+
+void Driver::tab() const {
+    requireOpen();
+    form_.handle([this] { form_.focusNext(); });
+}
+
+void Driver::shiftTab() const {
+    requireOpen();
+    form_.handle([this] { form_.focusNext(true); });
+}
+
+void Driver::dragWithoutDrop(const std::function<void()>& grab,
+                             const std::vector<Control*>& over) const {
+    requireOpen();
+    grab();
+    if (form_.dragged() == nullptr) throwImpossible("Nothing started to drag");
+    Control* former = nullptr;
+    for (Control* const target : over) {
+        requireUsable(*target);
+        form_.handle([&] {
+            if (former != nullptr) form_.dragOver(*former, 0, 0, forms::DragState::leave);
+            form_.dragOver(*target, 0, 0, forms::DragState::enter);
+            form_.dragOver(*target, 0, 0, forms::DragState::over);
+        });
+        former = target;
+    }
+}
+
+void Driver::drop(Control* target) const {
+    requireOpen();
+    form_.handle([&] { form_.dropAt(target, 0, 0); });
+}
+
+void Driver::drag(const std::function<void()>& grab, const std::vector<Control*>& over) const {
+    dragWithoutDrop(grab, over);
+    drop(over.empty() ? nullptr : over.back());
+}
+
+void Driver::scrollTo(forms::VScrollBar& bar, std::int32_t value) const {
+    requireUsable(bar);
+    bar.scrollTo(value);
+}
+
+void Driver::resize(double width, double height) const {
+    requireOpen();
+    form_.handle([&] {
+        form_.Width = width;
+        form_.Height = height;
+    });
+}
+
+void Driver::close() const {
+    requireOpen();
+    form_.handle([this] { form_.Unload(); });
+}
+
+Control& Driver::find(const std::string& name) const {
+    Control* const found = findIn(form_, name);
+    if (found == nullptr) throwImpossible(text("There is no control ", name));
+    return *found;
+}
+
+std::string Driver::print() const {
+    std::string out;
+    printInto(form_, form_.focused(), 0, out);
+    return out;
+}
+
+}  // namespace huebrush::memory
