@@ -1,5 +1,6 @@
 #include "ports/libreoffice/bar/BarConfiguration.h"
 
+#include <algorithm>
 #include <com/sun/star/beans/XPropertySet.hpp>
 #include <com/sun/star/container/XIndexContainer.hpp>
 #include <com/sun/star/ui/ImageType.hpp>
@@ -80,8 +81,12 @@ void BarConfiguration::insert(const Bar& bar) {
     });
 }
 
+/// The office cannot store the removal of a bar that it has never stored.
 void BarConfiguration::remove(const std::string& url) {
-    officeCalls([&] { manager_->removeSettings(toOffice(url)); });
+    officeCalls([&] {
+        libreoffice::store(manager_);
+        manager_->removeSettings(toOffice(url));
+    });
 }
 
 std::vector<BarConfiguration::Item> BarConfiguration::items(const std::string& url) const {
@@ -129,6 +134,14 @@ void BarConfiguration::removePictures(const std::string& command) {
         for (const sal_Int16 type : kImageTypes) {
             if (images_->hasImage(type, commands[0])) images_->removeImages(type, commands);
         }
+    });
+}
+
+bool BarConfiguration::hasPictures(const std::string& command) const {
+    return officeCalls([&] {
+        return std::ranges::any_of(kImageTypes, [&](sal_Int16 type) {
+            return bool(images_->hasImage(type, toOffice(command)));
+        });
     });
 }
 

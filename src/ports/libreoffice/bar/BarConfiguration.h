@@ -44,6 +44,7 @@ class BarConfiguration {
     /// The picture of a command in the office's sizes 16, 24 and 32, scaled where it has another.
     void setPictures(const std::string& command, const std::vector<Graphic>& sizes);
     void removePictures(const std::string& command);
+    bool hasPictures(const std::string& command) const;
 
     void store();
 
