@@ -1,12 +1,15 @@
 #include <gtest/gtest.h>
 
+#include <stdexcept>
 #include <string>
 
 #include "base/Color.h"
 #include "base/Count16.h"
 #include "base/Error.h"
 #include "base/NonNegative.h"
+#include "base/Picture.h"
 #include "base/Text.h"
+#include "base/Units.h"
 
 namespace huebrush::base {
 namespace {
@@ -72,6 +75,53 @@ TEST(Color, KeepsRedInTheLowByte) {
     EXPECT_FALSE(fromHex("#c0100g"));
     EXPECT_FALSE(fromHex("#-c0100"));
     EXPECT_EQ(swapRedAndBlue(0xC01002), 0x0210C0);
+}
+
+TEST(NonNegative, OfANegativeWidthComputedInAResizeIsZero) {
+    const double innerWidth = 300;
+    const double left = 5190;
+    EXPECT_EQ(NonNegative(innerWidth - left), 0.0);
+}
+
+TEST(Count16, CountsDownToItsLowestValueAndNotBelow) {
+    Count16 count = std::int16_t{-32767};
+    --count;
+    EXPECT_EQ(count, -32768);
+    EXPECT_THROW(--count, Error);
+    EXPECT_EQ(Count16::of(32767), 32767);
+}
+
+TEST(Picture, EqualsAnotherOfTheSameBytesAndFormat) {
+    const Picture none;
+    const Picture first(PictureFormat::bitmap, {1, 2});
+    EXPECT_TRUE(none.empty());
+    EXPECT_TRUE(none.bytes().empty());
+    EXPECT_EQ(none, Picture());
+    EXPECT_FALSE(first.empty());
+    EXPECT_EQ(first, Picture(PictureFormat::bitmap, {1, 2}));
+    EXPECT_FALSE(first == Picture(PictureFormat::icon, {1, 2}));
+    EXPECT_FALSE(first == Picture(PictureFormat::bitmap, {1, 3}));
+    EXPECT_FALSE(first == none);
+}
+
+TEST(Error, AnyExceptionInFlightBecomesAnErrorWithItsText) {
+    const auto caught = [](const auto& thrown) {
+        try {
+            throw thrown;
+        } catch (...) {
+            return currentError();
+        }
+    };
+    EXPECT_EQ(caught(Error(91, "x")).number(), 91);
+    EXPECT_EQ(caught(std::runtime_error("broken")).number(), ErrorNumber::kInternal);
+    EXPECT_EQ(caught(std::runtime_error("broken")).description(), "broken");
+    EXPECT_EQ(caught(7).number(), ErrorNumber::kInternal);
+}
+
+TEST(Units, TurnsPointsIntoHundredthsOfAMillimetreAndBack) {
+    EXPECT_DOUBLE_EQ(pointsToHundredthMillimetres(72), 2540);
+    EXPECT_DOUBLE_EQ(hundredthMillimetresToPoints(2540), 72);
+    EXPECT_DOUBLE_EQ(twipsToPixels(4455, 96), 297);
 }
 
 }  // namespace
