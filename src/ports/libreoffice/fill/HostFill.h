@@ -1,0 +1,98 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "host/Enumerations.h"
+
+namespace huebrush::libreoffice {
+
+/// What a property answers that the fill's type does not use: always the same, so that fills that
+/// look equal are equal. (The host's own answers there are leftovers of earlier fills.)
+namespace Unused {
+inline constexpr std::int32_t kColor = 0xFFFFFF;
+inline constexpr std::int32_t kNumber = host::kMixed;
+inline constexpr float kDegree = 0.0F;
+}  // namespace Unused
+
+/// A fill in the words of the object model. Colours have red in the low byte.
+struct HostFill {
+    host::MsoTriState visible = host::MsoTriState::msoFalse;
+    std::int32_t foreColor = Unused::kColor;
+    std::int32_t backColor = Unused::kColor;
+    float transparency = 0.0F;
+    host::MsoFillType type = host::MsoFillType::msoFillSolid;
+    std::int32_t gradientStyle = Unused::kNumber;
+    host::MsoGradientColorType gradientColorType =
+        host::MsoGradientColorType::msoGradientColorMixed;
+    std::int32_t gradientVariant = Unused::kNumber;
+    float gradientDegree = Unused::kDegree;
+    std::int32_t presetGradientType = Unused::kNumber;
+    host::MsoTextureType textureType = host::MsoTextureType::msoTextureTypeMixed;
+    std::int32_t presetTexture = Unused::kNumber;
+    std::int32_t pattern = Unused::kNumber;
+    /// The file of a user texture; nothing where it is not known.
+    std::optional<std::string> textureName = std::string();
+
+    friend bool operator==(const HostFill&, const HostFill&) = default;
+
+    bool shown() const { return visible != host::MsoTriState::msoFalse; }
+    bool usesForeColor() const;
+    bool usesBackColor() const;
+};
+
+/// The properties that a call like Solid() or Patterned() decides.
+struct FillBuild {
+    host::MsoFillType type = host::MsoFillType::msoFillSolid;
+    std::int32_t gradientStyle = Unused::kNumber;
+    host::MsoGradientColorType gradientColorType =
+        host::MsoGradientColorType::msoGradientColorMixed;
+    std::int32_t gradientVariant = Unused::kNumber;
+    float gradientDegree = Unused::kDegree;
+    std::int32_t presetGradientType = Unused::kNumber;
+    host::MsoTextureType textureType = host::MsoTextureType::msoTextureTypeMixed;
+    std::int32_t presetTexture = Unused::kNumber;
+    std::int32_t pattern = Unused::kNumber;
+    std::string textureName;
+};
+
+/// Writes to one fill that are carried out together. A part that was not written is left out.
+struct FillEdit {
+    std::optional<std::int32_t> foreColor = std::nullopt;
+    std::optional<std::int32_t> backColor = std::nullopt;
+    std::optional<FillBuild> build = std::nullopt;
+    std::optional<float> transparency = std::nullopt;
+    std::optional<host::MsoTriState> visible = std::nullopt;
+
+    bool empty() const { return !foreColor && !backColor && !build && !transparency && !visible; }
+};
+
+/// The fill after the edit. A colour that the fill's type does not use is dropped.
+HostFill edited(const HostFill& fill, const FillEdit& edit);
+
+// The calls' arguments as a build; an error (5) where the object model has no such value.
+FillBuild solidBuild();
+FillBuild patternBuild(std::int32_t pattern);
+FillBuild oneColorBuild(std::int32_t style, std::int32_t variant, float degree);
+FillBuild twoColorBuild(std::int32_t style, std::int32_t variant);
+FillBuild presetGradientBuild(std::int32_t style, std::int32_t variant, std::int32_t type);
+FillBuild presetTextureBuild(std::int32_t texture);
+FillBuild userTextureBuild(const std::string& file);
+/// A transparency as the object model takes it; an error (5) outside 0 to 1.
+float checkedTransparency(float transparency);
+
+/// The common answer of several fills: kMixed, property by property, where they differ.
+/// A file name that differs is not known.
+class CommonFill {
+ public:
+    void add(const HostFill& fill);
+    /// One without fill when nothing was added.
+    const HostFill& value() const { return common_; }
+
+ private:
+    bool any_ = false;
+    HostFill common_;
+};
+
+}  // namespace huebrush::libreoffice

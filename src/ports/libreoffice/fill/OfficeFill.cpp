@@ -1,0 +1,129 @@
+#include "ports/libreoffice/fill/OfficeFill.h"
+
+#include "ports/libreoffice/fill/Fields.h"
+
+namespace huebrush::libreoffice {
+
+namespace {
+
+/// Whether a gradient of this style has a centre that can be moved.
+bool hasCentre(OfficeGradientStyle style) {
+    return style != OfficeGradientStyle::linear && style != OfficeGradientStyle::axial;
+}
+
+bool isSameGradient(OfficeGradient a, OfficeGradient b) {
+    if (!hasCentre(a.style)) a.xOffset = a.yOffset = 0;
+    if (!hasCentre(b.style)) b.xOffset = b.yOffset = 0;
+    // Saving an automatic step count gives back any of its two spellings.
+    if (a.stepCount == 0) a.stepCount = b.stepCount;
+    if (b.stepCount == 0) b.stepCount = a.stepCount;
+    return a == b;
+}
+
+bool isSameTransparence(const OfficeFill& a, const OfficeFill& b) {
+    if (a.transparenceGradient && b.transparenceGradient) {
+        return isSameGradient(*a.transparenceGradient, *b.transparenceGradient);
+    }
+    return !a.transparenceGradient && !b.transparenceGradient && a.transparence == b.transparence;
+}
+
+void addGradient(FieldWriter& fields, const OfficeGradient& gradient) {
+    fields.add(static_cast<std::int32_t>(gradient.style));
+    fields.add(gradient.startColor);
+    fields.add(gradient.endColor);
+    fields.add(gradient.angle);
+    fields.add(gradient.border);
+    fields.add(gradient.xOffset);
+    fields.add(gradient.yOffset);
+    fields.add(gradient.startIntensity);
+    fields.add(gradient.endIntensity);
+    fields.add(gradient.stepCount);
+}
+
+bool readGradient(FieldReader& fields, OfficeGradient& gradient) {
+    return fields.readEnumeration(gradient.style, 0, 5) && fields.read(gradient.startColor) &&
+           fields.read(gradient.endColor) && fields.read(gradient.angle) &&
+           fields.read(gradient.border) && fields.read(gradient.xOffset) &&
+           fields.read(gradient.yOffset) && fields.read(gradient.startIntensity) &&
+           fields.read(gradient.endIntensity) && fields.read(gradient.stepCount);
+}
+
+bool readHatch(FieldReader& fields, OfficeHatch& hatch) {
+    return fields.readEnumeration(hatch.style, 0, 2) && fields.read(hatch.color) &&
+           fields.read(hatch.distance) && fields.read(hatch.angle);
+}
+
+bool readBody(FieldReader& fields, OfficeFill& fill) {
+    switch (fill.style) {
+        case OfficeFillStyle::gradient:
+            return readGradient(fields, fill.gradient);
+        case OfficeFillStyle::hatch:
+            return readHatch(fields, fill.hatch) && fields.readEnumeration(fill.background, 0, 1);
+        case OfficeFillStyle::bitmap:
+            return fields.read(fill.bitmapName) && fields.readEnumeration(fill.bitmapMode, 0, 2);
+        default:
+            return true;
+    }
+}
+
+}  // namespace
+
+bool isSameOfficeFill(const OfficeFill& a, const OfficeFill& b) {
+    if (a.style != b.style || !isSameTransparence(a, b)) return false;
+    switch (a.style) {
+        case OfficeFillStyle::none:
+        case OfficeFillStyle::solid:
+            return a.color == b.color;
+        case OfficeFillStyle::gradient:
+            return isSameGradient(a.gradient, b.gradient);
+        case OfficeFillStyle::hatch:
+            return a.hatch == b.hatch && a.background == b.background &&
+                   (!a.background || a.color == b.color);
+        case OfficeFillStyle::bitmap:
+            return a.bitmapName == b.bitmapName && a.bitmapMode == b.bitmapMode;
+    }
+    return false;
+}
+
+std::string toText(const OfficeFill& fill) {
+    FieldWriter fields;
+    fields.add(static_cast<std::int32_t>(fill.style));
+    fields.add(fill.color);
+    fields.add(fill.transparence);
+    fields.add(fill.transparenceGradient ? 1 : 0);
+    if (fill.transparenceGradient) addGradient(fields, *fill.transparenceGradient);
+    switch (fill.style) {
+        case OfficeFillStyle::gradient:
+            addGradient(fields, fill.gradient);
+            break;
+        case OfficeFillStyle::hatch:
+            fields.add(static_cast<std::int32_t>(fill.hatch.style));
+            fields.add(fill.hatch.color);
+            fields.add(fill.hatch.distance);
+            fields.add(fill.hatch.angle);
+            fields.add(fill.background ? 1 : 0);
+            break;
+        case OfficeFillStyle::bitmap:
+            fields.add(fill.bitmapName);
+            fields.add(static_cast<std::int32_t>(fill.bitmapMode));
+            break;
+        default:
+            break;
+    }
+    return fields.text();
+}
+
+std::optional<OfficeFill> officeFillOf(const std::string& text) {
+    FieldReader fields(text);
+    OfficeFill fill;
+    bool clearing = false;
+    if (!fields.readEnumeration(fill.style, 0, 4) || !fields.read(fill.color) ||
+        !fields.read(fill.transparence) || !fields.readEnumeration(clearing, 0, 1)) {
+        return {};
+    }
+    if (clearing && !readGradient(fields, fill.transparenceGradient.emplace())) return {};
+    if (!readBody(fields, fill) || !fields.atEnd()) return {};
+    return fill;
+}
+
+}  // namespace huebrush::libreoffice
