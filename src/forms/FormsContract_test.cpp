@@ -1,0 +1,34 @@
+#include "forms/FormsContract.h"
+
+#include "ports/memory/Driver.h"
+#include "ports/memory/MemoryRuntime.h"
+
+namespace huebrush::forms::contract {
+namespace {
+
+/// The port without a screen: the controls are all there is.
+class MemoryPort {
+ public:
+    Runtime& runtime() { return runtime_; }
+    void settle() {}
+    void click(Control& control) { memory::Driver(control.form()).click(control.name()); }
+    void click(CheckBox& box) { memory::Driver(box.form()).click(box); }
+    void closeWindow(Form& form) { memory::Driver(form).close(); }
+    void inNextPump(std::function<void()> happening) {
+        runtime_.onPump = [this, happening = std::move(happening)](std::size_t) {
+            const auto once = happening;
+            runtime_.onPump = nullptr;
+            once();
+        };
+    }
+    void answerNextBox(MsgBoxResult answer) { runtime_.answers.push_back(answer); }
+    void pickInNextMenu(const std::string& caption) { runtime_.picks.push_back(caption); }
+
+ private:
+    memory::MemoryRuntime runtime_;
+};
+
+INSTANTIATE_TYPED_TEST_SUITE_P(Memory, FormsContract, MemoryPort);
+
+}  // namespace
+}  // namespace huebrush::forms::contract
