@@ -15,19 +15,19 @@ class Count16 {
     constexpr Count16() = default;
     constexpr Count16(std::int16_t value) : value_(value) {}  // NOLINT: a counter is a number
     static constexpr Count16 of(std::size_t count) {
-        if (count > kLargest) throwOverflow();
+        if (count > kLargest) throwCountOverflow();
         return {static_cast<std::int16_t>(count)};
     }
 
     constexpr operator std::int16_t() const { return value_; }  // NOLINT: as above
 
     constexpr Count16& operator++() {
-        if (value_ == kLargest) throwOverflow();
+        if (value_ == kLargest) throwCountOverflow();
         ++value_;
         return *this;
     }
     constexpr Count16& operator--() {
-        if (value_ == std::numeric_limits<std::int16_t>::min()) throwOverflow();
+        if (value_ == std::numeric_limits<std::int16_t>::min()) throwCountOverflow();
         --value_;
         return *this;
     }

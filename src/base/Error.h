@@ -44,7 +44,9 @@ class Error : public std::exception {
 /// becomes an internal one with its text. REQUIRES: called inside a catch block.
 Error currentError();
 
+/// A number beyond the range of its type; a count beyond what a 16-bit counter holds.
 [[noreturn]] void throwOverflow();
+[[noreturn]] void throwCountOverflow();
 [[noreturn]] void throwObjectNotSet();
 
 }  // namespace huebrush::base

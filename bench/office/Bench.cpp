@@ -1,0 +1,158 @@
+// The operations of the bench, done by Huebrush inside the office's process: the same service
+// interface and the same figures as the peers in peer_pyuno.py and peer_basic.bas.
+
+#include <chrono>
+#include <com/sun/star/drawing/ShapeCollection.hpp>
+#include <com/sun/star/drawing/XShapes.hpp>
+#include <com/sun/star/frame/XModel.hpp>
+#include <com/sun/star/task/XJob.hpp>
+#include <com/sun/star/view/XSelectionSupplier.hpp>
+#include <nlohmann/json.hpp>
+#include <string>
+#include <utility>
+
+#include "base/Error.h"
+#include "batch/Session.h"
+#include "error/mError.h"
+#include "ports/libreoffice/app/Application.h"
+#include "ports/libreoffice/runtime/OfficeRuntime.h"
+#include "ports/libreoffice/uno/Errors.h"
+#include "ports/libreoffice/uno/WeakImplHelper.h"
+#include "select/mToolbarFunction.h"
+
+namespace {
+
+namespace css = com::sun::star;
+using namespace huebrush;
+using namespace huebrush::libreoffice;
+using nlohmann::json;
+using Clock = std::chrono::steady_clock;
+
+constexpr std::int32_t kNewColor = 0x336699;
+/// Of every four fills, one is changed.
+constexpr std::int32_t kEvery = 4;
+
+template <class Work>
+double milliseconds(const Work& work) {
+    const auto start = Clock::now();
+    work();
+    return std::chrono::duration<double, std::milli>(Clock::now() - start).count();
+}
+
+/// A document in a window that is the active one.
+class Bench {
+ public:
+    Bench(const ContextReference& context, css::uno::Reference<css::frame::XModel> model)
+        : model_(std::move(model)),
+          application_(context, std::string()),
+          platform_(context, std::string(), application_.activeWindow(), application_.snapshot()),
+          runtime_(platform_),
+          scope_(runtime_) {
+        application_.activeWindow().activate(model_->getCurrentController()->getFrame());
+    }
+
+    json measure() {
+        json figures;
+        measureSelection(figures, "select_fill_ms", "selected_fill", select::VseDleTypuVyplne);
+        measureHostSelect(figures, "host_select_ms");
+        measureSelection(figures, "select_line_ms", "selected_line", select::VseDleBarvyCary);
+        measureHostSelect(figures, "host_select_line_ms");
+        measureRecolour(figures);
+        for (const batch::Message& message : runtime_.messages()) {
+            if (message.kind != batch::Message::Kind::information) figures["error"] = message.text;
+        }
+        return figures;
+    }
+
+ private:
+    void selectSample() {
+        const HandlerScope handler(application_.snapshot());
+        application_.ActiveDocument()->Shapes()->enumerate()->next()->Select();
+    }
+
+    css::uno::Reference<css::view::XSelectionSupplier> selection() const {
+        return {model_->getCurrentController(), css::uno::UNO_QUERY_THROW};
+    }
+
+    void measureSelection(json& figures, const char* time, const char* count,
+                          void (*command)(host::Application&)) {
+        selectSample();
+        figures[time] = milliseconds([&] {
+            const HandlerScope handler(application_.snapshot());
+            command(application_);
+        });
+        const css::uno::Reference<css::drawing::XShapes> selected(selection()->getSelection(),
+                                                                  css::uno::UNO_QUERY_THROW);
+        figures[count] = selected->getCount();
+    }
+
+    /// The same selection made by the office's own call alone.
+    void measureHostSelect(json& figures, const char* time) {
+        const css::uno::Any selected = selection()->getSelection();
+        selectSample();
+        figures[time] = milliseconds([&] { selection()->select(selected); });
+    }
+
+    void measureRecolour(json& figures) {
+        batch::Session session(application_, application_.ActiveDocument(), runtime_);
+        std::vector<batch::FillRow> rows;
+        figures["scan_ms"] = milliseconds([&] {
+            const HandlerScope handler(application_.snapshot());
+            rows = session.scan();
+        });
+        batch::RecolorRequest request;
+        std::size_t shapes = 0;
+        for (const batch::FillRow& row : rows) {
+            shapes += row.shapes;
+            if ((row.row - 1) % kEvery == 0) {
+                request.rows.push_back({row.row, batch::solid(kNewColor, 0), std::nullopt});
+            }
+        }
+        batch::RecolorResult result;
+        figures["apply_ms"] = milliseconds([&] {
+            const HandlerScope handler(application_.snapshot());
+            result = session.recolor(request);
+        });
+        figures["fills"] = rows.size();
+        figures["shapes"] = shapes;
+        figures["applied"] = result.changed;
+    }
+
+    css::uno::Reference<css::frame::XModel> model_;
+    libreoffice::Application application_;
+    OfficeRuntime platform_;
+    batch::BatchRuntime runtime_;
+    forms::RuntimeScope scope_;
+};
+
+class BenchJob final : public WeakImplHelper<css::task::XJob> {
+ public:
+    explicit BenchJob(ContextReference context) : context_(std::move(context)) {}
+
+    css::uno::Any SAL_CALL
+    execute(const css::uno::Sequence<css::beans::NamedValue>& arguments) override {
+        json figures;
+        try {
+            css::uno::Reference<css::frame::XModel> model;
+            arguments[0].Value >>= model;
+            figures = Bench(context_, model).measure();
+        } catch (const css::uno::Exception&) {
+            figures["error"] = currentHostError().description();
+        } catch (const std::exception& error) {
+            figures["error"] = error.what();
+        }
+        return css::uno::Any(toOffice(figures.dump()));
+    }
+
+ private:
+    ContextReference context_;
+};
+
+}  // namespace
+
+extern "C" SAL_DLLPUBLIC_EXPORT css::uno::XInterface* huebrush_bench(
+    css::uno::XComponentContext* context, const css::uno::Sequence<css::uno::Any>&) {
+    const rtl::Reference<BenchJob> job(new BenchJob(context));
+    job->acquire();
+    return static_cast<cppu::OWeakObject*>(job.get());
+}

@@ -1,0 +1,360 @@
+"""The program on real documents: what it changes, what it leaves, and how it refuses bad input."""
+
+import json
+import os
+import shutil
+import signal
+import subprocess
+import sys
+import tempfile
+import time
+import unittest
+from pathlib import Path
+
+ROOT = Path(__file__).resolve().parents[2]
+sys.path.insert(0, str(ROOT / "tools"))
+sys.path.insert(0, str(ROOT / "tests" / "libreoffice"))
+
+from private_office import PrivateOffice, file_url, properties  # noqa: E402
+import normal_form  # noqa: E402
+
+PROGRAM = os.environ["HUEBRUSH_PROGRAM"]
+TOWN = ROOT / "examples" / "town.odt"
+LIMIT = 240
+ROOFS, BLUE = "#c00000", "#0070c0"
+MAP = {ROOFS: BLUE}
+
+
+def huebrush(*arguments, **options):
+    return subprocess.run([PROGRAM, *map(str, arguments)], stdin=subprocess.DEVNULL,
+                          stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True,
+                          timeout=LIMIT, **options)
+
+
+def processes_mentioning(text):
+    found = []
+    for folder in Path("/proc").glob("[0-9]*"):
+        try:
+            if text.encode() in (folder / "cmdline").read_bytes():
+                found.append(int(folder.name))
+        except OSError:
+            continue
+    return found
+
+
+def wait_until(condition, limit=60):
+    end = time.monotonic() + limit
+    while not condition():
+        if time.monotonic() > end:
+            raise AssertionError("the condition did not come true")
+        time.sleep(0.02)
+
+
+class OnDocuments(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        cls.folder = Path(tempfile.mkdtemp(prefix="huebrush-documents-"))
+        cls.addClassCleanup(shutil.rmtree, cls.folder, True)
+        cls.temporary = cls.folder / "tmp"
+        cls.temporary.mkdir()
+        cls.environment = dict(os.environ, TMPDIR=str(cls.temporary))
+
+    def run_program(self, *arguments):
+        return huebrush(*arguments, env=self.environment)
+
+    def assert_nothing_left(self):
+        """No process, no temporary file of the program's, no half-written output."""
+        self.assertEqual(list(self.temporary.glob("huebrush-*")), [])
+        self.assertEqual(processes_mentioning(str(self.temporary)), [])
+        self.assertEqual([p.name for p in self.folder.rglob(".*huebrush-*")], [])
+
+    def assert_refused(self, words, *arguments, code=1):
+        done = self.run_program(*arguments)
+        self.assertEqual(done.returncode, code, done.stderr)
+        self.assertEqual(len(done.stderr.strip().splitlines()), 1, done.stderr)
+        self.assertIn(words, done.stderr)
+        self.assertEqual(done.stdout, "")
+        self.assert_nothing_left()
+
+
+class Recolouring(OnDocuments):
+    """Exactly the mapped shapes change; all else is what the office itself writes."""
+
+    @classmethod
+    def setUpClass(cls):
+        super().setUpClass()
+        cls.inputs = {".odt": TOWN, ".docx": ROOT / "examples" / "town.docx",
+                      ".doc": cls.folder / "town.doc", ".fodt": cls.folder / "town.fodt"}
+        with PrivateOffice() as office:
+            office.convert(TOWN, cls.inputs[".doc"], cls.inputs[".fodt"])
+            for suffix, source in cls.inputs.items():
+                office.convert(source, cls.folder / f"plain{suffix}")
+
+    def recolour(self, suffix):
+        output = self.folder / f"recoloured{suffix}"
+        done = self.run_program("recolor", self.inputs[suffix], "-o", output, "--json",
+                                "--map", f"{ROOFS}={BLUE}")
+        self.assertEqual(done.returncode, 0, done.stderr)
+        self.assert_nothing_left()
+        return output, json.loads(done.stdout)
+
+    def assert_only_fills_differ(self, plain, recoloured):
+        expected = normal_form.NormalForm(plain, normal_form.solid_fills(MAP))
+        self.assertEqual(normal_form.NormalForm(recoloured).body, expected.body)
+        self.assertNotEqual(normal_form.NormalForm(plain).body, expected.body)
+
+    def test_odt(self):
+        output, result = self.recolour(".odt")
+        self.assert_only_fills_differ(self.folder / "plain.odt", output)
+        before = normal_form.NormalForm(TOWN, normal_form.solid_fills(MAP)).shapes
+        after = normal_form.NormalForm(output).shapes
+        self.assertEqual(after, before)
+        changed = sum(a != b for a, b in zip(normal_form.NormalForm(TOWN).shapes, after)
+                      if a[0] != normal_form.DRAW + "g")
+        self.assertEqual(result["changed"], changed)
+        self.assertGreater(changed, 10)
+
+    def test_fodt(self):
+        output, result = self.recolour(".fodt")
+        self.assert_only_fills_differ(self.folder / "plain.fodt", output)
+        self.assertGreater(result["changed"], 10)
+
+    def test_docx(self):
+        output, result = self.recolour(".docx")
+        expected, mapped = normal_form.docx_body(self.folder / "plain.docx", MAP)
+        self.assertEqual(normal_form.docx_body(output)[0], expected)
+        self.assertEqual(normal_form.docx_other_parts(output),
+                         normal_form.docx_other_parts(self.folder / "plain.docx"))
+        self.assertEqual(result["changed"], mapped)
+        self.assertGreater(mapped, 10)
+
+    def test_doc(self):
+        output, result = self.recolour(".doc")
+        self.assertEqual(output.read_bytes()[:4], b"\xd0\xcf\x11\xe0")
+        with PrivateOffice() as office:
+            office.convert(output, self.folder / "recoloured-doc.fodt")
+            office.convert(self.folder / "plain.doc", self.folder / "plain-doc.fodt")
+        self.assert_only_fills_differ(self.folder / "plain-doc.fodt",
+                                      self.folder / "recoloured-doc.fodt")
+        self.assertGreater(result["changed"], 10)
+
+    def test_the_output_takes_the_format_of_its_name(self):
+        output = self.folder / "other.docx"
+        done = self.run_program("recolor", TOWN, "-o", output, "--map", f"{ROOFS}={BLUE}")
+        self.assertEqual(done.returncode, 0, done.stderr)
+        self.assertEqual(output.read_bytes()[:2], b"PK")
+        self.assertGreater(normal_form.docx_body(output, {BLUE: BLUE})[1], 10)
+
+    def test_in_place_replaces_the_document_at_once(self):
+        document = self.folder / "mine.odt"
+        shutil.copy(TOWN, document)
+        os.chmod(document, 0o640)
+        done = self.run_program("recolor", document, "--in-place", "--map", f"{ROOFS}={BLUE}")
+        self.assertEqual(done.returncode, 0, done.stderr)
+        self.assertEqual(document.stat().st_mode & 0o777, 0o640)
+        self.assertEqual(normal_form.NormalForm(document).shapes,
+                         normal_form.NormalForm(TOWN, normal_form.solid_fills(MAP)).shapes)
+
+
+class ListingAndPlans(OnDocuments):
+    def listing(self, document):
+        done = self.run_program("fills", document, "--json")
+        self.assertEqual(done.returncode, 0, done.stderr)
+        return json.loads(done.stdout)
+
+    def test_the_listing_counts_what_the_document_holds(self):
+        rows = self.listing(TOWN)["rows"]
+        self.assertEqual([row["row"] for row in rows], list(range(1, len(rows) + 1)))
+        roofs = [row for row in rows if row["fill"]["Visible"] == -1 and row["fill"]["Type"] == 1
+                 and row["fill"]["ForeColorRGB"] == 0x0000C0]
+        styles = normal_form.NormalForm(TOWN)
+        blue = normal_form.NormalForm(TOWN, normal_form.solid_fills(MAP))
+        expected = sum(a != b for a, b in zip(styles.shapes, blue.shapes)
+                       if a[0] != normal_form.DRAW + "g")
+        self.assertEqual(sum(row["shapes"] for row in roofs), expected)
+        self.assertEqual(len(roofs), 1)
+        self.assertIsNone(roofs[0]["new"])
+        self.assertEqual(list(rows[0]["fill"])[:3], ["Visible", "ForeColorRGB", "BackColorRGB"])
+
+    def test_the_table_for_people_has_a_line_a_row(self):
+        done = self.run_program("fills", TOWN)
+        self.assertEqual(done.returncode, 0, done.stderr)
+        self.assertEqual(len(done.stdout.splitlines()), 1 + len(self.listing(TOWN)["rows"]))
+        self.assertIn("#C00000", done.stdout)
+
+    def test_an_edited_listing_is_a_plan(self):
+        plan = self.listing(TOWN)
+        row = next(row for row in plan["rows"] if row["fill"]["ForeColorRGB"] == 0x0000C0)
+        row["new"] = dict(row["fill"], ForeColorRGB=0xC07000)
+        bare = next(row for row in plan["rows"] if row["fill"]["Type"] == 3)
+        bare["new"] = "none"
+        path = self.folder / "plan.json"
+        path.write_text(json.dumps(plan), encoding="utf-8")
+        output = self.folder / "planned.odt"
+        done = self.run_program("recolor", TOWN, "-o", output, "--plan", path, "--json")
+        self.assertEqual(done.returncode, 0, done.stderr)
+        self.assertEqual(json.loads(done.stdout)["changed"], row["shapes"] + bare["shapes"])
+        after = {json.dumps(r["fill"]): r["shapes"] for r in self.listing(output)["rows"]}
+        self.assertEqual(after[json.dumps(row["new"])], row["shapes"])
+        self.assertNotIn(json.dumps(row["fill"]), after)
+        self.assertNotIn(json.dumps(bare["fill"]), after)
+
+    def test_each_kind_of_fill_is_read_back_from_the_stored_document(self):
+        kinds = [
+            {"Visible": -1, "Type": 2, "Pattern": 14, "ForeColorRGB": 255, "BackColorRGB": 65535},
+            {"Visible": -1, "Type": 3, "GradientColorType": 1, "GradientStyle": 1,
+             "GradientVariant": 2, "GradientDegree": 0.25, "ForeColorRGB": 0x336699},
+            {"Visible": -1, "Type": 3, "GradientColorType": 2, "GradientStyle": 4,
+             "GradientVariant": 3, "ForeColorRGB": 0x336699, "BackColorRGB": 0x99CC},
+            {"Visible": -1, "Type": 3, "GradientColorType": 3, "GradientStyle": 2,
+             "GradientVariant": 1, "PresetGradientType": 7},
+            {"Visible": -1, "Type": 4, "TextureType": 1, "PresetTexture": 12},
+            {"Visible": -1, "Type": 1, "ForeColorRGB": 0x010203, "Transparency": 0.375},
+        ]
+        rows = [row for row in self.listing(TOWN)["rows"] if row["fill"]["Visible"] == -1]
+        arguments = []
+        for row, kind in zip(rows, kinds):
+            arguments += ["--row", f"{row['row']}={json.dumps(kind)}"]
+        output = self.folder / "kinds.odt"
+        done = self.run_program("recolor", TOWN, "-o", output, *arguments)
+        self.assertEqual(done.returncode, 0, done.stderr)
+        after = self.listing(output)["rows"]
+        for row, kind in zip(rows, kinds):
+            matching = [r for r in after if kind.items() <= r["fill"].items()]
+            self.assertEqual([r["shapes"] for r in matching], [row["shapes"]], kind)
+
+
+class BadInput(OnDocuments):
+    def test_a_missing_file(self):
+        self.assert_refused("there is no file", "fills", self.folder / "none.odt")
+
+    def test_a_folder(self):
+        self.assert_refused("is a folder", "fills", self.folder)
+
+    def test_what_is_no_document(self):
+        for name, data in {"noise.docx": bytes(range(256)) * 20, "words.odt": b"hello\n",
+                           "empty.odt": b"", "cut.odt": TOWN.read_bytes()[:20000]}.items():
+            path = self.folder / name
+            path.write_bytes(data)
+            with self.subTest(name):
+                self.assert_refused("document", "fills", path)
+
+    def test_a_password(self):
+        path = self.folder / "secret.odt"
+        with PrivateOffice() as office:
+            document = office.load(TOWN)
+            document.storeToURL(file_url(path),
+                                properties(FilterName="writer8", Password="heslo"))
+            document.close(True)
+        self.assert_refused("password", "fills", path)
+
+    def test_a_document_without_shapes(self):
+        path = self.folder / "bare.odt"
+        with PrivateOffice() as office:
+            document = office.desktop.loadComponentFromURL(
+                "private:factory/swriter", "_blank", 0, properties(Hidden=True))
+            document.Text.String = "Bez tvarů"
+            office.store(document, path)
+            document.close(True)
+        self.assert_refused("no drawing shapes", "fills", path)
+        output = self.folder / "bare-out.odt"
+        self.assert_refused("no drawing shapes", "recolor", path, "-o", output, "--map",
+                            f"{ROOFS}={BLUE}")
+        self.assertFalse(output.exists())
+
+    def test_an_output_that_cannot_be_written(self):
+        mapping = ("--map", f"{ROOFS}={BLUE}")
+        self.assert_refused("cannot write", "recolor", TOWN, "-o", self.folder / "no" / "x.odt",
+                            *mapping)
+        self.assert_refused("cannot write", "recolor", TOWN, "-o", self.folder, *mapping)
+
+    def test_an_output_that_is_the_document(self):
+        self.assert_refused("--in-place", "recolor", TOWN, "-o", TOWN, "--map", f"{ROOFS}={BLUE}")
+
+    def test_unknown_rows_and_colours(self):
+        output = self.folder / "unknown.odt"
+        output.write_text("mine")
+        self.assert_refused("no row 999", "recolor", TOWN, "-o", output, "--row", "999=none")
+        self.assert_refused("#010203", "recolor", TOWN, "-o", output, "--map", "#010203=#000000")
+        self.assertEqual(output.read_text(), "mine")
+
+    def test_malformed_requests(self):
+        output = self.folder / "malformed.odt"
+        plan = self.folder / "bad.json"
+        for text, words in {"{": "JSON", "[]": "no rows", '{"rows":[1]}': "no object"}.items():
+            plan.write_text(text)
+            self.assert_refused(words, "recolor", TOWN, "-o", output, "--plan", plan)
+        self.assert_refused("colour", "recolor", TOWN, "-o", output, "--map", "red=blue")
+        self.assertFalse(output.exists())
+
+    def test_a_plan_for_another_document(self):
+        done = self.run_program("fills", TOWN, "--json")
+        plan = json.loads(done.stdout)
+        plan["rows"][0]["fill"]["ForeColorRGB"] ^= 1
+        plan["rows"][0]["new"] = "#123456"
+        path = self.folder / "foreign.json"
+        path.write_text(json.dumps(plan))
+        output = self.folder / "foreign.odt"
+        self.assert_refused("another document", "recolor", TOWN, "-o", output, "--plan", path)
+        self.assertFalse(output.exists())
+
+    def test_a_missing_office(self):
+        environment = dict(self.environment, HUEBRUSH_OFFICE="/nowhere/soffice")
+        done = huebrush("fills", TOWN, env=environment)
+        self.assertEqual(done.returncode, 1)
+        self.assertIn("/nowhere/soffice", done.stderr)
+        environment = dict(self.environment, PATH=str(self.folder))
+        environment["HUEBRUSH_OFFICE"] = str(self.folder)
+        self.assertEqual(huebrush("fills", TOWN, env=environment).returncode, 1)
+        self.assert_nothing_left()
+
+    def test_one_shape_too_many(self):
+        path = self.folder / "many.fodt"
+        subprocess.run([sys.executable, str(ROOT / "bench" / "make_document.py"), str(path),
+                        "--shapes", "32768", "--fills", "8"], check=True)
+        output = self.folder / "many-out.odt"
+        self.assert_refused("32767", "recolor", path, "-o", output, "--row", "1=none")
+        self.assertFalse(output.exists())
+
+
+class Interruption(OnDocuments):
+    """Whatever ends the work early, nothing is left behind and nothing is lost."""
+
+    def start(self, output):
+        return subprocess.Popen(
+            [PROGRAM, "recolor", str(TOWN), "-o", str(output), "--map", f"{ROOFS}={BLUE}"],
+            stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True,
+            env=self.environment)
+
+    def office_processes(self):
+        return [pid for pid in processes_mentioning(str(self.temporary))
+                if b"soffice.bin" in Path(f"/proc/{pid}/cmdline").read_bytes()]
+
+    def test_control_c(self):
+        for number in (signal.SIGINT, signal.SIGTERM):
+            output = self.folder / "interrupted.odt"
+            output.write_text("mine")
+            program = self.start(output)
+            wait_until(self.office_processes)
+            program.send_signal(number)
+            _, errors = program.communicate(timeout=LIMIT)
+            self.assertEqual(program.returncode, 130)
+            self.assertEqual(len(errors.strip().splitlines()), 1)
+            self.assertEqual(output.read_text(), "mine")
+            self.assert_nothing_left()
+
+    def test_the_office_dies(self):
+        output = self.folder / "died.odt"
+        program = self.start(output)
+        wait_until(self.office_processes)
+        for pid in self.office_processes():
+            os.kill(pid, signal.SIGKILL)
+        _, errors = program.communicate(timeout=LIMIT)
+        self.assertEqual(program.returncode, 1)
+        self.assertIn("LibreOffice ended before the work was done", errors)
+        self.assertFalse(output.exists())
+        self.assert_nothing_left()
+
+
+if __name__ == "__main__":
+    unittest.main(verbosity=2)

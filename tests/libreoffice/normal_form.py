@@ -1,0 +1,123 @@
+"""Documents in a form in which two of them can be compared.
+
+An automatic style is a name for a set of properties, and which name is chance: here every
+reference to one is replaced by the properties themselves.
+"""
+
+import re
+import zipfile
+import xml.etree.ElementTree as ET
+from pathlib import Path
+
+DRAW = "{urn:oasis:names:tc:opendocument:xmlns:drawing:1.0}"
+STYLE = "{urn:oasis:names:tc:opendocument:xmlns:style:1.0}"
+OFFICE = "{urn:oasis:names:tc:opendocument:xmlns:office:1.0}"
+DRAWINGML = "{http://schemas.openxmlformats.org/drawingml/2006/main}"
+WPS = "{http://schemas.microsoft.com/office/word/2010/wordprocessingShape}"
+
+SHAPES = {DRAW + name for name in
+          ("custom-shape", "rect", "circle", "ellipse", "polygon", "polyline", "path", "line",
+           "regular-polygon", "connector", "caption", "measure", "g", "control", "frame")}
+STYLE_REFERENCES = {DRAW + "style-name", DRAW + "text-style-name",
+                    "{urn:oasis:names:tc:opendocument:xmlns:text:1.0}style-name",
+                    "{urn:oasis:names:tc:opendocument:xmlns:table:1.0}style-name"}
+
+
+def content_of(path):
+    """The root element of an OpenDocument text's content, packed or flat."""
+    path = Path(path)
+    if path.suffix == ".fodt":
+        return ET.parse(path).getroot()
+    with zipfile.ZipFile(path) as package:
+        return ET.fromstring(package.read("content.xml"))
+
+
+def automatic_styles(root):
+    section = root.find(OFFICE + "automatic-styles")
+    return {} if section is None else {style.get(STYLE + "name"): style for style in section}
+
+
+def canonical(element):
+    attributes = sorted(element.items())
+    return (element.tag, tuple(attributes), (element.text or "").strip(),
+            tuple(canonical(child) for child in element))
+
+
+class NormalForm:
+    """A body in which style names stand for their properties. `recolour` is applied to the fill
+    attributes of each shape's style: what one expects a recolour to have done."""
+
+    def __init__(self, path, recolour=None):
+        root = content_of(path)
+        self._styles = automatic_styles(root)
+        self._recolour = recolour
+        self.body = self._element(root.find(OFFICE + "body"))
+        self.shapes = [self._element(element) for element in root.find(OFFICE + "body").iter()
+                       if element.tag in SHAPES]
+
+    def _element(self, element):
+        attributes = tuple(sorted((name, self._value(name, value, element))
+                                  for name, value in element.items()))
+        return (element.tag, attributes, (element.text or "").strip(),
+                (element.tail or "").strip(), tuple(self._element(child) for child in element))
+
+    def _value(self, name, value, owner):
+        if name not in STYLE_REFERENCES or value not in self._styles:
+            return value
+        style = self._styles[value]
+        is_fill = name == DRAW + "style-name" and owner.tag in SHAPES
+        return self._style(style, is_fill)
+
+    def _style(self, style, is_fill):
+        properties = []
+        for child in style:
+            attributes = dict(child.items())
+            if is_fill and self._recolour and DRAW + "fill" in attributes:
+                attributes = self._recolour(attributes)
+            properties.append((child.tag, tuple(sorted(attributes.items())),
+                               tuple(canonical(inner) for inner in child)))
+        attributes = tuple(sorted((name, value) for name, value in style.items()
+                                  if name != STYLE + "name"))
+        return (attributes, tuple(properties))
+
+
+def solid_fills(mapping):
+    """A recolour of the solid fills in a style's attributes."""
+    def recolour(attributes):
+        color = attributes.get(DRAW + "fill-color", "").lower()
+        if attributes.get(DRAW + "fill") == "solid" and color in mapping:
+            attributes[DRAW + "fill-color"] = mapping[color]
+        return attributes
+    return recolour
+
+
+def docx_body(path, mapping=None):
+    """The body of a .docx, with the solid fills of its shapes mapped; the count of those."""
+    with zipfile.ZipFile(path) as package:
+        text = package.read("word/document.xml").decode("utf-8")
+    root = ET.fromstring(text)
+    mapped = 0
+    for properties in root.iter(WPS + "spPr"):
+        fill = properties.find(DRAWINGML + "solidFill")
+        color = None if fill is None else fill.find(DRAWINGML + "srgbClr")
+        key = "" if color is None else "#" + color.get("val").lower()
+        if mapping and key in mapping:
+            color.set("val", mapping[key][1:])
+            mapped += 1
+    for shape in root.iter():
+        key = (shape.get("fillcolor") or "").lower()
+        if mapping and key in mapping and shape.get("filled") != "f":
+            shape.set("fillcolor", mapping[key])
+    return canonical(root), mapped
+
+
+def docx_other_parts(path):
+    """The other parts of a .docx, without what says when it was written."""
+    with zipfile.ZipFile(path) as package:
+        parts = {name: package.read(name) for name in package.namelist()
+                 if name != "word/document.xml"}
+    for name, data in parts.items():
+        if name.startswith("docProps/"):
+            parts[name] = re.sub(rb"<(dcterms:modified|dcterms:created|TotalTime|AppVersion)"
+                                 rb"[^>]*>[^<]*<", b"<", data)
+    return parts

@@ -1,0 +1,44 @@
+#!/usr/bin/env bash
+# Shows the main job on the example picture: its fills, a recolour, and pictures of before and after.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+
+program=build/release/bin/huebrush
+input=examples/town.odt
+folder=build/demo
+output=$folder/town-recoloured.odt
+mkdir -p "$folder"
+
+picture() { # DOCUMENT PICTURE
+  local work
+  work=$(mktemp -d)
+  soffice --headless --norestore "-env:UserInstallation=file://$work/profile" \
+    --convert-to pdf --outdir "$work" "$1" >/dev/null 2>&1
+  pdftoppm -r 100 -f 1 -l 1 -png -singlefile "$work"/*.pdf "${2%.png}"
+  rm -rf "$work"
+}
+
+echo "The fills of $input:"
+$program fills "$input"
+echo
+echo "Roofs from red to blue, grass from green to autumn:"
+set -x
+$program recolor "$input" -o "$output" \
+  --map '#C00000=#0070C0' --map '#70AD47=#C9A227' --map '#548235=#B5651D'
+{ set +x; } 2>/dev/null
+picture "$input" "$folder/before.png"
+picture "$output" "$folder/after.png"
+echo
+echo "written: $output"
+echo "         $folder/before.png"
+echo "         $folder/after.png"
+
+if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
+  echo "opening Writer with the result and the Huebrush tool bar ..."
+  profile=$(realpath "$folder")/profile
+  soffice --norestore "-env:UserInstallation=file://$profile" \
+    "-env:BUNDLED_EXTENSIONS=file://$(realpath build/release/extension)" \
+    --writer "$output" >/dev/null 2>&1 &
+else
+  echo "with a display, Writer would open here with the result and the Huebrush tool bar"
+fi
