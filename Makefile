@@ -39,7 +39,7 @@ format:
 	@tools/sources.sh | xargs clang-format -i
 
 bench: build
-	@bench/run.py
+	@/usr/bin/python3 bench/run.py --json build/bench.json
 
 clean:
 	rm -rf build

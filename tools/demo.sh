@@ -21,10 +21,10 @@ picture() { # DOCUMENT PICTURE
 echo "The fills of $input:"
 $program fills "$input"
 echo
-echo "Roofs from red to blue, grass from green to autumn:"
+echo "Roofs from red to blue, trees from green to autumn:"
 set -x
 $program recolor "$input" -o "$output" \
-  --map '#C00000=#0070C0' --map '#70AD47=#C9A227' --map '#548235=#B5651D'
+  --map '#C00000=#0070C0' --map '#2F6B3C=#B5651D' --map '#3F8A4D=#D98E04' --map '#5B9A3C=#C9762B' --map '#86BC55=#E3A94F'
 { set +x; } 2>/dev/null
 picture "$input" "$folder/before.png"
 picture "$output" "$folder/after.png"
