@@ -18,6 +18,10 @@ void throwOverflow() {
     throw Error(ErrorNumber::kOverflow, "Přetečení.");
 }
 
+void throwCountOverflow() {
+    throw Error(ErrorNumber::kOverflow, "Přetečení: počet přesáhl 32767.");
+}
+
 void throwObjectNotSet() {
     throw Error(ErrorNumber::kObjectNotSet, "Proměnná objektu není nastavena.");
 }
