@@ -135,8 +135,8 @@ void Session::editRow(const RowEdit& rowEdit) {
         throw RequestError(text("the plan was made for another document: row ", rowEdit.row,
                                 " has a different fill"));
     }
-    fill::FillProperties edited = rowEdit.edit(fill.original());
-    if (!(edited == fill.original())) fill.setDestination(std::move(edited));
+    const fill::FillProperties edited = rowEdit.edit(fill.original());
+    if (!(edited == fill.original())) fill.setDestination(edited);
 }
 
 RecolorResult Session::result(const std::vector<bool>& wasChanged, std::size_t firstMessage,

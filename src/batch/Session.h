@@ -103,7 +103,7 @@ class Session {
     void editRow(const RowEdit& edit);
     RecolorResult result(const std::vector<bool>& wasChanged, std::size_t firstMessage,
                          std::size_t firstStep) const;
-    void account(std::int16_t row, bool wasChanged, const std::string& failure,
+    void account(std::int16_t index, bool wasChanged, const std::string& failure,
                  RecolorResult& result) const;
 
     BatchRuntime& runtime_;

@@ -14,7 +14,7 @@ constexpr int kMomentMilliseconds = 100;
 }
 
 // Opened for writing, too: so the pipe does not end when a writer closes it.
-Channel::Channel(std::filesystem::path path) : file_(-1) {
+Channel::Channel(const std::filesystem::path& path) {
     if (mkfifo(path.c_str(), S_IRUSR | S_IWUSR) == 0) {
         file_ = open(path.c_str(), O_RDWR | O_NONBLOCK | O_CLOEXEC);
     }

@@ -10,7 +10,7 @@ namespace huebrush::cli {
 class Channel {
  public:
     /// Makes the pipe. Failure when it cannot be made.
-    explicit Channel(std::filesystem::path path);
+    explicit Channel(const std::filesystem::path& path);
     Channel(const Channel&) = delete;
     Channel& operator=(const Channel&) = delete;
     ~Channel();
@@ -21,7 +21,7 @@ class Channel {
  private:
     std::optional<std::string> takeLine();
 
-    int file_;
+    int file_ = -1;
     std::string received_;
 };
 

@@ -72,12 +72,22 @@ fs::path findExtensions() {
     for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) dup2(nowhere, stream);
     unsetenv("DISPLAY");
     std::vector<char*> arguments;
+    arguments.reserve(command.size() + 1);
     for (const std::string& argument : command) {
         arguments.push_back(const_cast<char*>(argument.c_str()));
     }
     arguments.push_back(nullptr);
     execv(arguments.front(), arguments.data());
     _exit(127);
+}
+
+pid_t start(const std::vector<std::string>& command) {
+    const pid_t pid = fork();
+    if (pid < 0) throw Failure("cannot start LibreOffice");
+    if (pid == 0) becomeOffice(command);
+    // By both, so that neither runs on before it is done.
+    setpgid(pid, pid);
+    return pid;
 }
 
 std::string urlOf(const fs::path& path) {
@@ -97,14 +107,8 @@ std::string urlOf(const fs::path& path) {
     return url.str();
 }
 
-}  // namespace
-
-Installation findInstallation() {
-    return {findOffice(), findExtensions()};
-}
-
-OfficeProcess::OfficeProcess(const Installation& installation, const fs::path& profile,
-                             const std::vector<std::string>& arguments) {
+std::vector<std::string> commandOf(const Installation& installation, const fs::path& profile,
+                                   const std::vector<std::string>& arguments) {
     std::vector<std::string> command{installation.office.string(),
                                      "--headless",
                                      "--norestore",
@@ -113,11 +117,18 @@ OfficeProcess::OfficeProcess(const Installation& installation, const fs::path& p
                                      "-env:UserInstallation=" + urlOf(profile),
                                      "-env:BUNDLED_EXTENSIONS=" + urlOf(installation.extensions)};
     command.insert(command.end(), arguments.begin(), arguments.end());
-    pid_ = fork();
-    if (pid_ < 0) throw Failure("cannot start LibreOffice");
-    if (pid_ == 0) becomeOffice(command);
-    setpgid(pid_, pid_);
+    return command;
 }
+
+}  // namespace
+
+Installation findInstallation() {
+    return {findOffice(), findExtensions()};
+}
+
+OfficeProcess::OfficeProcess(const Installation& installation, const fs::path& profile,
+                             const std::vector<std::string>& arguments)
+    : pid_(start(commandOf(installation, profile, arguments))) {}
 
 OfficeProcess::~OfficeProcess() {
     kill(-pid_, SIGTERM);

@@ -35,7 +35,7 @@ class OfficeProcess {
     void end() noexcept;
 
  private:
-    pid_t pid_ = -1;
+    pid_t pid_;
     bool reaped_ = false;
 };
 

@@ -40,7 +40,7 @@ fs::path followed(const fs::path& target) {
 
 }  // namespace
 
-OutputFile::OutputFile(fs::path target) : target_(followed(target)), file_(-1) {
+OutputFile::OutputFile(const fs::path& target) : target_(followed(target)) {
     std::error_code ignored;
     if (fs::is_directory(target_, ignored)) throwUnwritable(target_, EISDIR);
     if (fs::exists(target_, ignored) && access(target_.c_str(), W_OK) != 0) {

@@ -9,7 +9,7 @@ namespace huebrush::cli {
 class OutputFile {
  public:
     /// Failure at once when nothing can be written there.
-    explicit OutputFile(std::filesystem::path target);
+    explicit OutputFile(const std::filesystem::path& target);
     OutputFile(const OutputFile&) = delete;
     OutputFile& operator=(const OutputFile&) = delete;
     ~OutputFile();
@@ -22,7 +22,7 @@ class OutputFile {
 
     std::filesystem::path target_;
     std::filesystem::path beside_;
-    int file_;
+    int file_ = -1;
 };
 
 }  // namespace huebrush::cli

@@ -92,7 +92,7 @@ class Steps {
  private:
     struct Left {};
 
-    Steps(const Place& place, Ask ask) : place_(place), ask_(std::move(ask)) {}
+    Steps(Place place, Ask ask) : place_(std::move(place)), ask_(std::move(ask)) {}
 
     /// Whether the procedure is to go on with the next step; false to repeat this one.
     template <std::invocable Step>

@@ -68,13 +68,14 @@ void Form::moveFocus(Control* target) {
     if (unloaded_ || target == focused_) return;
     Control* const former = std::exchange(focused_, target);
     const std::vector<Control*> left = focusChain(former);
-    const std::vector<Control*> entered = focusChain(target);
+    std::vector<Control*> entered = focusChain(target);
     for (Control* const control : left) {
         if (!isIn(entered, control)) control->LostFocus();
     }
-    for (auto at = entered.rbegin(); at != entered.rend(); ++at) {
+    std::reverse(entered.begin(), entered.end());
+    for (Control* const control : entered) {
         // A handler above may have moved the focus further.
-        if (focused_ == target && !isIn(left, *at)) (*at)->GotFocus();
+        if (focused_ == target && !isIn(left, control)) control->GotFocus();
     }
 }
 

@@ -65,7 +65,10 @@ class Property {
         }
         return *this;
     }
-    Property& operator=(const Property& other) { return *this = other.value_; }
+    Property& operator=(const Property& other) {
+        if (this != &other) *this = other.value_;
+        return *this;
+    }
 
     /// Gives the value of design time: nobody is told.
     void initialize(T value) { value_ = std::move(value); }

@@ -9,7 +9,7 @@ void UserControl::Refresh() {
 }
 
 Font UserControl::ambientFont() const {
-    return form().Font;
+    return form().Font.get();
 }
 
 void UserControl::propertyChanged(PropertyId id) {

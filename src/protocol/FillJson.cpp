@@ -21,7 +21,7 @@ using nlohmann::json;
 /// 0.20000000298.
 double shortest(float value) {
     char digits[64];
-    const auto end = std::to_chars(std::begin(digits), std::end(digits), value).ptr;
+    const char* const end = std::to_chars(std::begin(digits), std::end(digits), value).ptr;
     double number = 0;
     std::from_chars(digits, end, number);
     return number;
@@ -83,10 +83,10 @@ std::size_t readProperties(const json& object, fill::FillProperties& fill) {
 }
 
 std::string firstUnknownKey(const json& object) {
-    for (const auto& [key, value] : object.items()) {
+    for (const auto& item : object.items()) {
         bool known = false;
-        fill::forEveryProperty([&](const auto& property) { known |= key == property.name; });
-        if (!known) return key;
+        fill::forEveryProperty([&](const auto& property) { known |= item.key() == property.name; });
+        if (!known) return item.key();
     }
     return {};
 }
@@ -107,7 +107,7 @@ float transparencyFromText(std::string_view value) {
     const bool percent = value.ends_with('%');
     if (percent) value.remove_suffix(1);
     double number = std::numeric_limits<double>::quiet_NaN();
-    const auto end = value.data() + value.size();
+    const char* const end = value.data() + value.size();
     const auto result = std::from_chars(value.data(), end, number);
     if (result.ec != std::errc{} || result.ptr != end) number = -1;
     const auto transparency = static_cast<float>(percent ? number / 100 : number);

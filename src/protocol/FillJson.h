@@ -26,11 +26,11 @@ fill::FillProperties fillFromJson(const nlohmann::json& value);
 /// stay as they are.
 batch::FillEdit editFromJson(const nlohmann::json& value);
 /// The same from the command line, where an object is written as JSON.
-batch::FillEdit editFromText(const std::string& text);
+batch::FillEdit editFromText(const std::string& value);
 
 /// "#C00000=#0070C0".
-batch::ColorMapping mappingFromText(const std::string& text);
+batch::ColorMapping mappingFromText(const std::string& value);
 /// "3=FILL", FILL as in editFromText.
-batch::RowEdit rowEditFromText(const std::string& text);
+batch::RowEdit rowEditFromText(const std::string& value);
 
 }  // namespace huebrush::protocol

@@ -1,12 +1,11 @@
 #include "protocol/Job.h"
 
-#include "base/Text.h"
+#include <limits>
 
 namespace huebrush::protocol {
 
 namespace {
 
-using base::text;
 using nlohmann::json;
 using nlohmann::ordered_json;
 
@@ -21,11 +20,16 @@ const char* nameOf(batch::Message::Kind kind) {
     }
 }
 
+bool isRowNumber(const json& value) {
+    return value.is_number_integer() && value >= 1 &&
+           value <= std::numeric_limits<std::int32_t>::max();
+}
+
 /// A line of a plan; nothing to do where "new" is missing or null.
 void addPlanRow(const json& line, std::vector<batch::RowEdit>& rows) {
     if (!line.is_object()) throw ParseError("a row of the plan is no object");
     const auto row = line.find("row");
-    if (row == line.end() || !row->is_number_integer()) {
+    if (row == line.end() || !isRowNumber(*row)) {
         throw ParseError("a row of the plan has no number");
     }
     const auto wanted = line.find("new");

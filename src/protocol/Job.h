@@ -12,13 +12,13 @@ namespace huebrush::protocol {
 /// What the program asks of its office. The edits travel as they were written, and are read by
 /// requestOf on either side: by the program to refuse bad ones early, by the office to carry them
 /// out.
-struct Job {
+struct Job {  // NOLINT(bugprone-exception-escape): the JSON value checks itself when moved
     std::string input;    ///< The document's path.
     std::string output;   ///< Where to store the result; empty to list the fills only.
     std::string channel;  ///< The pipe that takes the messages.
     std::vector<std::string> maps;
     std::vector<std::string> rows;
-    nlohmann::json plan;  ///< An edited listing, or null.
+    nlohmann::json plan = nullptr;  ///< An edited listing, or null.
 };
 
 nlohmann::json toJson(const Job& job);

@@ -43,9 +43,9 @@ class ColorElement final : public forms::UserControl {
     // The saved properties, in the order in which they are saved.
     std::int16_t MousePointer() const { return mousePointer_; }
     void setMousePointer(std::int16_t pointer);
-    base::Picture DestinationPicture() const { return picDestination.Picture; }
+    base::Picture DestinationPicture() const { return picDestination.Picture.get(); }
     void setDestinationPicture(const base::Picture& picture);
-    base::Picture SourcePicture() const { return picSource.Picture; }
+    base::Picture SourcePicture() const { return picSource.Picture.get(); }
     void setSourcePicture(const base::Picture& picture);
     std::int16_t SelectValue() const { return chkSelect.Value; }
     void setSelectValue(std::int16_t value);

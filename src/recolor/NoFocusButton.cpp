@@ -84,12 +84,12 @@ void NoFocusButton::propertyChanged(forms::PropertyId id) {
 void NoFocusButton::resized() {
     img.Move(0, 0, Width, Height);
     imgD.Move(0, 0, Width, Height);
-    const double right = Width - kEdgeOffset;
-    const double bottom = Height - kEdgeOffset;
-    lineTop.Move(0, 0, right, 0);
-    lineLeft.Move(0, 0, 0, bottom);
-    lineBottom.Move(0, bottom, right, 0);
-    lineRight.Move(right, 0, 0, bottom);
+    const double innerWidth = Width - kEdgeOffset;
+    const double innerHeight = Height - kEdgeOffset;
+    lineTop.Move(0, 0, innerWidth, 0);
+    lineLeft.Move(0, 0, 0, innerHeight);
+    lineBottom.Move(0, innerHeight, innerWidth, 0);
+    lineRight.Move(innerWidth, 0, 0, innerHeight);
     centre(imgE);
 }
 

@@ -20,9 +20,9 @@ class NoFocusButton final : public forms::UserControl {
     forms::Property<unsigned> ForeColor{*this, forms::PropertyId::ForeColor, kDefaultForeColor};
     forms::Property<forms::Font> Font{*this, forms::PropertyId::Font};
     forms::Property<std::string> Caption{*this, forms::PropertyId::Caption, kDefaultCaption};
-    base::Picture Picture() const { return imgE.Picture; }
+    base::Picture Picture() const { return imgE.Picture.get(); }
     void setPicture(const base::Picture& picture);
-    base::Picture DisabledPicture() const { return imgD.Picture; }
+    base::Picture DisabledPicture() const { return imgD.Picture.get(); }
     void setDisabledPicture(const base::Picture& picture);
 
     base::Event<> Click;
