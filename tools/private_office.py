@@ -11,11 +11,15 @@ import os
 import shutil
 import signal
 import subprocess
+import sys
 import tempfile
+import threading
 import time
 from pathlib import Path
 
 import uno
+import unohelper
+from com.sun.star.awt import XCallback
 from com.sun.star.beans import PropertyValue
 from com.sun.star.connection import NoConnectException
 from com.sun.star.lang import DisposedException
@@ -41,6 +45,24 @@ def file_url(path):
     return uno.systemPathToFileUrl(str(Path(path).resolve()))
 
 
+class Callback(unohelper.Base, XCallback):
+    """A function to be called by the office, and what became of it."""
+
+    def __init__(self, function):
+        self.function = function
+        self.done = threading.Event()
+        self.result = None
+        self.error = None
+
+    def notify(self, _):
+        try:
+            self.result = self.function()
+        except BaseException as error:
+            self.error = error
+        finally:
+            self.done.set()
+
+
 class PrivateOffice:
     """Entering starts the office and connects to it; leaving ends it and removes its profile."""
 
@@ -52,8 +74,13 @@ class PrivateOffice:
         self.process = None
         self.context = None
         self.desktop = None
+        self.is_busy = False
+        self.replaced_handler = None
 
     def __enter__(self):
+        if threading.current_thread() is threading.main_thread():
+            # A request to end leaves by way of __exit__, as an interrupt from the keyboard does.
+            self.replaced_handler = signal.signal(signal.SIGTERM, lambda *_: sys.exit(1))
         self.folder = Path(tempfile.mkdtemp(prefix="private-office-"))
         try:
             self._start()
@@ -99,6 +126,26 @@ class PrivateOffice:
         finally:
             document.close(True)
 
+    def on_main_thread(self, function):
+        """Runs the function so that the calls it makes into the office are made on its main thread,
+        and returns its result. Such calls find the thread that waits for them: the one that the
+        office calls back on."""
+        callback = Callback(function)
+        self.create("com.sun.star.awt.AsyncCallback").addCallback(callback, None)
+        self.is_busy = True
+        while not callback.done.wait(1.0):
+            if self.process.poll() is not None:
+                raise RuntimeError("LibreOffice ended")
+        self.is_busy = False
+        if callback.error is not None:
+            raise callback.error
+        return callback.result
+
+    def finish_pending(self):
+        """Lets the office do all that it has put off, such as laying out a document just loaded."""
+        toolkit = self.create("com.sun.star.awt.Toolkit")
+        self.on_main_thread(toolkit.processEventsToIdle)
+
     def _start(self):
         self.pipe = self.folder.name
         self.process = subprocess.Popen(
@@ -138,15 +185,18 @@ class PrivateOffice:
                 time.sleep(0.05)
 
     def _end(self):
-        if self.desktop is not None:
+        # An office that never answered, or is in the midst of something, would not listen.
+        listens = self.desktop is not None and not self.is_busy
+        if listens:
             try:
                 self.desktop.terminate()
             except (DisposedException, RuntimeException):
                 pass  # it died before; nothing is left to be asked
         if self.process is not None:
-            # Of an office that never answered nothing can be asked.
-            self._wait_or_kill(END_LIMIT if self.desktop is not None else 0.0)
+            self._wait_or_kill(END_LIMIT if listens else 0.0)
         shutil.rmtree(self.folder, ignore_errors=True)
+        if self.replaced_handler is not None:
+            signal.signal(signal.SIGTERM, self.replaced_handler)
 
     def _wait_or_kill(self, limit):
         try:
