@@ -68,7 +68,12 @@ Function Measure(oDocument As Object) As String
 	mFillNumbers = Nothing
 	Exit Function
 Failed:
-	Measure = "Line " & Erl & ": " & Error
+	Measure = "{""error"": """ & OneLine("Line " & Erl & ": " & Error) & """}"
+End Function
+
+Private Function OneLine(ByVal sText As String) As String
+	sText = Replace(Replace(sText, Chr(13), " "), Chr(10), " ")
+	OneLine = Replace(Replace(sText, "\", "/"), """", "'")
 End Function
 
 Private Function Member(sName As String, nValue As Long) As String

@@ -43,6 +43,7 @@ def measure(document_path, runs, measurers, extensions):
             with PrivateOffice(arguments=arguments) as office:
                 work = make(office)
                 document = office.load(document_path, hidden=False)
+                office.finish_pending()
                 result = json.loads(office.on_main_thread(lambda: work(document)))
                 if "error" in result:
                     raise RuntimeError(f"{name}: {result['error']}")

@@ -59,10 +59,10 @@ def run(peer, document_path, runs, hidden):
         for _ in range(runs):
             document = office.load(document_path, hidden)
             office.finish_pending()
-            result = office.on_main_thread(lambda: measure(document))
-            if not result.startswith("{"):
-                raise RuntimeError(result)
-            figures.append(json.loads(result))
+            result = json.loads(office.on_main_thread(lambda: measure(document)))
+            if "error" in result:
+                raise RuntimeError(result["error"])
+            figures.append(result)
             document.close(True)
     return figures
 
