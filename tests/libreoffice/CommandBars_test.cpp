@@ -2,42 +2,18 @@
 
 #include <gtest/gtest.h>
 
-#include <com/sun/star/frame/XComponentLoader.hpp>
-#include <com/sun/star/util/XCloseable.hpp>
-
+#include "OpenDocument.h"
 #include "TestComponent.h"
 #include "forms/Runtime.h"
 #include "ports/libreoffice/Snapshot.h"
 #include "ports/libreoffice/app/ActiveWindow.h"
 #include "ports/libreoffice/bar/TextWindows.h"
 #include "ports/libreoffice/runtime/OfficeRuntime.h"
-#include "ports/libreoffice/uno/Properties.h"
 
 namespace huebrush::tests {
 namespace {
 
-namespace css = com::sun::star;
-
 using libreoffice::CommandBars;
-
-/// An open, empty text document.
-class OpenWindow {
- public:
-    OpenWindow() {
-        const auto loader = libreoffice::createService<css::frame::XComponentLoader>(
-            officeContext(), "com.sun.star.frame.Desktop");
-        document_ = loader->loadComponentFromURL("private:factory/swriter", "_blank", 0, {});
-    }
-    OpenWindow(const OpenWindow&) = delete;
-    OpenWindow& operator=(const OpenWindow&) = delete;
-    ~OpenWindow() {
-        const css::uno::Reference<css::util::XCloseable> closeable(document_, css::uno::UNO_QUERY);
-        if (closeable.is()) closeable->close(true);
-    }
-
- private:
-    css::uno::Reference<css::lang::XComponent> document_;
-};
 
 class CommandBarsTest : public testing::Test {
  protected:
@@ -223,7 +199,7 @@ TEST_F(CommandBarsTest, ANewBarStandsInARowOfItsOwn) {
 }
 
 TEST_F(CommandBarsTest, AnOpenWindowShowsTheBarAndWhereItIs) {
-    const OpenWindow window;
+    const OpenDocument document;
     add("Jedna", "První");
     bars.save();
     bar->setVisible(true);

@@ -3,7 +3,13 @@
 import os
 import signal
 import subprocess
+import sys
 import time
+
+
+def end_cleanly_when_told_to():
+    """Lets SIGTERM unwind the stack, so that what was started is ended."""
+    signal.signal(signal.SIGTERM, lambda number, _: sys.exit(128 + number))
 
 
 class Office:

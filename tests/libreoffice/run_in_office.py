@@ -10,7 +10,7 @@ import os
 import sys
 import tempfile
 
-from office import Office
+from office import Office, end_cleanly_when_told_to
 
 
 def result_of(path):
@@ -24,6 +24,7 @@ def result_of(path):
 
 
 def main():
+    end_cleanly_when_told_to()
     parser = argparse.ArgumentParser(description=__doc__)
     parser.add_argument("--office", required=True, help="the program soffice")
     parser.add_argument("--extensions", required=True, help="the folder of unpacked extensions")

@@ -27,6 +27,7 @@ class Writer(Office):
         super().__init__(program, folder, extensions=extensions, plugin=plugin,
                          arguments=["--writer", f"--accept=pipe,name={self._pipe};urp"],
                          environment=screen.environment)
+        self._has_extension = extensions is not None
         self.screen = screen
         self.context = None
         self.desktop = None
@@ -37,7 +38,8 @@ class Writer(Office):
             self.context = wait_until(self._connect, "Writer answers", 60.0)
             self.desktop = self.create("com.sun.star.frame.Desktop")
             wait_until(lambda: self.frames(), "Writer has a window", 60.0)
-            wait_until(self.document_is_laid_out, "Writer's window is complete", 60.0)
+            if self._has_extension:
+                wait_until(self.bar, "Writer's window shows the bar", 60.0)
         except BaseException:
             self.__exit__()
             raise
@@ -70,9 +72,6 @@ class Writer(Office):
 
     def frame(self):
         return self.frames()[0]
-
-    def document_is_laid_out(self):
-        return self.bar() is not None
 
     def new_document(self, hidden=False):
         """A further document; its frame."""
@@ -137,13 +136,21 @@ class Writer(Office):
 
     # The bar.
 
-    def bar_url(self):
-        """The resource of our bar in the office's configuration, or nothing."""
+    def _bar_configuration(self):
         supplier = self.context.getValueByName(
             "/singletons/com.sun.star.ui.theModuleUIConfigurationManagerSupplier")
-        manager = supplier.getUIConfigurationManager("com.sun.star.text.TextDocument")
+        return supplier.getUIConfigurationManager("com.sun.star.text.TextDocument")
+
+    def tooltips(self):
+        """The tooltips of our bar's buttons, as the office keeps them."""
+        items = self._bar_configuration().getSettings(self.bar_url(), False)
+        return [value.Value for i in range(items.Count) for value in items.getByIndex(i)
+                if value.Name == "Tooltip"]
+
+    def bar_url(self):
+        """The resource of our bar in the office's configuration, or nothing."""
         toolbars = 3
-        for information in manager.getUIElementsInfo(toolbars):
+        for information in self._bar_configuration().getUIElementsInfo(toolbars):
             values = {value.Name: value.Value for value in information}
             if values.get("UIName") == BAR_NAME:
                 return values["ResourceURL"]

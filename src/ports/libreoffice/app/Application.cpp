@@ -23,7 +23,11 @@ std::shared_ptr<host::Document> Application::ActiveDocument() {
 
 void Application::setCursor(host::WdCursorType cursor) {
     const ActiveWindow::Frame frame = activeWindow_.frame();
+    if (waiting_.is() && waiting_ != frame) {
+        setPointer(context_, waiting_, host::WdCursorType::wdCursorNormal);
+    }
     if (frame.is()) setPointer(context_, frame, cursor);
+    waiting_ = cursor == host::WdCursorType::wdCursorWait ? frame : ActiveWindow::Frame();
 }
 
 std::shared_ptr<host::Dialog> Application::NoDialogs::Item(std::int32_t id) {

@@ -51,6 +51,8 @@ class Application final : public host::Application {
     libreoffice::CommandBars commandBars_;
     BarTemplate template_;
     NoDialogs dialogs_;
+    /// The window that shows the wait pointer.
+    ActiveWindow::Frame waiting_;
 };
 
 }  // namespace huebrush::libreoffice

@@ -35,9 +35,14 @@ void setName(const css::uno::Reference<css::uno::XInterface>& settings, const st
     values->setPropertyValue("UIName", css::uno::makeAny(toOffice(name)));
 }
 
+using Persistence = css::uno::Reference<css::ui::XUIConfigurationPersistence>;
+
+Persistence persistenceOf(const css::uno::Reference<css::uno::XInterface>& configuration) {
+    return {configuration, css::uno::UNO_QUERY_THROW};
+}
+
 void store(const css::uno::Reference<css::uno::XInterface>& configuration) {
-    const css::uno::Reference<css::ui::XUIConfigurationPersistence> persistence(
-        configuration, css::uno::UNO_QUERY_THROW);
+    const Persistence persistence = persistenceOf(configuration);
     if (persistence->isModified()) persistence->store();
 }
 
@@ -74,6 +79,10 @@ bool BarConfiguration::has(const std::string& url) const {
 
 void BarConfiguration::insert(const Bar& bar) {
     officeCalls([&] {
+        if (persistenceOf(manager_)->isReadOnly()) {
+            throw base::Error(base::ErrorNumber::kPathAccess,
+                              "Nastavení panelů nástrojů lze v tomto profilu jen číst.");
+        }
         const css::uno::Reference<css::container::XIndexContainer> settings =
             manager_->createSettings();
         setName(settings, bar.name);

@@ -1,0 +1,299 @@
+#!/usr/bin/env python3
+"""The tool bar in Writer's window, used as its user does: by mouse and keys, on a screen.
+
+    window_test.py --office SOFFICE --extensions FOLDER --plugin gen|gtk3 [unittest arguments]
+"""
+
+import argparse
+import glob
+import os
+import sys
+import tempfile
+import unittest
+
+import uno
+from com.sun.star.awt import Point
+
+from office import end_cleanly_when_told_to
+from screen import Screen, wait_until
+from writer import Writer
+
+RED, BLUE, GREEN, BLACK = 0xFF0000, 0x0000FF, 0x00FF00, 0x000000
+BY_FILL, BY_LINE, CHANGE_FILLS = "Dle výplne", "Dle čáry", "Změnit výplně"
+BY_FILL_TOTAL = "Celkový počet všech vybraných objektů se shodným typem výplně.. "
+BY_LINE_TOTAL = "Celkový počet všech vybraných objektů se stejnou barvou čáry.. "
+BY_LINE_NONE = "Nebyly nalezeny žádné jiné objekty se shodnou barvou čáry!"
+WRONG_SELECTION = "Nesprávný výběr"
+NONE_SELECTED = (
+    "Není vybrán vzorový grafický prvek!\n\n"
+    "Označ libovolný grafický prvek obrázku, jehož výplň bude použita pro nalezení ostatních "
+    "prvků v obrázku a spusť nástroj znovu.")
+SEVERAL_SELECTED = (
+    "Je vybráno více vzorových grafických prvků!\n\n"
+    "Označ pouze jeden libovolný grafický prvek obrázku, jehož barva čáry bude použita pro "
+    "nalezení ostatních prvků v obrázku a spusť nástroj znovu.")
+
+options = None
+
+
+def colour_count(pixels, wanted, tolerance=24):
+    """How many pixels are about of a colour (0xRRGGBB)."""
+    parts = wanted >> 16, wanted >> 8 & 0xFF, wanted & 0xFF
+    return sum(
+        all(abs(pixels[i + k] - parts[k]) <= tolerance for k in range(3))
+        for i in range(0, len(pixels), 3))
+
+
+def most_colourful(pixels):
+    """The greatest distance between the channels of any pixel: 0 for greys."""
+    return max(max(pixels[i:i + 3]) - min(pixels[i:i + 3]) for i in range(0, len(pixels), 3))
+
+
+class WindowTest(unittest.TestCase):
+    def setUp(self):
+        self._folder = tempfile.TemporaryDirectory(prefix="huebrush-window-")
+        self.addCleanup(self._folder.cleanup)
+        self.screen = self.enter(Screen())
+
+    def enter(self, context):
+        value = context.__enter__()
+        self.addCleanup(context.__exit__, None, None, None)
+        return value
+
+    def start(self, extensions=True):
+        """Writer on this test's profile."""
+        return self.enter(Writer(self.screen, options.office, self._folder.name,
+                                 options.extensions if extensions else None, options.plugin))
+
+    def status_picture(self, writer, text):
+        """What the status bar looks like with a text."""
+        before = writer.status_pixels()
+        indicator = writer.frame().createStatusIndicator()
+        indicator.start(text, 0)
+        picture = self.settled(writer.status_pixels, but=before)
+        indicator.end()
+        wait_until(lambda: writer.status_pixels() != picture, "the status text is gone")
+        return picture
+
+    @staticmethod
+    def settled(picture, but):
+        """A picture that differs from `but` and is the same twice in a row."""
+        last = [but]
+
+        def is_settled():
+            now, former = picture(), last[0]
+            last[0] = now
+            return now if now == former and now != but else None
+
+        return wait_until(is_settled, "the screen settles")
+
+    def assert_selection(self, writer, frame, shapes):
+        names = sorted(shape.Name for shape in shapes)
+        wait_until(lambda: writer.selected_names(frame) == names,
+                   f"selected are {names}, not {writer.selected_names(frame)}")
+
+    # The bar and its buttons.
+
+    def test_the_bar_has_three_buttons_with_their_captions_and_the_third_is_disabled(self):
+        writer = self.start()
+        buttons = writer.buttons()
+        self.assertEqual(list(buttons), [BY_FILL, BY_LINE, CHANGE_FILLS])
+        self.assertEqual([writer.is_enabled(button) for button in buttons.values()],
+                         [True, True, False])
+
+    def test_each_button_has_its_tooltip(self):
+        writer = self.start()
+        self.assertEqual(writer.tooltips(), [
+            "Vybere všechny ostatní grafické objekty se shodným typem výplně jako je právě "
+            "zvolený objekt",
+            "Vybere všechny ostatní grafické objekty se shodnou barvou čáry jako je právě "
+            "zvolený objekt",
+            "Zobrazí dialog hromadné záměny výplně grafických objektů"])
+
+    def test_each_button_shows_its_icon_and_the_disabled_one_in_grey(self):
+        writer = self.start()
+        buttons = writer.buttons()
+        blue, red = 0x2F7DE1, 0xD93A2B
+
+        def picture(caption):
+            return self.screen.pixels(*writer.place_of(buttons[caption]))
+
+        def shows(caption, wanted, unwanted):
+            pixels = picture(caption)
+            return colour_count(pixels, wanted) > 20 and colour_count(pixels, unwanted) == 0
+
+        wait_until(lambda: shows(BY_FILL, blue, red), "the first icon is painted")
+        wait_until(lambda: shows(BY_LINE, red, blue), "the second icon is painted")
+        wait_until(lambda: most_colourful(picture(CHANGE_FILLS)) < 40, "the third icon is grey")
+        self.assertGreater(len(set(picture(CHANGE_FILLS))), 20, "the third icon is painted")
+
+    def test_a_click_on_the_disabled_button_does_nothing(self):
+        writer = self.start()
+        windows = len(writer.top_windows())
+        writer.click_button(CHANGE_FILLS)
+        writer.click_button(BY_FILL)
+        wait_until(lambda: self.screen.windows_named(WRONG_SELECTION), "the next click is heard")
+        self.assertEqual(len(writer.top_windows()), windows + 1)
+        self.screen.key("Return")
+
+    # The selection commands.
+
+    def test_a_click_selects_all_shapes_of_the_same_fill(self):
+        writer = self.start()
+        frame = writer.frame()
+        sample = writer.add_shape(frame, (0, 0), RED, BLACK)
+        same = [writer.add_shape(frame, (1, 0), RED), writer.add_shape(frame, (2, 0), RED, BLUE)]
+        writer.add_shape(frame, (0, 1), BLUE, BLACK)
+        writer.add_shape(frame, (1, 1), None, BLACK)
+        status = self.status_picture(writer, BY_FILL_TOTAL + "3.")
+        self.assertNotEqual(status, self.status_picture(writer, BY_FILL_TOTAL + "4."))
+        writer.select(frame, sample)
+        writer.click_button(BY_FILL)
+        self.assert_selection(writer, frame, [sample, *same])
+        wait_until(lambda: writer.status_pixels() == status, "the status bar tells the total")
+
+    def test_a_click_selects_all_shapes_of_the_same_line(self):
+        writer = self.start()
+        frame = writer.frame()
+        sample = writer.add_shape(frame, (0, 0), RED, GREEN)
+        same = [writer.add_shape(frame, (1, 0), BLUE, GREEN, "Ellipse"),
+                writer.add_shape(frame, (2, 0), None, GREEN)]
+        writer.add_shape(frame, (0, 1), RED, BLACK)
+        writer.add_shape(frame, (1, 1), RED)
+        status = self.status_picture(writer, BY_LINE_TOTAL + "3.")
+        writer.select(frame, sample)
+        writer.click_button(BY_LINE)
+        self.assert_selection(writer, frame, [sample, *same])
+        wait_until(lambda: writer.status_pixels() == status, "the status bar tells the total")
+
+    def test_a_shape_without_its_like_stays_selected_alone_until_the_user_goes_on(self):
+        writer = self.start()
+        frame = writer.frame()
+        sample = writer.add_shape(frame, (0, 0), RED, GREEN)
+        writer.add_shape(frame, (1, 0), RED, BLACK)
+        status = self.status_picture(writer, BY_LINE_NONE)
+        writer.select(frame, sample)
+        writer.click_button(BY_LINE)
+        wait_until(lambda: writer.status_pixels() == status, "the status bar tells that")
+        self.assert_selection(writer, frame, [sample])
+        self.screen.key("Escape")
+        wait_until(lambda: writer.status_pixels() != status, "the status text makes way")
+
+    def test_hundreds_of_shapes_are_selected_at_once(self):
+        writer = self.start()
+        frame = writer.frame()
+        shapes = [writer.add_shape(frame, (i % 14, i // 14), (RED, BLUE)[i % 2])
+                  for i in range(250)]
+        writer.select(frame, shapes[0])
+        writer.click_button(BY_FILL)
+        self.assert_selection(writer, frame, shapes[::2])
+
+    def test_without_a_selection_a_box_says_so_and_a_key_closes_it(self):
+        writer = self.start()
+        frame = writer.frame()
+        writer.add_shape(frame, (0, 0), RED)
+        writer.click_button(BY_FILL)
+        wait_until(lambda: self.screen.windows_named(WRONG_SELECTION), "the box appears")
+        self.assertIn(NONE_SELECTED, writer.box_texts(WRONG_SELECTION))
+        self.assertEqual(self.warning_buttons(writer), ["OK"])
+        self.screen.key("Return")
+        wait_until(lambda: not self.screen.windows_named(WRONG_SELECTION), "the key closes it")
+
+    def test_with_two_selected_a_box_says_so_and_the_selection_stays(self):
+        writer = self.start()
+        frame = writer.frame()
+        shapes = [writer.add_shape(frame, (i, 0), RED, BLACK) for i in range(3)]
+        writer.select(frame, *shapes[:2])
+        writer.click_button(BY_LINE)
+        wait_until(lambda: self.screen.windows_named(WRONG_SELECTION), "the box appears")
+        self.assertIn(SEVERAL_SELECTED, writer.box_texts(WRONG_SELECTION))
+        self.screen.key("Escape")
+        wait_until(lambda: not self.screen.windows_named(WRONG_SELECTION), "the key closes it")
+        self.assert_selection(writer, frame, shapes[:2])
+
+    @staticmethod
+    def warning_buttons(writer):
+        return [text for text in writer.box_texts(WRONG_SELECTION) if text in ("OK", "Cancel")]
+
+    # Windows.
+
+    def test_a_click_acts_on_the_document_of_its_window(self):
+        writer = self.start()
+        first = writer.frame()
+        documents = {}
+        for frame in (first, writer.new_document(), writer.new_document(hidden=True)):
+            documents[frame.Title] = [writer.add_shape(frame, (i, 0), RED) for i in range(3)]
+            writer.select(frame, documents[frame.Title][0])
+        second = next(frame for frame in writer.frames() if frame.Title != first.Title)
+        wait_until(lambda: writer.bar(second), "the second window has the bar")
+
+        for frame, other in ((second, first), (first, second)):
+            for window in (first, second):
+                writer.select(window, documents[window.Title][0])
+            self.screen.focus(self.screen.windows_named(frame.Title)[0])
+            writer.click_button(BY_FILL, frame)
+            self.assert_selection(writer, frame, documents[frame.Title])
+            self.assert_selection(writer, other, documents[other.Title][:1])
+
+    def test_when_a_window_closes_the_one_before_it_is_active_again(self):
+        writer = self.start()
+        first = writer.frame()
+        shapes = [writer.add_shape(first, (i, 0), RED) for i in range(3)]
+        writer.select(first, shapes[0])
+        second = writer.new_document()
+        wait_until(lambda: writer.bar(second), "the second window has the bar")
+        second.close(True)
+        # Not by a click, which would itself make its window the active one.
+        writer.dispatch(writer.desktop, "vnd.huebrush:SellFill")
+        self.assert_selection(writer, first, shapes)
+
+    # From run to run.
+
+    def test_the_bar_keeps_its_edge_over_a_restart(self):
+        writer = self.start()
+        bottom = uno.Enum("com.sun.star.ui.DockingArea", "DOCKINGAREA_BOTTOM")
+        writer.frame().LayoutManager.dockWindow(writer.bar_url(), bottom, Point(0, 0))
+        wait_until(lambda: self.top_of_bar(writer) > Screen.HEIGHT // 2, "the bar is at the bottom")
+        self.assertEqual(writer.quit(), 0)
+        writer = self.start()
+        wait_until(lambda: self.top_of_bar(writer) > Screen.HEIGHT // 2,
+                   "the bar is at the bottom again")
+        self.assertEqual(list(writer.buttons()), [BY_FILL, BY_LINE, CHANGE_FILLS])
+
+    def test_a_floating_bar_keeps_its_place_over_a_restart(self):
+        writer = self.start()
+        layout, url = writer.frame().LayoutManager, writer.bar_url()
+        layout.unlockWindow(url)
+        layout.floatWindow(url)
+        layout.setElementPos(url, Point(400, 500))
+        wait_until(lambda: layout.isElementFloating(url), "the bar floats")
+        self.assertEqual(writer.quit(), 0)
+        writer = self.start()
+        layout, url = writer.frame().LayoutManager, writer.bar_url()
+        wait_until(lambda: layout.isElementFloating(url), "the bar floats again")
+        place = layout.getElementPos(url)
+        # A window manager may count a title bar once more.
+        self.assertLess(abs(place.X - 400) + abs(place.Y - 500), 40, (place.X, place.Y))
+
+    def test_nothing_of_the_bar_is_left_after_the_end(self):
+        writer = self.start()
+        self.assertIsNotNone(writer.bar_url())
+        self.assertEqual(writer.quit(), 0)
+        module = os.path.join(self._folder.name, "profile/user/config/soffice.cfg/modules/swriter")
+        left = glob.glob(module + "/toolbar/*") + glob.glob(module + "/images/**/*.png",
+                                                            recursive=True)
+        self.assertEqual(left, [])
+        self.assertIsNone(self.start(extensions=False).bar_url())
+
+    def top_of_bar(self, writer):
+        return writer.place_of(next(iter(writer.buttons().values())))[1]
+
+
+if __name__ == "__main__":
+    parser = argparse.ArgumentParser(description=__doc__)
+    parser.add_argument("--office", required=True)
+    parser.add_argument("--extensions", required=True)
+    parser.add_argument("--plugin", required=True, choices=["gen", "gtk3"])
+    end_cleanly_when_told_to()
+    options, remaining = parser.parse_known_args()
+    unittest.main(argv=[sys.argv[0], *remaining], verbosity=2)
