@@ -2,6 +2,7 @@
 
 #include <com/sun/star/frame/XModel.hpp>
 #include <com/sun/star/uno/Reference.hxx>
+#include <com/sun/star/util/XCloseListener.hpp>
 #include <memory>
 
 #include "host/Application.h"
@@ -11,7 +12,7 @@
 
 namespace huebrush::libreoffice {
 
-class OpenDocument;
+struct OpenDocuments;
 
 /// The text documents of the office as the object model sees them. The component makes one for its
 /// lifetime; everything in here is for the main thread only.
@@ -20,7 +21,7 @@ class Documents final : public host::Documents {
     explicit Documents(ContextReference context);
     ~Documents() override;
 
-    /// The document of an open model: the same object for as long as the document is open, so that
+    /// The document of an open model: what it knows lasts as long as the document is open, so that
     /// the names it has handed out stay good. An error when the model is gone or is no text
     /// document.
     std::shared_ptr<host::Document> documentOf(
@@ -38,8 +39,8 @@ class Documents final : public host::Documents {
 
     ContextReference context_;
     std::shared_ptr<Snapshot> snapshot_;
-    com::sun::star::uno::Reference<com::sun::star::lang::XEventListener> listener_;
-    std::shared_ptr<struct OpenDocuments> open_;
+    com::sun::star::uno::Reference<com::sun::star::util::XCloseListener> listener_;
+    std::shared_ptr<OpenDocuments> open_;
 };
 
 }  // namespace huebrush::libreoffice

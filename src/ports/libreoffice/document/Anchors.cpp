@@ -1,0 +1,48 @@
+#include "ports/libreoffice/document/Anchors.h"
+
+#include <com/sun/star/beans/XPropertySet.hpp>
+#include <com/sun/star/lang/XServiceInfo.hpp>
+#include <com/sun/star/text/XText.hpp>
+#include <com/sun/star/text/XTextContent.hpp>
+
+namespace huebrush::libreoffice {
+
+namespace css = com::sun::star;
+
+using css::uno::Reference;
+using css::uno::UNO_QUERY;
+
+namespace {
+
+/// The frame or table that a text stands in, if any.
+Reference<css::text::XTextContent> holderOf(const Reference<css::text::XText>& text) {
+    Reference<css::text::XTextContent> holder(text, UNO_QUERY);
+    if (holder.is()) return holder;
+    const Reference<css::beans::XPropertySet> cursor(text->createTextCursor(), UNO_QUERY);
+    if (cursor.is() && cursor->getPropertySetInfo()->hasPropertyByName("TextTable")) {
+        cursor->getPropertyValue("TextTable") >>= holder;
+    }
+    return holder;
+}
+
+bool isHeaderOrFooter(const Reference<css::text::XText>& text) {
+    const Reference<css::lang::XServiceInfo> info(text, UNO_QUERY);
+    return info.is() && info->getImplementationName() == "SwXHeadFootText";
+}
+
+}  // namespace
+
+bool isAnchoredInHeaderOrFooter(const ShapeReference& shape) {
+    Reference<css::text::XTextContent> content(shape, UNO_QUERY);
+    while (content.is()) {
+        const Reference<css::text::XTextRange> anchor = content->getAnchor();
+        if (!anchor.is()) return false;
+        const Reference<css::text::XText> text = anchor->getText();
+        if (!text.is()) return false;
+        if (isHeaderOrFooter(text)) return true;
+        content = holderOf(text);
+    }
+    return false;
+}
+
+}  // namespace huebrush::libreoffice

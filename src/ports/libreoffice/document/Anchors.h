@@ -1,0 +1,12 @@
+#pragma once
+
+#include "ports/libreoffice/document/ShapeKind.h"
+
+namespace huebrush::libreoffice {
+
+/// Whether a top-level object is tied to text of a header or footer, also through a frame or a
+/// table in it. REQUIRES: not a group's member (the office breaks down when asked for the anchor of
+/// one).
+bool isAnchoredInHeaderOrFooter(const ShapeReference& shape);
+
+}  // namespace huebrush::libreoffice

@@ -1,0 +1,103 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "host/FillFormat.h"
+#include "ports/libreoffice/document/OpenDocument.h"
+
+namespace huebrush::libreoffice {
+
+/// The fill of some shapes. Writes are gathered, because each one to the office costs as much as
+/// thousands of reads here, and carried out together: when visibility is written (the last of the
+/// logic's order), before any read or other use of the document, and at the end of this object.
+/// What can be wrong with a call's arguments, or with the shapes, is an error of that call.
+class BufferedFill : public host::FillFormat {
+ public:
+    explicit BufferedFill(std::shared_ptr<OpenDocument> document)
+        : document_(std::move(document)) {}
+    ~BufferedFill() override;
+
+    host::MsoTriState Visible() override { return read().visible; }
+    std::int32_t ForeColorRGB() override { return read().foreColor; }
+    std::int32_t BackColorRGB() override { return read().backColor; }
+    float Transparency() override { return read().transparency; }
+    host::MsoFillType Type() override { return read().type; }
+    std::int32_t GradientStyle() override { return read().gradientStyle; }
+    host::MsoGradientColorType GradientColorType() override { return read().gradientColorType; }
+    std::int32_t GradientVariant() override { return read().gradientVariant; }
+    float GradientDegree() override { return read().gradientDegree; }
+    std::int32_t PresetGradientType() override { return read().presetGradientType; }
+    host::MsoTextureType TextureType() override { return read().textureType; }
+    std::int32_t PresetTexture() override { return read().presetTexture; }
+    std::string TextureName() override;
+    std::int32_t Pattern() override { return read().pattern; }
+
+    void setVisible(host::MsoTriState visible) override;
+    void setForeColorRGB(std::int32_t color) override;
+    void setBackColorRGB(std::int32_t color) override;
+    void setTransparency(float transparency) override;
+    void Solid() override;
+    void Patterned(std::int32_t pattern) override;
+    void OneColorGradient(std::int32_t style, std::int32_t variant, float degree) override;
+    void TwoColorGradient(std::int32_t style, std::int32_t variant) override;
+    void PresetGradient(std::int32_t style, std::int32_t variant, std::int32_t type) override;
+    void PresetTextured(std::int32_t texture) override;
+    void UserTextured(const std::string& file) override;
+
+    /// Carries out what was gathered.
+    void commit();
+
+ protected:
+    OpenDocument& document() const { return *document_; }
+    /// The answer of the shapes.
+    virtual const HostFill& read() = 0;
+    /// The shapes, groups taken apart.
+    virtual std::vector<NodePointer> leaves() = 0;
+
+ private:
+    FillEdit& edit();
+    void build(const FillBuild& build);
+
+    std::shared_ptr<OpenDocument> document_;
+    FillEdit edit_;
+    /// The shapes that it is for.
+    std::vector<NodePointer> leaves_;
+    std::string userPicture_;
+    /// Colours written since the last build: one that the fill does not use is still there for the
+    /// next build.
+    std::optional<std::int32_t> foreColor_;
+    std::optional<std::int32_t> backColor_;
+};
+
+/// The fill of one shape or group.
+class ShapeFillFormat final : public BufferedFill {
+ public:
+    ShapeFillFormat(std::shared_ptr<OpenDocument> document, NodePointer node)
+        : BufferedFill(std::move(document)), node_(std::move(node)) {}
+
+ protected:
+    const HostFill& read() override { return document().fillOf(*node_); }
+    std::vector<NodePointer> leaves() override;
+
+ private:
+    NodePointer node_;
+};
+
+/// One fill for several shapes and groups.
+class RangeFillFormat final : public BufferedFill {
+ public:
+    RangeFillFormat(std::shared_ptr<OpenDocument> document, std::vector<NodePointer> nodes)
+        : BufferedFill(std::move(document)), nodes_(std::move(nodes)) {}
+
+ protected:
+    const HostFill& read() override;
+    std::vector<NodePointer> leaves() override;
+
+ private:
+    std::vector<NodePointer> nodes_;
+    HostFill common_;
+};
+
+}  // namespace huebrush::libreoffice

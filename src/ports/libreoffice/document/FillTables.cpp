@@ -1,0 +1,134 @@
+#include "ports/libreoffice/document/FillTables.h"
+
+#include <com/sun/star/awt/XBitmap.hpp>
+#include <com/sun/star/graphic/GraphicProvider.hpp>
+#include <com/sun/star/io/SequenceInputStream.hpp>
+#include <com/sun/star/lang/XMultiServiceFactory.hpp>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
+#include "base/Text.h"
+#include "ports/libreoffice/fill/Textures.h"
+#include "ports/libreoffice/uno/Properties.h"
+
+namespace huebrush::libreoffice {
+
+namespace css = com::sun::star;
+
+namespace {
+
+std::vector<std::uint8_t> bytesOf(const std::string& path) {
+    std::error_code error;
+    if (!std::filesystem::is_regular_file(path, error)) {
+        throw base::Error(base::ErrorNumber::kFileNotFound,
+                          base::text("Soubor s texturou neexistuje: ", path));
+    }
+    std::ifstream file(path, std::ios::binary);
+    std::vector<std::uint8_t> bytes{std::istreambuf_iterator<char>(file), {}};
+    if (!file.is_open() || file.bad()) {
+        throw base::Error(base::ErrorNumber::kPathAccess,
+                          base::text("Soubor s texturou nelze číst: ", path));
+    }
+    return bytes;
+}
+
+/// The pixels of a bitmap of the office's; an image of width 0 when they cannot be had.
+Image pixelsOf(const css::uno::Reference<css::awt::XBitmap>& bitmap) {
+    const css::uno::Sequence<sal_Int8> file = bitmap->getDIB();
+    std::vector<std::uint8_t> bytes(static_cast<std::size_t>(file.getLength()));
+    std::copy(file.begin(), file.end(), bytes.begin());
+    return imageOfBitmapFile(bytes);
+}
+
+css::uno::Reference<css::container::XNameContainer> tableOf(const FillTables::Model& model,
+                                                            std::string_view service) {
+    const css::uno::Reference<css::lang::XMultiServiceFactory> factory(model,
+                                                                       css::uno::UNO_QUERY_THROW);
+    return {factory->createInstance(toOffice(service)), css::uno::UNO_QUERY_THROW};
+}
+
+}  // namespace
+
+FillTables::FillTables(ContextReference context, const Model& model)
+    : context_(std::move(context)),
+      bitmaps_(tableOf(model, "com.sun.star.drawing.BitmapTable")),
+      transparences_(tableOf(model, "com.sun.star.drawing.TransparencyGradientTable")) {}
+
+void FillTables::ensure(const OwnPicture& picture) {
+    const std::string name = nameOf(picture);
+    if (!kept_.contains(name)) kept_[name] = graphicOf(bitmapFileOf(tileOf(picture)));
+    restore(name);
+}
+
+std::string FillTables::addFile(const std::string& path) {
+    const std::vector<std::uint8_t> bytes = bytesOf(path);
+    std::string name = nameOfFile(bytes);
+    if (!kept_.contains(name)) {
+        css::uno::Any graphic;
+        try {
+            graphic = graphicOf(bytes);
+        } catch (const css::uno::Exception&) {
+            graphic.clear();
+        }
+        if (!graphic.hasValue()) {
+            throw base::Error(base::ErrorNumber::kInvalidPicture,
+                              base::text("Soubor není obrázek: ", path));
+        }
+        kept_[name] = graphic;
+    }
+    restore(name);
+    return name;
+}
+
+void FillTables::keep(const std::string& name, const css::uno::Any& bitmap) {
+    if (bitmap.hasValue()) kept_.emplace(name, bitmap);
+}
+
+void FillTables::restore(const std::string& name) {
+    const auto found = kept_.find(name);
+    if (found == kept_.end()) return;
+    const rtl::OUString officeName = toOffice(name);
+    if (!bitmaps_->hasByName(officeName)) bitmaps_->insertByName(officeName, found->second);
+}
+
+rtl::OUString FillTables::addTransparence(const css::awt::Gradient& gradient) {
+    for (std::int32_t number = 1;; ++number) {
+        const rtl::OUString name = toOffice(base::text("Huebrush transparency ", number));
+        if (!transparences_->hasByName(name)) {
+            transparences_->insertByName(name, css::uno::Any(gradient));
+            return name;
+        }
+        css::awt::Gradient there;
+        transparences_->getByName(name) >>= there;
+        if (there == gradient) return name;
+    }
+}
+
+std::optional<OwnPicture> FillTables::recognise(const std::string& name,
+                                                const css::uno::Any& bitmap) {
+    if (auto own = ownPictureNamed(name)) return own;
+    const auto found = recognised_.find(name);
+    if (found != recognised_.end()) return found->second;
+    std::optional<OwnPicture> own;
+    const css::uno::Reference<css::awt::XBitmap> pixels(bitmap, css::uno::UNO_QUERY);
+    if (pixels.is()) {
+        const css::awt::Size size = pixels->getSize();
+        const bool maybePattern = size.Width == kPatternSize && size.Height == kPatternSize;
+        const bool maybeTexture = size.Width == kTextureSize && size.Height == kTextureSize;
+        if (maybePattern || maybeTexture) own = ownPictureOf(pixelsOf(pixels));
+    }
+    recognised_.emplace(name, own);
+    return own;
+}
+
+css::uno::Any FillTables::graphicOf(const std::vector<std::uint8_t>& bytes) const {
+    const css::uno::Sequence<sal_Int8> data(reinterpret_cast<const sal_Int8*>(bytes.data()),
+                                            static_cast<sal_Int32>(bytes.size()));
+    const auto stream = css::io::SequenceInputStream::createStreamFromSequence(context_, data);
+    const auto graphic = css::graphic::GraphicProvider::create(context_)->queryGraphic(
+        properties({property("InputStream", css::uno::Any(stream))}));
+    return graphic.is() ? css::uno::Any(graphic) : css::uno::Any();
+}
+
+}  // namespace huebrush::libreoffice

@@ -1,0 +1,443 @@
+#include "ports/libreoffice/document/OpenDocument.h"
+
+#include <com/sun/star/beans/XPropertySet.hpp>
+#include <com/sun/star/document/XUndoManagerSupplier.hpp>
+#include <com/sun/star/drawing/LineStyle.hpp>
+#include <com/sun/star/util/XModifiable.hpp>
+#include <optional>
+
+#include "base/Color.h"
+#include "ports/libreoffice/document/BufferedFill.h"
+#include "ports/libreoffice/document/WindowSelection.h"
+
+namespace huebrush::libreoffice {
+
+namespace css = com::sun::star;
+
+using css::uno::Reference;
+using css::uno::UNO_QUERY_THROW;
+
+namespace {
+
+/// From so many writes on it pays to walk all shapes and let go of each after its write.
+constexpr std::size_t kManyWrites = 48;
+
+/// While it lives, the office does not lay out or paint after every write.
+class LockedControllers {
+ public:
+    explicit LockedControllers(OpenDocument::Model model) : model_(std::move(model)) {
+        model_->lockControllers();
+    }
+    LockedControllers(const LockedControllers&) = delete;
+    LockedControllers& operator=(const LockedControllers&) = delete;
+    ~LockedControllers() {
+        ignoringOffice([this] { model_->unlockControllers(); });
+    }
+
+ private:
+    OpenDocument::Model model_;
+};
+
+}  // namespace
+
+/// What there is of a document while it is open.
+struct OpenDocument::Parts {
+    Parts(OpenDocument& document, const Model& model)
+        : model(model),
+          tables(document.context_, model),
+          tree(model, document.snapshot_,
+               [&document](ShapeNode& node, const ShapeReference& shape) {
+                   document.readFromShape(node, shape);
+               }),
+          names(tree),
+          hasWindow(!isHidden(model)) {}
+
+    Model model;
+    FillTables tables;
+    ShapeTree tree;
+    ShapeNames names;
+    bool hasWindow;
+};
+
+OpenDocument::OpenDocument(ContextReference context, const Model& model,
+                           std::shared_ptr<Snapshot> snapshot)
+    : context_(std::move(context)), snapshot_(std::move(snapshot)) {
+    officeCalls([&] { parts_ = std::make_unique<Parts>(*this, model); });
+}
+
+OpenDocument::~OpenDocument() = default;
+
+OpenDocument::Parts& OpenDocument::parts() const {
+    if (!parts_) {
+        throw base::Error(HostErrorNumber::kNoDocument, "Dokument byl zavřen.");
+    }
+    return *parts_;
+}
+
+const OpenDocument::Model& OpenDocument::model() const {
+    return parts().model;
+}
+
+ShapeTree& OpenDocument::tree() {
+    return parts().tree;
+}
+
+ShapeNames& OpenDocument::names() {
+    return parts().names;
+}
+
+FillTables& OpenDocument::tables() {
+    return parts().tables;
+}
+
+// Reading
+
+void OpenDocument::readFromShape(ShapeNode& node, const ShapeReference& shape) {
+    node.fillError.reset();
+    try {
+        officeCalls([&] {
+            if (!node.kind.canHaveFill) {
+                node.fill = {};
+            } else {
+                const ShapeFill fill = readFill(shape);
+                node.fill = knownFillOf(fill, shape, tables());
+                node.memory = fill.memory;
+            }
+        });
+    } catch (const base::Error& error) {
+        node.fillError = error;
+    }
+    node.fillRead = snapshot_->generation();
+}
+
+void OpenDocument::readFillOf(ShapeNode& node) {
+    node.fillError.reset();
+    try {
+        officeCalls([&] {
+            if (node.kind.isGroup()) {
+                std::vector<NodePointer> leaves;
+                collectLeaves(node.shared_from_this(), leaves);
+                node.fill = {};
+                node.fill.host = commonFillOf(leaves);
+                node.fillRead = snapshot_->generation();
+            } else {
+                readFromShape(node, tree().shapeOf(node));
+            }
+        });
+    } catch (const base::Error& error) {
+        node.fillError = error;
+        node.fillRead = snapshot_->generation();
+    }
+}
+
+void OpenDocument::readLineOf(ShapeNode& node) {
+    node.lineError.reset();
+    node.line = {};
+    try {
+        officeCalls([&] {
+            if (node.kind.isGroup()) {
+                bool first = true;
+                std::vector<NodePointer> leaves;
+                collectLeaves(node.shared_from_this(), leaves);
+                for (const NodePointer& leaf : leaves) {
+                    const ShapeNode::Line line = lineOf(*leaf);
+                    if (first) node.line = line;
+                    first = false;
+                    if (line.visible != node.line.visible) {
+                        node.line.visible = host::MsoTriState::msoTriStateMixed;
+                    }
+                    if (line.color != node.line.color) node.line.color = host::kMixed;
+                }
+            } else if (node.kind.canHaveLine) {
+                static const rtl::OUString kStyle("LineStyle");
+                static const rtl::OUString kColor("LineColor");
+                const Reference<css::beans::XPropertySet> set(tree().shapeOf(node),
+                                                              UNO_QUERY_THROW);
+                css::drawing::LineStyle style = css::drawing::LineStyle_NONE;
+                sal_Int32 color = 0;
+                set->getPropertyValue(kStyle) >>= style;
+                set->getPropertyValue(kColor) >>= color;
+                node.line.visible = style == css::drawing::LineStyle_NONE
+                                        ? host::MsoTriState::msoFalse
+                                        : host::MsoTriState::msoTrue;
+                node.line.color = toHostColor(color);
+            } else {
+                tree().checkAlive(node);
+            }
+        });
+    } catch (const base::Error& error) {
+        node.lineError = error;
+    }
+    node.lineRead = snapshot_->generation();
+}
+
+void OpenDocument::collectLeaves(const NodePointer& node, std::vector<NodePointer>& leaves) {
+    if (!node->kind.isGroup()) {
+        leaves.push_back(node);
+        return;
+    }
+    for (const NodePointer& member : officeCalls([&] { return tree().membersOf(node); })) {
+        collectLeaves(member, leaves);
+    }
+}
+
+HostFill OpenDocument::commonFillOf(const std::vector<NodePointer>& nodes) {
+    CommonFill common;
+    for (const NodePointer& node : nodes) common.add(fillOf(*node));
+    return common.value();
+}
+
+// Writing
+
+void OpenDocument::buffer(BufferedFill* fill) {
+    if (buffered_ == fill) return;
+    commitBuffered();
+    buffered_ = fill;
+}
+
+void OpenDocument::commitBuffered() {
+    BufferedFill* const fill = std::exchange(buffered_, nullptr);
+    if (fill != nullptr) fill->commit();
+}
+
+void OpenDocument::changeFills(const std::vector<NodePointer>& leaves, const FillEdit& edit,
+                               const std::string& userPicture) {
+    officeCalls([&] {
+        for (const NodePointer& leaf : leaves) {
+            if (leaf->kind.canHaveFill) changeFill(leaf, edit, userPicture);
+        }
+    });
+    const bool mayWait = undoGroups_ > 0 && snapshot_->generation() != Snapshot::kNever;
+    if (!mayWait) flush();
+}
+
+void OpenDocument::changeFill(const NodePointer& leaf, const FillEdit& edit,
+                              const std::string& userPicture) {
+    fillOf(*leaf);
+    const HostFill wanted = edited(leaf->fill.host, edit);
+    const FillTarget target = targetFor(wanted, leaf->fill, userPicture);
+    ShapeFill fill{target.office, {}};
+    if (target.remembered) fill.memory = toText(*target.remembered);
+    if (target.picture) tables().ensure(*target.picture);
+
+    const auto queued = writeOf_.find(leaf.get());
+    if (queued != writeOf_.end()) {
+        writes_[queued->second].wanted = fill;
+    } else {
+        writeOf_[leaf.get()] = writes_.size();
+        writes_.push_back({leaf, {leaf->fill.office, leaf->memory}, fill});
+    }
+    leaf->fill = {wanted, target.office, std::nullopt};
+    if (target.remembered) leaf->fill.hidden = target.remembered->hidden;
+    leaf->memory = fill.memory;
+    for (ShapeNode* group = leaf->parent.get(); group != nullptr; group = group->parent.get()) {
+        group->fillRead = Snapshot::kNever;
+    }
+}
+
+void OpenDocument::flush() {
+    if (writes_.empty()) return;
+    std::vector<Write> writes = std::exchange(writes_, {});
+    writeOf_.clear();
+    const bool onWalk = writes.size() >= kManyWrites && snapshot_->generation() != Snapshot::kNever;
+    changeFills([&] { onWalk ? writeOnWalk(writes) : writeEach(writes); }, writes.size());
+    for (const Write& write : writes) {
+        if (write.node->fillError) throw base::Error(*write.node->fillError);
+    }
+}
+
+void OpenDocument::changeFills(const std::function<void()>& change, std::size_t count) {
+    officeCalls([&] {
+        const HandlerScope scope(snapshot_);
+        const LockedControllers locked(model());
+        if (count >= kManyWrites) tree().letGo();
+        change();
+    });
+}
+
+void OpenDocument::writeEach(std::vector<Write>& writes) {
+    for (Write& one : writes) {
+        try {
+            officeCalls([&] { write(one, tree().shapeOf(*one.node), false); });
+        } catch (const base::Error& error) {
+            one.node->fillError = error;
+        }
+    }
+}
+
+void OpenDocument::writeOnWalk(std::vector<Write>& writes) {
+    std::unordered_map<const ShapeNode*, Write*> pending;
+    for (Write& one : writes) pending[one.node.get()] = &one;
+    tree().visitAll([&](ShapeNode& node, const ShapeReference& shape) {
+        const auto found = pending.find(&node);
+        if (found == pending.end()) return;
+        Write& one = *found->second;
+        pending.erase(found);
+        try {
+            officeCalls([&] { write(one, shape, true); });
+        } catch (const base::Error& error) {
+            node.fillError = error;
+        }
+    });
+    for (const auto& [node, one] : pending) {
+        one->node->fillError =
+            base::Error(HostErrorNumber::kCommandFailed, "Objekt byl odstraněn.");
+    }
+}
+
+void OpenDocument::write(Write& one, const ShapeReference& shape, bool isWalkPlace) {
+    const bool changes =
+        toText(one.now.office) != toText(one.wanted.office) || one.now.memory != one.wanted.memory;
+    if (!changes) return;
+    keepBitmap(one.now, shape, tables());
+    writeFill(shape, one.now, one.wanted, tables());
+    if (undoGroups_ == 0) return;
+    FillChange change;
+    change.place = isWalkPlace ? ShapeTree::placeOf(*one.node) : placeOnPage(*one.node, shape);
+    change.isWalkPlace = isWalkPlace;
+    change.type = one.node->kind.type;
+    change.before = std::move(one.now);
+    change.after = std::move(one.wanted);
+    changes_.push_back(std::move(change));
+}
+
+/// The shape's place by the page's own number of the object that it stands in.
+std::vector<std::int32_t> OpenDocument::placeOnPage(ShapeNode& node, const ShapeReference& shape) {
+    ShapeReference top = shape;
+    for (ShapeNode* group = node.parent.get(); group != nullptr; group = group->parent.get()) {
+        if (!group->parent) top = tree().shapeOf(*group);
+    }
+    sal_Int32 index = 0;
+    Reference<css::beans::XPropertySet>(top, UNO_QUERY_THROW)->getPropertyValue("ZOrder") >>= index;
+    std::vector<std::int32_t> place = ShapeTree::placeOf(node);
+    place.front() = index;
+    return place;
+}
+
+void OpenDocument::setLineVisible(ShapeNode& node, bool visible) {
+    officeCalls([&] {
+        std::vector<NodePointer> leaves;
+        collectLeaves(node.shared_from_this(), leaves);
+        for (const NodePointer& leaf : leaves) {
+            if (!leaf->kind.canHaveLine) continue;
+            const Reference<css::beans::XPropertySet> set(tree().shapeOf(*leaf), UNO_QUERY_THROW);
+            set->setPropertyValue("LineStyle",
+                                  css::uno::Any(visible ? css::drawing::LineStyle_SOLID
+                                                        : css::drawing::LineStyle_NONE));
+            for (ShapeNode* at = leaf.get(); at != nullptr; at = at->parent.get()) {
+                at->lineRead = Snapshot::kNever;
+            }
+        }
+    });
+}
+
+// Undo
+
+class OpenDocument::Group final : public host::UndoGroup {
+ public:
+    Group(std::shared_ptr<OpenDocument> document, std::string title)
+        : document_(std::move(document)), title_(std::move(title)) {
+        document_->commitBuffered();
+        document_->flush();
+        ++document_->undoGroups_;
+    }
+    ~Group() override { document_->endUndoGroup(title_); }
+
+ private:
+    std::shared_ptr<OpenDocument> document_;
+    std::string title_;
+};
+
+std::unique_ptr<host::UndoGroup> OpenDocument::undoGroup(const std::string& title) {
+    return std::make_unique<Group>(shared_from_this(), title);
+}
+
+void OpenDocument::endUndoGroup(const std::string& title) {
+    // A write that fails here shows as the error of reading its shape.
+    const auto ignoring = [](const auto& step) {
+        try {
+            step();
+        } catch (const std::exception&) {  // NOLINT: this is a destructor's way
+        }
+    };
+    ignoring([&] { commitBuffered(); });
+    ignoring([&] { flush(); });
+    if (--undoGroups_ > 0) return;
+    std::vector<FillChange> changes = std::exchange(changes_, {});
+    if (changes.empty()) return;
+    ignoring([&] {
+        officeCalls([&] {
+            const Reference<css::document::XUndoManagerSupplier> supplier(model(), UNO_QUERY_THROW);
+            supplier->getUndoManager()->addUndoAction(
+                makeUndoAction(weak_from_this(), title, std::move(changes)));
+        });
+    });
+    ignoring([&] { markModified(); });
+}
+
+void OpenDocument::markModified() {
+    officeCalls(
+        [&] { Reference<css::util::XModifiable>(model(), UNO_QUERY_THROW)->setModified(true); });
+}
+
+// Selection
+
+std::vector<NodePointer> OpenDocument::selected() {
+    if (!parts().hasWindow) return selection_;
+    return officeCalls([&] {
+        std::vector<NodePointer> nodes;
+        for (const ShapeReference& shape : selectionInWindow(model())) {
+            if (NodePointer node = tree().nodeOf(shape)) nodes.push_back(std::move(node));
+        }
+        return nodes;
+    });
+}
+
+void OpenDocument::select(const std::vector<NodePointer>& nodes) {
+    commitBuffered();
+    if (nodes.empty()) return;
+    for (const NodePointer& node : nodes) tree().checkAlive(*node);
+    if (!parts().hasWindow) selection_ = nodes;
+    // Without a window, the office needs to know only of the one shape that its dialogs are for.
+    if (parts().hasWindow || nodes.size() == 1) {
+        flush();
+        selectInWindow(nodes);
+    }
+}
+
+void OpenDocument::selectInWindow(const std::vector<NodePointer>& nodes) {
+    officeCalls([&] {
+        std::vector<ShapeReference> shapes;
+        shapes.reserve(nodes.size());
+        for (const NodePointer& node : nodes) shapes.push_back(tree().shapeOf(*node));
+        libreoffice::selectInWindow(context_, model(), shapes);
+    });
+}
+
+// Its end
+
+void OpenDocument::endGeneration() {
+    try {
+        commitBuffered();
+    } catch (const std::exception&) {  // NOLINT: read as the shape's error
+    }
+    try {
+        flush();
+    } catch (const std::exception&) {  // NOLINT: read as the shape's error
+    }
+    if (!parts_) return;
+    ignoringOffice([&] { parts_->tree.endGeneration(); });
+    parts_->tables.forgetRecognised();
+}
+
+void OpenDocument::close() {
+    if (!parts_) return;
+    buffered_ = nullptr;
+    writes_.clear();
+    writeOf_.clear();
+    selection_.clear();
+    parts_->tree.forget();
+    parts_.reset();
+}
+
+}  // namespace huebrush::libreoffice

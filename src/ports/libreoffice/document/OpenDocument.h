@@ -1,0 +1,130 @@
+#pragma once
+
+#include <com/sun/star/frame/XModel.hpp>
+#include <functional>
+#include <memory>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "host/Document.h"
+#include "ports/libreoffice/Snapshot.h"
+#include "ports/libreoffice/document/FillTables.h"
+#include "ports/libreoffice/document/FillUndo.h"
+#include "ports/libreoffice/document/ShapeNames.h"
+#include "ports/libreoffice/document/ShapeTree.h"
+#include "ports/libreoffice/uno/Errors.h"
+
+namespace huebrush::libreoffice {
+
+class BufferedFill;
+
+/// One open document: its shapes, what is known of their fills, and the writes under way. Every
+/// call may throw base::Error, and nothing else.
+class OpenDocument : public std::enable_shared_from_this<OpenDocument> {
+ public:
+    using Model = DrawPage::Model;
+
+    OpenDocument(ContextReference context, const Model& model, std::shared_ptr<Snapshot> snapshot);
+    OpenDocument(const OpenDocument&) = delete;
+    OpenDocument& operator=(const OpenDocument&) = delete;
+    ~OpenDocument();
+
+    /// The model, its tree, names and tables; an error when the document has been closed.
+    const Model& model() const;
+    ShapeTree& tree();
+    ShapeNames& names();
+    FillTables& tables();
+    const ContextReference& context() const { return context_; }
+    const std::shared_ptr<Snapshot>& snapshot() const { return snapshot_; }
+
+    // Reading. What is current is answered at once; an error of reading it is thrown again.
+
+    const HostFill& fillOf(ShapeNode& node) {
+        if (buffered_ != nullptr) commitBuffered();
+        if (!snapshot_->isCurrent(node.fillRead)) readFillOf(node);
+        if (node.fillError) throw base::Error(*node.fillError);
+        return node.fill.host;
+    }
+    const ShapeNode::Line& lineOf(ShapeNode& node) {
+        if (!snapshot_->isCurrent(node.lineRead)) readLineOf(node);
+        if (node.lineError) throw base::Error(*node.lineError);
+        return node.line;
+    }
+    /// The common answer of several shapes.
+    HostFill commonFillOf(const std::vector<NodePointer>& nodes);
+    /// The shape, or all members of a group down to the last, that are no groups.
+    void collectLeaves(const NodePointer& node, std::vector<NodePointer>& leaves);
+
+    // Writing.
+
+    /// Fills of these shapes are being written: writes begun elsewhere are carried out before.
+    void buffer(BufferedFill* fill);
+    void unbuffer(const BufferedFill* fill) {
+        if (buffered_ == fill) buffered_ = nullptr;
+    }
+    /// Carries out writes that are still buffered.
+    void commitBuffered();
+    /// Changes the fills of shapes that are no groups; those that can have none are left alone. In
+    /// an undo group the office is told when the group or the generation ends, or its objects are
+    /// needed; else at once. `userPicture` is the table's name of a user texture's picture.
+    void changeFills(const std::vector<NodePointer>& leaves, const FillEdit& edit,
+                     const std::string& userPicture);
+    void setLineVisible(ShapeNode& node, bool visible);
+    /// Tells the office all that is still to be told.
+    void flush();
+
+    /// Runs a change of many fills that goes to the office's objects directly.
+    void changeFills(const std::function<void()>& change, std::size_t count);
+
+    std::unique_ptr<host::UndoGroup> undoGroup(const std::string& title);
+    void markModified();
+
+    // Selection.
+
+    std::vector<NodePointer> selected();
+    /// Nothing happens when no shape is given.
+    void select(const std::vector<NodePointer>& nodes);
+
+    /// A generation ends. Never throws.
+    void endGeneration();
+    /// The office closes the document, or has closed it: lets go of all of its objects.
+    void close();
+
+ private:
+    class Group;
+    struct Parts;
+    struct Write {
+        NodePointer node;
+        ShapeFill now;
+        ShapeFill wanted;
+    };
+
+    Parts& parts() const;
+    void readFillOf(ShapeNode& node);
+    void readLineOf(ShapeNode& node);
+    void readFromShape(ShapeNode& node, const ShapeReference& shape);
+    void readLinesOfAll();
+    void changeFill(const NodePointer& leaf, const FillEdit& edit, const std::string& userPicture);
+    void write(Write& write, const ShapeReference& shape, bool isWalkPlace);
+    void writeEach(std::vector<Write>& writes);
+    void writeOnWalk(std::vector<Write>& writes);
+    std::vector<std::int32_t> placeOnPage(ShapeNode& node, const ShapeReference& shape);
+    void endUndoGroup(const std::string& title);
+    void selectInWindow(const std::vector<NodePointer>& nodes);
+
+    ContextReference context_;
+    std::shared_ptr<Snapshot> snapshot_;
+    std::unique_ptr<Parts> parts_;
+    BufferedFill* buffered_ = nullptr;
+
+    std::vector<Write> writes_;
+    std::unordered_map<const ShapeNode*, std::size_t> writeOf_;
+    std::int32_t undoGroups_ = 0;
+    std::vector<FillChange> changes_;
+
+    /// Of a document without a window, whose selection is ours alone.
+    std::vector<NodePointer> selection_;
+};
+
+}  // namespace huebrush::libreoffice

@@ -1,0 +1,276 @@
+#include "ports/libreoffice/document/ShapeFill.h"
+
+#include <com/sun/star/awt/Gradient.hpp>
+#include <com/sun/star/beans/XMultiPropertySet.hpp>
+#include <com/sun/star/beans/XPropertySet.hpp>
+#include <com/sun/star/drawing/BitmapMode.hpp>
+#include <com/sun/star/drawing/FillStyle.hpp>
+#include <com/sun/star/drawing/Hatch.hpp>
+#include <com/sun/star/xml/AttributeData.hpp>
+#include <vector>
+
+#include "ports/libreoffice/uno/Text.h"
+
+namespace huebrush::libreoffice {
+
+namespace css = com::sun::star;
+
+using css::uno::Any;
+using css::uno::Reference;
+using css::uno::UNO_QUERY;
+using css::uno::UNO_QUERY_THROW;
+using rtl::OUString;
+
+namespace {
+
+/// The office's names of the properties, made once: making one costs as much as a read.
+struct Names {
+    OUString style{"FillStyle"};
+    OUString color{"FillColor"};
+    OUString transparence{"FillTransparence"};
+    OUString transparenceGradient{"FillTransparenceGradient"};
+    OUString transparenceGradientName{"FillTransparenceGradientName"};
+    OUString gradient{"FillGradient"};
+    OUString hatch{"FillHatch"};
+    OUString background{"FillBackground"};
+    OUString bitmap{"FillBitmap"};
+    OUString bitmapName{"FillBitmapName"};
+    OUString bitmapMode{"FillBitmapMode"};
+    OUString attributes{"UserDefinedAttributes"};
+    /// The attribute that holds the memory, and its XML namespace.
+    OUString memory{"huebrush:fill"};
+    OUString space{"urn:huebrush:fill:1.0"};
+};
+
+const Names& names() {
+    static const Names kNames;
+    return kNames;
+}
+
+template <class Value>
+Value get(const Reference<css::beans::XPropertySet>& set, const OUString& name) {
+    Value value{};
+    set->getPropertyValue(name) >>= value;
+    return value;
+}
+
+OfficeGradient gradientOf(const css::awt::Gradient& gradient) {
+    OfficeGradient result;
+    result.style = static_cast<OfficeGradientStyle>(gradient.Style);
+    result.startColor = gradient.StartColor;
+    result.endColor = gradient.EndColor;
+    result.angle = gradient.Angle;
+    result.border = gradient.Border;
+    result.xOffset = gradient.XOffset;
+    result.yOffset = gradient.YOffset;
+    result.startIntensity = gradient.StartIntensity;
+    result.endIntensity = gradient.EndIntensity;
+    result.stepCount = gradient.StepCount;
+    return result;
+}
+
+css::awt::Gradient gradientOf(const OfficeGradient& gradient) {
+    const auto small = [](std::int32_t value) { return static_cast<sal_Int16>(value); };
+    css::awt::Gradient result;
+    result.Style = static_cast<css::awt::GradientStyle>(gradient.style);
+    result.StartColor = gradient.startColor;
+    result.EndColor = gradient.endColor;
+    result.Angle = small(gradient.angle);
+    result.Border = small(gradient.border);
+    result.XOffset = small(gradient.xOffset);
+    result.YOffset = small(gradient.yOffset);
+    result.StartIntensity = small(gradient.startIntensity);
+    result.EndIntensity = small(gradient.endIntensity);
+    result.StepCount = small(gradient.stepCount);
+    return result;
+}
+
+OfficeHatch hatchOf(const css::drawing::Hatch& hatch) {
+    return {static_cast<OfficeHatchStyle>(hatch.Style), hatch.Color, hatch.Distance, hatch.Angle};
+}
+
+css::drawing::Hatch hatchOf(const OfficeHatch& hatch) {
+    return {static_cast<css::drawing::HatchStyle>(hatch.style), hatch.color, hatch.distance,
+            hatch.angle};
+}
+
+OfficeFillStyle styleOf(css::drawing::FillStyle style) {
+    switch (style) {
+        case css::drawing::FillStyle_SOLID:
+            return OfficeFillStyle::solid;
+        case css::drawing::FillStyle_GRADIENT:
+            return OfficeFillStyle::gradient;
+        case css::drawing::FillStyle_HATCH:
+            return OfficeFillStyle::hatch;
+        case css::drawing::FillStyle_BITMAP:
+            return OfficeFillStyle::bitmap;
+        default:
+            return OfficeFillStyle::none;
+    }
+}
+
+void readBody(const Reference<css::beans::XPropertySet>& set, OfficeFill& fill) {
+    switch (fill.style) {
+        case OfficeFillStyle::none:
+        case OfficeFillStyle::solid:
+            fill.color = get<sal_Int32>(set, names().color);
+            break;
+        case OfficeFillStyle::gradient:
+            fill.gradient = gradientOf(get<css::awt::Gradient>(set, names().gradient));
+            break;
+        case OfficeFillStyle::hatch:
+            fill.hatch = hatchOf(get<css::drawing::Hatch>(set, names().hatch));
+            fill.background = get<bool>(set, names().background);
+            if (fill.background) fill.color = get<sal_Int32>(set, names().color);
+            break;
+        case OfficeFillStyle::bitmap:
+            fill.bitmapName = fromOffice(get<OUString>(set, names().bitmapName));
+            fill.bitmapMode = static_cast<OfficeBitmapMode>(
+                get<css::drawing::BitmapMode>(set, names().bitmapMode));
+            break;
+    }
+}
+
+std::string readMemory(const Reference<css::beans::XPropertySet>& set) {
+    const Reference<css::container::XNameContainer> attributes(
+        set->getPropertyValue(names().attributes), UNO_QUERY);
+    if (!attributes.is() || !attributes->hasByName(names().memory)) return {};
+    css::xml::AttributeData data;
+    attributes->getByName(names().memory) >>= data;
+    return fromOffice(data.Value);
+}
+
+Any readBitmap(const ShapeReference& shape) {
+    const Reference<css::beans::XPropertySet> set(shape, UNO_QUERY_THROW);
+    return set->getPropertyValue(names().bitmap);
+}
+
+/// The shape's attributes with another memory among them.
+Any attributesWith(const Reference<css::beans::XPropertySet>& set, const std::string& memory) {
+    const Any value = set->getPropertyValue(names().attributes);
+    const Reference<css::container::XNameContainer> attributes(value, UNO_QUERY_THROW);
+    if (attributes->hasByName(names().memory)) attributes->removeByName(names().memory);
+    if (!memory.empty()) {
+        const css::xml::AttributeData data(names().space, "CDATA", toOffice(memory));
+        attributes->insertByName(names().memory, Any(data));
+    }
+    return value;
+}
+
+/// The properties to be set in one call.
+class Changes {
+ public:
+    void add(const OUString& name, const Any& value) {
+        names_.push_back(name);
+        values_.push_back(value);
+    }
+    bool empty() const { return names_.empty(); }
+
+    void apply(const ShapeReference& shape) const {
+        const auto count = static_cast<sal_Int32>(names_.size());
+        const Reference<css::beans::XMultiPropertySet> set(shape, UNO_QUERY_THROW);
+        set->setPropertyValues({names_.data(), count}, {values_.data(), count});
+    }
+
+ private:
+    std::vector<OUString> names_;
+    std::vector<Any> values_;
+};
+
+void addBody(const OfficeFill& now, const OfficeFill& wanted, Changes& changes) {
+    // A change of the style drops what belongs to other styles, so all of the new one is written.
+    const bool fresh = now.style != wanted.style;
+    if (fresh) changes.add(names().style, Any(static_cast<css::drawing::FillStyle>(wanted.style)));
+    switch (wanted.style) {
+        case OfficeFillStyle::none:
+        case OfficeFillStyle::solid:
+            if (fresh || now.color != wanted.color) changes.add(names().color, Any(wanted.color));
+            break;
+        case OfficeFillStyle::gradient:
+            if (fresh || !(now.gradient == wanted.gradient)) {
+                changes.add(names().gradient, Any(gradientOf(wanted.gradient)));
+            }
+            break;
+        case OfficeFillStyle::hatch:
+            changes.add(names().hatch, Any(hatchOf(wanted.hatch)));
+            changes.add(names().background, Any(wanted.background));
+            if (wanted.background) changes.add(names().color, Any(wanted.color));
+            break;
+        case OfficeFillStyle::bitmap:
+            if (fresh || now.bitmapName != wanted.bitmapName) {
+                changes.add(names().bitmapName, Any(toOffice(wanted.bitmapName)));
+            }
+            if (fresh || now.bitmapMode != wanted.bitmapMode) {
+                changes.add(names().bitmapMode,
+                            Any(static_cast<css::drawing::BitmapMode>(wanted.bitmapMode)));
+            }
+            break;
+    }
+}
+
+void addTransparence(const OfficeFill& now, const OfficeFill& wanted, FillTables& tables,
+                     Changes& changes) {
+    if (now.transparenceGradient && !wanted.transparenceGradient) {
+        changes.add(names().transparenceGradientName, Any(OUString()));
+    }
+    if (wanted.transparenceGradient) {
+        if (now.transparenceGradient != wanted.transparenceGradient) {
+            changes.add(names().transparenceGradientName,
+                        Any(tables.addTransparence(gradientOf(*wanted.transparenceGradient))));
+        }
+    } else if (now.transparence != wanted.transparence || now.transparenceGradient) {
+        changes.add(names().transparence, Any(static_cast<sal_Int16>(wanted.transparence)));
+    }
+}
+
+}  // namespace
+
+ShapeFill readFill(const ShapeReference& shape) {
+    const Reference<css::beans::XPropertySet> set(shape, UNO_QUERY_THROW);
+    ShapeFill fill;
+    fill.office.style = styleOf(get<css::drawing::FillStyle>(set, names().style));
+    readBody(set, fill.office);
+    fill.office.transparence = get<sal_Int16>(set, names().transparence);
+    if (!get<OUString>(set, names().transparenceGradientName).isEmpty()) {
+        fill.office.transparenceGradient =
+            gradientOf(get<css::awt::Gradient>(set, names().transparenceGradient));
+    }
+    fill.memory = readMemory(set);
+    return fill;
+}
+
+void keepBitmap(const ShapeFill& now, const ShapeReference& shape, FillTables& tables) {
+    if (now.office.style != OfficeFillStyle::bitmap) return;
+    if (!tables.keeps(now.office.bitmapName)) {
+        tables.keep(now.office.bitmapName, readBitmap(shape));
+    }
+}
+
+KnownFill knownFillOf(const ShapeFill& fill, const ShapeReference& shape, FillTables& tables) {
+    std::optional<OwnPicture> picture;
+    if (fill.office.style == OfficeFillStyle::bitmap) {
+        picture = ownPictureNamed(fill.office.bitmapName);
+        if (!picture && fill.office.bitmapMode == OfficeBitmapMode::repeat) {
+            picture = tables.recognise(fill.office.bitmapName, readBitmap(shape));
+        }
+    }
+    std::optional<RememberedFill> remembered;
+    if (!fill.memory.empty()) remembered = rememberedFillOf(fill.memory);
+    return knownFillOf(fill.office, picture, remembered);
+}
+
+void writeFill(const ShapeReference& shape, const ShapeFill& now, const ShapeFill& wanted,
+               FillTables& tables) {
+    Changes changes;
+    addBody(now.office, wanted.office, changes);
+    addTransparence(now.office, wanted.office, tables, changes);
+    if (now.memory != wanted.memory) {
+        const Reference<css::beans::XPropertySet> set(shape, UNO_QUERY_THROW);
+        changes.add(names().attributes, attributesWith(set, wanted.memory));
+    }
+    if (changes.empty()) return;
+    if (wanted.office.style == OfficeFillStyle::bitmap) tables.restore(wanted.office.bitmapName);
+    changes.apply(shape);
+}
+
+}  // namespace huebrush::libreoffice

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <com/sun/star/uno/Any.hxx>
+#include <string>
+
+#include "ports/libreoffice/document/FillTables.h"
+#include "ports/libreoffice/document/ShapeKind.h"
+#include "ports/libreoffice/fill/FillMapping.h"
+
+namespace huebrush::libreoffice {
+
+/// Everything about a shape's fill that a document holds.
+struct ShapeFill {
+    OfficeFill office;
+    /// The line of text beside the shape; empty without one.
+    std::string memory;
+};
+
+/// Reads a shape's fill: its style first and then only what that style uses, because each property
+/// costs a call, and names are slow. The office's exceptions pass to the caller.
+ShapeFill readFill(const ShapeReference& shape);
+
+/// Keeps the shape's bitmap at hand, where its fill is one, before the fill is changed.
+void keepBitmap(const ShapeFill& now, const ShapeReference& shape, FillTables& tables);
+
+/// What a shape with this fill answers.
+KnownFill knownFillOf(const ShapeFill& fill, const ShapeReference& shape, FillTables& tables);
+
+/// Makes the shape's fill, which is `now`, the `wanted` one, in one call: what is equal is not
+/// written. A bitmap is restored to the table where it is missing there.
+void writeFill(const ShapeReference& shape, const ShapeFill& now, const ShapeFill& wanted,
+               FillTables& tables);
+
+}  // namespace huebrush::libreoffice

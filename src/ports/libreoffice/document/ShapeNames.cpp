@@ -1,0 +1,80 @@
+#include "ports/libreoffice/document/ShapeNames.h"
+
+#include <com/sun/star/container/XNamed.hpp>
+
+#include "base/Error.h"
+#include "base/Text.h"
+#include "ports/libreoffice/uno/Text.h"
+
+namespace huebrush::libreoffice {
+
+namespace css = com::sun::star;
+
+namespace {
+
+constexpr std::int32_t kNoSuchMember = 5941;
+constexpr std::string_view kUnnamed = "Tvar";
+
+}  // namespace
+
+const std::string& ShapeNames::nameOf(ShapeNode& node) {
+    if (node.name.empty()) {
+        // One after the other would cost a way through the page each.
+        if (!node.shape.is()) giveAll();
+        if (node.name.empty()) give(node, ownNameOf(tree_.shapeOf(node)));
+    }
+    return node.name;
+}
+
+std::vector<NodePointer> ShapeNames::find(const std::vector<std::string>& names) {
+    std::vector<NodePointer> found;
+    found.reserve(names.size());
+    std::vector<NodePointer> all;
+    for (const std::string& name : names) {
+        NodePointer node = given(name);
+        if (!node && all.empty()) {
+            all = tree_.all();
+            giveAll();
+            node = given(name);
+        }
+        if (!node) {
+            throw base::Error(kNoSuchMember,
+                              base::text("Objekt s názvem „", name, "“ v dokumentu není."));
+        }
+        tree_.checkAlive(*node);
+        found.push_back(std::move(node));
+    }
+    return found;
+}
+
+NodePointer ShapeNames::given(const std::string& name) const {
+    const auto found = given_.find(name);
+    return found == given_.end() ? nullptr : found->second.lock();
+}
+
+void ShapeNames::give(ShapeNode& node, const std::string& own) {
+    std::string name = own.empty() ? std::string(kUnnamed) : own;
+    if (own.empty() || given(name)) {
+        std::int32_t& number = lastNumber_[name];
+        const std::string base = name;
+        do {
+            name = base::text(base, "‹", ++number, "›");
+        } while (given(name));
+    }
+    node.name = name;
+    given_[name] = node.weak_from_this();
+}
+
+void ShapeNames::giveAll() {
+    std::erase_if(given_, [](const auto& entry) { return entry.second.expired(); });
+    tree_.visitAll([this](ShapeNode& node, const ShapeReference& shape) {
+        if (node.name.empty()) give(node, ownNameOf(shape));
+    });
+}
+
+std::string ShapeNames::ownNameOf(const ShapeReference& shape) {
+    const css::uno::Reference<css::container::XNamed> named(shape, css::uno::UNO_QUERY);
+    return named.is() ? fromOffice(named->getName()) : std::string();
+}
+
+}  // namespace huebrush::libreoffice

@@ -1,0 +1,63 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "base/Error.h"
+#include "ports/libreoffice/Snapshot.h"
+#include "ports/libreoffice/document/ShapeFill.h"
+#include "ports/libreoffice/document/ShapeKind.h"
+
+namespace huebrush::libreoffice {
+
+class ShapeNode;
+using NodePointer = std::shared_ptr<ShapeNode>;
+
+/// One shape of an open document: who it is, where it stands, and what was read of it.
+///
+/// Who it is, is the office's object. Holding thousands of these slows every write to any of them
+/// down (each listens to all changes of the document), so it is let go while a place suffices: as
+/// long as no events run, the place in the tree says the same.
+class ShapeNode : public std::enable_shared_from_this<ShapeNode> {
+ public:
+    ShapeNode(ShapeKind kind, NodePointer parent, std::int32_t index)
+        : kind(kind), parent(std::move(parent)), index(index) {}
+    ShapeNode(const ShapeNode&) = delete;
+    ShapeNode& operator=(const ShapeNode&) = delete;
+
+    const ShapeKind kind;
+
+    /// The group it stands in, if any, and its number there or on the draw page.
+    NodePointer parent;
+    std::int32_t index;
+    /// When a walk of the whole tree has found it there, and when it was last known to exist.
+    Snapshot::Generation placed = Snapshot::kNever;
+    Snapshot::Generation alive = Snapshot::kNever;
+
+    /// The office's object; nothing while the place stands for it.
+    ShapeReference shape;
+
+    /// The name it has been given; empty before.
+    std::string name;
+
+    /// What was read of its fill, or the error of reading it. A group has only the common answer.
+    Snapshot::Generation fillRead = Snapshot::kNever;
+    KnownFill fill;
+    std::string memory;
+    std::optional<base::Error> fillError;
+
+    struct Line {
+        host::MsoTriState visible = host::MsoTriState::msoFalse;
+        std::int32_t color = 0;
+    };
+    Snapshot::Generation lineRead = Snapshot::kNever;
+    Line line;
+    std::optional<base::Error> lineError;
+
+    /// A group's members, while the structure is current that lists them.
+    std::vector<NodePointer> members;
+};
+
+}  // namespace huebrush::libreoffice

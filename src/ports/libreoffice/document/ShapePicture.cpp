@@ -1,0 +1,68 @@
+#include "ports/libreoffice/document/ShapePicture.h"
+
+#include <algorithm>
+#include <cmath>
+#include <com/sun/star/document/XExporter.hpp>
+#include <com/sun/star/document/XFilter.hpp>
+#include <com/sun/star/io/XOutputStream.hpp>
+#include <rtl/ref.hxx>
+#include <utility>
+#include <vector>
+
+#include "base/Units.h"
+#include "ports/libreoffice/uno/Properties.h"
+#include "ports/libreoffice/uno/WeakImplHelper.h"
+
+namespace huebrush::libreoffice {
+
+namespace css = com::sun::star;
+
+using css::uno::Any;
+using css::uno::Reference;
+using css::uno::UNO_QUERY_THROW;
+
+namespace {
+
+class MemoryStream final : public WeakImplHelper<css::io::XOutputStream> {
+ public:
+    void SAL_CALL writeBytes(const css::uno::Sequence<sal_Int8>& data) override {
+        for (const sal_Int8 byte : data) bytes_.push_back(static_cast<std::uint8_t>(byte));
+    }
+    void SAL_CALL flush() override {}
+    void SAL_CALL closeOutput() override {}
+
+    std::vector<std::uint8_t> take() { return std::move(bytes_); }
+
+ private:
+    std::vector<std::uint8_t> bytes_;
+};
+
+sal_Int32 toPixels(sal_Int32 length) {
+    constexpr double kPixelsPerInch = 96;
+    const double pixels = length * kPixelsPerInch / base::kHundredthMillimetresPerInch;
+    return std::max<sal_Int32>(1, static_cast<sal_Int32>(std::lround(pixels)));
+}
+
+}  // namespace
+
+base::Picture pictureOf(const ContextReference& context, const ShapeReference& shape) {
+    const auto exporter = createService<css::document::XExporter>(
+        context, "com.sun.star.drawing.GraphicExportFilter");
+    exporter->setSourceDocument(Reference<css::lang::XComponent>(shape, UNO_QUERY_THROW));
+    const rtl::Reference<MemoryStream> stream(new MemoryStream);
+    const css::awt::Size size = shape->getSize();
+    const PropertyValues pixels = properties({property("PixelWidth", Any(toPixels(size.Width))),
+                                              property("PixelHeight", Any(toPixels(size.Height)))});
+    const Reference<css::io::XOutputStream> output(stream.get());
+    Reference<css::document::XFilter>(exporter, UNO_QUERY_THROW)
+        ->filter(properties({property("FilterName", Any(rtl::OUString("BMP"))),
+                             property("OutputStream", Any(output)),
+                             property("FilterData", Any(pixels))}));
+    std::vector<std::uint8_t> bytes = stream->take();
+    if (bytes.empty()) {
+        throw base::Error(base::ErrorNumber::kInvalidPicture, "Objekt nelze vykreslit.");
+    }
+    return {base::PictureFormat::bitmap, std::move(bytes)};
+}
+
+}  // namespace huebrush::libreoffice

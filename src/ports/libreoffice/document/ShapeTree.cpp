@@ -1,0 +1,369 @@
+#include "ports/libreoffice/document/ShapeTree.h"
+
+#include <algorithm>
+#include <com/sun/star/beans/XPropertySet.hpp>
+#include <com/sun/star/container/XChild.hpp>
+#include <com/sun/star/container/XIndexAccess.hpp>
+#include <com/sun/star/container/XNameAccess.hpp>
+#include <com/sun/star/style/XStyleFamiliesSupplier.hpp>
+#include <unordered_set>
+#include <utility>
+
+#include "ports/libreoffice/document/Anchors.h"
+
+namespace huebrush::libreoffice {
+
+namespace css = com::sun::star;
+
+using css::uno::Reference;
+using css::uno::UNO_QUERY;
+using css::uno::UNO_QUERY_THROW;
+
+namespace {
+
+constexpr std::int32_t kObjectDeleted = 5825;
+/// Up to so many objects held do not slow writing down much.
+constexpr std::size_t kFewHolders = 128;
+
+ShapeReference memberAt(const Reference<css::container::XIndexAccess>& members,
+                        std::int32_t index) {
+    return ShapeReference(members->getByIndex(index), UNO_QUERY_THROW);
+}
+
+Reference<css::container::XIndexAccess> membersOfGroup(const ShapeReference& group) {
+    return {group, UNO_QUERY_THROW};
+}
+
+}  // namespace
+
+void throwDeleted() {
+    throw base::Error(kObjectDeleted, "Objekt byl odstraněn.");
+}
+
+ShapeTree::ShapeTree(const DrawPage::Model& model, std::shared_ptr<Snapshot> snapshot,
+                     Visitor reader)
+    : model_(model), page_(model), snapshot_(std::move(snapshot)), reader_(std::move(reader)) {}
+
+std::vector<NodePointer> ShapeTree::topLevel() {
+    if (!isStructureCurrent()) walk();
+    if (structureRead_ == Snapshot::kNever) return std::exchange(topLevel_, {});
+    return topLevel_;
+}
+
+std::int32_t ShapeTree::count() {
+    if (snapshot_->isCurrent(countRead_)) return count_;
+    const std::int32_t objects = page_.count();
+    if (objects != countedObjects_) {
+        count_ = static_cast<std::int32_t>(topLevel().size());
+        countedObjects_ = objects;
+    }
+    countRead_ = snapshot_->generation();
+    return count_;
+}
+
+std::vector<NodePointer> ShapeTree::all() {
+    std::vector<NodePointer> out;
+    for (const NodePointer& node : topLevel()) collect(node, out);
+    return out;
+}
+
+void ShapeTree::collect(const NodePointer& node, std::vector<NodePointer>& out) {
+    out.push_back(node);
+    if (!node->kind.isGroup()) return;
+    for (const NodePointer& member : membersOf(node)) collect(member, out);
+}
+
+std::vector<NodePointer> ShapeTree::membersOf(const NodePointer& group) {
+    if (snapshot_->isCurrent(group->placed)) return group->members;
+    std::vector<NodePointer> result;
+    const auto members = membersOfGroup(shapeOf(*group));
+    const std::int32_t count = members->getCount();
+    for (std::int32_t index = 0; index < count; ++index) {
+        const ShapeReference shape = memberAt(members, index);
+        if (NodePointer node = nodeAt(shape, group, index)) {
+            if (!node->shape.is()) hold(*node, shape);
+            node->alive = snapshot_->generation();
+            result.push_back(std::move(node));
+        }
+    }
+    return result;
+}
+
+NodePointer ShapeTree::add(const ShapeReference& shape) {
+    endGeneration();
+    countRead_ = Snapshot::kNever;
+    page_.page()->add(shape);
+    return nodeOf(shape);
+}
+
+NodePointer ShapeTree::nodeOf(const ShapeReference& shape) {
+    if (!kindOf(shape).isShape) return nullptr;
+    // Its node may be one that has let the object go, or has not taken it yet.
+    if (!holders_.contains(shape.get())) holdStructure();
+    NodePointer node = nodeAt(shape, nullptr, 0);
+    if (!node->shape.is()) hold(*node, shape);
+    return node;
+}
+
+ShapeReference ShapeTree::shapeOf(ShapeNode& node) {
+    if (!node.shape.is()) {
+        if (!snapshot_->isCurrent(node.placed)) throwDeleted();
+        if (node.parent) {
+            return memberAt(membersOfGroup(shapeOf(*node.parent)), node.index);
+        }
+        if (page_.isSmall()) return page_.at(node.index);
+        holdStructure();
+        if (!node.shape.is()) throwDeleted();
+    }
+    checkAlive(node);
+    return node.shape;
+}
+
+void ShapeTree::checkAlive(ShapeNode& node) {
+    if (!isAlive(node)) throwDeleted();
+}
+
+bool ShapeTree::isAlive(ShapeNode& node) {
+    if (snapshot_->isCurrent(node.placed) || snapshot_->isCurrent(node.alive)) return true;
+    if (!node.shape.is()) return false;
+    const Reference<css::container::XChild> child(node.shape, UNO_QUERY);
+    const bool isOnPage = child.is() && child->getParent().is();
+    if (isOnPage) {
+        node.parent.reset();
+    } else if (!(node.parent && isMember(node)) && !isFound(node)) {
+        return false;
+    }
+    node.alive = snapshot_->generation();
+    return true;
+}
+
+bool ShapeTree::isMember(ShapeNode& node) {
+    if (!isAlive(*node.parent)) return false;
+    const auto members = membersOfGroup(shapeOf(*node.parent));
+    const std::int32_t count = members->getCount();
+    if (node.index < count && memberAt(members, node.index) == node.shape) return true;
+    for (std::int32_t index = 0; index < count; ++index) {
+        if (memberAt(members, index) == node.shape) {
+            node.index = index;
+            return true;
+        }
+    }
+    return false;
+}
+
+/// Looks through all groups of the page.
+bool ShapeTree::isFound(ShapeNode& node) {
+    const std::function<bool(const ShapeReference&, const NodePointer&)> search =
+        [&](const ShapeReference& group, const NodePointer& groupNode) {
+            const auto members = membersOfGroup(group);
+            const std::int32_t count = members->getCount();
+            for (std::int32_t index = 0; index < count; ++index) {
+                const ShapeReference member = memberAt(members, index);
+                if (member == node.shape) {
+                    node.parent = groupNode;
+                    node.index = index;
+                    return true;
+                }
+                if (kindOf(member).isGroup()) {
+                    const NodePointer memberNode = nodeAt(member, groupNode, index);
+                    if (!memberNode->shape.is()) hold(*memberNode, member);
+                    if (search(member, memberNode)) return true;
+                }
+            }
+            return false;
+        };
+    bool found = false;
+    page_.visit(
+        [&](std::int32_t index, const ShapeReference& shape) {
+            if (found || !kindOf(shape).isGroup()) return;
+            const NodePointer groupNode = nodeAt(shape, nullptr, index);
+            if (!groupNode->shape.is()) hold(*groupNode, shape);
+            found = search(shape, groupNode);
+        },
+        [&] { found = false; });
+    return found;
+}
+
+void ShapeTree::walk() {
+    forgetStructure();
+    forgetDead();
+    headers_ = hasHeaders();
+    page_.visit(
+        [this](std::int32_t index, const ShapeReference& shape) {
+            if (headers_ && isAnchoredInHeaderOrFooter(shape)) return;
+            if (NodePointer node = place(shape, nullptr, index)) {
+                topLevel_.push_back(std::move(node));
+            }
+        },
+        [this] { forgetStructure(); });
+    structureRead_ = snapshot_->generation();
+    count_ = static_cast<std::int32_t>(topLevel_.size());
+    countedObjects_ = page_.count();
+    countRead_ = structureRead_;
+}
+
+void ShapeTree::forgetStructure() {
+    for (const NodePointer& group : groups_) group->members.clear();
+    groups_.clear();
+    topLevel_.clear();
+    structureRead_ = Snapshot::kNever;
+}
+
+void ShapeTree::forgetDead() {
+    std::erase_if(holders_, [](const auto& holder) { return holder.second.expired(); });
+}
+
+/// The node for an object at this place; nothing for what is no shape.
+NodePointer ShapeTree::nodeAt(const ShapeReference& shape, const NodePointer& parent,
+                              std::int32_t index) {
+    const auto found = holders_.find(shape.get());
+    NodePointer node = found == holders_.end() ? nullptr : found->second.lock();
+    if (node) {
+        node->parent = parent;
+        node->index = index;
+        return node;
+    }
+    const ShapeKind kind = kindOf(shape);
+    if (!kind.isShape) return nullptr;
+    return std::make_shared<ShapeNode>(kind, parent, index);
+}
+
+NodePointer ShapeTree::place(const ShapeReference& shape, const NodePointer& parent,
+                             std::int32_t index) {
+    NodePointer node = nodeAt(shape, parent, index);
+    if (!node) return nullptr;
+    node->placed = snapshot_->generation();
+    // Outside a handler there is no structure to find it again.
+    if (!node->shape.is() && node->placed == Snapshot::kNever) hold(*node, shape);
+    if (node->kind.isGroup()) {
+        placeMembers(node, shape);
+    } else if (node->placed != Snapshot::kNever) {
+        reader_(*node, shape);
+    }
+    return node;
+}
+
+void ShapeTree::placeMembers(const NodePointer& group, const ShapeReference& shape) {
+    if (group->placed == Snapshot::kNever) return;
+    const auto members = membersOfGroup(shape);
+    const std::int32_t count = members->getCount();
+    group->members.clear();
+    for (std::int32_t index = 0; index < count; ++index) {
+        if (NodePointer member = place(memberAt(members, index), group, index)) {
+            group->members.push_back(std::move(member));
+        }
+    }
+    groups_.push_back(group);
+}
+
+void ShapeTree::visitAll(const Visitor& visitor) {
+    if (!isStructureCurrent()) walk();
+    auto next = topLevel_.begin();
+    page_.visit(
+        [&](std::int32_t index, const ShapeReference& shape) {
+            if (next == topLevel_.end() || (*next)->index != index) return;
+            ShapeNode& node = **next++;
+            visitor(node, shape);
+            if (node.kind.isGroup()) visitMembers(node, shape, visitor);
+        },
+        [&] { next = topLevel_.begin(); });
+}
+
+void ShapeTree::visitMembers(const ShapeNode& group, const ShapeReference& shape,
+                             const Visitor& visitor) {
+    const auto members = membersOfGroup(shape);
+    for (const NodePointer& node : group.members) {
+        const ShapeReference member = memberAt(members, node->index);
+        visitor(*node, member);
+        if (node->kind.isGroup()) visitMembers(*node, member, visitor);
+    }
+}
+
+std::vector<std::int32_t> ShapeTree::placeOf(const ShapeNode& node) {
+    std::vector<std::int32_t> place;
+    for (const ShapeNode* at = &node; at != nullptr; at = at->parent.get()) {
+        place.push_back(at->index);
+    }
+    std::reverse(place.begin(), place.end());
+    return place;
+}
+
+void ShapeTree::letGo() {
+    if (holders_.size() <= kFewHolders) return;
+    if (snapshot_->generation() == Snapshot::kNever) return;
+    if (!isStructureCurrent()) walk();
+    for (const auto& [object, weak] : holders_) {
+        const NodePointer node = weak.lock();
+        if (!node) continue;
+        // One that was not met on the walk has been deleted, and stays so.
+        node->shape.clear();
+    }
+    holders_.clear();
+}
+
+/// Takes hold of everything in a current structure.
+void ShapeTree::holdStructure() {
+    if (!isStructureCurrent()) return;
+    visitAll([this](ShapeNode& node, const ShapeReference& shape) {
+        if (!node.shape.is()) hold(node, shape);
+    });
+}
+
+/// Takes hold of what somebody else than the structure uses.
+void ShapeTree::holdUsed() {
+    std::unordered_set<ShapeNode*> used;
+    const std::function<bool(const NodePointer&)> collectUsed = [&](const NodePointer& node) {
+        // The structure's own references to a node: its place in a list, and for a group one of
+        // each member and one of the list of groups.
+        long own = 1;
+        bool isUsed = false;
+        if (node->kind.isGroup()) {
+            own += 1 + static_cast<long>(node->members.size());
+            for (const NodePointer& member : node->members) isUsed |= collectUsed(member);
+        }
+        isUsed |= node.use_count() > own;
+        if (isUsed && !node->shape.is()) used.insert(node.get());
+        return isUsed;
+    };
+    for (const NodePointer& node : topLevel_) collectUsed(node);
+    if (used.empty()) return;
+    visitAll([&](ShapeNode& node, const ShapeReference& shape) {
+        if (used.contains(&node)) hold(node, shape);
+    });
+}
+
+void ShapeTree::endGeneration() {
+    if (isStructureCurrent()) holdUsed();
+    forgetStructure();
+}
+
+void ShapeTree::forget() {
+    forgetStructure();
+    for (const auto& [object, weak] : holders_) {
+        if (const NodePointer node = weak.lock()) node->shape.clear();
+    }
+    holders_.clear();
+}
+
+bool ShapeTree::hasHeaders() const {
+    const Reference<css::style::XStyleFamiliesSupplier> supplier(model_, UNO_QUERY_THROW);
+    const Reference<css::container::XIndexAccess> styles(
+        supplier->getStyleFamilies()->getByName("PageStyles"), UNO_QUERY_THROW);
+    const std::int32_t count = styles->getCount();
+    for (std::int32_t index = 0; index < count; ++index) {
+        const Reference<css::beans::XPropertySet> style(styles->getByIndex(index), UNO_QUERY_THROW);
+        bool header = false;
+        bool footer = false;
+        style->getPropertyValue("HeaderIsOn") >>= header;
+        style->getPropertyValue("FooterIsOn") >>= footer;
+        if (header || footer) return true;
+    }
+    return false;
+}
+
+void ShapeTree::hold(ShapeNode& node, const ShapeReference& shape) {
+    node.shape = shape;
+    holders_[shape.get()] = node.weak_from_this();
+}
+
+}  // namespace huebrush::libreoffice

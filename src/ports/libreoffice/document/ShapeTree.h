@@ -1,0 +1,101 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <unordered_map>
+#include <vector>
+
+#include "ports/libreoffice/Snapshot.h"
+#include "ports/libreoffice/document/DrawPage.h"
+#include "ports/libreoffice/document/ShapeNode.h"
+
+namespace huebrush::libreoffice {
+
+/// The shapes of one document, each with its one node, and where they stand.
+///
+/// A node holds the office's object, or its place in a structure that is current; either finds the
+/// other. Shapes anchored in headers and footers are left out, and so is what is no shape. The
+/// office's exceptions pass to the caller.
+class ShapeTree {
+ public:
+    /// Called for a shape while the whole tree is walked, with the office's object.
+    using Visitor = std::function<void(ShapeNode& node, const ShapeReference& shape)>;
+
+    ShapeTree(const DrawPage::Model& model, std::shared_ptr<Snapshot> snapshot, Visitor reader);
+
+    /// All top-level shapes, in the page's order. Inside a handler the tree is walked once, with
+    /// all groups, and the reader called for each shape.
+    std::vector<NodePointer> topLevel();
+    /// Their number; while the number of the page's objects stays, it is not counted anew.
+    std::int32_t count();
+    /// All shapes in depth-first order, groups before their members. Walks the tree.
+    std::vector<NodePointer> all();
+
+    std::vector<NodePointer> membersOf(const NodePointer& group);
+
+    /// Puts a new object on the page, in front of all others.
+    NodePointer add(const ShapeReference& shape);
+
+    /// The node of an object that the office gave us; nothing for what is no shape of ours.
+    NodePointer nodeOf(const ShapeReference& shape);
+
+    /// The office's object. An error when the shape has been deleted.
+    ShapeReference shapeOf(ShapeNode& node);
+    /// An error when the shape has been deleted.
+    void checkAlive(ShapeNode& node);
+
+    /// Walks the current structure; each object is let go after its visit, unless its node holds
+    /// it. REQUIRES: inside a handler.
+    void visitAll(const Visitor& visitor);
+    /// The numbers of the groups' members and the page's object on the way to a shape.
+    static std::vector<std::int32_t> placeOf(const ShapeNode& node);
+
+    /// Lets go of the office's objects where many are held, before many are written.
+    void letGo();
+    /// Takes hold again of the objects of all nodes in use, and forgets the structure: events are
+    /// about to run.
+    void endGeneration();
+    /// Lets go of everything: the document is gone, and every node counts as deleted.
+    void forget();
+
+    const DrawPage& page() const { return page_; }
+
+ private:
+    bool isStructureCurrent() const { return snapshot_->isCurrent(structureRead_); }
+    void walk();
+    void forgetStructure();
+    NodePointer nodeAt(const ShapeReference& shape, const NodePointer& parent, std::int32_t index);
+    NodePointer place(const ShapeReference& shape, const NodePointer& parent, std::int32_t index);
+    void placeMembers(const NodePointer& group, const ShapeReference& shape);
+    void visitMembers(const ShapeNode& group, const ShapeReference& shape, const Visitor& visitor);
+    void holdStructure();
+    void holdUsed();
+    bool isAlive(ShapeNode& node);
+    bool isMember(ShapeNode& node);
+    bool isFound(ShapeNode& node);
+    bool hasHeaders() const;
+    void hold(ShapeNode& node, const ShapeReference& shape);
+    void forgetDead();
+    void collect(const NodePointer& node, std::vector<NodePointer>& out);
+
+    DrawPage::Model model_;
+    DrawPage page_;
+    std::shared_ptr<Snapshot> snapshot_;
+    Visitor reader_;
+
+    /// Nodes that hold their object, by it.
+    std::unordered_map<com::sun::star::drawing::XShape*, std::weak_ptr<ShapeNode>> holders_;
+
+    Snapshot::Generation structureRead_ = Snapshot::kNever;
+    std::vector<NodePointer> topLevel_;
+    std::vector<NodePointer> groups_;
+
+    std::int32_t count_ = 0;
+    std::int32_t countedObjects_ = -1;
+    Snapshot::Generation countRead_ = Snapshot::kNever;
+    bool headers_ = false;
+};
+
+[[noreturn]] void throwDeleted();
+
+}  // namespace huebrush::libreoffice

@@ -1,0 +1,71 @@
+#include "ports/libreoffice/document/WindowSelection.h"
+
+#include <com/sun/star/container/XChild.hpp>
+#include <com/sun/star/container/XIndexAccess.hpp>
+#include <com/sun/star/drawing/XShapes.hpp>
+#include <com/sun/star/view/XSelectionSupplier.hpp>
+
+#include "ports/libreoffice/document/Anchors.h"
+#include "ports/libreoffice/uno/Properties.h"
+
+namespace huebrush::libreoffice {
+
+namespace css = com::sun::star;
+
+using css::uno::Any;
+using css::uno::Reference;
+using css::uno::UNO_QUERY;
+using css::uno::UNO_QUERY_THROW;
+
+namespace {
+
+Reference<css::view::XSelectionSupplier> selectionOf(const ModelReference& model) {
+    return {model->getCurrentController(), UNO_QUERY};
+}
+
+bool isInBody(const ShapeReference& shape) {
+    const Reference<css::container::XChild> child(shape, UNO_QUERY);
+    const bool isTopLevel = child.is() && child->getParent().is();
+    return !isTopLevel || !isAnchoredInHeaderOrFooter(shape);
+}
+
+void add(const ShapeReference& shape, std::vector<ShapeReference>& shapes) {
+    if (shape.is() && kindOf(shape).isShape && isInBody(shape)) shapes.push_back(shape);
+}
+
+}  // namespace
+
+bool isHidden(const ModelReference& model) {
+    bool hidden = false;
+    valueOf(model->getArgs(), "Hidden") >>= hidden;
+    return hidden;
+}
+
+std::vector<ShapeReference> selectionInWindow(const ModelReference& model) {
+    std::vector<ShapeReference> shapes;
+    const auto supplier = selectionOf(model);
+    if (!supplier.is()) return shapes;
+    const Any selection = supplier->getSelection();
+    const Reference<css::drawing::XShapes> several(selection, UNO_QUERY);
+    if (!several.is()) {
+        add(ShapeReference(selection, UNO_QUERY), shapes);
+        return shapes;
+    }
+    const std::int32_t count = several->getCount();
+    for (std::int32_t index = 0; index < count; ++index) {
+        add(ShapeReference(several->getByIndex(index), UNO_QUERY), shapes);
+    }
+    return shapes;
+}
+
+void selectInWindow(const ContextReference& context, const ModelReference& model,
+                    const std::vector<ShapeReference>& shapes) {
+    const auto supplier = selectionOf(model);
+    if (!supplier.is()) return;
+    const auto collection =
+        createService<css::drawing::XShapes>(context, "com.sun.star.drawing.ShapeCollection");
+    for (const ShapeReference& shape : shapes) collection->add(shape);
+    supplier->select(Any(collection));
+}
+
+}  // namespace huebrush::libreoffice

@@ -1,0 +1,31 @@
+#include "ports/libreoffice/document/WriterSelection.h"
+
+#include "forms/Runtime.h"
+#include "ports/libreoffice/document/ShapePicture.h"
+#include "ports/libreoffice/document/WriterDocument.h"
+#include "ports/libreoffice/document/WriterShapes.h"
+
+namespace huebrush::libreoffice {
+
+std::shared_ptr<host::ShapeRange> WriterSelection::ShapeRange() {
+    return std::make_shared<WriterShapeRange>(document_, document_->selected());
+}
+
+std::shared_ptr<host::Document> WriterSelection::Document() {
+    return std::make_shared<WriterDocument>(document_);
+}
+
+void WriterSelection::Copy() {
+    document_->commitBuffered();
+    document_->flush();
+    const std::vector<NodePointer> selected = document_->selected();
+    if (selected.empty()) {
+        throw base::Error(HostErrorNumber::kCommandFailed, "Není vybrán žádný objekt.");
+    }
+    const base::Picture picture = officeCalls([&] {
+        return pictureOf(document_->context(), document_->tree().shapeOf(*selected.front()));
+    });
+    forms::Runtime::current().Clipboard().SetData(picture);
+}
+
+}  // namespace huebrush::libreoffice
