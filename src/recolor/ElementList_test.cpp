@@ -1,4 +1,4 @@
-#include "recolor/DialogTest.h"
+#include "recolor/Dialog_test_support.h"
 
 namespace huebrush::recolor {
 namespace {

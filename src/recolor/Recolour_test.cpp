@@ -1,6 +1,6 @@
 #include <functional>
 
-#include "recolor/DialogTest.h"
+#include "recolor/Dialog_test_support.h"
 
 namespace huebrush::recolor {
 namespace {

@@ -1,7 +1,7 @@
 #include <algorithm>
 #include <functional>
 
-#include "recolor/DialogTest.h"
+#include "recolor/Dialog_test_support.h"
 #include "recolor/ScanCollection.h"
 
 namespace huebrush::recolor {
