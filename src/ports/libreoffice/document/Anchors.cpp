@@ -1,6 +1,7 @@
 #include "ports/libreoffice/document/Anchors.h"
 
 #include <com/sun/star/beans/XPropertySet.hpp>
+#include <com/sun/star/container/XChild.hpp>
 #include <com/sun/star/lang/XServiceInfo.hpp>
 #include <com/sun/star/text/XText.hpp>
 #include <com/sun/star/text/XTextContent.hpp>
@@ -31,6 +32,14 @@ bool isHeaderOrFooter(const Reference<css::text::XText>& text) {
 }
 
 }  // namespace
+
+Parent parentOf(const ShapeReference& shape) {
+    const Reference<css::container::XChild> child(shape, UNO_QUERY);
+    if (!child.is()) return {};
+    const Reference<css::uno::XInterface> parent(child->getParent());
+    const ShapeReference group(parent, UNO_QUERY);
+    return {parent.is() && !group.is(), group};
+}
 
 bool isAnchoredInHeaderOrFooter(const ShapeReference& shape) {
     Reference<css::text::XTextContent> content(shape, UNO_QUERY);

@@ -4,6 +4,14 @@
 
 namespace huebrush::libreoffice {
 
+/// What an object stands in. The office does not always know: neither is set then, also for an
+/// object that has been deleted.
+struct Parent {
+    bool isPage = false;
+    ShapeReference group;
+};
+Parent parentOf(const ShapeReference& shape);
+
 /// Whether a top-level object is tied to text of a header or footer, also through a frame or a
 /// table in it. REQUIRES: not a group's member (the office breaks down when asked for the anchor of
 /// one).

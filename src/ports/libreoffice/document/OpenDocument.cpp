@@ -49,7 +49,7 @@ struct OpenDocument::Parts {
                [&document](ShapeNode& node, const ShapeReference& shape) {
                    document.readFromShape(node, shape);
                }),
-          names(tree),
+          names(tree, document.snapshot_),
           hasWindow(!isHidden(model)) {}
 
     Model model;
@@ -67,11 +67,8 @@ OpenDocument::OpenDocument(ContextReference context, const Model& model,
 
 OpenDocument::~OpenDocument() = default;
 
-OpenDocument::Parts& OpenDocument::parts() const {
-    if (!parts_) {
-        throw base::Error(HostErrorNumber::kNoDocument, "Dokument byl zavřen.");
-    }
-    return *parts_;
+void OpenDocument::throwClosed() {
+    throw base::Error(HostErrorNumber::kNoDocument, "Dokument byl zavřen.");
 }
 
 const OpenDocument::Model& OpenDocument::model() const {

@@ -42,11 +42,13 @@ class OpenDocument : public std::enable_shared_from_this<OpenDocument> {
 
     const HostFill& fillOf(ShapeNode& node) {
         if (buffered_ != nullptr) commitBuffered();
+        parts();
         if (!snapshot_->isCurrent(node.fillRead)) readFillOf(node);
         if (node.fillError) throw base::Error(*node.fillError);
         return node.fill.host;
     }
     const ShapeNode::Line& lineOf(ShapeNode& node) {
+        parts();
         if (!snapshot_->isCurrent(node.lineRead)) readLineOf(node);
         if (node.lineError) throw base::Error(*node.lineError);
         return node.line;
@@ -100,11 +102,14 @@ class OpenDocument : public std::enable_shared_from_this<OpenDocument> {
         ShapeFill wanted;
     };
 
-    Parts& parts() const;
+    Parts& parts() const {
+        if (!parts_) throwClosed();
+        return *parts_;
+    }
+    [[noreturn]] static void throwClosed();
     void readFillOf(ShapeNode& node);
     void readLineOf(ShapeNode& node);
     void readFromShape(ShapeNode& node, const ShapeReference& shape);
-    void readLinesOfAll();
     void changeFill(const NodePointer& leaf, const FillEdit& edit, const std::string& userPicture);
     void write(Write& write, const ShapeReference& shape, bool isWalkPlace);
     void writeEach(std::vector<Write>& writes);

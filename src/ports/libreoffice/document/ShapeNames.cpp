@@ -19,22 +19,23 @@ constexpr std::string_view kUnnamed = "Tvar";
 
 const std::string& ShapeNames::nameOf(ShapeNode& node) {
     if (node.name.empty()) {
-        // One after the other would cost a way through the page each.
-        if (!node.shape.is()) giveAll();
-        if (node.name.empty()) give(node, ownNameOf(tree_.shapeOf(node)));
+        const HandlerScope scope(snapshot_);
+        giveAll();
     }
+    if (node.name.empty()) throwDeleted();
     return node.name;
 }
 
 std::vector<NodePointer> ShapeNames::find(const std::vector<std::string>& names) {
+    const HandlerScope scope(snapshot_);
     std::vector<NodePointer> found;
     found.reserve(names.size());
-    std::vector<NodePointer> all;
+    bool allAreNamed = false;
     for (const std::string& name : names) {
         NodePointer node = given(name);
-        if (!node && all.empty()) {
-            all = tree_.all();
+        if (!node && !allAreNamed) {
             giveAll();
+            allAreNamed = true;
             node = given(name);
         }
         if (!node) {
@@ -53,14 +54,17 @@ NodePointer ShapeNames::given(const std::string& name) const {
 }
 
 void ShapeNames::give(ShapeNode& node, const std::string& own) {
-    std::string name = own.empty() ? std::string(kUnnamed) : own;
-    if (own.empty() || given(name)) {
-        std::int32_t& number = lastNumber_[name];
-        const std::string base = name;
-        do {
-            name = base::text(base, "‹", ++number, "›");
-        } while (given(name));
+    std::string name = own;
+    if (own.empty() || given(own)) {
+        name = own.empty() ? std::string(kUnnamed) : own;
+        std::string_view before = "‹";
+        for (const std::int32_t index : ShapeTree::placeOf(node)) {
+            name = base::text(name, before, index + 1);
+            before = ".";
+        }
+        name += "›";
     }
+    while (given(name)) name += "′";
     node.name = name;
     given_[name] = node.weak_from_this();
 }

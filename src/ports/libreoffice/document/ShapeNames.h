@@ -1,6 +1,5 @@
 #pragma once
 
-#include <map>
 #include <memory>
 #include <string>
 #include <unordered_map>
@@ -10,12 +9,14 @@
 
 namespace huebrush::libreoffice {
 
-/// The names that a document's shapes are known by here. They are unique and last as long as the
-/// node; the office's own name is taken where no other shape has been given it, and is never
-/// changed. Other shapes may come and go meanwhile.
+/// The names that a document's shapes are known by here. They are unique; a name of the office's
+/// own is taken as it is for the first shape that has it, else the shape's place makes it unique. A
+/// name lasts as long as its node, whatever other shapes come and go, and a new node at the same
+/// place gets the same. The office's own names are never changed.
 class ShapeNames {
  public:
-    explicit ShapeNames(ShapeTree& tree) : tree_(tree) {}
+    ShapeNames(ShapeTree& tree, std::shared_ptr<Snapshot> snapshot)
+        : tree_(tree), snapshot_(std::move(snapshot)) {}
 
     /// The name of a shape; given to it when it is first asked for.
     const std::string& nameOf(ShapeNode& node);
@@ -30,9 +31,8 @@ class ShapeNames {
     static std::string ownNameOf(const ShapeReference& shape);
 
     ShapeTree& tree_;
+    std::shared_ptr<Snapshot> snapshot_;
     std::unordered_map<std::string, std::weak_ptr<ShapeNode>> given_;
-    /// The last number tried behind a name that several shapes have.
-    std::map<std::string, std::int32_t> lastNumber_;
 };
 
 }  // namespace huebrush::libreoffice

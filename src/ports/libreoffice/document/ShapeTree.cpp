@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <com/sun/star/beans/XPropertySet.hpp>
-#include <com/sun/star/container/XChild.hpp>
 #include <com/sun/star/container/XIndexAccess.hpp>
 #include <com/sun/star/container/XNameAccess.hpp>
 #include <com/sun/star/style/XStyleFamiliesSupplier.hpp>
@@ -97,12 +96,24 @@ NodePointer ShapeTree::add(const ShapeReference& shape) {
 }
 
 NodePointer ShapeTree::nodeOf(const ShapeReference& shape) {
-    if (!kindOf(shape).isShape) return nullptr;
-    // Its node may be one that has let the object go, or has not taken it yet.
-    if (!holders_.contains(shape.get())) holdStructure();
-    NodePointer node = nodeAt(shape, nullptr, 0);
-    if (!node->shape.is()) hold(*node, shape);
+    const ShapeKind kind = kindOf(shape);
+    if (!kind.isShape) return nullptr;
+    NodePointer node = holderOf(shape);
+    if (!node) {
+        // It may be one that has let the object go, or has not taken it yet.
+        holdStructure();
+        node = holderOf(shape);
+    }
+    if (!node) {
+        node = std::make_shared<ShapeNode>(kind, nullptr, 0);
+        hold(*node, shape);
+    }
     return node;
+}
+
+NodePointer ShapeTree::holderOf(const ShapeReference& shape) const {
+    const auto found = holders_.find(shape.get());
+    return found == holders_.end() ? nullptr : found->second.lock();
 }
 
 ShapeReference ShapeTree::shapeOf(ShapeNode& node) {
@@ -126,12 +137,12 @@ void ShapeTree::checkAlive(ShapeNode& node) {
 bool ShapeTree::isAlive(ShapeNode& node) {
     if (snapshot_->isCurrent(node.placed) || snapshot_->isCurrent(node.alive)) return true;
     if (!node.shape.is()) return false;
-    const Reference<css::container::XChild> child(node.shape, UNO_QUERY);
-    const bool isOnPage = child.is() && child->getParent().is();
-    if (isOnPage) {
+    const Parent parent = parentOf(node.shape);
+    if (parent.isPage) {
         node.parent.reset();
-    } else if (!(node.parent && isMember(node)) && !isFound(node)) {
-        return false;
+    } else {
+        if (parent.group.is()) node.parent = nodeOf(parent.group);
+        if (!(node.parent && isMember(node)) && !isFoundOnWalk(node)) return false;
     }
     node.alive = snapshot_->generation();
     return true;
@@ -151,37 +162,11 @@ bool ShapeTree::isMember(ShapeNode& node) {
     return false;
 }
 
-/// Looks through all groups of the page.
-bool ShapeTree::isFound(ShapeNode& node) {
-    const std::function<bool(const ShapeReference&, const NodePointer&)> search =
-        [&](const ShapeReference& group, const NodePointer& groupNode) {
-            const auto members = membersOfGroup(group);
-            const std::int32_t count = members->getCount();
-            for (std::int32_t index = 0; index < count; ++index) {
-                const ShapeReference member = memberAt(members, index);
-                if (member == node.shape) {
-                    node.parent = groupNode;
-                    node.index = index;
-                    return true;
-                }
-                if (kindOf(member).isGroup()) {
-                    const NodePointer memberNode = nodeAt(member, groupNode, index);
-                    if (!memberNode->shape.is()) hold(*memberNode, member);
-                    if (search(member, memberNode)) return true;
-                }
-            }
-            return false;
-        };
-    bool found = false;
-    page_.visit(
-        [&](std::int32_t index, const ShapeReference& shape) {
-            if (found || !kindOf(shape).isGroup()) return;
-            const NodePointer groupNode = nodeAt(shape, nullptr, index);
-            if (!groupNode->shape.is()) hold(*groupNode, shape);
-            found = search(shape, groupNode);
-        },
-        [&] { found = false; });
-    return found;
+/// The last resort: one walk finds all nodes that are anywhere.
+bool ShapeTree::isFoundOnWalk(ShapeNode& node) {
+    const HandlerScope scope(snapshot_);
+    if (!isStructureCurrent()) walk();
+    return snapshot_->isCurrent(node.placed);
 }
 
 void ShapeTree::walk() {
@@ -216,9 +201,7 @@ void ShapeTree::forgetDead() {
 /// The node for an object at this place; nothing for what is no shape.
 NodePointer ShapeTree::nodeAt(const ShapeReference& shape, const NodePointer& parent,
                               std::int32_t index) {
-    const auto found = holders_.find(shape.get());
-    NodePointer node = found == holders_.end() ? nullptr : found->second.lock();
-    if (node) {
+    if (NodePointer node = holderOf(shape)) {
         node->parent = parent;
         node->index = index;
         return node;

@@ -64,6 +64,7 @@ class ShapeTree {
     bool isStructureCurrent() const { return snapshot_->isCurrent(structureRead_); }
     void walk();
     void forgetStructure();
+    NodePointer holderOf(const ShapeReference& shape) const;
     NodePointer nodeAt(const ShapeReference& shape, const NodePointer& parent, std::int32_t index);
     NodePointer place(const ShapeReference& shape, const NodePointer& parent, std::int32_t index);
     void placeMembers(const NodePointer& group, const ShapeReference& shape);
@@ -72,7 +73,7 @@ class ShapeTree {
     void holdUsed();
     bool isAlive(ShapeNode& node);
     bool isMember(ShapeNode& node);
-    bool isFound(ShapeNode& node);
+    bool isFoundOnWalk(ShapeNode& node);
     bool hasHeaders() const;
     void hold(ShapeNode& node, const ShapeReference& shape);
     void forgetDead();

@@ -1,6 +1,5 @@
 #include "ports/libreoffice/document/WindowSelection.h"
 
-#include <com/sun/star/container/XChild.hpp>
 #include <com/sun/star/container/XIndexAccess.hpp>
 #include <com/sun/star/drawing/XShapes.hpp>
 #include <com/sun/star/view/XSelectionSupplier.hpp>
@@ -24,9 +23,7 @@ Reference<css::view::XSelectionSupplier> selectionOf(const ModelReference& model
 }
 
 bool isInBody(const ShapeReference& shape) {
-    const Reference<css::container::XChild> child(shape, UNO_QUERY);
-    const bool isTopLevel = child.is() && child->getParent().is();
-    return !isTopLevel || !isAnchoredInHeaderOrFooter(shape);
+    return !parentOf(shape).isPage || !isAnchoredInHeaderOrFooter(shape);
 }
 
 void add(const ShapeReference& shape, std::vector<ShapeReference>& shapes) {

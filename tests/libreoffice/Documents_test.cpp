@@ -1,0 +1,613 @@
+// Writer's documents through the object model: what is Writer's own about it.
+
+#include <com/sun/star/awt/Gradient.hpp>
+#include <com/sun/star/awt/XControlModel.hpp>
+#include <com/sun/star/beans/XPropertySet.hpp>
+#include <com/sun/star/container/XNamed.hpp>
+#include <com/sun/star/document/XUndoManagerSupplier.hpp>
+#include <com/sun/star/drawing/FillStyle.hpp>
+#include <com/sun/star/drawing/Hatch.hpp>
+#include <com/sun/star/drawing/XControlShape.hpp>
+#include <com/sun/star/frame/XStorable.hpp>
+#include <com/sun/star/lang/XMultiServiceFactory.hpp>
+#include <com/sun/star/style/XStyleFamiliesSupplier.hpp>
+#include <com/sun/star/text/TextContentAnchorType.hpp>
+#include <com/sun/star/text/XTextDocument.hpp>
+#include <com/sun/star/util/XModifiable.hpp>
+#include <com/sun/star/view/XSelectionSupplier.hpp>
+#include <filesystem>
+#include <functional>
+
+#include "DocumentsHost.h"
+#include "base/Color.h"
+#include "base/Text.h"
+#include "forms/Runtime.h"
+#include "ports/libreoffice/fill/Patterns.h"
+#include "ports/libreoffice/fill/Textures.h"
+#include "ports/libreoffice/uno/Errors.h"
+
+namespace huebrush::tests {
+
+namespace css = com::sun::star;
+
+using css::uno::Any;
+using css::uno::Reference;
+using css::uno::UNO_QUERY;
+using css::uno::UNO_QUERY_THROW;
+using host::MsoFillType;
+using host::MsoShapeType;
+using host::MsoTriState;
+using libreoffice::HandlerScope;
+
+namespace {
+
+constexpr std::int32_t kRed = base::rgb(200, 0, 0);
+constexpr std::int32_t kGreen = base::rgb(0, 160, 20);
+constexpr std::int32_t kBlue = base::rgb(10, 20, 250);
+
+/// An open document with what is needed to look at it.
+class DocumentsTest : public testing::Test {
+ protected:
+    std::shared_ptr<host::Document> document() { return documents.documentOf(open.model()); }
+    host::ShapePointer shape(std::size_t index) { return shapes().at(index); }
+
+    std::vector<host::ShapePointer> shapes() {
+        std::vector<host::ShapePointer> all;
+        const auto enumerator = document()->Shapes()->enumerate();
+        while (const auto next = enumerator->next()) all.push_back(next);
+        return all;
+    }
+
+    css::uno::Reference<css::document::XUndoManager> undoManager() {
+        return Reference<css::document::XUndoManagerSupplier>(open.model(), UNO_QUERY_THROW)
+            ->getUndoManager();
+    }
+
+    OpenDocument open;
+    libreoffice::Documents documents{officeContext()};
+};
+
+void paint(host::FillFormat& fill, const std::function<void()>& build, float transparency = 0) {
+    fill.setForeColorRGB(kBlue);
+    fill.setBackColorRGB(kGreen);
+    build();
+    fill.setTransparency(transparency);
+    fill.setVisible(MsoTriState::msoTrue);
+}
+
+/// All that a fill answers.
+struct Answers {
+    MsoTriState visible;
+    std::int32_t fore;
+    std::int32_t back;
+    float transparency;
+    MsoFillType type;
+    std::int32_t gradientStyle;
+    host::MsoGradientColorType gradientColorType;
+    std::int32_t gradientVariant;
+    float gradientDegree;
+    std::int32_t presetGradient;
+    host::MsoTextureType textureType;
+    std::int32_t presetTexture;
+    std::int32_t pattern;
+    std::string textureName;
+
+    explicit Answers(host::FillFormat& fill)
+        : visible(fill.Visible()),
+          fore(fill.ForeColorRGB()),
+          back(fill.BackColorRGB()),
+          transparency(fill.Transparency()),
+          type(fill.Type()),
+          gradientStyle(fill.GradientStyle()),
+          gradientColorType(fill.GradientColorType()),
+          gradientVariant(fill.GradientVariant()),
+          gradientDegree(fill.GradientDegree()),
+          presetGradient(fill.PresetGradientType()),
+          textureType(fill.TextureType()),
+          presetTexture(fill.PresetTexture()),
+          pattern(fill.Pattern()) {
+        try {
+            textureName = fill.TextureName();
+        } catch (const base::Error&) {
+            textureName = "(refused)";
+        }
+    }
+
+    friend bool operator==(const Answers&, const Answers&) = default;
+};
+
+std::ostream& operator<<(std::ostream& out, const Answers& a) {
+    return out << "visible " << static_cast<int>(a.visible) << " fore " << a.fore << " back "
+               << a.back << " transparency " << a.transparency << " type "
+               << static_cast<int>(a.type) << " gradient " << a.gradientStyle << '/'
+               << a.gradientVariant << '/' << static_cast<int>(a.gradientColorType) << '/'
+               << a.gradientDegree << '/' << a.presetGradient << " texture "
+               << static_cast<int>(a.textureType) << '/' << a.presetTexture << " pattern "
+               << a.pattern << " name " << a.textureName;
+}
+
+using Build = std::function<void(host::FillFormat&)>;
+
+std::vector<Build> everyFill(const std::string& textureFile) {
+    using host::FillFormat;
+    std::vector<Build> builds = {[](FillFormat& fill) { fill.Solid(); },
+                                 [=](FillFormat& fill) { fill.UserTextured(textureFile); }};
+    for (std::int32_t pattern = 1; pattern <= libreoffice::kPatternCount; ++pattern) {
+        builds.push_back([=](FillFormat& fill) { fill.Patterned(pattern); });
+    }
+    for (std::int32_t texture = 1; texture <= libreoffice::kTextureCount; ++texture) {
+        builds.push_back([=](FillFormat& fill) { fill.PresetTextured(texture); });
+        builds.push_back([=](FillFormat& fill) { fill.PresetGradient(1, 3, texture); });
+    }
+    for (std::int32_t style = 1; style <= 7; ++style) {
+        for (std::int32_t variant = 1; variant <= 4; ++variant) {
+            builds.push_back([=](FillFormat& fill) { fill.TwoColorGradient(style, variant); });
+            builds.push_back(
+                [=](FillFormat& fill) { fill.OneColorGradient(style, variant, 0.37F); });
+        }
+    }
+    return builds;
+}
+
+/// A file that is gone at the end.
+class StoredFile {
+ public:
+    explicit StoredFile(const std::string& extension)
+        : path_(std::filesystem::temp_directory_path() /
+                base::text("documents_test", ++number(), extension)) {}
+    StoredFile(const StoredFile&) = delete;
+    StoredFile& operator=(const StoredFile&) = delete;
+    ~StoredFile() {
+        std::error_code ignored;
+        std::filesystem::remove(path_, ignored);
+    }
+    std::string url() const { return base::text("file://", path_.string()); }
+
+    void store(const ModelReference& model, std::string_view filter) const {
+        Reference<css::frame::XStorable>(model, UNO_QUERY_THROW)
+            ->storeToURL(libreoffice::toOffice(url()),
+                         libreoffice::properties({libreoffice::property(
+                             "FilterName", Any(libreoffice::toOffice(filter)))}));
+    }
+
+ private:
+    static int& number() {
+        static int last = 0;
+        return last;
+    }
+    std::filesystem::path path_;
+};
+
+}  // namespace
+
+// Fills in files
+
+TEST_F(DocumentsTest, EveryFillSurvivesSavingAsOpenDocument) {
+    const PictureFile texture;
+    const std::vector<Build> builds = everyFill(texture.path());
+    for (std::size_t i = 0; i < 2 * builds.size(); ++i) addRectangle(open.model(), kRed);
+    // The second half stands in a group.
+    std::vector<Answers> written;
+    std::vector<host::ShapePointer> all = shapes();
+    for (std::size_t i = 0; i < all.size(); ++i) {
+        const Build& build = builds[i % builds.size()];
+        paint(
+            all[i]->Fill(), [&] { build(all[i]->Fill()); }, i % 3 == 0 ? 0.0F : 1.0F / 3);
+        if (i % 5 == 0) all[i]->Fill().setVisible(MsoTriState::msoFalse);
+        written.emplace_back(all[i]->Fill());
+    }
+    const StoredFile file(".odt");
+    file.store(open.model(), "writer8");
+    OpenDocument again(OpenDocument::Window::hidden, file.url());
+    const auto enumerator = documents.documentOf(again.model())->Shapes()->enumerate();
+    for (const Answers& answers : written) {
+        const auto shape = enumerator->next();
+        ASSERT_NE(shape, nullptr);
+        EXPECT_EQ(Answers(shape->Fill()), answers);
+    }
+}
+
+TEST_F(DocumentsTest, AMembersFillSurvivesSavingAsOpenDocument) {
+    groupShapes(open.model(), {addRectangle(open.model(), kRed), addRectangle(open.model(), kRed)});
+    const auto member = shape(0)->GroupItems()->Item(2);
+    paint(
+        member->Fill(), [&] { member->Fill().PresetGradient(2, 2, 9); }, 0.123F);
+    const Answers written(member->Fill());
+    const StoredFile file(".odt");
+    file.store(open.model(), "writer8");
+    OpenDocument again(OpenDocument::Window::hidden, file.url());
+    const auto group = documents.documentOf(again.model())->Shapes()->enumerate()->next();
+    EXPECT_EQ(Answers(group->GroupItems()->Item(2)->Fill()), written);
+}
+
+TEST_F(DocumentsTest, PatternsAndTexturesSurviveSavingAsWordDocument) {
+    addRectangle(open.model(), kRed);
+    addRectangle(open.model(), kRed);
+    paint(shape(0)->Fill(), [&] { shape(0)->Fill().Patterned(33); });
+    paint(shape(1)->Fill(), [&] { shape(1)->Fill().PresetTextured(7); });
+    const auto first = shape(0);
+    const auto second = shape(1);
+    paint(first->Fill(), [&] { first->Fill().Patterned(33); });
+    paint(second->Fill(), [&] { second->Fill().PresetTextured(7); });
+    const StoredFile file(".docx");
+    file.store(open.model(), "MS Word 2007 XML");
+    OpenDocument again(OpenDocument::Window::hidden, file.url());
+    const auto enumerator = documents.documentOf(again.model())->Shapes()->enumerate();
+    EXPECT_EQ(Answers(enumerator->next()->Fill()), Answers(first->Fill()));
+    EXPECT_EQ(Answers(enumerator->next()->Fill()), Answers(second->Fill()));
+}
+
+// What others write
+
+TEST_F(DocumentsTest, AMemoryEndsWithAnyOtherWriteToTheFill) {
+    const ShapeReference rectangle = addRectangle(open.model(), kRed);
+    const auto one = shape(0);
+    paint(one->Fill(), [&] { one->Fill().OneColorGradient(1, 1, 0.2F); });
+    EXPECT_EQ(one->Fill().GradientColorType(), host::MsoGradientColorType::msoGradientOneColor);
+    auto gradient = getProperty<css::awt::Gradient>(rectangle, "FillGradient");
+    gradient.EndColor = 0x00FF00;
+    setProperty(rectangle, "FillGradient", gradient);
+    EXPECT_EQ(one->Fill().GradientColorType(), host::MsoGradientColorType::msoGradientTwoColors);
+    EXPECT_EQ(one->Fill().BackColorRGB(), base::rgb(0, 255, 0));
+    setProperty(rectangle, "FillStyle", css::drawing::FillStyle_SOLID);
+    setProperty(rectangle, "FillColor", sal_Int32(0x112233));
+    EXPECT_EQ(one->Fill().Type(), MsoFillType::msoFillSolid);
+    EXPECT_EQ(one->Fill().ForeColorRGB(), base::rgb(0x11, 0x22, 0x33));
+}
+
+TEST_F(DocumentsTest, SolidFillsOfAnyOriginAreEqual) {
+    addRectangle(open.model(), kBlue);
+    addRectangle(open.model(), kRed);
+    addRectangle(open.model(), kRed);
+    const ShapeReference ellipse = addShape(open.model(), "EllipseShape");
+    setProperty(ellipse, "FillColor", base::swapRedAndBlue(kBlue));
+    const auto all = shapes();
+    paint(all[1]->Fill(), [&] { all[1]->Fill().Solid(); });
+    paint(
+        all[2]->Fill(), [&] { all[2]->Fill().PresetTextured(3); }, 0.3F);
+    paint(all[2]->Fill(), [&] { all[2]->Fill().OneColorGradient(1, 2, 0.1F); });
+    paint(all[2]->Fill(), [&] { all[2]->Fill().Solid(); });
+    for (const auto& one : all) EXPECT_EQ(Answers(one->Fill()), Answers(all[0]->Fill()));
+}
+
+TEST_F(DocumentsTest, AHatchIsAPatternOfItsColours) {
+    const ShapeReference rectangle = addRectangle(open.model(), kRed);
+    setProperty(rectangle, "FillStyle", css::drawing::FillStyle_HATCH);
+    setProperty(rectangle, "FillHatch",
+                css::drawing::Hatch(css::drawing::HatchStyle_SINGLE, 0x0000FF, 100, 450));
+    setProperty(rectangle, "FillBackground", sal_Bool(true));
+    setProperty(rectangle, "FillColor", sal_Int32(0xFFFF00));
+    EXPECT_EQ(shape(0)->Fill().Type(), MsoFillType::msoFillPatterned);
+    EXPECT_EQ(shape(0)->Fill().ForeColorRGB(), base::rgb(0, 0, 255));
+    EXPECT_EQ(shape(0)->Fill().BackColorRGB(), base::rgb(255, 255, 0));
+    EXPECT_EQ(shape(0)->Fill().Pattern(), 22);
+}
+
+TEST_F(DocumentsTest, AnUnreadableTextureFileIsAnErrorOfItsCall) {
+    addRectangle(open.model(), kRed);
+    const auto one = shape(0);
+    EXPECT_THROW(one->Fill().UserTextured("/no/such/file.png"), base::Error);
+    EXPECT_THROW(one->Fill().UserTextured("/proc/self/status"), base::Error);
+    EXPECT_EQ(one->Fill().Type(), MsoFillType::msoFillSolid);
+    EXPECT_EQ(one->Fill().ForeColorRGB(), kRed);
+}
+
+// What counts as a shape
+
+TEST_F(DocumentsTest, FramesPicturesAndObjectsAreNoShapes) {
+    const Reference<css::lang::XMultiServiceFactory> factory(open.model(), UNO_QUERY_THROW);
+    const Reference<css::text::XTextDocument> text(open.model(), UNO_QUERY_THROW);
+    for (const char* service :
+         {"com.sun.star.text.TextFrame", "com.sun.star.text.TextGraphicObject"}) {
+        const Reference<css::text::XTextContent> content(
+            factory->createInstance(libreoffice::toOffice(service)), UNO_QUERY_THROW);
+        text->getText()->insertTextContent(text->getText()->getEnd(), content, false);
+    }
+    addShape(open.model(), "GraphicObjectShape");
+    addRectangle(open.model(), kRed);
+    ASSERT_GE(pageOf(open.model())->getCount(), 3);
+    EXPECT_EQ(document()->Shapes()->Count(), 1);
+    ASSERT_EQ(shapes().size(), 1U);
+    EXPECT_EQ(shape(0)->Fill().ForeColorRGB(), kRed);
+}
+
+TEST_F(DocumentsTest, ShapesTiedToCharactersCountToo) {
+    const ShapeReference inText = newShape(open.model(), "RectangleShape");
+    setProperty(inText, "AnchorType", css::text::TextContentAnchorType_AS_CHARACTER);
+    pageOf(open.model())->add(inText);
+    const ShapeReference onPage = newShape(open.model(), "EllipseShape");
+    setProperty(onPage, "AnchorType", css::text::TextContentAnchorType_AT_PAGE);
+    pageOf(open.model())->add(onPage);
+    EXPECT_EQ(document()->Shapes()->Count(), 2);
+}
+
+TEST_F(DocumentsTest, ShapesInHeadersAndFootersAreLeftOut) {
+    const Reference<css::style::XStyleFamiliesSupplier> supplier(open.model(), UNO_QUERY_THROW);
+    const Reference<css::container::XNameAccess> styles(
+        supplier->getStyleFamilies()->getByName("PageStyles"), UNO_QUERY_THROW);
+    const Reference<css::beans::XPropertySet> style(styles->getByName("Standard"), UNO_QUERY_THROW);
+    for (const char* part : {"Header", "Footer"}) {
+        style->setPropertyValue(libreoffice::toOffice(base::text(part, "IsOn")),
+                                Any(sal_Bool(true)));
+        const Reference<css::text::XText> text(
+            style->getPropertyValue(libreoffice::toOffice(base::text(part, "Text"))),
+            UNO_QUERY_THROW);
+        const Reference<css::text::XTextContent> content(newShape(open.model(), "RectangleShape"),
+                                                         UNO_QUERY_THROW);
+        text->insertTextContent(text->getEnd(), content, false);
+    }
+    ASSERT_EQ(pageOf(open.model())->getCount(), 2);
+    EXPECT_EQ(document()->Shapes()->Count(), 0);
+    EXPECT_TRUE(shapes().empty());
+    const ShapeReference inBody = newShape(open.model(), "RectangleShape");
+    setProperty(inBody, "FillColor", base::swapRedAndBlue(kGreen));
+    const Reference<css::text::XText> body(
+        Reference<css::text::XTextDocument>(open.model(), UNO_QUERY_THROW)->getText());
+    body->insertTextContent(body->getEnd(),
+                            Reference<css::text::XTextContent>(inBody, UNO_QUERY_THROW), false);
+    EXPECT_EQ(document()->Shapes()->Count(), 1);
+    EXPECT_EQ(shape(0)->Fill().ForeColorRGB(), kGreen);
+}
+
+TEST_F(DocumentsTest, WhatCanHaveNoFillIsLeftAlone) {
+    addShape(open.model(), "LineShape");
+    addShape(open.model(), "ConnectorShape");
+    addShape(open.model(), "PolyLineShape");
+    const Reference<css::lang::XMultiServiceFactory> factory(open.model(), UNO_QUERY_THROW);
+    const ShapeReference control = newShape(open.model(), "ControlShape");
+    Reference<css::drawing::XControlShape>(control, UNO_QUERY_THROW)
+        ->setControl(Reference<css::awt::XControlModel>(
+            factory->createInstance("com.sun.star.form.component.CheckBox"), UNO_QUERY_THROW));
+    pageOf(open.model())->add(control);
+    const auto all = shapes();
+    ASSERT_EQ(all.size(), 4U);
+    EXPECT_EQ(all[0]->Type(), MsoShapeType::msoLine);
+    EXPECT_EQ(all[3]->Type(), MsoShapeType::msoFormControl);
+    for (const auto& one : all) {
+        EXPECT_EQ(one->Fill().Visible(), MsoTriState::msoFalse);
+        paint(one->Fill(), [&] { one->Fill().Solid(); });
+        EXPECT_EQ(one->Fill().Visible(), MsoTriState::msoFalse);
+        EXPECT_EQ(Answers(one->Fill()), Answers(all[0]->Fill()));
+    }
+    EXPECT_EQ(all[3]->Line().Visible(), MsoTriState::msoFalse);
+}
+
+// Names
+
+TEST_F(DocumentsTest, OfficeNamesAreTakenButNeverWritten) {
+    const auto name = [&](const ShapeReference& shape, const char* text) {
+        Reference<css::container::XNamed>(shape, UNO_QUERY_THROW)
+            ->setName(libreoffice::toOffice(text));
+        return shape;
+    };
+    const auto nameOf = [](const ShapeReference& shape) {
+        return libreoffice::fromOffice(
+            Reference<css::container::XNamed>(shape, UNO_QUERY_THROW)->getName());
+    };
+    const ShapeReference house = name(addRectangle(open.model(), kRed), "Dům");
+    const ShapeReference twin = name(addRectangle(open.model(), kGreen), "Dům");
+    const ShapeReference unnamed = name(addRectangle(open.model(), kBlue), "");
+    EXPECT_EQ(shape(0)->Name(), "Dům");
+    EXPECT_NE(shape(1)->Name(), "Dům");
+    EXPECT_FALSE(shape(2)->Name().empty());
+    EXPECT_EQ(document()->Shapes()->Range({"Dům"})->Item(1)->Fill().ForeColorRGB(), kRed);
+    EXPECT_EQ(nameOf(house), "Dům");
+    EXPECT_EQ(nameOf(twin), "Dům");
+    EXPECT_EQ(nameOf(unnamed), "");
+}
+
+TEST_F(DocumentsTest, NamesAreTheSameWhenNobodyHasHeldTheShape) {
+    for (int i = 0; i < 5; ++i) {
+        Reference<css::container::XNamed>(addRectangle(open.model(), kRed), UNO_QUERY_THROW)
+            ->setName("");
+    }
+    std::vector<std::string> names;
+    for (const auto& one : shapes()) names.push_back(one->Name());
+    EXPECT_EQ(document()->Shapes()->Range(names)->Count(), 5);
+    std::vector<std::string> again;
+    for (const auto& one : shapes()) again.push_back(one->Name());
+    EXPECT_EQ(again, names);
+}
+
+TEST_F(DocumentsTest, ASelectedMemberIsKnownAsTheSameShape) {
+    const ShapeReference group = groupShapes(
+        open.model(), {addRectangle(open.model(), kRed), addRectangle(open.model(), kGreen)});
+    const Reference<css::container::XIndexAccess> members(group, UNO_QUERY_THROW);
+    const Reference<css::view::XSelectionSupplier> window(open.model()->getCurrentController(),
+                                                          UNO_QUERY_THROW);
+    window->select(Any(ShapeReference(members->getByIndex(1), UNO_QUERY_THROW)));
+    const auto selected = document()->Selection()->ShapeRange();
+    ASSERT_EQ(selected->Count(), 1);
+    EXPECT_EQ(selected->Item(1)->Fill().ForeColorRGB(), kGreen);
+    const auto member = shape(0)->GroupItems()->Item(2);
+    EXPECT_EQ(selected->Item(1)->Name(), member->Name());
+    member->Fill().setForeColorRGB(kBlue);
+    EXPECT_EQ(selected->Item(1)->Fill().ForeColorRGB(), kBlue);
+    pageOf(open.model())->remove(group);
+    EXPECT_THROW(selected->Item(1)->Fill().Visible(), base::Error);
+}
+
+TEST_F(DocumentsTest, SelectedTextIsNoShape) {
+    addRectangle(open.model(), kRed);
+    shape(0)->Select();
+    ASSERT_EQ(document()->Selection()->ShapeRange()->Count(), 1);
+    document()->Shapes()->Range({})->Select();
+    EXPECT_EQ(document()->Selection()->ShapeRange()->Count(), 1) << "an empty range selected";
+    OpenDocument other;
+    const auto text = documents.documentOf(other.model());
+    EXPECT_EQ(text->Selection()->ShapeRange()->Count(), 0);
+}
+
+// The snapshot
+
+TEST_F(DocumentsTest, InAHandlerReadsAreAnsweredUntilEventsRun) {
+    const ShapeReference rectangle = addRectangle(open.model(), kRed);
+    const HandlerScope handler(documents.snapshot());
+    const auto one = shape(0);
+    EXPECT_EQ(one->Fill().ForeColorRGB(), kRed);
+    documents.snapshot()->invalidate();
+    setProperty(rectangle, "FillColor", base::swapRedAndBlue(kGreen));
+    documents.snapshot()->invalidate();
+    EXPECT_EQ(one->Fill().ForeColorRGB(), kGreen);
+}
+
+TEST_F(DocumentsTest, OutsideHandlersEveryReadIsLive) {
+    const ShapeReference rectangle = addRectangle(open.model(), kRed);
+    const auto one = shape(0);
+    EXPECT_EQ(one->Fill().ForeColorRGB(), kRed);
+    setProperty(rectangle, "FillColor", base::swapRedAndBlue(kGreen));
+    EXPECT_EQ(one->Fill().ForeColorRGB(), kGreen);
+}
+
+TEST_F(DocumentsTest, AClosedDocumentsShapesAreErrors) {
+    addRectangle(open.model(), kRed);
+    const auto closed = document();
+    const auto one = shape(0);
+    open.close();
+    EXPECT_THROW(one->Fill().Visible(), base::Error);
+    EXPECT_THROW(one->Name(), base::Error);
+    EXPECT_THROW(closed->Shapes()->Count(), base::Error);
+    EXPECT_THROW(closed->Selection()->ShapeRange(), base::Error);
+}
+
+// Undo
+
+TEST_F(DocumentsTest, AnUndoGroupIsOneStepOfTheOffice) {
+    for (int i = 0; i < 120; ++i) addRectangle(open.model(), kRed);
+    groupShapes(open.model(), {addRectangle(open.model(), kRed), addRectangle(open.model(), kRed)});
+    const PictureFile texture;
+    std::vector<std::string> names;
+    for (const auto& one : shapes()) names.push_back(one->Name());
+    // Fills of every kind before, some of them remembered ones.
+    const std::vector<Build> builds = everyFill(texture.path());
+    std::vector<Answers> before;
+    for (const auto& one : shapes()) {
+        const Build& build = builds[before.size() * 3 % builds.size()];
+        if (before.size() % 2 == 0)
+            paint(
+                one->Fill(), [&] { build(one->Fill()); }, 0.4F);
+        before.emplace_back(one->Fill());
+    }
+    const Reference<css::util::XModifiable> modifiable(open.model(), UNO_QUERY_THROW);
+    modifiable->setModified(false);
+    undoManager()->clear();
+
+    for (const bool inHandler : {false, true}) {
+        std::unique_ptr<HandlerScope> handler;
+        if (inHandler) handler = std::make_unique<HandlerScope>(documents.snapshot());
+        {
+            const auto group = document()->undoGroup("Přebarvit");
+            const auto range = document()->Shapes()->Range(names);
+            paint(
+                range->Fill(), [&] { range->Fill().OneColorGradient(3, 2, 0.7F); }, 0.5F);
+            shape(3)->Fill().setVisible(MsoTriState::msoFalse);
+        }
+        handler.reset();
+        const auto titles = undoManager()->getAllUndoActionTitles();
+        ASSERT_EQ(titles.getLength(), 1);
+        EXPECT_EQ(libreoffice::fromOffice(titles[0]), "Přebarvit");
+        EXPECT_TRUE(modifiable->isModified());
+        std::vector<Answers> after;
+        for (const auto& one : shapes()) after.emplace_back(one->Fill());
+        EXPECT_EQ(after[5].gradientDegree, 0.7F);
+        EXPECT_EQ(after[3].visible, MsoTriState::msoFalse);
+
+        modifiable->setModified(false);
+        undoManager()->undo();
+        EXPECT_TRUE(modifiable->isModified());
+        const auto undone = shapes();
+        for (std::size_t i = 0; i < undone.size(); ++i) {
+            EXPECT_EQ(Answers(undone[i]->Fill()), before[i]) << i;
+        }
+        undoManager()->redo();
+        const auto redone = shapes();
+        for (std::size_t i = 0; i < redone.size(); ++i) {
+            EXPECT_EQ(Answers(redone[i]->Fill()), after[i]) << i;
+        }
+        undoManager()->undo();
+    }
+}
+
+TEST_F(DocumentsTest, AnUndoGroupWithoutChangesLeavesNoStep) {
+    addRectangle(open.model(), kRed);
+    const auto steps = undoManager()->getAllUndoActionTitles().getLength();
+    {
+        const auto group = document()->undoGroup("Nic");
+        shape(0)->Fill().setForeColorRGB(kRed);
+    }
+    EXPECT_EQ(undoManager()->getAllUndoActionTitles().getLength(), steps);
+}
+
+TEST_F(DocumentsTest, UndoLeavesOutAShapeThatIsGone) {
+    addRectangle(open.model(), kRed);
+    const ShapeReference last = addRectangle(open.model(), kRed);
+    {
+        const auto group = document()->undoGroup("Přebarvit");
+        for (const auto& one : shapes()) one->Fill().setForeColorRGB(kBlue);
+    }
+    undoManager()->lock();
+    pageOf(open.model())->remove(last);
+    undoManager()->unlock();
+    undoManager()->undo();
+    EXPECT_EQ(shape(0)->Fill().ForeColorRGB(), kRed);
+}
+
+// The scratch document
+
+TEST_F(DocumentsTest, AScratchDocumentGivesPreviews) {
+    class Clipboard final : public forms::Clipboard {
+     public:
+        void Clear() override { picture = {}; }
+        base::Picture GetData() override { return picture; }
+        void SetData(const base::Picture& data) override { picture = data; }
+        base::Picture picture;
+    };
+    const HandlerScope handler(documents.snapshot());
+    const auto scratch = documents.addHidden();
+    EXPECT_FALSE(scratch->isSame(*document()));
+    const auto rectangle =
+        scratch->Shapes()->AddShape(host::MsoAutoShapeType::msoShapeRectangle, 0, 0, 60.7F, 19);
+    rectangle->Line().setVisible(MsoTriState::msoFalse);
+    paint(rectangle->Fill(), [&] { rectangle->Fill().Solid(); });
+    rectangle->Select();
+    ASSERT_EQ(scratch->Selection()->ShapeRange()->Count(), 1);
+    EXPECT_EQ(scratch->Selection()->ShapeRange()->Item(1)->Name(), rectangle->Name());
+    scratch->Close();
+    EXPECT_THROW(rectangle->Fill().Visible(), base::Error);
+}
+
+// Many
+
+TEST_F(DocumentsTest, ThousandsOfShapesAreListedNamedAndWrittenInOrder) {
+    constexpr int kCount = 2500;
+    open.model()->lockControllers();
+    for (int i = 0; i < kCount; ++i) {
+        addRectangle(open.model(), i % 4 == 0 ? kRed : base::rgb(0, static_cast<unsigned>(i), 9));
+    }
+    open.model()->unlockControllers();
+    const HandlerScope handler(documents.snapshot());
+    const auto all = shapes();
+    ASSERT_EQ(all.size(), static_cast<std::size_t>(kCount));
+    std::vector<std::string> names;
+    for (const auto& one : all) {
+        if (one->Fill().ForeColorRGB() == kRed) names.push_back(one->Name());
+    }
+    ASSERT_EQ(names.size(), static_cast<std::size_t>(kCount / 4 + 1) - (kCount % 4 == 0 ? 1 : 0));
+    {
+        const auto group = document()->undoGroup("Přebarvit");
+        const auto range = document()->Shapes()->Range(names);
+        paint(range->Fill(), [&] { range->Fill().Solid(); });
+    }
+    documents.snapshot()->invalidate();
+    for (std::size_t i = 0; i < all.size(); ++i) {
+        const auto number = static_cast<unsigned>(i);
+        EXPECT_EQ(all[i]->Fill().ForeColorRGB(), i % 4 == 0 ? kBlue : base::rgb(0, number, 9)) << i;
+    }
+    undoManager()->undo();
+    documents.snapshot()->invalidate();
+    for (std::size_t i = 0; i < all.size(); i += 4) {
+        EXPECT_EQ(all[i]->Fill().ForeColorRGB(), kRed) << i;
+    }
+}
+
+}  // namespace huebrush::tests
