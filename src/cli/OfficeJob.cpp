@@ -6,6 +6,7 @@
 
 #include "cli/Channel.h"
 #include "cli/Failure.h"
+#include "cli/FillText.h"
 #include "cli/Interrupt.h"
 #include "cli/OfficeProcess.h"
 #include "cli/ProgressBar.h"
@@ -28,7 +29,7 @@ std::optional<json> takeMessage(const std::string& line, ProgressBar& bar) {
         return std::nullopt;
     }
     if (const auto failure = message.find("failure"); failure != message.end()) {
-        throw Failure(failure->get<std::string>());
+        throw Failure(oneLine(failure->get<std::string>()));
     }
     return message.at("result");
 }

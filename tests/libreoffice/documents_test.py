@@ -15,7 +15,7 @@ ROOT = Path(__file__).resolve().parents[2]
 sys.path.insert(0, str(ROOT / "tools"))
 sys.path.insert(0, str(ROOT / "tests" / "libreoffice"))
 
-from private_office import PrivateOffice, file_url, properties  # noqa: E402
+from private_office import FILTERS, PrivateOffice, file_url, properties  # noqa: E402
 import normal_form  # noqa: E402
 
 PROGRAM = os.environ["HUEBRUSH_PROGRAM"]
@@ -87,8 +87,20 @@ class Recolouring(OnDocuments):
                       ".doc": cls.folder / "town.doc", ".fodt": cls.folder / "town.fodt"}
         with PrivateOffice() as office:
             office.convert(TOWN, cls.inputs[".doc"], cls.inputs[".fodt"])
-            for suffix, source in cls.inputs.items():
-                office.convert(source, cls.folder / f"plain{suffix}")
+        for suffix, source in cls.inputs.items():
+            cls.load_and_store(source, FILTERS[suffix])
+
+    @classmethod
+    def load_and_store(cls, source, filter_name):
+        """What the office without our extension makes of a document, in one go as the program does
+        it: whether the office finds time to lay a document out in between decides how it rounds."""
+        work = cls.folder / f"plain{source.suffix}-work"
+        subprocess.run(["soffice", "--headless", "--norestore",
+                        f"-env:UserInstallation={(work / 'profile').as_uri()}", "--convert-to",
+                        f"{source.suffix[1:]}:{filter_name}", "--outdir", str(work), str(source)],
+                       check=True, timeout=LIMIT, stdin=subprocess.DEVNULL,
+                       stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        shutil.move(work / source.name, cls.folder / f"plain{source.suffix}")
 
     def recolour(self, suffix):
         output = self.folder / f"recoloured{suffix}"
@@ -98,6 +110,11 @@ class Recolouring(OnDocuments):
         self.assert_nothing_left()
         return output, json.loads(done.stdout)
 
+    def assert_alike(self, shapes, expected):
+        self.assertEqual(len(shapes), len(expected))
+        for shape, other in zip(shapes, expected):
+            self.assertTrue(normal_form.alike(shape, other), f"{shape}\n{other}")
+
     def assert_only_fills_differ(self, plain, recoloured):
         expected = normal_form.NormalForm(plain, normal_form.solid_fills(MAP))
         self.assertEqual(normal_form.NormalForm(recoloured).body, expected.body)
@@ -106,10 +123,11 @@ class Recolouring(OnDocuments):
     def test_odt(self):
         output, result = self.recolour(".odt")
         self.assert_only_fills_differ(self.folder / "plain.odt", output)
-        before = normal_form.NormalForm(TOWN, normal_form.solid_fills(MAP)).shapes
+        before = normal_form.NormalForm(TOWN).shapes
+        expected = normal_form.NormalForm(TOWN, normal_form.solid_fills(MAP)).shapes
         after = normal_form.NormalForm(output).shapes
-        self.assertEqual(after, before)
-        changed = sum(a != b for a, b in zip(normal_form.NormalForm(TOWN).shapes, after)
+        self.assert_alike(after, expected)
+        changed = sum(not normal_form.alike(a, b) for a, b in zip(before, after)
                       if a[0] != normal_form.DRAW + "g")
         self.assertEqual(result["changed"], changed)
         self.assertGreater(changed, 10)
@@ -152,8 +170,8 @@ class Recolouring(OnDocuments):
         done = self.run_program("recolor", document, "--in-place", "--map", f"{ROOFS}={BLUE}")
         self.assertEqual(done.returncode, 0, done.stderr)
         self.assertEqual(document.stat().st_mode & 0o777, 0o640)
-        self.assertEqual(normal_form.NormalForm(document).shapes,
-                         normal_form.NormalForm(TOWN, normal_form.solid_fills(MAP)).shapes)
+        self.assert_alike(normal_form.NormalForm(document).shapes,
+                          normal_form.NormalForm(TOWN, normal_form.solid_fills(MAP)).shapes)
 
 
 class ListingAndPlans(OnDocuments):

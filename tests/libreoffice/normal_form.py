@@ -15,9 +15,12 @@ OFFICE = "{urn:oasis:names:tc:opendocument:xmlns:office:1.0}"
 DRAWINGML = "{http://schemas.openxmlformats.org/drawingml/2006/main}"
 WPS = "{http://schemas.microsoft.com/office/word/2010/wordprocessingShape}"
 
+VML = "{urn:schemas-microsoft-com:vml}"
+
 SHAPES = {DRAW + name for name in
           ("custom-shape", "rect", "circle", "ellipse", "polygon", "polyline", "path", "line",
            "regular-polygon", "connector", "caption", "measure", "g", "control", "frame")}
+FILL_STYLES = {DRAW + "style-name", DRAW + "text-style-name"}
 STYLE_REFERENCES = {DRAW + "style-name", DRAW + "text-style-name",
                     "{urn:oasis:names:tc:opendocument:xmlns:text:1.0}style-name",
                     "{urn:oasis:names:tc:opendocument:xmlns:table:1.0}style-name"}
@@ -65,14 +68,15 @@ class NormalForm:
         if name not in STYLE_REFERENCES or value not in self._styles:
             return value
         style = self._styles[value]
-        is_fill = name == DRAW + "style-name" and owner.tag in SHAPES
+        # The office writes a shape's fill a second time, into the style of its text.
+        is_fill = name in FILL_STYLES and owner.tag in SHAPES
         return self._style(style, is_fill)
 
     def _style(self, style, is_fill):
         properties = []
         for child in style:
             attributes = dict(child.items())
-            if is_fill and self._recolour and DRAW + "fill" in attributes:
+            if is_fill and self._recolour and DRAW + "fill-color" in attributes:
                 attributes = self._recolour(attributes)
             properties.append((child.tag, tuple(sorted(attributes.items())),
                                tuple(canonical(inner) for inner in child)))
@@ -82,13 +86,39 @@ class NormalForm:
 
 
 def solid_fills(mapping):
-    """A recolour of the solid fills in a style's attributes."""
+    """A recolour of the solid fills in a style's attributes. A style that names no kind of fill has
+    the default, which is solid."""
     def recolour(attributes):
-        color = attributes.get(DRAW + "fill-color", "").lower()
-        if attributes.get(DRAW + "fill") == "solid" and color in mapping:
+        color = attributes[DRAW + "fill-color"].lower()
+        if attributes.get(DRAW + "fill", "solid") == "solid" and color in mapping:
             attributes[DRAW + "fill-color"] = mapping[color]
         return attributes
     return recolour
+
+
+LENGTH = re.compile(r"(-?[0-9.]+)(in|cm|mm|pt)$")
+MILLIMETRES = {"in": 25.4, "cm": 10.0, "mm": 1.0, "pt": 25.4 / 72}
+# Loading and storing moves shapes by the rounding between the office's two units of length.
+ROUNDING = 0.03
+
+
+def alike(a, b):
+    """Whether two parts of normal forms are equal but for the rounding of lengths."""
+    if isinstance(a, tuple) and isinstance(b, tuple):
+        return len(a) == len(b) and all(alike(x, y) for x, y in zip(a, b))
+    if a == b:
+        return True
+    if not isinstance(a, str) or not isinstance(b, str):
+        return False
+    lengths = [LENGTH.match(a), LENGTH.match(b)]
+    if None in lengths:
+        return False
+    first, second = (float(m.group(1)) * MILLIMETRES[m.group(2)] for m in lengths)
+    return abs(first - second) <= ROUNDING
+
+
+def complement(color):
+    return f"#{0xFFFFFF - int(color[1:], 16):06x}"
 
 
 def docx_body(path, mapping=None):
@@ -106,18 +136,22 @@ def docx_body(path, mapping=None):
             mapped += 1
     for shape in root.iter():
         key = (shape.get("fillcolor") or "").lower()
-        if mapping and key in mapping and shape.get("filled") != "f":
+        if mapping and key in mapping:
             shape.set("fillcolor", mapping[key])
+            # The office writes the colour's complement as the second one of a solid fill.
+            for fill in shape.findall(VML + "fill"):
+                if fill.get("color2") == complement(key):
+                    fill.set("color2", complement(mapping[key]))
     return canonical(root), mapped
 
 
 def docx_other_parts(path):
-    """The other parts of a .docx, without what says when it was written."""
+    """The other parts of a .docx, without what says when it was changed, and how often."""
     with zipfile.ZipFile(path) as package:
         parts = {name: package.read(name) for name in package.namelist()
                  if name != "word/document.xml"}
     for name, data in parts.items():
         if name.startswith("docProps/"):
-            parts[name] = re.sub(rb"<(dcterms:modified|dcterms:created|TotalTime|AppVersion)"
-                                 rb"[^>]*>[^<]*<", b"<", data)
+            parts[name] = re.sub(rb"<(dcterms:modified|cp:revision|TotalTime)[^>]*>[^<]*<", b"<",
+                                 data)
     return parts
