@@ -27,26 +27,25 @@ std::string BufferedFill::TextureName() {
 }
 
 void BufferedFill::setVisible(MsoTriState visible) {
-    edit().visible =
+    writing().edit.visible =
         visible == MsoTriState::msoFalse ? MsoTriState::msoFalse : MsoTriState::msoTrue;
     document_->commitBuffered();
-    foreColor_.reset();
-    backColor_.reset();
+    writing_.reset();
 }
 
 void BufferedFill::setForeColorRGB(std::int32_t color) {
-    edit().foreColor = color;
-    foreColor_ = color;
+    Writing& gathered = writing();
+    gathered.edit.foreColor = gathered.foreColor = color;
 }
 
 void BufferedFill::setBackColorRGB(std::int32_t color) {
-    edit().backColor = color;
-    backColor_ = color;
+    Writing& gathered = writing();
+    gathered.edit.backColor = gathered.backColor = color;
 }
 
 void BufferedFill::setTransparency(float transparency) {
     const float checked = checkedTransparency(transparency);
-    edit().transparency = checked;
+    writing().edit.transparency = checked;
 }
 
 void BufferedFill::Solid() {
@@ -74,33 +73,40 @@ void BufferedFill::PresetTextured(std::int32_t texture) {
 }
 
 void BufferedFill::UserTextured(const std::string& file) {
-    edit();
-    userPicture_ = officeCalls([&] { return document_->tables().addFile(file); });
+    writing().userPicture = officeCalls([&] { return document_->tables().addFile(file); });
     build(userTextureBuild(file));
 }
 
-FillEdit& BufferedFill::edit() {
+void BufferedFill::refresh() {
+    // Only after the answer: it carries out writes, which end what was current.
+    answer_ = answer();
+    stamp_ = document_->stamp();
+}
+
+BufferedFill::Writing& BufferedFill::writing() {
     document_->buffer(this);
-    if (edit_.empty()) {
-        leaves_ = leaves();
+    if (!writing_) writing_ = std::make_unique<Writing>();
+    if (writing_->edit.empty()) {
+        writing_->leaves = leaves();
         officeCalls([&] {
-            for (const NodePointer& leaf : leaves_) document_->tree().checkAlive(*leaf);
+            for (const NodePointer& leaf : writing_->leaves) document_->tree().checkAlive(*leaf);
         });
     }
-    return edit_;
+    return *writing_;
 }
 
 void BufferedFill::build(const FillBuild& build) {
-    FillEdit& gathered = edit();
-    gathered.build = build;
-    if (!gathered.foreColor) gathered.foreColor = foreColor_;
-    if (!gathered.backColor) gathered.backColor = backColor_;
+    Writing& gathered = writing();
+    gathered.edit.build = build;
+    if (!gathered.edit.foreColor) gathered.edit.foreColor = gathered.foreColor;
+    if (!gathered.edit.backColor) gathered.edit.backColor = gathered.backColor;
 }
 
 void BufferedFill::commit() {
-    const FillEdit edit = std::exchange(edit_, {});
-    const std::vector<NodePointer> leaves = std::exchange(leaves_, {});
-    if (!edit.empty()) document_->changeFills(leaves, edit, userPicture_);
+    if (!writing_ || writing_->edit.empty()) return;
+    const FillEdit edit = std::exchange(writing_->edit, {});
+    const std::vector<NodePointer> leaves = std::exchange(writing_->leaves, {});
+    document_->changeFills(leaves, edit, writing_->userPicture);
 }
 
 std::vector<NodePointer> ShapeFillFormat::leaves() {
@@ -113,11 +119,6 @@ std::vector<NodePointer> RangeFillFormat::leaves() {
     std::vector<NodePointer> leaves;
     for (const NodePointer& node : nodes_) document().collectLeaves(node, leaves);
     return leaves;
-}
-
-const HostFill& RangeFillFormat::read() {
-    common_ = document().commonFillOf(nodes_);
-    return common_;
 }
 
 }  // namespace huebrush::libreoffice

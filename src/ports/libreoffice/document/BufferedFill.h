@@ -13,6 +13,9 @@ namespace huebrush::libreoffice {
 /// thousands of reads here, and carried out together: when visibility is written (the last of the
 /// logic's order), before any read or other use of the document, and at the end of this object.
 /// What can be wrong with a call's arguments, or with the shapes, is an error of that call.
+///
+/// The logic compares each fill with thousands of others, so the last answer is kept here, together
+/// with what says whether it still holds.
 class BufferedFill : public host::FillFormat {
  public:
     explicit BufferedFill(std::shared_ptr<OpenDocument> document)
@@ -52,23 +55,35 @@ class BufferedFill : public host::FillFormat {
  protected:
     OpenDocument& document() const { return *document_; }
     /// The answer of the shapes.
-    virtual const HostFill& read() = 0;
+    virtual HostFill answer() = 0;
     /// The shapes, groups taken apart.
     virtual std::vector<NodePointer> leaves() = 0;
 
  private:
-    FillEdit& edit();
+    /// Writes that are gathered. Most fills are never written.
+    struct Writing {
+        FillEdit edit;
+        /// The shapes that it is for.
+        std::vector<NodePointer> leaves;
+        std::string userPicture;
+        /// Colours written since the last build: one that the fill does not use is still there for
+        /// the next build.
+        std::optional<std::int32_t> foreColor;
+        std::optional<std::int32_t> backColor;
+    };
+
+    const HostFill& read() {
+        if (!document_->isCurrent(stamp_)) refresh();
+        return answer_;
+    }
+    void refresh();
+    Writing& writing();
     void build(const FillBuild& build);
 
     std::shared_ptr<OpenDocument> document_;
-    FillEdit edit_;
-    /// The shapes that it is for.
-    std::vector<NodePointer> leaves_;
-    std::string userPicture_;
-    /// Colours written since the last build: one that the fill does not use is still there for the
-    /// next build.
-    std::optional<std::int32_t> foreColor_;
-    std::optional<std::int32_t> backColor_;
+    FillStamp stamp_;
+    HostFill answer_;
+    std::unique_ptr<Writing> writing_;
 };
 
 /// The fill of one shape or group.
@@ -78,7 +93,7 @@ class ShapeFillFormat final : public BufferedFill {
         : BufferedFill(std::move(document)), node_(std::move(node)) {}
 
  protected:
-    const HostFill& read() override { return document().fillOf(*node_); }
+    HostFill answer() override { return document().fillOf(*node_); }
     std::vector<NodePointer> leaves() override;
 
  private:
@@ -92,12 +107,11 @@ class RangeFillFormat final : public BufferedFill {
         : BufferedFill(std::move(document)), nodes_(std::move(nodes)) {}
 
  protected:
-    const HostFill& read() override;
+    HostFill answer() override { return document().commonFillOf(nodes_); }
     std::vector<NodePointer> leaves() override;
 
  private:
     std::vector<NodePointer> nodes_;
-    HostFill common_;
 };
 
 }  // namespace huebrush::libreoffice

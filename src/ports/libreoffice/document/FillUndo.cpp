@@ -54,6 +54,7 @@ class FillAction final : public WeakImplHelper<css::document::XUndoAction> {
         const FillChange* change;
         const ShapeFill* wanted;
     };
+    using WalkedSteps = std::map<std::int32_t, std::vector<Step>>;
 
     void restore(const std::vector<Step>& steps) {
         const std::shared_ptr<OpenDocument> document = document_.lock();
@@ -65,24 +66,33 @@ class FillAction final : public WeakImplHelper<css::document::XUndoAction> {
         }
     }
 
+    /// In the order of the steps, because a shape may be in several.
     static void restoreAll(OpenDocument& document, const std::vector<Step>& steps) {
-        std::map<std::int32_t, std::vector<Step>> walked;
+        WalkedSteps walked;
         for (const Step& step : steps) {
             const std::int32_t index = step.change->place.front();
             if (step.change->isWalkPlace) {
                 walked[index].push_back(step);
-            } else if (index < document.tree().page().count()) {
+                continue;
+            }
+            restoreOnWalk(document, walked);
+            if (index < document.tree().page().count()) {
                 restoreOne(document, document.tree().page().at(index), step);
             }
         }
-        if (walked.empty()) return;
+        restoreOnWalk(document, walked);
+    }
+
+    static void restoreOnWalk(OpenDocument& document, WalkedSteps& steps) {
+        if (steps.empty()) return;
         document.tree().page().visit(
             [&](std::int32_t index, const ShapeReference& shape) {
-                const auto found = walked.find(index);
-                if (found == walked.end()) return;
+                const auto found = steps.find(index);
+                if (found == steps.end()) return;
                 for (const Step& step : found->second) restoreOne(document, shape, step);
             },
             [] {});
+        steps.clear();
     }
 
     static void restoreOne(OpenDocument& document, const ShapeReference& top, const Step& step) {

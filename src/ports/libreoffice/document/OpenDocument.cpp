@@ -187,6 +187,7 @@ HostFill OpenDocument::commonFillOf(const std::vector<NodePointer>& nodes) {
 // Writing
 
 void OpenDocument::buffer(BufferedFill* fill) {
+    ++writeCount_;
     if (buffered_ == fill) return;
     commitBuffered();
     buffered_ = fill;
@@ -199,6 +200,7 @@ void OpenDocument::commitBuffered() {
 
 void OpenDocument::changeFills(const std::vector<NodePointer>& leaves, const FillEdit& edit,
                                const std::string& userPicture) {
+    ++writeCount_;
     officeCalls([&] {
         for (const NodePointer& leaf : leaves) {
             if (leaf->kind.canHaveFill) changeFill(leaf, edit, userPicture);
@@ -244,6 +246,7 @@ void OpenDocument::flush() {
 }
 
 void OpenDocument::changeFills(const std::function<void()>& change, std::size_t count) {
+    ++writeCount_;
     officeCalls([&] {
         const HandlerScope scope(snapshot_);
         const LockedControllers locked(model());
@@ -429,6 +432,7 @@ void OpenDocument::endGeneration() {
 
 void OpenDocument::close() {
     if (!parts_) return;
+    ++writeCount_;
     buffered_ = nullptr;
     writes_.clear();
     writeOf_.clear();

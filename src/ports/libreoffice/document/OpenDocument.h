@@ -19,6 +19,12 @@ namespace huebrush::libreoffice {
 
 class BufferedFill;
 
+/// When an answer about fills was given: it holds while nothing was written and no events ran.
+struct FillStamp {
+    Snapshot::Generation generation = Snapshot::kNever;
+    std::uint64_t writes = 0;
+};
+
 /// One open document: its shapes, what is known of their fills, and the writes under way. Every
 /// call may throw base::Error, and nothing else.
 class OpenDocument : public std::enable_shared_from_this<OpenDocument> {
@@ -40,6 +46,11 @@ class OpenDocument : public std::enable_shared_from_this<OpenDocument> {
 
     // Reading. What is current is answered at once; an error of reading it is thrown again.
 
+    bool isCurrent(const FillStamp& stamp) const {
+        return stamp.writes == writeCount_ && snapshot_->isCurrent(stamp.generation);
+    }
+    /// For an answer given now.
+    FillStamp stamp() const { return {snapshot_->generation(), writeCount_}; }
     const HostFill& fillOf(ShapeNode& node) {
         if (buffered_ != nullptr) commitBuffered();
         parts();
@@ -122,6 +133,8 @@ class OpenDocument : public std::enable_shared_from_this<OpenDocument> {
     std::shared_ptr<Snapshot> snapshot_;
     std::unique_ptr<Parts> parts_;
     BufferedFill* buffered_ = nullptr;
+    /// Grows with every write that is begun or carried out, and with the document's end.
+    std::uint64_t writeCount_ = 1;
 
     std::vector<Write> writes_;
     std::unordered_map<const ShapeNode*, std::size_t> writeOf_;
