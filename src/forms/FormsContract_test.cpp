@@ -11,8 +11,7 @@ class MemoryPort {
  public:
     Runtime& runtime() { return runtime_; }
     void settle() {}
-    void click(Control& control) { memory::Driver(control.form()).click(control.name()); }
-    void click(CheckBox& box) { memory::Driver(box.form()).click(box); }
+    void click(Control& control) { memory::Driver(control.form()).click(control); }
     void closeWindow(Form& form) { memory::Driver(form).close(); }
     void inNextPump(std::function<void()> happening) {
         runtime_.onPump = [this, happening = std::move(happening)](std::size_t) {
@@ -29,6 +28,7 @@ class MemoryPort {
 };
 
 INSTANTIATE_TYPED_TEST_SUITE_P(Memory, FormsContract, MemoryPort);
+INSTANTIATE_TYPED_TEST_SUITE_P(Memory, MenuContract, MemoryPort);
 
 }  // namespace
 }  // namespace huebrush::forms::contract

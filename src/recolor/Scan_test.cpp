@@ -377,6 +377,15 @@ TEST_F(ScanTest, AnErrorLeavesHourglassProgressBoxScratchDocumentAndTheRowsSoFar
     EXPECT_FALSE(dialog->cmdRemove.Enabled);
 }
 
+TEST_F(ScanTest, AScratchDocumentThatCannotBeClosedLeavesScrollRangeAndRemoveButton) {
+    test.log().failAt("call Scratch.Close", base::Error(7, "popis"));
+    addRows(12);
+    EXPECT_EQ(rowCount(), 12);
+    EXPECT_EQ(dialog->vs.Max.get(), 32767);
+    EXPECT_FALSE(dialog->cmdRemove.Enabled);
+    EXPECT_TRUE(dialog->picLoadStatus.Visible);
+}
+
 TEST_F(ScanTest, AScanAfterAFailedOneAddsItsRowsBelow) {
     add("A", kRed);
     add("B", kBlue);

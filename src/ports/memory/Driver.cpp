@@ -128,12 +128,15 @@ void Driver::click(forms::Image& image) const {
 }
 
 void Driver::click(const std::string& name) const {
-    Control& control = find(name);
+    click(find(name));
+}
+
+void Driver::click(Control& control) const {
     if (auto* const button = dynamic_cast<forms::CommandButton*>(&control)) return click(*button);
     if (auto* const box = dynamic_cast<forms::CheckBox*>(&control)) return click(*box);
     if (auto* const option = dynamic_cast<forms::OptionButton*>(&control)) return click(*option);
     if (auto* const image = dynamic_cast<forms::Image*>(&control)) return click(*image);
-    throwImpossible(text("The control ", name, " cannot be clicked by its name"));
+    throwImpossible(text("The control ", control.name(), " is none that a user clicks"));
 }
 
 void Driver::moveMouse(forms::Image& image, float x, float y) const {

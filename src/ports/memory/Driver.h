@@ -43,7 +43,8 @@ class Driver {
         button.mouseUp(forms::MouseEvent{});
         button.click();
     }
-    /// Clicks the control of the form that has this name.
+    /// A control of whatever kind it is, and the control of the form that has this name.
+    void click(forms::Control& control) const;
     void click(const std::string& name) const;
 
     void moveMouse(forms::Image& image, float x, float y) const;
