@@ -8,6 +8,7 @@
 #include <com/sun/star/task/XJob.hpp>
 #include <com/sun/star/view/XSelectionSupplier.hpp>
 #include <nlohmann/json.hpp>
+#include <rtl/ref.hxx>
 #include <string>
 #include <utility>
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <com/sun/star/drawing/XDrawPage.hpp>
+#include <com/sun/star/drawing/XShapes2.hpp>
 #include <com/sun/star/frame/XModel.hpp>
 #include <cstdint>
 #include <functional>
@@ -9,9 +10,13 @@
 
 namespace huebrush::libreoffice {
 
-/// The objects on a document's draw page. The office's own ways to list them, by number and by
-/// enumeration, count from the start for each object: all of a big page cost the square of its
-/// size. The objects of a big page are therefore found paragraph by paragraph.
+/// The objects on a document's draw page, in its order, from the back to the front.
+///
+/// Writer's own ways to list them, by number and by enumeration, count from the start for each
+/// object, so that all of a page cost the square of its size. Writer's page wraps the page of the
+/// drawing layer, whose objects are found at once by their number; it shows through in the one
+/// interface that Writer leaves to it (XShapes2). On that page the text of a shape is an object of
+/// its own, a text frame. Where it does not show through, Writer's page is used.
 class DrawPage {
  public:
     using Model = com::sun::star::uno::Reference<com::sun::star::frame::XModel>;
@@ -21,15 +26,9 @@ class DrawPage {
     explicit DrawPage(const Model& model);
 
     /// The number of objects of every kind.
-    std::int32_t count() const { return page_->getCount(); }
-
-    /// Visits all objects in the page's order. On a big page whose paragraphs list other objects
-    /// than the page or in another order, `restart` is called in the middle, and the visits begin
-    /// again. The order is compared at many places, not at every one.
-    void visit(const Visitor& visitor, const std::function<void()>& restart) const;
-
-    /// Whether numbers are the page's own, so that at() gives what a visit gave.
-    bool isSmall() const { return count() <= kSmall; }
+    std::int32_t count() const { return objects_->getCount(); }
+    /// Visits all objects in the page's order.
+    void visit(const Visitor& visitor) const;
     ShapeReference at(std::int32_t index) const;
 
     const com::sun::star::uno::Reference<com::sun::star::drawing::XDrawPage>& page() const {
@@ -37,12 +36,10 @@ class DrawPage {
     }
 
  private:
-    static constexpr std::int32_t kSmall = 1000;
-
-    bool visitByParagraph(std::int32_t count, const Visitor& visitor) const;
-
-    Model model_;
     com::sun::star::uno::Reference<com::sun::star::drawing::XDrawPage> page_;
+    /// Keeps what objects_ points into.
+    com::sun::star::uno::Reference<com::sun::star::drawing::XShapes2> wrapped_;
+    com::sun::star::drawing::XDrawPage* objects_;
 };
 
 }  // namespace huebrush::libreoffice

@@ -2,7 +2,6 @@
 
 #include <com/sun/star/container/XIndexAccess.hpp>
 #include <com/sun/star/document/UndoFailedException.hpp>
-#include <map>
 
 #include "ports/libreoffice/document/OpenDocument.h"
 #include "ports/libreoffice/uno/WeakImplHelper.h"
@@ -54,7 +53,6 @@ class FillAction final : public WeakImplHelper<css::document::XUndoAction> {
         const FillChange* change;
         const ShapeFill* wanted;
     };
-    using WalkedSteps = std::map<std::int32_t, std::vector<Step>>;
 
     void restore(const std::vector<Step>& steps) {
         const std::shared_ptr<OpenDocument> document = document_.lock();
@@ -68,31 +66,11 @@ class FillAction final : public WeakImplHelper<css::document::XUndoAction> {
 
     /// In the order of the steps, because a shape may be in several.
     static void restoreAll(OpenDocument& document, const std::vector<Step>& steps) {
-        WalkedSteps walked;
+        const DrawPage& page = document.tree().page();
         for (const Step& step : steps) {
             const std::int32_t index = step.change->place.front();
-            if (step.change->isWalkPlace) {
-                walked[index].push_back(step);
-                continue;
-            }
-            restoreOnWalk(document, walked);
-            if (index < document.tree().page().count()) {
-                restoreOne(document, document.tree().page().at(index), step);
-            }
+            if (index < page.count()) restoreOne(document, page.at(index), step);
         }
-        restoreOnWalk(document, walked);
-    }
-
-    static void restoreOnWalk(OpenDocument& document, WalkedSteps& steps) {
-        if (steps.empty()) return;
-        document.tree().page().visit(
-            [&](std::int32_t index, const ShapeReference& shape) {
-                const auto found = steps.find(index);
-                if (found == steps.end()) return;
-                for (const Step& step : found->second) restoreOne(document, shape, step);
-            },
-            [] {});
-        steps.clear();
     }
 
     static void restoreOne(OpenDocument& document, const ShapeReference& top, const Step& step) {

@@ -16,8 +16,6 @@ class OpenDocument;
 struct FillChange {
     /// The number on the draw page, and those in the groups down to the shape.
     std::vector<std::int32_t> place;
-    /// Whether the first number is that of a walk and not the page's own.
-    bool isWalkPlace = false;
     host::MsoShapeType type = host::MsoShapeType::msoAutoShape;
     ShapeFill before;
     ShapeFill after;

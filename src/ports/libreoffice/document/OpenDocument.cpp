@@ -238,8 +238,7 @@ void OpenDocument::flush() {
     if (writes_.empty()) return;
     std::vector<Write> writes = std::exchange(writes_, {});
     writeOf_.clear();
-    const bool onWalk = writes.size() >= kManyWrites && snapshot_->generation() != Snapshot::kNever;
-    changeFills([&] { onWalk ? writeOnWalk(writes) : writeEach(writes); }, writes.size());
+    changeFills([&] { writeEach(writes); }, writes.size());
     for (const Write& write : writes) {
         if (write.node->fillError) throw base::Error(*write.node->fillError);
     }
@@ -258,34 +257,14 @@ void OpenDocument::changeFills(const std::function<void()>& change, std::size_t 
 void OpenDocument::writeEach(std::vector<Write>& writes) {
     for (Write& one : writes) {
         try {
-            officeCalls([&] { write(one, tree().shapeOf(*one.node), false); });
+            officeCalls([&] { write(one, tree().shapeOf(*one.node)); });
         } catch (const base::Error& error) {
             one.node->fillError = error;
         }
     }
 }
 
-void OpenDocument::writeOnWalk(std::vector<Write>& writes) {
-    std::unordered_map<const ShapeNode*, Write*> pending;
-    for (Write& one : writes) pending[one.node.get()] = &one;
-    tree().visitAll([&](ShapeNode& node, const ShapeReference& shape) {
-        const auto found = pending.find(&node);
-        if (found == pending.end()) return;
-        Write& one = *found->second;
-        pending.erase(found);
-        try {
-            officeCalls([&] { write(one, shape, true); });
-        } catch (const base::Error& error) {
-            node.fillError = error;
-        }
-    });
-    for (const auto& [node, one] : pending) {
-        one->node->fillError =
-            base::Error(HostErrorNumber::kCommandFailed, "Objekt byl odstraněn.");
-    }
-}
-
-void OpenDocument::write(Write& one, const ShapeReference& shape, bool isWalkPlace) {
+void OpenDocument::write(Write& one, const ShapeReference& shape) {
     const bool changes =
         toText(one.now.office) != toText(one.wanted.office) || one.now.memory != one.wanted.memory;
     if (!changes) return;
@@ -293,23 +272,23 @@ void OpenDocument::write(Write& one, const ShapeReference& shape, bool isWalkPla
     writeFill(shape, one.now, one.wanted, tables());
     if (undoGroups_ == 0) return;
     FillChange change;
-    change.place = isWalkPlace ? ShapeTree::placeOf(*one.node) : placeOnPage(*one.node, shape);
-    change.isWalkPlace = isWalkPlace;
+    change.place = placeOf(*one.node, shape);
     change.type = one.node->kind.type;
     change.before = std::move(one.now);
     change.after = std::move(one.wanted);
     changes_.push_back(std::move(change));
 }
 
-/// The shape's place by the page's own number of the object that it stands in.
-std::vector<std::int32_t> OpenDocument::placeOnPage(ShapeNode& node, const ShapeReference& shape) {
+/// The shape's place: known from a walk of this handler, else by its number in the page's order.
+std::vector<std::int32_t> OpenDocument::placeOf(ShapeNode& node, const ShapeReference& shape) {
+    std::vector<std::int32_t> place = ShapeTree::placeOf(node);
+    if (snapshot_->isCurrent(node.placed)) return place;
     ShapeReference top = shape;
     for (ShapeNode* group = node.parent.get(); group != nullptr; group = group->parent.get()) {
         if (!group->parent) top = tree().shapeOf(*group);
     }
     sal_Int32 index = 0;
     Reference<css::beans::XPropertySet>(top, UNO_QUERY_THROW)->getPropertyValue("ZOrder") >>= index;
-    std::vector<std::int32_t> place = ShapeTree::placeOf(node);
     place.front() = index;
     return place;
 }

@@ -122,10 +122,9 @@ class OpenDocument : public std::enable_shared_from_this<OpenDocument> {
     void readLineOf(ShapeNode& node);
     void readFromShape(ShapeNode& node, const ShapeReference& shape);
     void changeFill(const NodePointer& leaf, const FillEdit& edit, const std::string& userPicture);
-    void write(Write& write, const ShapeReference& shape, bool isWalkPlace);
+    void write(Write& write, const ShapeReference& shape);
     void writeEach(std::vector<Write>& writes);
-    void writeOnWalk(std::vector<Write>& writes);
-    std::vector<std::int32_t> placeOnPage(ShapeNode& node, const ShapeReference& shape);
+    std::vector<std::int32_t> placeOf(ShapeNode& node, const ShapeReference& shape);
     void endUndoGroup(const std::string& title);
     void selectInWindow(const std::vector<NodePointer>& nodes);
 

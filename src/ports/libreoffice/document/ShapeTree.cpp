@@ -122,9 +122,7 @@ ShapeReference ShapeTree::shapeOf(ShapeNode& node) {
         if (node.parent) {
             return memberAt(membersOfGroup(shapeOf(*node.parent)), node.index);
         }
-        if (page_.isSmall()) return page_.at(node.index);
-        holdStructure();
-        if (!node.shape.is()) throwDeleted();
+        return page_.at(node.index);
     }
     checkAlive(node);
     return node.shape;
@@ -173,14 +171,10 @@ void ShapeTree::walk() {
     forgetStructure();
     forgetDead();
     headers_ = hasHeaders();
-    page_.visit(
-        [this](std::int32_t index, const ShapeReference& shape) {
-            if (headers_ && isAnchoredInHeaderOrFooter(shape)) return;
-            if (NodePointer node = place(shape, nullptr, index)) {
-                topLevel_.push_back(std::move(node));
-            }
-        },
-        [this] { forgetStructure(); });
+    page_.visit([this](std::int32_t index, const ShapeReference& shape) {
+        if (headers_ && isAnchoredInHeaderOrFooter(shape)) return;
+        if (NodePointer node = place(shape, nullptr, index)) topLevel_.push_back(std::move(node));
+    });
     structureRead_ = snapshot_->generation();
     count_ = static_cast<std::int32_t>(topLevel_.size());
     countedObjects_ = page_.count();
@@ -241,15 +235,11 @@ void ShapeTree::placeMembers(const NodePointer& group, const ShapeReference& sha
 
 void ShapeTree::visitAll(const Visitor& visitor) {
     if (!isStructureCurrent()) walk();
-    auto next = topLevel_.begin();
-    page_.visit(
-        [&](std::int32_t index, const ShapeReference& shape) {
-            if (next == topLevel_.end() || (*next)->index != index) return;
-            ShapeNode& node = **next++;
-            visitor(node, shape);
-            if (node.kind.isGroup()) visitMembers(node, shape, visitor);
-        },
-        [&] { next = topLevel_.begin(); });
+    for (const NodePointer& node : topLevel_) {
+        const ShapeReference shape = page_.at(node->index);
+        visitor(*node, shape);
+        if (node->kind.isGroup()) visitMembers(*node, shape, visitor);
+    }
 }
 
 void ShapeTree::visitMembers(const ShapeNode& group, const ShapeReference& shape,
