@@ -3,6 +3,7 @@
 
 #include <com/sun/star/frame/XModel.hpp>
 #include <com/sun/star/task/XJob.hpp>
+#include <rtl/ref.hxx>
 #include <utility>
 
 #include "base/Error.h"
@@ -64,7 +65,7 @@ void recolour(const ContextReference& context, const Model& model) {
 }
 
 class RecolourJob final : public WeakImplHelper<css::task::XJob> {
-   public:
+ public:
     explicit RecolourJob(ContextReference context) : context_(std::move(context)) {}
 
     css::uno::Any SAL_CALL
@@ -75,7 +76,7 @@ class RecolourJob final : public WeakImplHelper<css::task::XJob> {
         return {};
     }
 
-   private:
+ private:
     ContextReference context_;
 };
 

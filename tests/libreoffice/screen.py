@@ -87,10 +87,19 @@ class Screen:
         """The ids of the visible windows with exactly this title."""
         return self._run("xdotool", "search", "--onlyvisible", "--name", f"^{title}$").split()
 
-    def height_of(self, window):
-        """The height of a window, its title bar not counted."""
-        lines = self._run("xwininfo", "-id", window).splitlines()
-        return int(next(line.split()[-1] for line in lines if "Height:" in line))
+    def place_of(self, window):
+        """Left, top and height of a window, its title bar not counted."""
+        values = dict(line.strip().split(": ", 1)
+                      for line in self._run("xwininfo", "-id", window).splitlines()
+                      if ": " in line)
+        return (int(values["Absolute upper-left X"]), int(values["Absolute upper-left Y"]),
+                int(values["Height"]))
+
+    def fill_with(self, window):
+        """Gives a window the whole screen."""
+        self._run("wmctrl", "-i", "-r", hex(int(window)), "-b",
+                  "add,maximized_vert,maximized_horz")
+        wait_until(lambda: self.place_of(window)[2] > self.HEIGHT * 0.9, "the window is maximised")
 
     def focus(self, window):
         self._run("xdotool", "windowactivate", "--sync", window)

@@ -59,7 +59,7 @@ class UndoTest(unittest.TestCase):
         subprocess.run([sys.executable, str(ROOT / "bench" / "make_document.py"), self.path,
                         "--shapes", str(SHAPES), "--fills", "8", "--nested"], check=True)
         self.writer = self.enter(Writer(self.screen, options.office, folder.name,
-                                        options.extensions, "gen", show_bar=False))
+                                        options.extensions, "gen", has_bar=False))
         self.document = self.writer.desktop.loadComponentFromURL(
             uno.systemPathToFileUrl(self.path), "_default", 0, ())
         self.frame = self.document.CurrentController.Frame
@@ -88,18 +88,19 @@ class UndoTest(unittest.TestCase):
         self.writer.create("cz.huebrush.tests.Recolour").execute(
             (NamedValue("Document", self.document),))
         wait_until(lambda: self.undo_titles() == [TITLE], f"one undo entry: {self.undo_titles()}")
+        wait_until(self.document.isModified, "the document is modified")
         after = fills(self.document)
         self.assertTrue(all(a != b for a, b in zip(after, before)))
         self.assertTrue(self.document.isModified())
 
         self.choose_in_edit_menu("Return")
-        wait_until(lambda: self.redo_titles() == [TITLE], "undone")
-        self.assertEqual(fills(self.document), before)
+        wait_until(lambda: fills(self.document) == before, "all is as before")
+        self.assertEqual(self.redo_titles(), [TITLE])
         self.assertEqual(self.undo_titles(), [])
 
         self.choose_in_edit_menu("Down", "Return")
-        wait_until(lambda: self.undo_titles() == [TITLE], "done again")
-        self.assertEqual(fills(self.document), after)
+        wait_until(lambda: fills(self.document) == after, "all is as after the recolour")
+        self.assertEqual(self.undo_titles(), [TITLE])
         self.document.setModified(False)
 
 

@@ -25,7 +25,7 @@ BY_LINE_TOTAL = "Celkový počet všech vybraných objektů se stejnou barvou č
 BY_LINE_NONE = "Nebyly nalezeny žádné jiné objekty se shodnou barvou čáry!"
 WRONG_SELECTION = "Nesprávný výběr"
 NONE_SELECTED = (
-    "Není vybrán vzorový grafický prvek!\n\n"
+    "Není vybrán vzorový grafický prvkek!\n\n"
     "Označ libovolný grafický prvek obrázku, jehož výplň bude použita pro nalezení ostatních "
     "prvků v obrázku a spusť nástroj znovu.")
 SEVERAL_SELECTED = (
@@ -54,6 +54,12 @@ class WindowTest(unittest.TestCase):
         self._folder = tempfile.TemporaryDirectory(prefix="huebrush-window-")
         self.addCleanup(self._folder.cleanup)
         self.screen = self.enter(Screen())
+
+    def tearDown(self):
+        """Keeps a picture of what a failed test saw."""
+        result = self._outcome.result
+        if options.pictures and any(test is self for test, _ in result.failures + result.errors):
+            self.screen.save_picture(os.path.join(options.pictures, self.id() + ".png"))
 
     def enter(self, context):
         value = context.__enter__()
@@ -230,7 +236,7 @@ class WindowTest(unittest.TestCase):
         for frame, other in ((second, first), (first, second)):
             for window in (first, second):
                 writer.select(window, documents[window.Title][0])
-            self.screen.focus(self.screen.windows_named(frame.Title)[0])
+            self.screen.focus(writer.window_of(frame))
             writer.click_button(BY_FILL, frame)
             self.assert_selection(writer, frame, documents[frame.Title])
             self.assert_selection(writer, other, documents[other.Title][:1])
@@ -294,6 +300,7 @@ if __name__ == "__main__":
     parser.add_argument("--office", required=True)
     parser.add_argument("--extensions", required=True)
     parser.add_argument("--plugin", required=True, choices=["gen", "gtk3"])
+    parser.add_argument("--pictures", help="a folder for the screens of failed tests")
     end_cleanly_when_told_to()
     options, remaining = parser.parse_known_args()
     unittest.main(argv=[sys.argv[0], *remaining], verbosity=2)

@@ -6,10 +6,14 @@ import uno
 from com.sun.star.accessibility import AccessibleStateType
 from com.sun.star.awt import Point, Size
 from com.sun.star.beans import PropertyValue
+from com.sun.star.connection import NoConnectException
+from com.sun.star.drawing.FillStyle import NONE as NO_FILL
 from com.sun.star.drawing.FillStyle import SOLID
 from com.sun.star.drawing.LineStyle import NONE as NO_LINE
 from com.sun.star.drawing.LineStyle import SOLID as SOLID_LINE
+from com.sun.star.lang import DisposedException
 from com.sun.star.text.TextContentAnchorType import AT_PAGE
+from com.sun.star.uno import RuntimeException
 
 from office import Office
 from screen import wait_until
@@ -22,12 +26,12 @@ class Writer(Office):
     """Entering starts Writer with an empty document and connects to it. The profile stays in
     `folder`, so that a second Writer finds what the first has left."""
 
-    def __init__(self, screen, program, folder, extensions, plugin):
+    def __init__(self, screen, program, folder, extensions, plugin, has_bar=True):
         self._pipe = f"{os.path.basename(folder)}-{plugin}"
         super().__init__(program, folder, extensions=extensions, plugin=plugin,
                          arguments=["--writer", f"--accept=pipe,name={self._pipe};urp"],
                          environment=screen.environment)
-        self._has_extension = extensions is not None
+        self._has_bar = extensions is not None and has_bar
         self.screen = screen
         self.context = None
         self.desktop = None
@@ -37,8 +41,9 @@ class Writer(Office):
         try:
             self.context = wait_until(self._connect, "Writer answers", 60.0)
             self.desktop = self.create("com.sun.star.frame.Desktop")
-            wait_until(lambda: self.frames(), "Writer has a window", 60.0)
-            if self._has_extension:
+            wait_until(self.frames, "Writer has a window", 60.0)
+            self.maximise(self.frame())
+            if self._has_bar:
                 wait_until(self.bar, "Writer's window shows the bar", 60.0)
         except BaseException:
             self.__exit__()
@@ -52,7 +57,7 @@ class Writer(Office):
         try:
             return resolver.resolve(
                 f"uno:pipe,name={self._pipe};urp;StarOffice.ComponentContext")
-        except uno.getClass("com.sun.star.connection.NoConnectException"):
+        except NoConnectException:
             if not self.running():
                 raise AssertionError("Writer ended while it was starting") from None
             return None
@@ -73,12 +78,24 @@ class Writer(Office):
     def frame(self):
         return self.frames()[0]
 
+    def window_of(self, frame):
+        """The screen's window of a frame."""
+        return wait_until(lambda: self.screen.windows_named(frame.Title),
+                          f"{frame.Title} is on the screen")[0]
+
+    def maximise(self, frame):
+        """Where a window manager puts a window of which size is its own affair."""
+        self.screen.fill_with(self.window_of(frame))
+
     def new_document(self, hidden=False):
         """A further document; its frame."""
         document = self.desktop.loadComponentFromURL(
             "private:factory/swriter", "_blank", 0,
             (PropertyValue("Hidden", 0, hidden, 0),))
-        return document.CurrentController.Frame
+        frame = document.CurrentController.Frame
+        if not hidden:
+            self.maximise(frame)
+        return frame
 
     def add_shape(self, frame, place, fill=None, line=None, kind="Rectangle"):
         """A shape in column and row `place` of a grid, with solid colours (0xRRGGBB) or without
@@ -91,7 +108,7 @@ class Writer(Office):
         document.DrawPage.add(shape)
         shape.Position = Point(2500 + 1200 * place[0], 2500 + 1200 * place[1])
         if fill is None:
-            shape.FillStyle = uno.Enum("com.sun.star.drawing.FillStyle", "NONE")
+            shape.FillStyle = NO_FILL
         else:
             shape.FillStyle = SOLID
             shape.FillColor = fill
@@ -119,7 +136,10 @@ class Writer(Office):
         """Ends Writer the way its menu does, giving up unsaved changes; the exit code."""
         for frame in self.frames():
             frame.Controller.Model.setModified(False)
-        self.dispatch(self.frame(), ".uno:Quit")
+        try:
+            self.dispatch(self.frame(), ".uno:Quit")
+        except (DisposedException, RuntimeException, SystemError):
+            pass  # It was gone before it could answer.
         self.context = self.desktop = None
         if not self.wait_for_end(limit):
             raise AssertionError("Writer does not end")
@@ -128,11 +148,7 @@ class Writer(Office):
     def dispatch(self, frame, command):
         """Runs a command of a menu. A modal box that it opens does not hold this call up."""
         helper = self.create("com.sun.star.frame.DispatchHelper")
-        try:
-            helper.executeDispatch(frame, command, "", 0, ())
-        except uno.getClass("com.sun.star.lang.DisposedException"):
-            if command != ".uno:Quit":
-                raise
+        helper.executeDispatch(frame, command, "", 0, ())
 
     # The bar.
 
@@ -186,13 +202,17 @@ class Writer(Office):
         self.screen.click(x + width // 2, y + height // 2)
 
     def place_of(self, accessible, frame=None):
-        """Left, top, width and height on the screen. The office does not count a menu bar that the
-        desktop's toolkit draws above its own part of the window."""
+        """Left, top, width and height on the screen. What the office believes of where its window
+        is may be off, so only places within its window are taken from it; and a menu bar that the
+        desktop's toolkit draws is no part of that."""
+        frame = frame or self.frame()
+        window = frame.ContainerWindow
+        left, top, height = self.screen.place_of(self.window_of(frame))
+        origin = window.getAccessibleContext().getLocationOnScreen()
         corner, size = accessible.getLocationOnScreen(), accessible.getSize()
-        window = (frame or self.frame()).ContainerWindow
-        title = window.getAccessibleContext().getAccessibleName()
-        whole = self.screen.height_of(self.screen.windows_named(title)[0])
-        return corner.X, corner.Y + whole - window.getPosSize().Height, size.Width, size.Height
+        menu_bar = height - window.getPosSize().Height
+        return (left + corner.X - origin.X, top + menu_bar + corner.Y - origin.Y,
+                size.Width, size.Height)
 
     # The status bar.
 
