@@ -44,16 +44,17 @@ constexpr std::int32_t kFromTitle = 6;
 constexpr std::int32_t kFromCentre = 7;
 
 /// Where two rows paint the same, the first is what the office's fill is read as; the other one is
-/// remembered. An axial gradient's start colour is its outer one, a rectangular one's too.
+/// remembered. An axial gradient's start colour is its inner one, a rectangular one's its outer
+/// one. Variant 1 begins with the fore colour at the top or left, variant 3 has it at both edges.
 constexpr std::array<GradientRow, 28> kGradients = {{
     {1, 1, kLinear, 0, 50, 50, true},          {1, 2, kLinear, 1800, 50, 50, true},
-    {1, 3, kAxial, 0, 50, 50, true},           {1, 4, kAxial, 1800, 50, 50, false},
+    {1, 3, kAxial, 0, 50, 50, false},          {1, 4, kAxial, 1800, 50, 50, true},
     {2, 1, kLinear, 900, 50, 50, true},        {2, 2, kLinear, 2700, 50, 50, true},
-    {2, 3, kAxial, 900, 50, 50, true},         {2, 4, kAxial, 2700, 50, 50, false},
+    {2, 3, kAxial, 900, 50, 50, false},        {2, 4, kAxial, 2700, 50, 50, true},
     {3, 1, kLinear, 450, 50, 50, true},        {3, 2, kLinear, 2250, 50, 50, true},
-    {3, 3, kAxial, 450, 50, 50, true},         {3, 4, kAxial, 2250, 50, 50, false},
-    {4, 1, kLinear, 1350, 50, 50, true},       {4, 2, kLinear, 3150, 50, 50, true},
-    {4, 3, kAxial, 1350, 50, 50, true},        {4, 4, kAxial, 3150, 50, 50, false},
+    {3, 3, kAxial, 450, 50, 50, false},        {3, 4, kAxial, 2250, 50, 50, true},
+    {4, 1, kLinear, 3150, 50, 50, true},       {4, 2, kLinear, 1350, 50, 50, true},
+    {4, 3, kAxial, 1350, 50, 50, false},       {4, 4, kAxial, 3150, 50, 50, true},
     {kFromCorner, 1, kRect, 0, 0, 0, false},   {kFromCorner, 2, kRect, 0, 100, 0, false},
     {kFromCorner, 3, kRect, 0, 0, 100, false}, {kFromCorner, 4, kRect, 0, 100, 100, false},
     {kFromCentre, 1, kRect, 0, 50, 50, true},  {kFromCentre, 2, kRect, 1800, 50, 50, false},
