@@ -7,6 +7,7 @@
 #include <com/sun/star/document/XUndoManagerSupplier.hpp>
 #include <com/sun/star/drawing/FillStyle.hpp>
 #include <com/sun/star/drawing/Hatch.hpp>
+#include <com/sun/star/drawing/LineStyle.hpp>
 #include <com/sun/star/drawing/XControlShape.hpp>
 #include <com/sun/star/frame/XStorable.hpp>
 #include <com/sun/star/lang/XMultiServiceFactory.hpp>
@@ -22,6 +23,7 @@
 #include "base/Color.h"
 #include "base/Text.h"
 #include "forms/Runtime.h"
+#include "ports/libreoffice/document/ShapePicture.h"
 #include "ports/libreoffice/fill/Patterns.h"
 #include "ports/libreoffice/fill/Textures.h"
 #include "ports/libreoffice/uno/Errors.h"
@@ -223,8 +225,6 @@ TEST_F(DocumentsTest, AMembersFillSurvivesSavingAsOpenDocument) {
 TEST_F(DocumentsTest, PatternsAndTexturesSurviveSavingAsWordDocument) {
     addRectangle(open.model(), kRed);
     addRectangle(open.model(), kRed);
-    paint(shape(0)->Fill(), [&] { shape(0)->Fill().Patterned(33); });
-    paint(shape(1)->Fill(), [&] { shape(1)->Fill().PresetTextured(7); });
     const auto first = shape(0);
     const auto second = shape(1);
     paint(first->Fill(), [&] { first->Fill().Patterned(33); });
@@ -309,6 +309,73 @@ TEST_F(DocumentsTest, FramesPicturesAndObjectsAreNoShapes) {
     EXPECT_EQ(document()->Shapes()->Count(), 1);
     ASSERT_EQ(shapes().size(), 1U);
     EXPECT_EQ(shape(0)->Fill().ForeColorRGB(), kRed);
+}
+
+TEST_F(DocumentsTest, TheTextFrameOfAShapeIsNoShape) {
+    for (int i = 0; i < 3; ++i) {
+        const ShapeReference shape = addRectangle(open.model(), kRed);
+        setProperty(shape, "TextBox", sal_Bool(true));
+    }
+    EXPECT_EQ(document()->Shapes()->Count(), 3);
+    ASSERT_EQ(shapes().size(), 3U);
+    undoManager()->clear();
+    {
+        const auto group = document()->undoGroup("Přebarvit");
+        shape(2)->Fill().setForeColorRGB(kBlue);
+    }
+    EXPECT_EQ(shape(2)->Fill().ForeColorRGB(), kBlue);
+    undoManager()->undo();
+    EXPECT_EQ(shape(2)->Fill().ForeColorRGB(), kRed);
+}
+
+TEST_F(DocumentsTest, GradientsRunTheWayTheirVariantsSay) {
+    const ShapeReference rectangle = addRectangle(open.model(), kRed);
+    const auto one = shape(0);
+    setProperty(rectangle, "LineStyle", css::drawing::LineStyle_NONE);
+    // The fore colour's part in a corner, at an edge's middle or in the centre of the picture.
+    struct Place {
+        std::int32_t style;
+        std::int32_t variant;
+        double x;
+        double y;
+        bool isFore;
+    };
+    for (const Place& place : std::vector<Place>{{1, 1, 0.5, 0, true},
+                                                 {1, 1, 0.5, 1, false},
+                                                 {1, 2, 0.5, 0, false},
+                                                 {1, 3, 0.5, 0, true},
+                                                 {1, 3, 0.5, 0.5, false},
+                                                 {1, 4, 0.5, 0.5, true},
+                                                 {2, 1, 0, 0.5, true},
+                                                 {2, 2, 0, 0.5, false},
+                                                 {3, 1, 0, 0, true},
+                                                 {3, 1, 1, 1, false},
+                                                 {4, 1, 1, 0, true},
+                                                 {4, 1, 0, 1, false},
+                                                 {5, 1, 0, 0, true},
+                                                 {5, 2, 1, 0, true},
+                                                 {5, 3, 0, 1, true},
+                                                 {5, 4, 1, 1, true},
+                                                 {5, 4, 0, 0, false},
+                                                 {7, 1, 0.5, 0, true},
+                                                 {7, 1, 0.5, 0.5, false},
+                                                 {7, 2, 0.5, 0.5, true}}) {
+        one->Fill().setForeColorRGB(base::rgb(255, 0, 0));
+        one->Fill().setBackColorRGB(base::rgb(0, 0, 255));
+        one->Fill().TwoColorGradient(place.style, place.variant);
+        one->Fill().setVisible(MsoTriState::msoTrue);
+        const libreoffice::Image image = libreoffice::imageOfBitmapFile(
+            libreoffice::pictureOf(officeContext(), rectangle).bytes());
+        ASSERT_GT(image.width(), 20);
+        const auto at = [](double part, std::int32_t size) {
+            constexpr std::int32_t kMargin = 3;
+            return kMargin + static_cast<std::int32_t>(part * (size - 1 - 2 * kMargin));
+        };
+        const std::int32_t color = image.at(at(place.x, image.width()), at(place.y, image.height()));
+        const bool isFore = (color >> 16) > (color & 0xFF);
+        EXPECT_EQ(isFore, place.isFore) << place.style << '/' << place.variant << " at " << place.x
+                                        << ", " << place.y;
+    }
 }
 
 TEST_F(DocumentsTest, ShapesTiedToCharactersCountToo) {
@@ -555,13 +622,6 @@ TEST_F(DocumentsTest, UndoLeavesOutAShapeThatIsGone) {
 // The scratch document
 
 TEST_F(DocumentsTest, AScratchDocumentGivesPreviews) {
-    class Clipboard final : public forms::Clipboard {
-     public:
-        void Clear() override { picture = {}; }
-        base::Picture GetData() override { return picture; }
-        void SetData(const base::Picture& data) override { picture = data; }
-        base::Picture picture;
-    };
     const HandlerScope handler(documents.snapshot());
     const auto scratch = documents.addHidden();
     EXPECT_FALSE(scratch->isSame(*document()));
@@ -572,6 +632,14 @@ TEST_F(DocumentsTest, AScratchDocumentGivesPreviews) {
     rectangle->Select();
     ASSERT_EQ(scratch->Selection()->ShapeRange()->Count(), 1);
     EXPECT_EQ(scratch->Selection()->ShapeRange()->Item(1)->Name(), rectangle->Name());
+    RuntimeWithClipboard runtime;
+    const forms::RuntimeScope scope(runtime);
+    scratch->Selection()->Copy();
+    const libreoffice::Image image =
+        libreoffice::imageOfBitmapFile(runtime.Clipboard().GetData().bytes());
+    ASSERT_EQ(image.width(), 81);
+    ASSERT_EQ(image.height(), 25);
+    EXPECT_EQ(image.at(40, 12), base::swapRedAndBlue(kBlue));
     scratch->Close();
     EXPECT_THROW(rectangle->Fill().Visible(), base::Error);
 }

@@ -248,7 +248,9 @@ class WindowTest(unittest.TestCase):
         writer.select(first, shapes[0])
         second = writer.new_document()
         wait_until(lambda: writer.bar(second), "the second window has the bar")
-        second.close(True)
+        self.screen.focus(writer.window_of(second))
+        self.screen.key("ctrl+w")
+        wait_until(lambda: len(writer.frames()) == 1, "the second window closes")
         # Not by a click, which would itself make its window the active one.
         writer.dispatch(writer.desktop, "vnd.huebrush:SellFill")
         self.assert_selection(writer, first, shapes)
@@ -272,14 +274,10 @@ class WindowTest(unittest.TestCase):
         layout.unlockWindow(url)
         layout.floatWindow(url)
         layout.setElementPos(url, Point(400, 500))
-        wait_until(lambda: layout.isElementFloating(url), "the bar floats")
+        wait_until(lambda: self.floats_near(writer, 400, 500), "the bar floats")
         self.assertEqual(writer.quit(), 0)
         writer = self.start()
-        layout, url = writer.frame().LayoutManager, writer.bar_url()
-        wait_until(lambda: layout.isElementFloating(url), "the bar floats again")
-        place = layout.getElementPos(url)
-        # A window manager may count a title bar once more.
-        self.assertLess(abs(place.X - 400) + abs(place.Y - 500), 40, (place.X, place.Y))
+        wait_until(lambda: self.floats_near(writer, 400, 500), "the bar floats there again")
 
     def test_nothing_of_the_bar_is_left_after_the_end(self):
         writer = self.start()
@@ -290,6 +288,14 @@ class WindowTest(unittest.TestCase):
                                                             recursive=True)
         self.assertEqual(left, [])
         self.assertIsNone(self.start(extensions=False).bar_url())
+
+    @staticmethod
+    def floats_near(writer, left, top):
+        """A window manager may count the bar's title once more or once less."""
+        layout, url = writer.frame().LayoutManager, writer.bar_url()
+        place = layout.getElementPos(url)
+        return (layout.isElementFloating(url) and abs(place.X - left) < 10
+                and abs(place.Y - top) < 40)
 
     def top_of_bar(self, writer):
         return writer.place_of(next(iter(writer.buttons().values())))[1]
