@@ -26,7 +26,7 @@
 #include "ports/libreoffice/document/ShapePicture.h"
 #include "ports/libreoffice/fill/Patterns.h"
 #include "ports/libreoffice/fill/Textures.h"
-#include "ports/libreoffice/uno/Errors.h"
+#include "ports/libreoffice/runtime/OfficeRuntime.h"
 
 namespace huebrush::tests {
 
@@ -340,26 +340,14 @@ TEST_F(DocumentsTest, GradientsRunTheWayTheirVariantsSay) {
         double y;
         bool isFore;
     };
-    for (const Place& place : std::vector<Place>{{1, 1, 0.5, 0, true},
-                                                 {1, 1, 0.5, 1, false},
-                                                 {1, 2, 0.5, 0, false},
-                                                 {1, 3, 0.5, 0, true},
-                                                 {1, 3, 0.5, 0.5, false},
-                                                 {1, 4, 0.5, 0.5, true},
-                                                 {2, 1, 0, 0.5, true},
-                                                 {2, 2, 0, 0.5, false},
-                                                 {3, 1, 0, 0, true},
-                                                 {3, 1, 1, 1, false},
-                                                 {4, 1, 1, 0, true},
-                                                 {4, 1, 0, 1, false},
-                                                 {5, 1, 0, 0, true},
-                                                 {5, 2, 1, 0, true},
-                                                 {5, 3, 0, 1, true},
-                                                 {5, 4, 1, 1, true},
-                                                 {5, 4, 0, 0, false},
-                                                 {7, 1, 0.5, 0, true},
-                                                 {7, 1, 0.5, 0.5, false},
-                                                 {7, 2, 0.5, 0.5, true}}) {
+    for (const Place& place : std::vector<Place>{
+             {1, 1, 0.5, 0, true},    {1, 1, 0.5, 1, false},   {1, 2, 0.5, 0, false},
+             {1, 3, 0.5, 0, true},    {1, 3, 0.5, 0.5, false}, {1, 4, 0.5, 0.5, true},
+             {2, 1, 0, 0.5, true},    {2, 2, 0, 0.5, false},   {3, 1, 0, 0, true},
+             {3, 1, 1, 1, false},     {4, 1, 1, 0, true},      {4, 1, 0, 1, false},
+             {5, 1, 0, 0, true},      {5, 2, 1, 0, true},      {5, 3, 0, 1, true},
+             {5, 4, 1, 1, true},      {5, 4, 0, 0, false},     {7, 1, 0.5, 0, true},
+             {7, 1, 0.5, 0.5, false}, {7, 2, 0.5, 0.5, true}}) {
         one->Fill().setForeColorRGB(base::rgb(255, 0, 0));
         one->Fill().setBackColorRGB(base::rgb(0, 0, 255));
         one->Fill().TwoColorGradient(place.style, place.variant);
@@ -371,10 +359,11 @@ TEST_F(DocumentsTest, GradientsRunTheWayTheirVariantsSay) {
             constexpr std::int32_t kMargin = 3;
             return kMargin + static_cast<std::int32_t>(part * (size - 1 - 2 * kMargin));
         };
-        const std::int32_t color = image.at(at(place.x, image.width()), at(place.y, image.height()));
+        const std::int32_t color =
+            image.at(at(place.x, image.width()), at(place.y, image.height()));
         const bool isFore = (color >> 16) > (color & 0xFF);
-        EXPECT_EQ(isFore, place.isFore) << place.style << '/' << place.variant << " at " << place.x
-                                        << ", " << place.y;
+        EXPECT_EQ(isFore, place.isFore)
+            << place.style << '/' << place.variant << " at " << place.x << ", " << place.y;
     }
 }
 
@@ -632,7 +621,8 @@ TEST_F(DocumentsTest, AScratchDocumentGivesPreviews) {
     rectangle->Select();
     ASSERT_EQ(scratch->Selection()->ShapeRange()->Count(), 1);
     EXPECT_EQ(scratch->Selection()->ShapeRange()->Item(1)->Name(), rectangle->Name());
-    RuntimeWithClipboard runtime;
+    const libreoffice::ActiveWindow window(officeContext());
+    libreoffice::OfficeRuntime runtime(officeContext(), "", window, documents.snapshot());
     const forms::RuntimeScope scope(runtime);
     scratch->Selection()->Copy();
     const libreoffice::Image image =

@@ -1,5 +1,6 @@
 #include "ports/libreoffice/document/DrawPage.h"
 
+#include <com/sun/star/beans/XPropertySet.hpp>
 #include <com/sun/star/drawing/XDrawPageSupplier.hpp>
 
 namespace huebrush::libreoffice {
@@ -25,6 +26,16 @@ void DrawPage::visit(const Visitor& visitor) const {
 
 ShapeReference DrawPage::at(std::int32_t index) const {
     return ShapeReference(objects_->getByIndex(index), UNO_QUERY_THROW);
+}
+
+std::int32_t DrawPage::indexOf(const ShapeReference& shape) const {
+    // Writer leaves the text frames of shapes out when it counts.
+    sal_Int32 index = 0;
+    Reference<css::beans::XPropertySet>(shape, UNO_QUERY_THROW)->getPropertyValue("ZOrder") >>=
+        index;
+    const std::int32_t all = count();
+    while (index < all - 1 && at(index) != shape) ++index;
+    return index;
 }
 
 }  // namespace huebrush::libreoffice

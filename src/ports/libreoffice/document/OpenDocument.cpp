@@ -287,9 +287,7 @@ std::vector<std::int32_t> OpenDocument::placeOf(ShapeNode& node, const ShapeRefe
     for (ShapeNode* group = node.parent.get(); group != nullptr; group = group->parent.get()) {
         if (!group->parent) top = tree().shapeOf(*group);
     }
-    sal_Int32 index = 0;
-    Reference<css::beans::XPropertySet>(top, UNO_QUERY_THROW)->getPropertyValue("ZOrder") >>= index;
-    place.front() = index;
+    place.front() = tree().page().indexOf(top);
     return place;
 }
 
