@@ -66,10 +66,31 @@ class WindowTest(unittest.TestCase):
         self.addCleanup(context.__exit__, None, None, None)
         return value
 
-    def start(self, extensions=True):
+    def start(self, extensions=True, meanwhile=None):
         """Writer on this test's profile."""
         return self.enter(Writer(self.screen, options.office, self._folder.name,
-                                 options.extensions if extensions else None, options.plugin))
+                                 options.extensions if extensions else None, options.plugin,
+                                 meanwhile=meanwhile))
+
+    def forget_setting(self, key):
+        """Removes a setting of the bar's place from the profile. REQUIRES: no Writer runs."""
+        path = os.path.join(self._folder.name, "profile/user/registrymodifications.xcu")
+        with open(path, encoding="utf-8") as file:
+            lines = file.readlines()
+        left = [line for line in lines if f"Huebrush.ToolBarPosition.{key}" not in line]
+        self.assertEqual(len(left), len(lines) - 1)
+        with open(path, "w", encoding="utf-8") as file:
+            file.writelines(left)
+
+    def answer_box(self, title, *keys, unlike=()):
+        """Waits for a box with this title that is none of the windows `unlike`, and gives it the
+        keys; the box's windows."""
+        windows = wait_until(
+            lambda: [w for w in self.screen.windows_named(title) if w not in unlike],
+            f"a box {title!r} appears", 60.0)
+        self.screen.focus(windows[0])
+        self.screen.key(*keys)
+        return windows
 
     def status_picture(self, writer, text):
         """What the status bar looks like with a text."""
@@ -278,6 +299,23 @@ class WindowTest(unittest.TestCase):
         self.assertEqual(writer.quit(), 0)
         writer = self.start()
         wait_until(lambda: self.floats_near(writer, 400, 500), "the bar floats there again")
+
+    def test_a_place_that_cannot_be_read_is_reported_and_the_user_chooses(self):
+        self.assertEqual(self.start().quit(), 0)
+        for key in ("Left", "Top", "RowIndex"):
+            self.forget_setting(key)
+        retry, ignore, abort = ("Tab", "Return"), ("Tab", "Tab", "Return"), ("Escape",)
+
+        def choose():
+            title = "Chyba č. 13"
+            left = self.answer_box(title, *retry)
+            left += self.answer_box(title, *ignore, unlike=left)
+            # Of the row it is no longer asked.
+            self.answer_box(title, *abort, unlike=left)
+
+        writer = self.start(meanwhile=choose)
+        self.assertEqual(list(writer.buttons()), [BY_FILL, BY_LINE, CHANGE_FILLS])
+        self.assertEqual(self.screen.windows_named("Chyba č. 13"), [])
 
     def test_nothing_of_the_bar_is_left_after_the_end(self):
         writer = self.start()

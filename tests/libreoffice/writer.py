@@ -24,14 +24,20 @@ STATUS_BAR = "private:resource/statusbar/statusbar"
 
 class Writer(Office):
     """Entering starts Writer with an empty document and connects to it. The profile stays in
-    `folder`, so that a second Writer finds what the first has left."""
+    `folder`, so that a second Writer finds what the first has left.
 
-    def __init__(self, screen, program, folder, extensions, plugin, has_bar=True):
+    has_bar      whether an extension is to show our bar before the window counts as complete
+    meanwhile    what the user does while Writer starts, before it answers
+    """
+
+    def __init__(self, screen, program, folder, extensions, plugin, has_bar=True,
+                 meanwhile=None):
         self._pipe = f"{os.path.basename(folder)}-{plugin}"
         super().__init__(program, folder, extensions=extensions, plugin=plugin,
                          arguments=["--writer", f"--accept=pipe,name={self._pipe};urp"],
                          environment=screen.environment)
         self._has_bar = extensions is not None and has_bar
+        self._meanwhile = meanwhile
         self.screen = screen
         self.context = None
         self.desktop = None
@@ -39,6 +45,8 @@ class Writer(Office):
     def __enter__(self):
         super().__enter__()
         try:
+            if self._meanwhile is not None:
+                self._meanwhile()
             self.context = wait_until(self._connect, "Writer answers", 60.0)
             self.desktop = self.create("com.sun.star.frame.Desktop")
             wait_until(self.frames, "Writer has a window", 60.0)
