@@ -1,5 +1,6 @@
 #include "forms/FormsContract.h"
 
+#include "forms/MenuContract.h"
 #include "ports/memory/Driver.h"
 #include "ports/memory/MemoryRuntime.h"
 
