@@ -1,8 +1,10 @@
 // A service for tests in windows: recolours the document that it is given, on the main thread, with
-// a different fill for each row. So a test can undo what nobody can click yet.
+// a different fill for each row. So a test can undo what nobody can click yet. Like the add-in, it
+// knows the document for as long as it lives: what it has done can be undone as long.
 
 #include <com/sun/star/frame/XModel.hpp>
 #include <com/sun/star/task/XJob.hpp>
+#include <memory>
 #include <rtl/ref.hxx>
 #include <utility>
 
@@ -49,8 +51,7 @@ batch::FillEdit editOf(std::int32_t row) {
     };
 }
 
-void recolour(const ContextReference& context, const Model& model) {
-    Application application(context, std::string());
+void recolour(const ContextReference& context, Application& application, const Model& model) {
     OfficeRuntime platform(context, std::string(), application.activeWindow(),
                            application.snapshot());
     batch::BatchRuntime runtime(platform);
@@ -72,12 +73,22 @@ class RecolourJob final : public WeakImplHelper<css::task::XJob> {
     execute(const css::uno::Sequence<css::beans::NamedValue>& arguments) override {
         Model model;
         arguments[0].Value >>= model;
-        postToMainThread(context_, [context = context_, model] { recolour(context, model); });
+        postToMainThread(context_, [self = rtl::Reference<RecolourJob>(this), model] {
+            self->recolourNow(model);
+        });
         return {};
     }
 
  private:
+    void recolourNow(const Model& model) {
+        if (!application_) {
+            application_ = std::make_unique<libreoffice::Application>(context_, std::string());
+        }
+        recolour(context_, *application_, model);
+    }
+
     ContextReference context_;
+    std::unique_ptr<libreoffice::Application> application_;
 };
 
 }  // namespace

@@ -85,8 +85,8 @@ class UndoTest(unittest.TestCase):
         before = fills(self.document)
         self.assertEqual(len(before), SHAPES)
         self.document.setModified(False)
-        self.writer.create("cz.huebrush.tests.Recolour").execute(
-            (NamedValue("Document", self.document),))
+        job = self.writer.create("cz.huebrush.tests.Recolour")
+        job.execute((NamedValue("Document", self.document),))
         wait_until(lambda: self.undo_titles() == [TITLE], f"one undo entry: {self.undo_titles()}")
         wait_until(self.document.isModified, "the document is modified")
         after = fills(self.document)
