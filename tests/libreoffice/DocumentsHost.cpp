@@ -22,7 +22,6 @@ namespace huebrush::tests {
 namespace css = com::sun::star;
 
 using css::uno::Reference;
-using css::uno::UNO_QUERY;
 using css::uno::UNO_QUERY_THROW;
 
 Reference<css::drawing::XDrawPage> pageOf(const ModelReference& model) {
@@ -58,7 +57,7 @@ ShapeReference groupShapes(const ModelReference& model, const std::vector<ShapeR
         officeContext(), "com.sun.star.drawing.ShapeCollection");
     for (const ShapeReference& shape : shapes) members->add(shape);
     const Reference<css::drawing::XShapeGrouper> grouper(pageOf(model), UNO_QUERY_THROW);
-    return ShapeReference(grouper->group(members), UNO_QUERY_THROW);
+    return {grouper->group(members), UNO_QUERY_THROW};
 }
 
 PictureFile::PictureFile()
@@ -110,6 +109,7 @@ DocumentsHost::Id DocumentsHost::addLine(const std::string& name) {
 
 DocumentsHost::Id DocumentsHost::group(const std::string& name, const std::vector<Id>& members) {
     std::vector<ShapeReference> shapes;
+    shapes.reserve(members.size());
     for (const Id id : members) shapes.push_back(shapes_.at(id));
     documents_.snapshot()->invalidate();
     return keep(groupShapes(open_.model(), shapes), name);

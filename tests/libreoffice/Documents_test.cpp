@@ -34,7 +34,6 @@ namespace css = com::sun::star;
 
 using css::uno::Any;
 using css::uno::Reference;
-using css::uno::UNO_QUERY;
 using css::uno::UNO_QUERY_THROW;
 using host::MsoFillType;
 using host::MsoShapeType;
@@ -135,16 +134,16 @@ std::vector<Build> everyFill(const std::string& textureFile) {
     std::vector<Build> builds = {[](FillFormat& fill) { fill.Solid(); },
                                  [=](FillFormat& fill) { fill.UserTextured(textureFile); }};
     for (std::int32_t pattern = 1; pattern <= libreoffice::kPatternCount; ++pattern) {
-        builds.push_back([=](FillFormat& fill) { fill.Patterned(pattern); });
+        builds.emplace_back([=](FillFormat& fill) { fill.Patterned(pattern); });
     }
     for (std::int32_t texture = 1; texture <= libreoffice::kTextureCount; ++texture) {
-        builds.push_back([=](FillFormat& fill) { fill.PresetTextured(texture); });
-        builds.push_back([=](FillFormat& fill) { fill.PresetGradient(1, 3, texture); });
+        builds.emplace_back([=](FillFormat& fill) { fill.PresetTextured(texture); });
+        builds.emplace_back([=](FillFormat& fill) { fill.PresetGradient(1, 3, texture); });
     }
     for (std::int32_t style = 1; style <= 7; ++style) {
         for (std::int32_t variant = 1; variant <= 4; ++variant) {
-            builds.push_back([=](FillFormat& fill) { fill.TwoColorGradient(style, variant); });
-            builds.push_back(
+            builds.emplace_back([=](FillFormat& fill) { fill.TwoColorGradient(style, variant); });
+            builds.emplace_back(
                 [=](FillFormat& fill) { fill.OneColorGradient(style, variant, 0.37F); });
         }
     }
@@ -539,9 +538,10 @@ TEST_F(DocumentsTest, AnUndoGroupIsOneStepOfTheOffice) {
     std::vector<Answers> before;
     for (const auto& one : shapes()) {
         const Build& build = builds[before.size() * 3 % builds.size()];
-        if (before.size() % 2 == 0)
+        if (before.size() % 2 == 0) {
             paint(
                 one->Fill(), [&] { build(one->Fill()); }, 0.4F);
+        }
         before.emplace_back(one->Fill());
     }
     const Reference<css::util::XModifiable> modifiable(open.model(), UNO_QUERY_THROW);

@@ -67,8 +67,8 @@ class Documents::Listener final : public WeakImplHelper<css::util::XCloseListene
     std::weak_ptr<OpenDocuments> open_;
 };
 
-Documents::Documents(ContextReference context)
-    : context_(std::move(context)),
+Documents::Documents(const ContextReference& context)
+    : context_(context),
       snapshot_(std::make_shared<Snapshot>()),
       open_(std::make_shared<OpenDocuments>()) {
     listener_ = new Listener(open_);

@@ -18,7 +18,7 @@ struct OpenDocuments;
 /// lifetime; everything in here is for the main thread only.
 class Documents final : public host::Documents {
  public:
-    explicit Documents(ContextReference context);
+    explicit Documents(const ContextReference& context);
     ~Documents() override;
 
     /// The document of an open model: what it knows lasts as long as the document is open, so that

@@ -25,7 +25,7 @@ void DrawPage::visit(const Visitor& visitor) const {
 }
 
 ShapeReference DrawPage::at(std::int32_t index) const {
-    return ShapeReference(objects_->getByIndex(index), UNO_QUERY_THROW);
+    return {objects_->getByIndex(index), UNO_QUERY_THROW};
 }
 
 std::int32_t DrawPage::indexOf(const ShapeReference& shape) const {

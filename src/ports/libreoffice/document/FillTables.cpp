@@ -50,8 +50,8 @@ css::uno::Reference<css::container::XNameContainer> tableOf(const FillTables::Mo
 
 }  // namespace
 
-FillTables::FillTables(ContextReference context, const Model& model)
-    : context_(std::move(context)),
+FillTables::FillTables(const ContextReference& context, const Model& model)
+    : context_(context),
       bitmaps_(tableOf(model, "com.sun.star.drawing.BitmapTable")),
       transparences_(tableOf(model, "com.sun.star.drawing.TransparencyGradientTable")) {}
 

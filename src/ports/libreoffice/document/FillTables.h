@@ -20,7 +20,7 @@ class FillTables {
  public:
     using Model = com::sun::star::uno::Reference<com::sun::star::frame::XModel>;
 
-    FillTables(ContextReference context, const Model& model);
+    FillTables(const ContextReference& context, const Model& model);
 
     /// Makes sure that the table has our picture under its name.
     void ensure(const OwnPicture& picture);

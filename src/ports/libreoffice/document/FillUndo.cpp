@@ -1,5 +1,6 @@
 #include "ports/libreoffice/document/FillUndo.h"
 
+#include <algorithm>
 #include <com/sun/star/container/XIndexAccess.hpp>
 #include <com/sun/star/document/UndoFailedException.hpp>
 
@@ -12,7 +13,6 @@ namespace css = com::sun::star;
 
 using css::uno::Reference;
 using css::uno::UNO_QUERY;
-using css::uno::UNO_QUERY_THROW;
 
 namespace {
 
@@ -36,9 +36,8 @@ class FillAction final : public WeakImplHelper<css::document::XUndoAction> {
 
     void SAL_CALL undo() override {
         std::vector<Step> steps;
-        for (auto change = changes_.rbegin(); change != changes_.rend(); ++change) {
-            steps.push_back({&*change, &change->before});
-        }
+        for (const FillChange& change : changes_) steps.push_back({&change, &change.before});
+        std::reverse(steps.begin(), steps.end());
         restore(steps);
     }
 

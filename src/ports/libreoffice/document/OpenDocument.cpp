@@ -25,7 +25,7 @@ constexpr std::size_t kManyWrites = 48;
 /// While it lives, the office does not lay out or paint after every write.
 class LockedControllers {
  public:
-    explicit LockedControllers(OpenDocument::Model model) : model_(std::move(model)) {
+    explicit LockedControllers(const OpenDocument::Model& model) : model_(model) {
         model_->lockControllers();
     }
     LockedControllers(const LockedControllers&) = delete;
@@ -59,9 +59,9 @@ struct OpenDocument::Parts {
     bool hasWindow;
 };
 
-OpenDocument::OpenDocument(ContextReference context, const Model& model,
+OpenDocument::OpenDocument(const ContextReference& context, const Model& model,
                            std::shared_ptr<Snapshot> snapshot)
-    : context_(std::move(context)), snapshot_(std::move(snapshot)) {
+    : context_(context), snapshot_(std::move(snapshot)) {
     officeCalls([&] { parts_ = std::make_unique<Parts>(*this, model); });
 }
 
@@ -373,7 +373,9 @@ std::vector<NodePointer> OpenDocument::selected() {
 void OpenDocument::select(const std::vector<NodePointer>& nodes) {
     commitBuffered();
     if (nodes.empty()) return;
-    for (const NodePointer& node : nodes) tree().checkAlive(*node);
+    officeCalls([&] {
+        for (const NodePointer& node : nodes) tree().checkAlive(*node);
+    });
     if (!parts().hasWindow) selection_ = nodes;
     // Without a window, the office needs to know only of the one shape that its dialogs are for.
     if (parts().hasWindow || nodes.size() == 1) {

@@ -31,7 +31,8 @@ class OpenDocument : public std::enable_shared_from_this<OpenDocument> {
  public:
     using Model = DrawPage::Model;
 
-    OpenDocument(ContextReference context, const Model& model, std::shared_ptr<Snapshot> snapshot);
+    OpenDocument(const ContextReference& context, const Model& model,
+                 std::shared_ptr<Snapshot> snapshot);
     OpenDocument(const OpenDocument&) = delete;
     OpenDocument& operator=(const OpenDocument&) = delete;
     ~OpenDocument();
@@ -122,7 +123,7 @@ class OpenDocument : public std::enable_shared_from_this<OpenDocument> {
     void readLineOf(ShapeNode& node);
     void readFromShape(ShapeNode& node, const ShapeReference& shape);
     void changeFill(const NodePointer& leaf, const FillEdit& edit, const std::string& userPicture);
-    void write(Write& write, const ShapeReference& shape);
+    void write(Write& one, const ShapeReference& shape);
     void writeEach(std::vector<Write>& writes);
     std::vector<std::int32_t> placeOf(ShapeNode& node, const ShapeReference& shape);
     void endUndoGroup(const std::string& title);

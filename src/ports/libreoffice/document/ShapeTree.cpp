@@ -15,7 +15,6 @@ namespace huebrush::libreoffice {
 namespace css = com::sun::star;
 
 using css::uno::Reference;
-using css::uno::UNO_QUERY;
 using css::uno::UNO_QUERY_THROW;
 
 namespace {
@@ -26,7 +25,7 @@ constexpr std::size_t kFewHolders = 128;
 
 ShapeReference memberAt(const Reference<css::container::XIndexAccess>& members,
                         std::int32_t index) {
-    return ShapeReference(members->getByIndex(index), UNO_QUERY_THROW);
+    return {members->getByIndex(index), UNO_QUERY_THROW};
 }
 
 Reference<css::container::XIndexAccess> membersOfGroup(const ShapeReference& group) {

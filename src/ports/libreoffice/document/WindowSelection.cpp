@@ -14,7 +14,6 @@ namespace css = com::sun::star;
 using css::uno::Any;
 using css::uno::Reference;
 using css::uno::UNO_QUERY;
-using css::uno::UNO_QUERY_THROW;
 
 namespace {
 

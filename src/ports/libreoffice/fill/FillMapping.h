@@ -11,7 +11,7 @@ namespace huebrush::libreoffice {
 
 /// What the office's fill is in the words of the object model, approximated the same way every time
 /// where there is no equal. `picture` is what a bitmap fill's picture was recognised as.
-HostFill hostFillOf(const OfficeFill& fill, const std::optional<OwnPicture>& picture);
+HostFill hostFillOf(const OfficeFill& office, const std::optional<OwnPicture>& picture);
 
 /// What stands beside a shape whose fill the office cannot hold.
 struct RememberedFill {

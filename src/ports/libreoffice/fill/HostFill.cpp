@@ -145,7 +145,7 @@ void CommonFill::add(const HostFill& fill) {
         common_ = fill;
         return;
     }
-    constexpr float kMixedFraction = static_cast<float>(host::kMixed);
+    constexpr auto kMixedFraction = static_cast<float>(host::kMixed);
     join(common_.visible, fill.visible, host::MsoTriState::msoTriStateMixed);
     join(common_.foreColor, fill.foreColor, host::kMixed);
     join(common_.backColor, fill.backColor, host::kMixed);

@@ -83,22 +83,21 @@ std::vector<std::uint8_t> bitmapFileOf(const Image& image) {
 }
 
 Image imageOfBitmapFile(const std::vector<std::uint8_t>& bytes) {
-    const Image none(0, 0);
     if (bytes.size() < kFileHeaderSize + kInfoHeaderSize || bytes[0] != 'B' || bytes[1] != 'M') {
-        return none;
+        return {0, 0};
     }
     const auto width = static_cast<std::int32_t>(get(bytes, kWidthField, 4));
     const auto height = static_cast<std::int32_t>(get(bytes, kHeightField, 4));
     const std::uint32_t compression = get(bytes, kCompressionField, 4);
-    if (width < 1 || width > kLargestSide || height < 1 || height > kLargestSide) return none;
+    if (width < 1 || width > kLargestSide || height < 1 || height > kLargestSide) return {0, 0};
     PixelReader reader{bytes, kFileHeaderSize + get(bytes, kFileHeaderSize, 4),
                        get(bytes, kPixelsAtField, 4), get(bytes, kBitsField, 2)};
     const bool known = reader.bits == 1 || reader.bits == 4 || reader.bits == 8 ||
                        reader.bits == 24 || reader.bits == 32;
     const bool plain = compression == 0 || (compression == kBitFields && reader.bits == 32);
-    if (!known || !plain) return none;
+    if (!known || !plain) return {0, 0};
     const std::size_t row = rowSize(static_cast<std::size_t>(width), reader.bits);
-    if (reader.pixels + row * static_cast<std::size_t>(height) > bytes.size()) return none;
+    if (reader.pixels + row * static_cast<std::size_t>(height) > bytes.size()) return {0, 0};
 
     Image image(width, height);
     for (std::int32_t y = 0; y < height; ++y) {
