@@ -67,6 +67,7 @@ class OnDocuments(unittest.TestCase):
         self.assertEqual(list(self.temporary.glob("huebrush-*")), [])
         self.assertEqual(processes_mentioning(str(self.temporary)), [])
         self.assertEqual([p.name for p in self.folder.rglob(".*huebrush-*")], [])
+        self.assertEqual(list(TOWN.parent.glob(".~lock*")), [])
 
     def assert_refused(self, words, *arguments, code=1):
         done = self.run_program(*arguments)
@@ -162,6 +163,20 @@ class Recolouring(OnDocuments):
         self.assertEqual(done.returncode, 0, done.stderr)
         self.assertEqual(output.read_bytes()[:2], b"PK")
         self.assertGreater(normal_form.docx_body(output, {BLUE: BLUE})[1], 10)
+
+    def test_a_document_that_is_open_elsewhere_is_read_all_the_same(self):
+        document = self.folder / "open.odt"
+        shutil.copy(TOWN, document)
+        with PrivateOffice() as office:
+            opened = office.desktop.loadComponentFromURL(file_url(document), "_blank", 0,
+                                                         properties(Hidden=True))
+            self.assertTrue(list(self.folder.glob(".~lock.open.odt*")))
+            output = self.folder / "open-out.odt"
+            done = self.run_program("recolor", document, "-o", output, "--map", f"{ROOFS}={BLUE}")
+            opened.close(True)
+        self.assertEqual(done.returncode, 0, done.stderr)
+        self.assert_alike(normal_form.NormalForm(output).shapes,
+                          normal_form.NormalForm(TOWN, normal_form.solid_fills(MAP)).shapes)
 
     def test_in_place_replaces_the_document_at_once(self):
         document = self.folder / "mine.odt"

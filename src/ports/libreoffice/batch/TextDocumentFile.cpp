@@ -85,7 +85,9 @@ css::uno::Reference<css::lang::XComponent> load(const ContextReference& context,
     ignoringOffice([&] {
         loaded = loader->loadComponentFromURL(
             urlOf(path), toOffice("_blank"), 0,
+            // Read-only, so that it neither minds nor leaves a lock of the file.
             properties({property("Hidden", css::uno::Any(true)),
+                        property("ReadOnly", css::uno::Any(true)),
                         property("InteractionHandler", css::uno::Any(handler)),
                         property("MacroExecutionMode",
                                  css::uno::Any(css::document::MacroExecMode::NEVER_EXECUTE)),

@@ -20,6 +20,11 @@ EventPump::EventPump(ContextReference context, std::shared_ptr<Snapshot> snapsho
 void EventPump::run() {
     if (!rate_.isDue()) return;
     const auto start = RateLimit::Clock::now();
+    runNow();
+    rate_.done(start);
+}
+
+void EventPump::runNow() {
     snapshot_->invalidate();
     ignoringOffice([&] {
         createService<com::sun::star::awt::XToolkitExperimental>(context_,
@@ -27,7 +32,6 @@ void EventPump::run() {
             ->processEventsToIdle();
     });
     snapshot_->invalidate();
-    rate_.done(start);
 }
 
 }  // namespace huebrush::libreoffice

@@ -16,6 +16,8 @@ class EventPump {
     EventPump(ContextReference context, std::shared_ptr<Snapshot> snapshot);
 
     void run();
+    /// Lets them run whatever the rate.
+    void runNow();
 
  private:
     ContextReference context_;
