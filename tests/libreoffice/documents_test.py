@@ -19,7 +19,7 @@ from private_office import FILTERS, PrivateOffice, file_url, properties  # noqa:
 import normal_form  # noqa: E402
 
 PROGRAM = os.environ["HUEBRUSH_PROGRAM"]
-TOWN = ROOT / "examples" / "town.odt"
+EXAMPLES = ROOT / "examples"
 LIMIT = 240
 ROOFS, BLUE = "#c00000", "#0070c0"
 MAP = {ROOFS: BLUE}
@@ -58,6 +58,8 @@ class OnDocuments(unittest.TestCase):
         cls.temporary = cls.folder / "tmp"
         cls.temporary.mkdir()
         cls.environment = dict(os.environ, TMPDIR=str(cls.temporary))
+        cls.town = cls.folder / "town.odt"
+        shutil.copy(EXAMPLES / "town.odt", cls.town)
 
     def run_program(self, *arguments):
         return huebrush(*arguments, env=self.environment)
@@ -67,7 +69,7 @@ class OnDocuments(unittest.TestCase):
         self.assertEqual(list(self.temporary.glob("huebrush-*")), [])
         self.assertEqual(processes_mentioning(str(self.temporary)), [])
         self.assertEqual([p.name for p in self.folder.rglob(".*huebrush-*")], [])
-        self.assertEqual(list(TOWN.parent.glob(".~lock*")), [])
+        self.assertEqual(list(self.folder.glob(".~lock*")), [])
 
     def assert_refused(self, words, *arguments, code=1):
         done = self.run_program(*arguments)
@@ -84,10 +86,10 @@ class Recolouring(OnDocuments):
     @classmethod
     def setUpClass(cls):
         super().setUpClass()
-        cls.inputs = {".odt": TOWN, ".docx": ROOT / "examples" / "town.docx",
+        cls.inputs = {".odt": cls.town, ".docx": EXAMPLES / "town.docx",
                       ".doc": cls.folder / "town.doc", ".fodt": cls.folder / "town.fodt"}
         with PrivateOffice() as office:
-            office.convert(TOWN, cls.inputs[".doc"], cls.inputs[".fodt"])
+            office.convert(cls.town, cls.inputs[".doc"], cls.inputs[".fodt"])
         for suffix, source in cls.inputs.items():
             cls.load_and_store(source, FILTERS[suffix])
 
@@ -124,8 +126,8 @@ class Recolouring(OnDocuments):
     def test_odt(self):
         output, result = self.recolour(".odt")
         self.assert_only_fills_differ(self.folder / "plain.odt", output)
-        before = normal_form.NormalForm(TOWN).shapes
-        expected = normal_form.NormalForm(TOWN, normal_form.solid_fills(MAP)).shapes
+        before = normal_form.NormalForm(self.town).shapes
+        expected = normal_form.NormalForm(self.town, normal_form.solid_fills(MAP)).shapes
         after = normal_form.NormalForm(output).shapes
         self.assert_alike(after, expected)
         changed = sum(not normal_form.alike(a, b) for a, b in zip(before, after)
@@ -159,14 +161,14 @@ class Recolouring(OnDocuments):
 
     def test_the_output_takes_the_format_of_its_name(self):
         output = self.folder / "other.docx"
-        done = self.run_program("recolor", TOWN, "-o", output, "--map", f"{ROOFS}={BLUE}")
+        done = self.run_program("recolor", self.town, "-o", output, "--map", f"{ROOFS}={BLUE}")
         self.assertEqual(done.returncode, 0, done.stderr)
         self.assertEqual(output.read_bytes()[:2], b"PK")
         self.assertGreater(normal_form.docx_body(output, {BLUE: BLUE})[1], 10)
 
     def test_a_document_that_is_open_elsewhere_is_read_all_the_same(self):
         document = self.folder / "open.odt"
-        shutil.copy(TOWN, document)
+        shutil.copy(self.town, document)
         with PrivateOffice() as office:
             opened = office.desktop.loadComponentFromURL(file_url(document), "_blank", 0,
                                                          properties(Hidden=True))
@@ -176,17 +178,17 @@ class Recolouring(OnDocuments):
             opened.close(True)
         self.assertEqual(done.returncode, 0, done.stderr)
         self.assert_alike(normal_form.NormalForm(output).shapes,
-                          normal_form.NormalForm(TOWN, normal_form.solid_fills(MAP)).shapes)
+                          normal_form.NormalForm(self.town, normal_form.solid_fills(MAP)).shapes)
 
     def test_in_place_replaces_the_document_at_once(self):
         document = self.folder / "mine.odt"
-        shutil.copy(TOWN, document)
+        shutil.copy(self.town, document)
         os.chmod(document, 0o640)
         done = self.run_program("recolor", document, "--in-place", "--map", f"{ROOFS}={BLUE}")
         self.assertEqual(done.returncode, 0, done.stderr)
         self.assertEqual(document.stat().st_mode & 0o777, 0o640)
         self.assert_alike(normal_form.NormalForm(document).shapes,
-                          normal_form.NormalForm(TOWN, normal_form.solid_fills(MAP)).shapes)
+                          normal_form.NormalForm(self.town, normal_form.solid_fills(MAP)).shapes)
 
 
 class ListingAndPlans(OnDocuments):
@@ -196,12 +198,12 @@ class ListingAndPlans(OnDocuments):
         return json.loads(done.stdout)
 
     def test_the_listing_counts_what_the_document_holds(self):
-        rows = self.listing(TOWN)["rows"]
+        rows = self.listing(self.town)["rows"]
         self.assertEqual([row["row"] for row in rows], list(range(1, len(rows) + 1)))
         roofs = [row for row in rows if row["fill"]["Visible"] == -1 and row["fill"]["Type"] == 1
                  and row["fill"]["ForeColorRGB"] == 0x0000C0]
-        styles = normal_form.NormalForm(TOWN)
-        blue = normal_form.NormalForm(TOWN, normal_form.solid_fills(MAP))
+        styles = normal_form.NormalForm(self.town)
+        blue = normal_form.NormalForm(self.town, normal_form.solid_fills(MAP))
         expected = sum(a != b for a, b in zip(styles.shapes, blue.shapes)
                        if a[0] != normal_form.DRAW + "g")
         self.assertEqual(sum(row["shapes"] for row in roofs), expected)
@@ -210,13 +212,13 @@ class ListingAndPlans(OnDocuments):
         self.assertEqual(list(rows[0]["fill"])[:3], ["Visible", "ForeColorRGB", "BackColorRGB"])
 
     def test_the_table_for_people_has_a_line_a_row(self):
-        done = self.run_program("fills", TOWN)
+        done = self.run_program("fills", self.town)
         self.assertEqual(done.returncode, 0, done.stderr)
-        self.assertEqual(len(done.stdout.splitlines()), 1 + len(self.listing(TOWN)["rows"]))
+        self.assertEqual(len(done.stdout.splitlines()), 1 + len(self.listing(self.town)["rows"]))
         self.assertIn("#C00000", done.stdout)
 
     def test_an_edited_listing_is_a_plan(self):
-        plan = self.listing(TOWN)
+        plan = self.listing(self.town)
         row = next(row for row in plan["rows"] if row["fill"]["ForeColorRGB"] == 0x0000C0)
         row["new"] = dict(row["fill"], ForeColorRGB=0xC07000)
         bare = next(row for row in plan["rows"] if row["fill"]["Type"] == 3)
@@ -224,7 +226,7 @@ class ListingAndPlans(OnDocuments):
         path = self.folder / "plan.json"
         path.write_text(json.dumps(plan), encoding="utf-8")
         output = self.folder / "planned.odt"
-        done = self.run_program("recolor", TOWN, "-o", output, "--plan", path, "--json")
+        done = self.run_program("recolor", self.town, "-o", output, "--plan", path, "--json")
         self.assertEqual(done.returncode, 0, done.stderr)
         self.assertEqual(json.loads(done.stdout)["changed"], row["shapes"] + bare["shapes"])
         after = {json.dumps(r["fill"]): r["shapes"] for r in self.listing(output)["rows"]}
@@ -244,12 +246,12 @@ class ListingAndPlans(OnDocuments):
             {"Visible": -1, "Type": 4, "TextureType": 1, "PresetTexture": 12},
             {"Visible": -1, "Type": 1, "ForeColorRGB": 0x010203, "Transparency": 0.375},
         ]
-        rows = [row for row in self.listing(TOWN)["rows"] if row["fill"]["Visible"] == -1]
+        rows = [row for row in self.listing(self.town)["rows"] if row["fill"]["Visible"] == -1]
         arguments = []
         for row, kind in zip(rows, kinds):
             arguments += ["--row", f"{row['row']}={json.dumps(kind)}"]
         output = self.folder / "kinds.odt"
-        done = self.run_program("recolor", TOWN, "-o", output, *arguments)
+        done = self.run_program("recolor", self.town, "-o", output, *arguments)
         self.assertEqual(done.returncode, 0, done.stderr)
         after = self.listing(output)["rows"]
         for row, kind in zip(rows, kinds):
@@ -266,7 +268,7 @@ class BadInput(OnDocuments):
 
     def test_what_is_no_document(self):
         for name, data in {"noise.docx": bytes(range(256)) * 20, "words.odt": b"hello\n",
-                           "empty.odt": b"", "cut.odt": TOWN.read_bytes()[:20000]}.items():
+                           "empty.odt": b"", "cut.odt": self.town.read_bytes()[:20000]}.items():
             path = self.folder / name
             path.write_bytes(data)
             with self.subTest(name):
@@ -275,7 +277,7 @@ class BadInput(OnDocuments):
     def test_a_password(self):
         path = self.folder / "secret.odt"
         with PrivateOffice() as office:
-            document = office.load(TOWN)
+            document = office.load(self.town)
             document.storeToURL(file_url(path),
                                 properties(FilterName="writer8", Password="heslo"))
             document.close(True)
@@ -297,18 +299,18 @@ class BadInput(OnDocuments):
 
     def test_an_output_that_cannot_be_written(self):
         mapping = ("--map", f"{ROOFS}={BLUE}")
-        self.assert_refused("cannot write", "recolor", TOWN, "-o", self.folder / "no" / "x.odt",
+        self.assert_refused("cannot write", "recolor", self.town, "-o", self.folder / "no" / "x.odt",
                             *mapping)
-        self.assert_refused("cannot write", "recolor", TOWN, "-o", self.folder, *mapping)
+        self.assert_refused("cannot write", "recolor", self.town, "-o", self.folder, *mapping)
 
     def test_an_output_that_is_the_document(self):
-        self.assert_refused("--in-place", "recolor", TOWN, "-o", TOWN, "--map", f"{ROOFS}={BLUE}")
+        self.assert_refused("--in-place", "recolor", self.town, "-o", self.town, "--map", f"{ROOFS}={BLUE}")
 
     def test_unknown_rows_and_colours(self):
         output = self.folder / "unknown.odt"
         output.write_text("mine")
-        self.assert_refused("no row 999", "recolor", TOWN, "-o", output, "--row", "999=none")
-        self.assert_refused("#010203", "recolor", TOWN, "-o", output, "--map", "#010203=#000000")
+        self.assert_refused("no row 999", "recolor", self.town, "-o", output, "--row", "999=none")
+        self.assert_refused("#010203", "recolor", self.town, "-o", output, "--map", "#010203=#000000")
         self.assertEqual(output.read_text(), "mine")
 
     def test_malformed_requests(self):
@@ -316,29 +318,29 @@ class BadInput(OnDocuments):
         plan = self.folder / "bad.json"
         for text, words in {"{": "JSON", "[]": "no rows", '{"rows":[1]}': "no object"}.items():
             plan.write_text(text)
-            self.assert_refused(words, "recolor", TOWN, "-o", output, "--plan", plan)
-        self.assert_refused("colour", "recolor", TOWN, "-o", output, "--map", "red=blue")
+            self.assert_refused(words, "recolor", self.town, "-o", output, "--plan", plan)
+        self.assert_refused("colour", "recolor", self.town, "-o", output, "--map", "red=blue")
         self.assertFalse(output.exists())
 
     def test_a_plan_for_another_document(self):
-        done = self.run_program("fills", TOWN, "--json")
+        done = self.run_program("fills", self.town, "--json")
         plan = json.loads(done.stdout)
         plan["rows"][0]["fill"]["ForeColorRGB"] ^= 1
         plan["rows"][0]["new"] = "#123456"
         path = self.folder / "foreign.json"
         path.write_text(json.dumps(plan))
         output = self.folder / "foreign.odt"
-        self.assert_refused("another document", "recolor", TOWN, "-o", output, "--plan", path)
+        self.assert_refused("another document", "recolor", self.town, "-o", output, "--plan", path)
         self.assertFalse(output.exists())
 
     def test_a_missing_office(self):
         environment = dict(self.environment, HUEBRUSH_OFFICE="/nowhere/soffice")
-        done = huebrush("fills", TOWN, env=environment)
+        done = huebrush("fills", self.town, env=environment)
         self.assertEqual(done.returncode, 1)
         self.assertIn("/nowhere/soffice", done.stderr)
         environment = dict(self.environment, PATH=str(self.folder))
         environment["HUEBRUSH_OFFICE"] = str(self.folder)
-        self.assertEqual(huebrush("fills", TOWN, env=environment).returncode, 1)
+        self.assertEqual(huebrush("fills", self.town, env=environment).returncode, 1)
         self.assert_nothing_left()
 
     def test_one_shape_too_many(self):
@@ -355,7 +357,7 @@ class Interruption(OnDocuments):
 
     def start(self, output):
         return subprocess.Popen(
-            [PROGRAM, "recolor", str(TOWN), "-o", str(output), "--map", f"{ROOFS}={BLUE}"],
+            [PROGRAM, "recolor", str(self.town), "-o", str(output), "--map", f"{ROOFS}={BLUE}"],
             stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True,
             env=self.environment)
 
