@@ -11,6 +11,7 @@ set(HUEBRUSH_DOCUMENT_SOURCES
   document/OpenDocument.cpp
   document/ShapeFill.cpp
   document/ShapeKind.cpp
+  document/ShapeLine.cpp
   document/ShapeNames.cpp
   document/ShapePicture.cpp
   document/ShapeTree.cpp

@@ -1,8 +1,6 @@
 #include "ports/libreoffice/document/OpenDocument.h"
 
-#include <com/sun/star/beans/XPropertySet.hpp>
 #include <com/sun/star/document/XUndoManagerSupplier.hpp>
-#include <com/sun/star/drawing/LineStyle.hpp>
 #include <com/sun/star/util/XModifiable.hpp>
 #include <optional>
 
@@ -129,43 +127,42 @@ void OpenDocument::readFillOf(ShapeNode& node) {
 
 void OpenDocument::readLineOf(ShapeNode& node) {
     node.lineError.reset();
-    node.line = {};
     try {
         officeCalls([&] {
+            tree().checkAlive(node);
             if (node.kind.isGroup()) {
-                bool first = true;
-                std::vector<NodePointer> leaves;
-                collectLeaves(node.shared_from_this(), leaves);
-                for (const NodePointer& leaf : leaves) {
-                    const ShapeNode::Line line = lineOf(*leaf);
-                    if (first) node.line = line;
-                    first = false;
-                    if (line.visible != node.line.visible) {
-                        node.line.visible = host::MsoTriState::msoTriStateMixed;
-                    }
-                    if (line.color != node.line.color) node.line.color = host::kMixed;
-                }
-            } else if (node.kind.canHaveLine) {
-                static const rtl::OUString kStyle("LineStyle");
-                static const rtl::OUString kColor("LineColor");
-                const Reference<css::beans::XPropertySet> set(tree().shapeOf(node),
-                                                              UNO_QUERY_THROW);
-                css::drawing::LineStyle style = css::drawing::LineStyle_NONE;
-                sal_Int32 color = 0;
-                set->getPropertyValue(kStyle) >>= style;
-                set->getPropertyValue(kColor) >>= color;
-                node.line.visible = style == css::drawing::LineStyle_NONE
-                                        ? host::MsoTriState::msoFalse
-                                        : host::MsoTriState::msoTrue;
-                node.line.color = toHostColor(color);
+                node.line = commonLineOf(node.shared_from_this());
+            } else if (!node.kind.canHaveLine) {
+                node.line = {};
+            } else if (node.shape.is()) {
+                node.line = readLine(node.shape);
             } else {
-                tree().checkAlive(node);
+                readAllLines();
             }
         });
     } catch (const base::Error& error) {
         node.lineError = error;
     }
     node.lineRead = snapshot_->generation();
+}
+
+/// Of a shape that is known by its place, the others' lines are likely to be asked for, too.
+void OpenDocument::readAllLines() {
+    tree().visitAll([this](ShapeNode& node, const ShapeReference& shape) {
+        if (node.kind.isGroup() || !node.kind.canHaveLine) return;
+        node.lineError.reset();
+        node.line = readLine(shape);
+        node.lineRead = snapshot_->generation();
+    });
+}
+
+ShapeLine OpenDocument::commonLineOf(const NodePointer& group) {
+    std::vector<NodePointer> leaves;
+    collectLeaves(group, leaves);
+    if (leaves.empty()) return {};
+    ShapeLine line = lineOf(*leaves.front());
+    for (const NodePointer& leaf : leaves) line = commonLine(line, lineOf(*leaf));
+    return line;
 }
 
 void OpenDocument::collectLeaves(const NodePointer& node, std::vector<NodePointer>& leaves) {
@@ -297,10 +294,7 @@ void OpenDocument::setLineVisible(ShapeNode& node, bool visible) {
         collectLeaves(node.shared_from_this(), leaves);
         for (const NodePointer& leaf : leaves) {
             if (!leaf->kind.canHaveLine) continue;
-            const Reference<css::beans::XPropertySet> set(tree().shapeOf(*leaf), UNO_QUERY_THROW);
-            set->setPropertyValue("LineStyle",
-                                  css::uno::Any(visible ? css::drawing::LineStyle_SOLID
-                                                        : css::drawing::LineStyle_NONE));
+            writeLineVisible(tree().shapeOf(*leaf), visible);
             for (ShapeNode* at = leaf.get(); at != nullptr; at = at->parent.get()) {
                 at->lineRead = Snapshot::kNever;
             }

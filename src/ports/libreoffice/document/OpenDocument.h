@@ -59,7 +59,7 @@ class OpenDocument : public std::enable_shared_from_this<OpenDocument> {
         if (node.fillError) throw base::Error(*node.fillError);
         return node.fill.host;
     }
-    const ShapeNode::Line& lineOf(ShapeNode& node) {
+    const ShapeLine& lineOf(ShapeNode& node) {
         parts();
         if (!snapshot_->isCurrent(node.lineRead)) readLineOf(node);
         if (node.lineError) throw base::Error(*node.lineError);
@@ -121,6 +121,8 @@ class OpenDocument : public std::enable_shared_from_this<OpenDocument> {
     [[noreturn]] static void throwClosed();
     void readFillOf(ShapeNode& node);
     void readLineOf(ShapeNode& node);
+    void readAllLines();
+    ShapeLine commonLineOf(const NodePointer& group);
     void readFromShape(ShapeNode& node, const ShapeReference& shape);
     void changeFill(const NodePointer& leaf, const FillEdit& edit, const std::string& userPicture);
     void write(Write& one, const ShapeReference& shape);

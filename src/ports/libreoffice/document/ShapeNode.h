@@ -9,6 +9,7 @@
 #include "ports/libreoffice/Snapshot.h"
 #include "ports/libreoffice/document/ShapeFill.h"
 #include "ports/libreoffice/document/ShapeKind.h"
+#include "ports/libreoffice/document/ShapeLine.h"
 
 namespace huebrush::libreoffice {
 
@@ -48,12 +49,8 @@ class ShapeNode : public std::enable_shared_from_this<ShapeNode> {
     std::string memory;
     std::optional<base::Error> fillError;
 
-    struct Line {
-        host::MsoTriState visible = host::MsoTriState::msoFalse;
-        std::int32_t color = 0;
-    };
     Snapshot::Generation lineRead = Snapshot::kNever;
-    Line line;
+    ShapeLine line;
     std::optional<base::Error> lineError;
 
     /// A group's members, while the structure is current that lists them.
