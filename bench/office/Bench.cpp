@@ -43,8 +43,8 @@ double milliseconds(const Work& work) {
 /// A document in a window that is the active one.
 class Bench {
  public:
-    Bench(const ContextReference& context, css::uno::Reference<css::frame::XModel> model)
-        : model_(std::move(model)),
+    Bench(const ContextReference& context, const css::uno::Reference<css::frame::XModel>& model)
+        : model_(model),
           application_(context, std::string()),
           platform_(context, std::string(), application_.activeWindow(), application_.snapshot()),
           runtime_(platform_),
@@ -128,7 +128,7 @@ class Bench {
 
 class BenchJob final : public WeakImplHelper<css::task::XJob> {
  public:
-    explicit BenchJob(ContextReference context) : context_(std::move(context)) {}
+    explicit BenchJob(const ContextReference& context) : context_(context) {}
 
     css::uno::Any SAL_CALL
     execute(const css::uno::Sequence<css::beans::NamedValue>& arguments) override {

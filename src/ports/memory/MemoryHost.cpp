@@ -197,8 +197,20 @@ std::unique_ptr<host::UndoGroup> MemoryDocument::undoGroup(const std::string& ti
     return std::make_unique<MemoryUndoGroup>(shared_from_this(), title);
 }
 
+std::string MemoryDocument::uniqueName(const std::string& wanted) {
+    std::string unique = wanted;
+    if (wanted.empty() || names_.contains(wanted)) {
+        int& number = numbers_[wanted];
+        do {
+            unique = text(wanted, "#", ++number);
+        } while (names_.contains(unique));
+    }
+    names_.insert(unique);
+    return unique;
+}
+
 MemoryShapePointer MemoryDocument::addShape(const std::string& name, host::MsoShapeType type) {
-    return shapes.emplace_back(std::make_shared<MemoryShape>(*this, name, type));
+    return shapes.emplace_back(std::make_shared<MemoryShape>(*this, uniqueName(name), type));
 }
 
 MemoryShapePointer MemoryDocument::addSolid(const std::string& name, std::int32_t color) {

@@ -5,6 +5,8 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 #include "base/Picture.h"
@@ -30,7 +32,8 @@ class MemoryDocument final : public host::Document,
     std::unique_ptr<host::UndoGroup> undoGroup(const std::string& title) override;
     void markModified() override;
 
-    /// A leaf shape on the document, or in a group.
+    /// A leaf shape on the document, or in a group. A name that is empty or taken gets a number: the
+    /// names of a host are unique.
     MemoryShapePointer addShape(const std::string& name,
                                 host::MsoShapeType type = host::MsoShapeType::msoAutoShape);
     MemoryShapePointer addSolid(const std::string& name, std::int32_t color);
@@ -57,8 +60,12 @@ class MemoryDocument final : public host::Document,
     bool closed = false;
 
  private:
+    std::string uniqueName(const std::string& wanted);
+
     MemoryApplication& application_;
     std::string name_;
+    std::unordered_set<std::string> names_;
+    std::unordered_map<std::string, int> numbers_;
 };
 
 /// What a test makes of a built-in tool that the logic opens: it may change the selected shape, and

@@ -8,7 +8,7 @@ namespace huebrush::libreoffice {
 /// Settings in the user's configuration of the office, in a set of our own schema.
 class OfficeSettings final : public forms::Settings {
  public:
-    explicit OfficeSettings(ContextReference context) : context_(std::move(context)) {}
+    explicit OfficeSettings(const ContextReference& context) : context_(context) {}
 
     std::optional<std::string> GetSetting(const std::string& application,
                                           const std::string& section,

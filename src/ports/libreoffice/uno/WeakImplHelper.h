@@ -25,7 +25,7 @@ struct ClassData {
 template <class Class, class Interface>
 sal_IntPtr interfaceOffset() {
     constexpr sal_IntPtr kAnyAddress = 16;
-    auto* const object = reinterpret_cast<Class*>(kAnyAddress);
+    auto* const object = reinterpret_cast<Class*>(kAnyAddress);  // NOLINT: never followed
     return reinterpret_cast<sal_IntPtr>(static_cast<Interface*>(object)) - kAnyAddress;
 }
 
@@ -48,9 +48,7 @@ class WeakImplHelper : public cppu::OWeakObject,
     com::sun::star::uno::Sequence<com::sun::star::uno::Type> SAL_CALL getTypes() override {
         return cppu::WeakImplHelper_getTypes(classData());
     }
-    com::sun::star::uno::Sequence<sal_Int8> SAL_CALL getImplementationId() override {
-        return com::sun::star::uno::Sequence<sal_Int8>();
-    }
+    com::sun::star::uno::Sequence<sal_Int8> SAL_CALL getImplementationId() override { return {}; }
 
  private:
     using TypeProvider = com::sun::star::lang::XTypeProvider;
