@@ -24,6 +24,7 @@ void paint(FillFormat& fill, const std::function<void()>& build, float transpare
 
 std::vector<std::string> namesOf(const std::vector<ShapePointer>& shapes) {
     std::vector<std::string> names;
+    names.reserve(shapes.size());
     for (const ShapePointer& shape : shapes) names.push_back(shape->Name());
     return names;
 }

@@ -38,9 +38,9 @@ constexpr std::int32_t kBlue = 0x0000FF;
 /// here each one runs.
 class PumpingRuntime final : public forms::Runtime {
  public:
-    PumpingRuntime(libreoffice::ContextReference context, forms::Runtime& office,
+    PumpingRuntime(const libreoffice::ContextReference& context, forms::Runtime& office,
                    std::shared_ptr<libreoffice::Snapshot> snapshot)
-        : office_(office), pump_(std::move(context), std::move(snapshot)) {}
+        : office_(office), pump_(context, std::move(snapshot)) {}
 
     forms::MsgBoxResult MsgBox(const std::string& text, std::int32_t, const std::string&) override {
         boxes.push_back(text);

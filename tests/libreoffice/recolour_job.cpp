@@ -67,7 +67,7 @@ void recolour(const ContextReference& context, Application& application, const M
 
 class RecolourJob final : public WeakImplHelper<css::task::XJob> {
  public:
-    explicit RecolourJob(ContextReference context) : context_(std::move(context)) {}
+    explicit RecolourJob(const ContextReference& context) : context_(context) {}
 
     css::uno::Any SAL_CALL
     execute(const css::uno::Sequence<css::beans::NamedValue>& arguments) override {

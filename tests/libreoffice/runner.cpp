@@ -38,7 +38,7 @@ void runTests() {
 
 class Runner : public libreoffice::WeakImplHelper<css::task::XJob> {
  public:
-    explicit Runner(libreoffice::ContextReference context) : context_(std::move(context)) {}
+    explicit Runner(const libreoffice::ContextReference& context) : context_(context) {}
 
     css::uno::Any SAL_CALL execute(const css::uno::Sequence<css::beans::NamedValue>&) override {
         contextSlot() = context_;

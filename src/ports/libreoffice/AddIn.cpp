@@ -31,7 +31,7 @@ void tellFailedStart(const ContextReference& context, const base::Error& error) 
 
 }  // namespace
 
-AddIn::AddIn(ContextReference context) : context_(std::move(context)) {}
+AddIn::AddIn(const ContextReference& context) : context_(context) {}
 
 AddIn::~AddIn() = default;
 

@@ -23,7 +23,7 @@ class AddIn final
     : public WeakImplHelper<com::sun::star::task::XJob, com::sun::star::frame::XTerminateListener,
                             com::sun::star::lang::XServiceInfo> {
  public:
-    explicit AddIn(ContextReference context);
+    explicit AddIn(const ContextReference& context);
     ~AddIn() override;
 
     /// The office's one object; nothing when the office cannot make it.

@@ -32,8 +32,8 @@ class MemoryDocument final : public host::Document,
     std::unique_ptr<host::UndoGroup> undoGroup(const std::string& title) override;
     void markModified() override;
 
-    /// A leaf shape on the document, or in a group. A name that is empty or taken gets a number: the
-    /// names of a host are unique.
+    /// A leaf shape on the document, or in a group. A name that is empty or taken gets a number:
+    /// the names of a host are unique.
     MemoryShapePointer addShape(const std::string& name,
                                 host::MsoShapeType type = host::MsoShapeType::msoAutoShape);
     MemoryShapePointer addSolid(const std::string& name, std::int32_t color);

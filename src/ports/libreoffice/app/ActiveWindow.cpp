@@ -110,7 +110,7 @@ class ActiveWindow::Listener : public WeakImplHelper<css::document::XDocumentEve
     std::weak_ptr<History> history_;
 };
 
-ActiveWindow::ActiveWindow(ContextReference context)
+ActiveWindow::ActiveWindow(const ContextReference& context)
     : history_(std::make_shared<History>()),
       events_(singleton<css::document::XDocumentEventBroadcaster>(
           context, "com.sun.star.frame.theGlobalEventBroadcaster")),

@@ -17,7 +17,7 @@ class ActiveWindow {
     using Frame = com::sun::star::uno::Reference<com::sun::star::frame::XFrame>;
     using Model = com::sun::star::uno::Reference<com::sun::star::frame::XModel>;
 
-    explicit ActiveWindow(ContextReference context);
+    explicit ActiveWindow(const ContextReference& context);
     ActiveWindow(const ActiveWindow&) = delete;
     ActiveWindow& operator=(const ActiveWindow&) = delete;
     ~ActiveWindow();

@@ -45,8 +45,8 @@ class InputListener : public WeakImplHelper<css::awt::XKeyHandler, css::awt::XMo
 /// The status indicator of one window, shown from the first text until its end.
 class Indicator {
  public:
-    Indicator(ActiveWindow::Frame frame, std::function<void()> userGoesOn)
-        : frame_(std::move(frame)), input_(new InputListener(std::move(userGoesOn))) {
+    Indicator(const ActiveWindow::Frame& frame, const std::function<void()>& userGoesOn)
+        : frame_(frame), input_(new InputListener(userGoesOn)) {
         const css::uno::Reference<css::task::XStatusIndicatorFactory> factory(
             frame_, css::uno::UNO_QUERY_THROW);
         indicator_ = factory->createStatusIndicator();
@@ -71,11 +71,9 @@ class Indicator {
     const ActiveWindow::Frame& frame() const { return frame_; }
 
     void show(const std::string& text) {
-        if (std::exchange(started_, true)) {
-            indicator_->setText(toOffice(text));
-        } else {
-            indicator_->start(toOffice(text), 0);
-        }
+        const bool first = !std::exchange(started_, true);
+        if (first) indicator_->start(toOffice(text), 0);
+        if (!first) indicator_->setText(toOffice(text));
     }
 
  private:
@@ -92,9 +90,9 @@ class Indicator {
 /// weakly, so that they may outlive the status bar.
 class StatusBar::Message : public std::enable_shared_from_this<Message> {
  public:
-    Message(ContextReference context, const ActiveWindow& window,
+    Message(const ContextReference& context, const ActiveWindow& window,
             std::shared_ptr<Snapshot> snapshot)
-        : context_(std::move(context)), window_(window), snapshot_(std::move(snapshot)) {}
+        : context_(context), window_(window), snapshot_(std::move(snapshot)) {}
 
     void setText(const std::string& text) {
         pending_ = text;
@@ -153,9 +151,9 @@ class StatusBar::Message : public std::enable_shared_from_this<Message> {
     RateLimit rate_{kShowEvery};
 };
 
-StatusBar::StatusBar(ContextReference context, const ActiveWindow& window,
+StatusBar::StatusBar(const ContextReference& context, const ActiveWindow& window,
                      std::shared_ptr<Snapshot> snapshot)
-    : message_(std::make_shared<Message>(std::move(context), window, std::move(snapshot))) {}
+    : message_(std::make_shared<Message>(context, window, std::move(snapshot))) {}
 
 StatusBar::~StatusBar() = default;
 

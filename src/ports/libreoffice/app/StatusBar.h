@@ -19,7 +19,7 @@ class Snapshot;
 /// when the event loop is reached at the latest.
 class StatusBar {
  public:
-    StatusBar(ContextReference context, const ActiveWindow& window,
+    StatusBar(const ContextReference& context, const ActiveWindow& window,
               std::shared_ptr<Snapshot> snapshot);
     StatusBar(const StatusBar&) = delete;
     StatusBar& operator=(const StatusBar&) = delete;

@@ -85,7 +85,7 @@ void putInWindow(const LayoutManager& layout, const rtl::OUString& url, const Ba
 
 }  // namespace
 
-BarPlaces::BarPlaces(ContextReference context) : context_(std::move(context)) {
+BarPlaces::BarPlaces(const ContextReference& context) : context_(context) {
     officeCalls([&] {
         const auto modules = createService<css::container::XNameAccess>(
             context_, "com.sun.star.ui.WindowStateConfiguration");

@@ -31,7 +31,7 @@ struct BarPlace {
 /// lays out each new window by them, and writes them when the user moves a bar.
 class BarPlaces {
  public:
-    explicit BarPlaces(ContextReference context);
+    explicit BarPlaces(const ContextReference& context);
 
     /// Whether the office knows a place of this bar.
     bool has(const std::string& url) const;

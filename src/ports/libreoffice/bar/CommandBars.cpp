@@ -33,7 +33,7 @@ class CommandBars::PendingWrite {
     bool posted_ = false;
 };
 
-CommandBars::CommandBars(ContextReference context, IconFiles icons)
+CommandBars::CommandBars(const ContextReference& context, IconFiles icons)
     : office_{context, Faces(context, std::move(icons))},
       pendingWrite_(std::make_shared<PendingWrite>(*this)) {}
 

@@ -13,7 +13,7 @@ namespace huebrush::libreoffice {
 /// The tool bars of the office's text windows.
 class CommandBars final : public host::CommandBars {
  public:
-    CommandBars(ContextReference context, IconFiles icons);
+    CommandBars(const ContextReference& context, IconFiles icons);
     CommandBars(const CommandBars&) = delete;
     CommandBars& operator=(const CommandBars&) = delete;
     ~CommandBars() override;

@@ -26,8 +26,8 @@ css::uno::Reference<css::io::XInputStream> streamOf(const ContextReference& cont
 
 }  // namespace
 
-Faces::Faces(ContextReference context, IconFiles icons)
-    : context_(std::move(context)), icons_(std::move(icons)) {}
+Faces::Faces(const ContextReference& context, IconFiles icons)
+    : context_(context), icons_(std::move(icons)) {}
 
 std::vector<Faces::Graphic> Faces::sizesOf(const base::Picture& face) const {
     std::vector<Graphic> graphics;

@@ -14,7 +14,7 @@ class Faces {
  public:
     using Graphic = com::sun::star::uno::Reference<com::sun::star::graphic::XGraphic>;
 
-    Faces(ContextReference context, IconFiles icons);
+    Faces(const ContextReference& context, IconFiles icons);
 
     /// The picture in the sizes 16, 24 and 32: an icon of this component in its own drawing for
     /// each, any other picture in the one size it has. An error for what is no picture.

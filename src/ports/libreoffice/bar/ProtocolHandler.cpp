@@ -20,8 +20,8 @@ using WeakFrame = css::uno::WeakReference<css::frame::XFrame>;
 /// Carries out our commands for the controls of one window.
 class ButtonDispatch final : public WeakImplHelper<css::frame::XDispatch> {
  public:
-    ButtonDispatch(rtl::Reference<AddIn> addIn, WeakFrame frame)
-        : addIn_(std::move(addIn)), frame_(std::move(frame)) {}
+    ButtonDispatch(const rtl::Reference<AddIn>& addIn, WeakFrame frame)
+        : addIn_(addIn), frame_(std::move(frame)) {}
 
     void SAL_CALL dispatch(const css::util::URL& url, const PropertyValues&) override {
         error::ignoring(
@@ -43,7 +43,7 @@ class ButtonDispatch final : public WeakImplHelper<css::frame::XDispatch> {
 
 }  // namespace
 
-ProtocolHandler::ProtocolHandler(ContextReference context) : context_(std::move(context)) {}
+ProtocolHandler::ProtocolHandler(const ContextReference& context) : context_(context) {}
 
 void SAL_CALL ProtocolHandler::initialize(const css::uno::Sequence<css::uno::Any>& arguments) {
     css::uno::Reference<css::frame::XFrame> frame;

@@ -17,7 +17,7 @@ class ProtocolHandler final : public WeakImplHelper<com::sun::star::frame::XDisp
                                                     com::sun::star::lang::XInitialization,
                                                     com::sun::star::lang::XServiceInfo> {
  public:
-    explicit ProtocolHandler(ContextReference context);
+    explicit ProtocolHandler(const ContextReference& context);
 
     void SAL_CALL
     initialize(const com::sun::star::uno::Sequence<com::sun::star::uno::Any>& arguments) override;

@@ -14,7 +14,7 @@ namespace huebrush::libreoffice {
 class BatchService final : public WeakImplHelper<com::sun::star::task::XJobExecutor,
                                                  com::sun::star::lang::XServiceInfo> {
  public:
-    explicit BatchService(ContextReference context) : context_(std::move(context)) {}
+    explicit BatchService(const ContextReference& context) : context_(context) {}
 
     void SAL_CALL trigger(const rtl::OUString& jobFile) override;
     rtl::OUString SAL_CALL getImplementationName() override;

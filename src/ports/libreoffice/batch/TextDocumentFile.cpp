@@ -1,5 +1,6 @@
 #include "ports/libreoffice/batch/TextDocumentFile.h"
 
+#include <algorithm>
 #include <array>
 #include <com/sun/star/document/MacroExecMode.hpp>
 #include <com/sun/star/document/UpdateDocMode.hpp>
@@ -43,10 +44,8 @@ constexpr std::array<Format, 4> kFormats{{
 }};
 
 bool isKnownFilter(std::string_view filter) {
-    for (const Format& format : kFormats) {
-        if (format.filter == filter) return true;
-    }
-    return false;
+    return std::any_of(kFormats.begin(), kFormats.end(),
+                       [filter](const Format& format) { return format.filter == filter; });
 }
 
 /// Answers every question of the office by giving up, and remembers whether a password was asked.

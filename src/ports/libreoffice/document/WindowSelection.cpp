@@ -1,5 +1,6 @@
 #include "ports/libreoffice/document/WindowSelection.h"
 
+#include <com/sun/star/awt/XToolkitExperimental.hpp>
 #include <com/sun/star/container/XIndexAccess.hpp>
 #include <com/sun/star/drawing/XShapes.hpp>
 #include <com/sun/star/view/XSelectionSupplier.hpp>
@@ -19,6 +20,18 @@ namespace {
 
 Reference<css::view::XSelectionSupplier> selectionOf(const ModelReference& model) {
     return {model->getCurrentController(), UNO_QUERY};
+}
+
+std::size_t countSelected(const Reference<css::view::XSelectionSupplier>& supplier) {
+    const Reference<css::container::XIndexAccess> several(supplier->getSelection(), UNO_QUERY);
+    return several.is() ? static_cast<std::size_t>(several->getCount()) : 0;
+}
+
+/// The office lays out a newly opened document bit by bit, in its idle time, and leaves a shape
+/// that has no place yet out of a selection without a word.
+void layOutMore(const ContextReference& context) {
+    createService<css::awt::XToolkitExperimental>(context, "com.sun.star.awt.Toolkit")
+        ->processEventsToIdle();
 }
 
 bool isInBody(const ShapeReference& shape) {
@@ -61,7 +74,15 @@ void selectInWindow(const ContextReference& context, const ModelReference& model
     const auto collection =
         createService<css::drawing::XShapes>(context, "com.sun.star.drawing.ShapeCollection");
     for (const ShapeReference& shape : shapes) collection->add(shape);
-    supplier->select(Any(collection));
+    std::size_t selected = 0;
+    std::size_t before = 0;
+    do {
+        before = selected;
+        supplier->select(Any(collection));
+        selected = countSelected(supplier);
+        if (selected >= shapes.size()) return;
+        layOutMore(context);
+    } while (selected > before);
 }
 
 }  // namespace huebrush::libreoffice

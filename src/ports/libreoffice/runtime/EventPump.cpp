@@ -14,8 +14,8 @@ constexpr std::chrono::milliseconds kRunEvery(40);
 
 }  // namespace
 
-EventPump::EventPump(ContextReference context, std::shared_ptr<Snapshot> snapshot)
-    : context_(std::move(context)), snapshot_(std::move(snapshot)), rate_(kRunEvery) {}
+EventPump::EventPump(const ContextReference& context, std::shared_ptr<Snapshot> snapshot)
+    : context_(context), snapshot_(std::move(snapshot)), rate_(kRunEvery) {}
 
 void EventPump::run() {
     if (!rate_.isDue()) return;

@@ -13,7 +13,7 @@ class Snapshot;
 /// thousands of steps. The first call runs them, and what is left runs when the loop is over.
 class EventPump {
  public:
-    EventPump(ContextReference context, std::shared_ptr<Snapshot> snapshot);
+    EventPump(const ContextReference& context, std::shared_ptr<Snapshot> snapshot);
 
     void run();
     /// Lets them run whatever the rate.

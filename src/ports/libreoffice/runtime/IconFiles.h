@@ -18,7 +18,7 @@ class IconFiles {
     base::Picture largest(std::int32_t number) const;
     /// The same icon in all its sizes, smallest first; only the picture itself when it is none of
     /// the component's icons in their largest size.
-    std::vector<base::Picture> sizesOf(const base::Picture& picture) const;
+    std::vector<base::Picture> sizesOf(const base::Picture& wanted) const;
 
  private:
     base::Picture picture(std::int32_t number, std::int32_t size) const;

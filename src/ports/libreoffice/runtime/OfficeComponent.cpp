@@ -57,8 +57,8 @@ std::string extensionFolder(const ContextReference& context, const std::string& 
     });
 }
 
-OfficeComponent::OfficeComponent(ContextReference context, std::string folder)
-    : context_(std::move(context)), folder_(std::move(folder)), icons_(folder_) {}
+OfficeComponent::OfficeComponent(const ContextReference& context, std::string folder)
+    : context_(context), folder_(std::move(folder)), icons_(folder_) {}
 
 std::string OfficeComponent::version() const {
     return HUEBRUSH_VERSION;

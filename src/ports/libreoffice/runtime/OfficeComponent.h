@@ -14,7 +14,7 @@ std::string extensionFolder(const ContextReference& context, const std::string& 
 /// The extension, and the office's user.
 class OfficeComponent final : public forms::Component {
  public:
-    OfficeComponent(ContextReference context, std::string folder);
+    OfficeComponent(const ContextReference& context, std::string folder);
 
     std::string version() const override;
     std::string folder() const override { return folder_; }
