@@ -10,12 +10,7 @@ output=$folder/town-recoloured.odt
 mkdir -p "$folder"
 
 picture() { # DOCUMENT PICTURE
-  local work
-  work=$(mktemp -d)
-  soffice --headless --norestore "-env:UserInstallation=file://$work/profile" \
-    --convert-to pdf --outdir "$work" "$1" >/dev/null 2>&1
-  pdftoppm -r 100 -f 1 -l 1 -png -singlefile "$work"/*.pdf "${2%.png}"
-  rm -rf "$work"
+  /usr/bin/python3 tools/render.py "$1" "$2" --crop 19.5,36.5,258,150.1
 }
 
 echo "The fills of $input:"
