@@ -7,9 +7,11 @@
 import argparse
 import glob
 import os
+import subprocess
 import sys
 import tempfile
 import unittest
+from pathlib import Path
 
 import uno
 from com.sun.star.awt import Point
@@ -214,6 +216,20 @@ class WindowTest(unittest.TestCase):
         writer.select(frame, shapes[0])
         writer.click_button(BY_FILL)
         self.assert_selection(writer, frame, shapes[::2])
+
+    def test_shapes_that_are_not_laid_out_yet_are_selected_too(self):
+        path = os.path.join(self._folder.name, "shapes.fodt")
+        maker = Path(__file__).resolve().parents[2] / "bench" / "make_document.py"
+        subprocess.run([sys.executable, str(maker), path, "--shapes", "4000", "--fills", "8"],
+                       check=True)
+        writer = self.start()
+        document = writer.desktop.loadComponentFromURL(uno.systemPathToFileUrl(path),
+                                                       "_default", 0, ())
+        frame = document.CurrentController.Frame
+        wait_until(lambda: writer.bar(frame), "the window has the bar")
+        writer.select(frame, document.DrawPage.getByIndex(0))
+        writer.click_button(BY_FILL, frame)
+        wait_until(lambda: len(writer.selected_names(frame)) == 500, "an eighth is selected")
 
     def test_without_a_selection_a_box_says_so_and_a_key_closes_it(self):
         writer = self.start()

@@ -379,12 +379,13 @@ void OpenDocument::select(const std::vector<NodePointer>& nodes) {
 }
 
 void OpenDocument::selectInWindow(const std::vector<NodePointer>& nodes) {
-    officeCalls([&] {
+    const bool eventsHaveRun = officeCalls([&] {
         std::vector<ShapeReference> shapes;
         shapes.reserve(nodes.size());
         for (const NodePointer& node : nodes) shapes.push_back(tree().shapeOf(*node));
-        libreoffice::selectInWindow(context_, model(), shapes);
+        return libreoffice::selectInWindow(context_, model(), shapes);
     });
+    if (eventsHaveRun) snapshot_->invalidate();
 }
 
 // Its end

@@ -4,6 +4,7 @@
 #include <com/sun/star/container/XIndexAccess.hpp>
 #include <com/sun/star/drawing/XShapes.hpp>
 #include <com/sun/star/view/XSelectionSupplier.hpp>
+#include <utility>
 
 #include "ports/libreoffice/document/Anchors.h"
 #include "ports/libreoffice/uno/Properties.h"
@@ -67,22 +68,24 @@ std::vector<ShapeReference> selectionInWindow(const ModelReference& model) {
     return shapes;
 }
 
-void selectInWindow(const ContextReference& context, const ModelReference& model,
+bool selectInWindow(const ContextReference& context, const ModelReference& model,
                     const std::vector<ShapeReference>& shapes) {
     const auto supplier = selectionOf(model);
-    if (!supplier.is()) return;
+    if (!supplier.is()) return false;
     const auto collection =
         createService<css::drawing::XShapes>(context, "com.sun.star.drawing.ShapeCollection");
     for (const ShapeReference& shape : shapes) collection->add(shape);
-    std::size_t selected = 0;
-    std::size_t before = 0;
-    do {
-        before = selected;
-        supplier->select(Any(collection));
-        selected = countSelected(supplier);
-        if (selected >= shapes.size()) return;
+    supplier->select(Any(collection));
+    if (isHidden(model)) return false;
+    std::size_t selected = countSelected(supplier);
+    const bool complete = selected >= shapes.size();
+    for (bool growing = true; growing && selected < shapes.size();) {
         layOutMore(context);
-    } while (selected > before);
+        supplier->select(Any(collection));
+        const std::size_t before = std::exchange(selected, countSelected(supplier));
+        growing = selected > before;
+    }
+    return !complete;
 }
 
 }  // namespace huebrush::libreoffice

@@ -17,8 +17,10 @@ bool isHidden(const ModelReference& model);
 /// selected. Those in headers and footers are left out.
 std::vector<ShapeReference> selectionInWindow(const ModelReference& model);
 
-/// Makes these the selection, in one call of the office. REQUIRES: not empty.
-void selectInWindow(const ContextReference& context, const ModelReference& model,
+/// Makes these the selection, in one call of the office; in as many as it takes, with its events
+/// run in between, while it is still laying the document out. Whether events have run. REQUIRES:
+/// not empty.
+bool selectInWindow(const ContextReference& context, const ModelReference& model,
                     const std::vector<ShapeReference>& shapes);
 
 }  // namespace huebrush::libreoffice
