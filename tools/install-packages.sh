@@ -4,7 +4,7 @@ set -euo pipefail
 
 packages=(
   # build
-  g++ cmake ninja-build make libgtest-dev libgmock-dev libbenchmark-dev nlohmann-json3-dev libcli11-dev
+  git g++ cmake ninja-build make libgtest-dev libgmock-dev libbenchmark-dev nlohmann-json3-dev libcli11-dev
   librsvg2-bin zip
   # the host
   libreoffice-writer libreoffice-gtk3 libreoffice-dev libreoffice-dev-common
