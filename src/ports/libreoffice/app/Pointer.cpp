@@ -2,6 +2,7 @@
 
 #include <com/sun/star/awt/SystemPointer.hpp>
 #include <com/sun/star/awt/XPointer.hpp>
+#include <com/sun/star/awt/XTextComponent.hpp>
 #include <com/sun/star/awt/XVclContainer.hpp>
 #include <com/sun/star/awt/XWindowPeer.hpp>
 
@@ -16,8 +17,10 @@ namespace {
 using Window = css::uno::Reference<css::awt::XWindow>;
 using PointerShape = css::uno::Reference<css::awt::XPointer>;
 
-/// A window inside another has a pointer of its own, so each is told.
+/// A window inside another has a pointer of its own, so each is told; but for those with a text to
+/// edit, which would keep the arrow afterwards.
 void setPointerInside(const Window& window, const PointerShape& pointer) {
+    if (css::uno::Reference<css::awt::XTextComponent>(window, css::uno::UNO_QUERY).is()) return;
     const css::uno::Reference<css::awt::XWindowPeer> peer(window, css::uno::UNO_QUERY);
     if (peer.is()) peer->setPointer(pointer);
     const css::uno::Reference<css::awt::XVclContainer> container(window, css::uno::UNO_QUERY);
