@@ -187,7 +187,7 @@ class MemoryApplication final : public host::Application,
     host::Dialogs& Dialogs() override { return *this; }
     host::CommandBars& CommandBars() override { return bars; }
     host::Template& NormalTemplate() override { return *this; }
-    void setStatusBar(const std::string& text) override;
+    void setStatusBar(const std::string& value) override;
     void setCursor(host::WdCursorType value) override;
 
     /// A new visible document, which becomes the active one.
