@@ -6,6 +6,7 @@ import subprocess
 import time
 
 START_LIMIT = 30.0
+TOOL_LIMIT = 30.0
 
 
 def wait_until(condition, what, limit=30.0):
@@ -42,7 +43,11 @@ class Screen:
     def __exit__(self, *_):
         for process in reversed(self._processes):
             process.terminate()
-            process.wait()
+            try:
+                process.wait(TOOL_LIMIT)
+            except subprocess.TimeoutExpired:
+                process.kill()
+                process.wait()
         self._processes.clear()
 
     @property
@@ -55,10 +60,11 @@ class Screen:
         self._processes.append(process)
 
     def _start_server(self):
-        """The server chooses a free display itself and tells which."""
+        """The server chooses a free display itself and tells which. It must not begin anew when
+        the last of its clients goes, because another may be about to come."""
         reader, writer = os.pipe()
         self.display = ""
-        self._start("Xvfb", "-displayfd", str(writer), "-screen", "0",
+        self._start("Xvfb", "-displayfd", str(writer), "-noreset", "-screen", "0",
                     f"{self.WIDTH}x{self.HEIGHT}x24", pass_fds=[writer])
         os.close(writer)
         with os.fdopen(reader) as pipe:
@@ -71,7 +77,7 @@ class Screen:
 
     def _run(self, *command):
         return subprocess.run(command, env=self.environment, check=False, text=True,
-                              stdout=subprocess.PIPE, stderr=subprocess.DEVNULL).stdout
+                              timeout=TOOL_LIMIT, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL).stdout
 
     def move(self, x, y):
         self._run("xdotool", "mousemove", str(x), str(y))
@@ -102,13 +108,19 @@ class Screen:
         wait_until(lambda: self.place_of(window)[2] > self.HEIGHT * 0.9, "the window is maximised")
 
     def focus(self, window):
-        self._run("xdotool", "windowactivate", "--sync", window)
+        """Gives a window the keyboard."""
+        def has_focus():
+            self._run("xdotool", "windowactivate", window)
+            return self._run("xdotool", "getactivewindow").strip() == window
+
+        wait_until(has_focus, "the window gets the focus")
 
     def pixels(self, left, top, width, height):
         """The colours of a part of the screen, as bytes red, green, blue, row by row."""
         return subprocess.run(
             ["import", "-window", "root", "-crop", f"{width}x{height}+{left}+{top}", "-depth", "8",
-             "rgb:-"], env=self.environment, check=True, stdout=subprocess.PIPE).stdout
+             "rgb:-"], env=self.environment, check=True, timeout=TOOL_LIMIT,
+            stdout=subprocess.PIPE).stdout
 
     def save_picture(self, path):
         self._run("import", "-window", "root", str(path))
