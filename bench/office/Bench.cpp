@@ -66,9 +66,13 @@ class Bench {
     }
 
  private:
+    /// The foremost shape, which is the first of the peers' walk and the last of ours.
     void selectSample() {
         const HandlerScope handler(application_.snapshot());
-        application_.ActiveDocument()->Shapes()->enumerate()->next()->Select();
+        const auto walk = application_.ActiveDocument()->Shapes()->enumerate();
+        host::ShapePointer sample;
+        while (host::ShapePointer shape = walk->next()) sample = std::move(shape);
+        sample->Select();
     }
 
     css::uno::Reference<css::view::XSelectionSupplier> selection() const {
