@@ -99,7 +99,8 @@ class Writer(Office):
         """A further document; its frame."""
         document = self.desktop.loadComponentFromURL(
             "private:factory/swriter", "_blank", 0,
-            (PropertyValue("Hidden", 0, hidden, 0),))
+            # A window made on another thread can wait for the clipboard for ever.
+            (PropertyValue("Hidden", 0, hidden, 0), PropertyValue("OnMainThread", 0, True, 0)))
         frame = document.CurrentController.Frame
         if not hidden:
             self.maximise(frame)
@@ -179,6 +180,12 @@ class Writer(Office):
             if values.get("UIName") == BAR_NAME:
                 return values["ResourceURL"]
         return None
+
+    def kept_place(self, url):
+        """Where the office's settings say that a floating bar is."""
+        states = self.create("com.sun.star.ui.WindowStateConfiguration").getByName(
+            "com.sun.star.text.TextDocument")
+        return next(value.Value for value in states.getByName(url) if value.Name == "Pos")
 
     def bar(self, frame=None):
         """The accessible object of our bar in a window, or nothing."""
