@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "addin/ButtonFace.h"
+#include "addin/Product.h"
 #include "base/Text.h"
 #include "forms/Runtime.h"
 #include "select/mToolbarFunction.h"
@@ -19,7 +20,6 @@ using base::kLineBreak;
 using base::text;
 
 constexpr const char* kModule = "Huebrush.Connect2000.";
-constexpr const char* kProduct = "Huebrush";
 constexpr const char* kPositionSection = "ToolBarPosition";
 constexpr const char* kHostName = "Microsoft Word";
 constexpr double kOldestVersion = 8.0;
@@ -100,7 +100,7 @@ struct ConnectW2000::ButtonDesign {
 };
 
 ConnectW2000::~ConnectW2000() {
-    closeDialog();
+    closeDialogs();
     releaseBar();
 }
 
@@ -228,7 +228,7 @@ void ConnectW2000::connectButton(const ButtonDesign& design, host::CommandBarCon
 }
 
 void ConnectW2000::OnDisconnection() {
-    closeDialog();
+    closeDialogs();
     if (WApp_ == nullptr) return;
     savePosition();
     removeFromBar();
@@ -238,7 +238,8 @@ void ConnectW2000::OnDisconnection() {
     WApp_ = nullptr;
 }
 
-void ConnectW2000::closeDialog() {
+void ConnectW2000::closeDialogs() {
+    if (about_) error::ignoring([this] { about_->Unload(); });
     if (dialog_) error::ignoring([this] { dialog_->Unload(); });
 }
 
@@ -284,10 +285,20 @@ void ConnectW2000::tbSellLine_Click() {
 
 void ConnectW2000::tbChangeFillWizard_Click() {
     if (!dialog_) {
-        dialog_ = recolor::frmEditGraphic::create();
+        dialog_ = recolor::frmEditGraphic::create([this] { showAbout(); });
         dialog_->Unloaded.connect([this] { dialog_.reset(); });
     }
     dialog_->ShowDialog(*WApp_);
+}
+
+void ConnectW2000::showAbout() {
+    if (!about_) {
+        about_ = frmAbout::create();
+        about_->Unloaded.connect([this] { about_.reset(); });
+    }
+    // The host may disconnect while the box is open.
+    const std::shared_ptr<frmAbout> open = about_;
+    open->Show(true);
 }
 
 }  // namespace huebrush::addin

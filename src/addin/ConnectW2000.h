@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <memory>
 
+#include "addin/frmAbout.h"
 #include "error/mError.h"
 #include "host/Application.h"
 #include "recolor/frmEditGraphic.h"
@@ -31,6 +32,8 @@ class ConnectW2000 {
     host::Application* WApp() const { return WApp_; }
     /// The recolour dialog while it is open, otherwise nothing.
     const std::shared_ptr<recolor::frmEditGraphic>& dialog() const { return dialog_; }
+    /// The about box while it is open, otherwise nothing.
+    const std::shared_ptr<frmAbout>& about() const { return about_; }
 
  private:
     struct ButtonDesign;
@@ -46,11 +49,12 @@ class ConnectW2000 {
     void savePosition();
     void removeFromBar();
     void releaseBar();
-    void closeDialog();
+    void closeDialogs();
 
     void tbSellFill_Click();
     void tbSellLine_Click();
     void tbChangeFillWizard_Click();
+    void showAbout();
 
     host::Application* WApp_ = nullptr;
     host::CommandBarPointer cbToolbar_;
@@ -59,6 +63,7 @@ class ConnectW2000 {
     host::CommandBarControlPointer tbChangeFillWizard_;
     bool createdBar_ = false;
     std::shared_ptr<recolor::frmEditGraphic> dialog_;
+    std::shared_ptr<frmAbout> about_;
 };
 
 }  // namespace huebrush::addin

@@ -510,6 +510,35 @@ TEST_F(ConnectTest, TheFillButtonShowsTheOpenDialogAgainAndMakesANewOneAfterItsC
     EXPECT_NE(addin.dialog(), first);
 }
 
+TEST_F(ConnectTest, TheLogoOfTheDialogOpensTheAboutBoxAboveIt) {
+    connect();
+    button("ChangeFillWizard")->Execute();
+    const memory::Driver user(*addin.dialog());
+    bool wasOpen = false;
+    test.runtime.onModal = [&](forms::Form& form) {
+        wasOpen = addin.about().get() == &form;
+        memory::Driver(form).click("cmdOK");
+    };
+    user.click(addin.dialog()->imgQXLogo);
+    EXPECT_TRUE(wasOpen);
+    EXPECT_EQ(addin.about(), nullptr);
+    EXPECT_EQ(test.runtime.windowCalls,
+              (Calls{"raise frmEditGraphic", "show frmEditGraphic", "raise frmAbout",
+                     "show frmAbout modal", "close frmAbout"}));
+}
+
+TEST_F(ConnectTest, TheHostMayDisconnectWhileTheAboutBoxIsOpen) {
+    connect();
+    button("ChangeFillWizard")->Execute();
+    test.runtime.onModal = [&](forms::Form&) { addin.OnDisconnection(); };
+    const std::weak_ptr<recolor::frmEditGraphic> dialog = addin.dialog();
+    memory::Driver(*dialog.lock()).click(dialog.lock()->imgQXLogo);
+    EXPECT_EQ(addin.about(), nullptr);
+    EXPECT_TRUE(dialog.expired());
+    EXPECT_EQ(test.runtime.windowCalls.back(), "close frmEditGraphic");
+    EXPECT_TRUE(test.unhandled.empty());
+}
+
 TEST_F(ConnectTest, ConnectingTwiceRunsACommandOncePerClick) {
     connect();
     connect();
@@ -673,6 +702,95 @@ TEST_F(ConnectTest, TheHostMayDisconnectWhileACommandShowsItsBox) {
     clicked.lock()->Execute();
     EXPECT_EQ(test.runtime.boxes.size(), 1U);
     EXPECT_TRUE(clicked.expired());
+}
+
+// The host quits while the dialog works.
+
+class QuittingHostTest : public ConnectTest {
+ protected:
+    /// Three shapes of three fills selected, under an open dialog.
+    void openDialog() {
+        connect();
+        for (std::int32_t color = 1; color <= 3; ++color) {
+            test.document->addSolid(text("Shape ", color), color);
+        }
+        test.document->selectAll();
+        button("ChangeFillWizard")->Execute();
+    }
+    recolor::frmEditGraphic& dialog() { return *addin.dialog(); }
+    void scan() {
+        memory::Driver(dialog()).click(dialog().cmdAdd);
+        test.runtime.boxes.clear();
+    }
+    void quitInPump(std::size_t number) {
+        test.runtime.pumps = 0;
+        test.runtime.onPump = [this, number](std::size_t pump) {
+            if (pump == number) addin.OnDisconnection();
+        };
+    }
+    void expectQuit(const std::string& procedure) {
+        EXPECT_EQ(addin.dialog(), nullptr);
+        EXPECT_EQ(addin.WApp(), nullptr);
+        ASSERT_EQ(test.runtime.boxes.size(), 1U);
+        EXPECT_EQ(test.runtime.boxes[0].title, "Chyba č. 364");
+        EXPECT_TRUE(test.runtime.boxes[0].text.starts_with(
+            text("Chyba v modulu \"Huebrush.frmEditGraphic.", procedure, "\"")));
+        EXPECT_TRUE(test.unhandled.empty());
+    }
+};
+
+/// In the pump with this number: a scan and a recolour of three fills have three.
+class QuittingInPumpTest : public QuittingHostTest, public ::testing::WithParamInterface<int> {};
+
+TEST_P(QuittingInPumpTest, AScanEndsWithAReport) {
+    openDialog();
+    quitInPump(static_cast<std::size_t>(GetParam()));
+    memory::Driver(dialog()).click(dialog().cmdAdd);
+    expectQuit("cmdAdd_Click");
+}
+
+TEST_P(QuittingInPumpTest, ARecolourEndsWithAReport) {
+    openDialog();
+    scan();
+    memory::Driver(dialog()).click(dialog().chkSelAll);
+    for (std::int16_t row = 1; row <= 3; ++row) {
+        dialog().Element[row].FillObject().setDesTransparency(0.5F);
+    }
+    quitInPump(static_cast<std::size_t>(GetParam()));
+    memory::Driver(dialog()).click(dialog().cmdDiscolour);
+    expectQuit("cmdDiscolour_Click");
+}
+
+INSTANTIATE_TEST_SUITE_P(EachPump, QuittingInPumpTest, ::testing::Range(1, 4));
+
+TEST_F(QuittingHostTest, AToolThatIsOpenEndsItsCommandWithAReport) {
+    openDialog();
+    scan();
+    test.application.tools[1051] = [this](memory::MemoryShape&) {
+        addin.OnDisconnection();
+        return -1;
+    };
+    test.runtime.picks = {"&Barva..."};
+    memory::Driver(dialog()).click(dialog().Element[2].cmdChangeDes);
+    expectQuit("Element_mnuChDColor");
+}
+
+TEST_F(QuittingHostTest, AMenuThatIsOpenEndsWithAReport) {
+    openDialog();
+    scan();
+    test.runtime.onMenu = [this] { addin.OnDisconnection(); };
+    test.runtime.picks = {"&Poloprůhledná"};
+    memory::Driver(dialog()).click(dialog().Element[2].cmdChangeDes);
+    expectQuit("Element_mnuChDTransparency");
+}
+
+TEST_F(QuittingHostTest, TheBoxOfAScanEndsItQuietlyWithTheScratchDocumentClosed) {
+    openDialog();
+    test.runtime.onBox = [this] { addin.OnDisconnection(); };
+    memory::Driver(dialog()).click(dialog().cmdAdd);
+    EXPECT_EQ(addin.dialog(), nullptr);
+    EXPECT_EQ(test.application.openScratchDocuments(), 0U);
+    EXPECT_TRUE(test.unhandled.empty());
 }
 
 }  // namespace

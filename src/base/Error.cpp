@@ -26,4 +26,8 @@ void throwObjectNotSet() {
     throw Error(ErrorNumber::kObjectNotSet, "Proměnná objektu není nastavena.");
 }
 
+void throwCancelled() {
+    throw Error(ErrorNumber::kCancelled, "Výběr byl zrušen.");
+}
+
 }  // namespace huebrush::base

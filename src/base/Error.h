@@ -22,6 +22,7 @@ inline constexpr std::int32_t kObjectNotSet = 91;
 inline constexpr std::int32_t kNoSuchControl = 340;
 inline constexpr std::int32_t kUnloaded = 364;
 inline constexpr std::int32_t kInvalidPicture = 481;
+inline constexpr std::int32_t kCancelled = 32755;
 }  // namespace ErrorNumber
 
 /// What every layer throws: a number and a description meant for the user.
@@ -48,5 +49,7 @@ Error currentError();
 [[noreturn]] void throwOverflow();
 [[noreturn]] void throwCountOverflow();
 [[noreturn]] void throwObjectNotSet();
+/// The user has left a dialog without a choice.
+[[noreturn]] void throwCancelled();
 
 }  // namespace huebrush::base

@@ -47,6 +47,10 @@ void BatchRuntime::PopupMenu(forms::PopupMenu& menu, forms::Control& owner, doub
     throwUnattended(menu.Caption);
 }
 
+std::string BatchRuntime::ChooseFile(const forms::FileDialog& dialog) {
+    throwUnattended(dialog.title);
+}
+
 void BatchRuntime::DoEvents() {
     ++steps_;
     if (onStep) onStep();

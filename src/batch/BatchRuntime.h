@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "base/Picture.h"
-#include "forms/Runtime.h"
+#include "forms/ForwardingRuntime.h"
 
 namespace huebrush::batch {
 
@@ -24,17 +24,16 @@ struct Message {
 /// Retry and Ignore is answered with Abort, any other question is an error of whoever asks it.
 /// No events are let through; a step in between only reports progress. Settings and component are
 /// those of the platform, the clipboard is its own.
-class BatchRuntime final : public forms::Runtime, private forms::Clipboard {
+class BatchRuntime final : public forms::ForwardingRuntime, private forms::Clipboard {
  public:
-    explicit BatchRuntime(forms::Runtime& platform) : platform_(platform) {}
+    using ForwardingRuntime::ForwardingRuntime;
 
     forms::MsgBoxResult MsgBox(const std::string& text, std::int32_t style,
                                const std::string& title) override;
     void PopupMenu(forms::PopupMenu& menu, forms::Control& owner, double x, double y) override;
+    std::string ChooseFile(const forms::FileDialog& dialog) override;
     void DoEvents() override;
     forms::Clipboard& Clipboard() override { return *this; }
-    forms::Settings& Settings() override { return platform_.Settings(); }
-    const forms::Component& Component() override { return platform_.Component(); }
     void showForm(forms::Form& form, bool modal) override;
     void closeForm(forms::Form& form) override;
     void setTopMost(forms::Form& form, bool topMost) override;
@@ -49,7 +48,6 @@ class BatchRuntime final : public forms::Runtime, private forms::Clipboard {
     base::Picture GetData() override { return picture_; }
     void SetData(const base::Picture& picture) override { picture_ = picture; }
 
-    forms::Runtime& platform_;
     base::Picture picture_;
     std::vector<Message> messages_;
     std::size_t steps_ = 0;

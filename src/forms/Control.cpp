@@ -12,6 +12,7 @@ Control::Control(std::string name) : name_(std::move(name)) {}
 Control::Control(Control& container, std::string name)
     : name_(std::move(name)), container_(&container) {
     container.children_.push_back(this);
+    container.tellOfChildren();
 }
 
 Control::~Control() {
@@ -22,6 +23,11 @@ void Control::removeChild(const Control& child) {
     // The youngest is the likeliest to go: rows are unloaded from the end.
     const auto found = std::find(children_.rbegin(), children_.rend(), &child);
     if (found != children_.rend()) children_.erase(std::next(found).base());
+    tellOfChildren();
+}
+
+void Control::tellOfChildren() const {
+    if (peer_) peer_->changed(PropertyId::Children);
 }
 
 Form& Control::form() const {

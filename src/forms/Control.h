@@ -49,7 +49,7 @@ struct MouseEvent {
 /// screen shows it or not. Left, Top, Width and Height are twips in the container.
 ///
 /// A control belongs to the container that it was made with; both know each other until either
-/// ends, and the container ends last.
+/// ends, and the container ends last. Of two that lie over each other, the one made first is above.
 class Control : public PropertyOwner {
  public:
     Control(Control& container, std::string name);
@@ -109,6 +109,7 @@ class Control : public PropertyOwner {
     friend class Form;
     Control* firstFocusable();
     void removeChild(const Control& child);
+    void tellOfChildren() const;
 
     std::string name_;
     Control* container_ = nullptr;

@@ -7,6 +7,7 @@
 #include "base/Event.h"
 #include "base/Picture.h"
 #include "forms/Control.h"
+#include "forms/Font.h"
 
 namespace huebrush::forms {
 
@@ -15,12 +16,18 @@ class Frame : public Control {
  public:
     using Control::Control;
     Property<std::string> Caption{*this, PropertyId::Caption};
+    /// 0 neither border nor caption, 1 a single line.
+    Property<std::int16_t> BorderStyle{*this, PropertyId::BorderStyle, std::int16_t{1}};
 };
 
-/// A container for other controls without a border.
+/// A container for other controls, which shows nothing of them beyond its edges.
 class PictureBox : public Control {
  public:
     using Control::Control;
+    /// A colour number of forms/Font.h.
+    Property<unsigned> BackColor{*this, PropertyId::BackColor, SystemColor::kButtonFace};
+    /// 0 none, 1 a single line.
+    Property<std::int16_t> BorderStyle{*this, PropertyId::BorderStyle};
     base::Event<> Resize;
 
     /// The inner size, in twips.
@@ -28,15 +35,25 @@ class PictureBox : public Control {
     double ScaleHeight() const { return Height; }
 };
 
+namespace Alignment {
+inline constexpr std::int16_t kLeft = 0;
+inline constexpr std::int16_t kRight = 1;
+inline constexpr std::int16_t kCentre = 2;
+}  // namespace Alignment
+
 class Label : public Control {
  public:
     using Control::Control;
     Property<std::string> Caption{*this, PropertyId::Caption};
+    Property<std::int16_t> Alignment{*this, PropertyId::Alignment};
 };
 
+/// A line from the upper left to the lower right of its place; one of its sizes may be 0.
 class Line : public Control {
  public:
     using Control::Control;
+    /// A colour number of forms/Font.h.
+    Property<unsigned> BorderColor{*this, PropertyId::ForeColor, SystemColor::kButtonShadow};
 };
 
 class Image : public Control {

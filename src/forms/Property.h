@@ -28,10 +28,13 @@ enum class PropertyId {
     Font,
     ForeColor,
     BorderStyle,
+    BackColor,
+    Alignment,
     Default,
     Appearance,
     ZOrder,
     Paint,
+    Children,
 };
 
 /// What owns properties and hears of their changes.

@@ -7,6 +7,8 @@
 #include "base/Error.h"
 #include "base/Event.h"
 #include "base/Picture.h"
+#include "forms/FileDialog.h"
+#include "forms/System.h"
 
 namespace huebrush::forms {
 
@@ -110,6 +112,9 @@ class Runtime {
     /// Opens the menu at a place of `owner`, in its twips, and returns after it has closed; the
     /// Click of the chosen item is raised before that.
     virtual void PopupMenu(forms::PopupMenu& menu, Control& owner, double x, double y) = 0;
+    /// Shows a modal file dialog and returns the full path chosen. An error (32755) when the user
+    /// cancels it. Some platforms ask themselves whether to replace a file that is there already.
+    virtual std::string ChooseFile(const FileDialog& dialog) = 0;
     /// Lets pending events run: anything may happen in it, the closing of the caller's own form
     /// included.
     virtual void DoEvents() = 0;
@@ -117,6 +122,7 @@ class Runtime {
     virtual forms::Clipboard& Clipboard() = 0;
     virtual forms::Settings& Settings() = 0;
     virtual const forms::Component& Component() = 0;
+    virtual forms::System& System() = 0;
 
     /// Puts the form on the screen, or takes it away. Does nothing where there is no screen.
     virtual void showForm(Form& form, bool modal) = 0;

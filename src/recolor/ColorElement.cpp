@@ -11,8 +11,6 @@ namespace {
 
 constexpr const char* kModule = "Huebrush.ColorElement.";
 constexpr const char* kNoFill = "Bez výplně";
-/// The transparency that the menu sets and ticks.
-constexpr float kHalfTransparent = 0.5F;
 
 /// Where the parts lie in the row, in twips.
 namespace place {
@@ -21,9 +19,9 @@ constexpr double kHandleLeft = 60;
 constexpr double kHandleTop = 150;
 constexpr double kHandleWidth = 120;
 constexpr double kHandleHeight = 330;
-constexpr double kBoxLeft = 285;
-constexpr double kBoxTop = 195;
-constexpr double kBoxSize = 240;
+constexpr double kBoxLeft = 270;
+constexpr double kBoxTop = 165;
+constexpr double kBoxSize = 300;
 constexpr double kSourceLeft = 765;
 constexpr double kDestinationLeft = 2475;
 constexpr double kPreviewTop = 120;
@@ -73,13 +71,24 @@ void ColorElement::layOut() {
     cmdChangeDes.Move(kMenuLeft, kPreviewTop, kMenuWidth, kPreviewHeight);
     Label1.Move(kSourceLeft, kLabelTop, kPreviewWidth, kLabelHeight);
     Label2.Move(kDestinationLeft, kLabelTop, kPreviewWidth, kLabelHeight);
+    for (forms::Label* const label : {&Label1, &Label2}) {
+        label->Alignment.initialize(forms::Alignment::kCentre);
+    }
+    for (forms::Image* const preview : {&picSource, &picDestination}) {
+        preview->BorderStyle.initialize(1);
+    }
+    for (forms::Line* const line :
+         {&Line1, &Line2, &lineDragDes1, &lineDragDes2, &lineDragDes3, &lineDragDes4}) {
+        line->BorderColor.initialize(forms::SystemColor::kHighlight);
+    }
     imgFocus.Move(kEdge, kEdge, kHandleLeft - kEdge, kHeight - 2 * kEdge);
     Line1.Move(kEdge, kEdge, kWidth - 2 * kEdge, 0);
     Line2.Move(kEdge, kHeight - kEdge, kWidth - 2 * kEdge, 0);
     lineDragDes1.Move(0, 0, kWidth, 0);
     lineDragDes2.Move(0, kHeight - kEdge, kWidth, 0);
-    lineDragDes3.Move(0, 0, 0, kHeight);
-    lineDragDes4.Move(kWidth - kEdge, 0, 0, kHeight);
+    // Inside the list's own border.
+    lineDragDes3.Move(kEdge, 0, 0, kHeight);
+    lineDragDes4.Move(kWidth - 2 * kEdge, 0, 0, kHeight);
 }
 
 void ColorElement::connectMenu() {
@@ -166,7 +175,7 @@ void ColorElement::CliboardToDestination() {
 
 void ColorElement::Discolour(host::Document& document) {
     error::trap({kModule, "Discolour", "Chyba při pokusu přebarvit grafické prvky..."}, [&] {
-        if (SelectValue() == forms::CheckValue::kClear || !fill_->Change() || !ElementsGroup) {
+        if (!isSelected() || !fill_->Change() || !ElementsGroup) {
             return;
         }
         std::vector<std::string> names;
@@ -186,6 +195,17 @@ void ColorElement::Show() {
     font.Bold = true;
     font.Size = 12;
     cmdChangeDes.Font = font;
+}
+
+void ColorElement::setFixedPictures(const base::Picture& focusMark, const base::Picture& grabHandle,
+                                    const base::Picture& arrow) {
+    imgFocus.Picture = focusMark;
+    shpFocus.Picture = grabHandle;
+    Image1.Picture = arrow;
+}
+
+void ColorElement::takeFixedPictures(const ColorElement& other) {
+    setFixedPictures(other.imgFocus.Picture, other.shpFocus.Picture, other.Image1.Picture);
 }
 
 void ColorElement::cmdChangeDes_Click() {

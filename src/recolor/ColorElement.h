@@ -27,6 +27,8 @@ class ColorElement final : public forms::UserControl {
     /// The size of every row, in twips.
     static constexpr double kWidth = 4455;
     static constexpr double kHeight = 630;
+    /// The transparency that the menu gives and ticks.
+    static constexpr float kHalfTransparent = 0.5F;
 
     ColorElement(forms::Control& container, std::string name, std::int16_t index);
     ~ColorElement() override;
@@ -49,6 +51,8 @@ class ColorElement final : public forms::UserControl {
     void setSourcePicture(const base::Picture& picture);
     std::int16_t SelectValue() const { return chkSelect.Value; }
     void setSelectValue(std::int16_t value);
+    /// Whether the box is ticked or grey.
+    bool isSelected() const { return SelectValue() != forms::CheckValue::kClear; }
     /// Shows or hides the frame of the row that a dragged row would be dropped on.
     void setSelDestinationDrag(bool shown);
 
@@ -70,6 +74,10 @@ class ColorElement final : public forms::UserControl {
     /// row is selected and its fill changed. The new fill is the current one then.
     void Discolour(host::Document& document);
 
+    /// Gives the row the pictures that are the same in all rows.
+    void setFixedPictures(const base::Picture& focusMark, const base::Picture& grabHandle,
+                          const base::Picture& arrow);
+    void takeFixedPictures(const ColorElement& other);
     /// The row has been put on the screen.
     void Show();
     /// The user opens the fill menu, or presses the mouse on the grab handle.

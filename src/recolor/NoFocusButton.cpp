@@ -9,6 +9,8 @@ namespace {
 
 /// How far the edges lie inside the face, in twips.
 constexpr double kEdgeOffset = 20;
+/// The size of the enabled picture as designed, in twips.
+constexpr double kPictureSize = 360;
 /// The engraved caption of a disabled button: light, moved down and right, under dark, moved up and
 /// left. The offsets differ on purpose.
 constexpr double kEngravedLight = 7;
@@ -20,6 +22,8 @@ NoFocusButton::NoFocusButton(forms::Control& container, std::string name)
     : UserControl(container, std::move(name)) {
     Font.initialize(ambientFont());
     imgD.Visible.initialize(false);
+    imgE.Width.initialize(kPictureSize);
+    imgE.Height.initialize(kPictureSize);
     img.MouseDown.connect([this](const forms::MouseEvent& event) {
         MouseDown(event);
         img.BorderStyle = std::int16_t{1};

@@ -34,11 +34,11 @@ class NoFocusButton final : public forms::UserControl {
     base::Event<const forms::MouseEvent&> MouseMove;
     base::Event<const forms::MouseEvent&> MouseUp;
 
-    // The parts: the picture while enabled and while disabled, the surface that receives the mouse,
-    // and the edges, two of which make the face look raised.
+    // The parts, the uppermost first: the surface that receives the mouse, the picture while
+    // enabled and while disabled, and the edges, two of which make the face look raised.
+    forms::Image img{*this, "img"};
     forms::Image imgE{*this, "imgE"};
     forms::Image imgD{*this, "imgD"};
-    forms::Image img{*this, "img"};
     forms::Line lineTop{*this, "lineTop"};
     forms::Line lineLeft{*this, "lineLeft"};
     forms::Line lineBottom{*this, "lineBottom"};

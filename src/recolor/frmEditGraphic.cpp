@@ -6,10 +6,7 @@
 
 #include "base/NonNegative.h"
 #include "base/Text.h"
-#include "fill/mFillGraficalObject.h"
 #include "forms/Runtime.h"
-#include "recolor/ScanCollection.h"
-#include "recolor/ScratchShape.h"
 
 namespace huebrush::recolor {
 
@@ -22,22 +19,10 @@ using base::text;
 
 constexpr const char* kCaption = " Změna výplně grafických objektů...";
 constexpr const char* kRecolour = "Pře&barvit";
-constexpr const char* kUndoTitle = "Přebarvení grafických objektů";
-constexpr const char* kScanning = "Prohledávám označené objekty...";
-constexpr const char* kNothingSelected = "Nejsou vybrány žádné grafické objekty.";
-constexpr const char* kScanDone = "Zpracování je dokončeno...";
-constexpr const char* kFillsFound = "Celkový počet nalezených výplní.. ";
-constexpr const char* kScanFailed =
-    "Při vyhledávání typů výplní ve vybraných objektech vzikla chyba...";
-constexpr const char* kRecolourFailed = "Při převádění výplní došlo k chybě...";
-constexpr const char* kExchangeFailed = "Při záměně dvou prvků došlo k chybě...";
 // Where the system gives a handler no message of its own.
 constexpr const char* kLoadFailed = "Při otevírání formuláře došlo k chybě...";
 constexpr const char* kLayoutFailed = "Při změně rozměrů formuláře došlo k chybě...";
 constexpr const char* kViewFailed = "Při zobrazování zástupců výplní došlo k chybě...";
-constexpr const char* kListFailed = "Při práci se seznamem zástupců výplní došlo k chybě...";
-constexpr const char* kMoveFailed = "Při přesunu zástupce výplně došlo k chybě...";
-constexpr const char* kRemoveFailed = "Při odstraňování zástupců výplní došlo k chybě...";
 
 // The component's own pictures.
 
@@ -49,6 +34,9 @@ constexpr std::int32_t kUpDisabled = 300;
 constexpr std::int32_t kLogoColour = 401;
 constexpr std::int32_t kLogoBlackAndWhite = 400;
 constexpr std::int32_t kHorn = 402;
+constexpr std::int32_t kFocusMark = 410;
+constexpr std::int32_t kGrabHandle = 411;
+constexpr std::int32_t kArrow = 412;
 }  // namespace icon
 
 /// The design of the dialog, in twips.
@@ -72,38 +60,11 @@ constexpr double kButtonHeight = 420;
 constexpr double kLogoMargin = 200;
 }  // namespace design
 
-constexpr const char* kInternal = "INTERNAL";
-
-error::Place place(const char* procedure, const char* message) {
-    return {"Huebrush.frmEditGraphic.", procedure, message};
-}
-
 std::int32_t wholeTwips(double length) {
     return static_cast<std::int32_t>(std::lround(length));
 }
 
-bool isSelected(const ColorElement& row) {
-    return row.SelectValue() != forms::CheckValue::kClear;
-}
-
 }  // namespace
-
-/// Holds back the refreshes of the view for its lifetime and makes up for them at its end, also
-/// when an error ends the handler. The refresh has a trap of its own.
-class frmEditGraphic::OneRefresh {
- public:
-    explicit OneRefresh(frmEditGraphic& dialog) : dialog_(dialog) { ++dialog_.refreshesHeld_; }
-    OneRefresh(const OneRefresh&) = delete;
-    OneRefresh& operator=(const OneRefresh&) = delete;
-    ~OneRefresh() {
-        if (--dialog_.refreshesHeld_ > 0 || !dialog_.refreshAsked_) return;
-        dialog_.refreshAsked_ = false;
-        error::ignoring([this] { dialog_.refreshView(); });
-    }
-
- private:
-    frmEditGraphic& dialog_;
-};
 
 // Design time.
 
@@ -120,6 +81,7 @@ frmEditGraphic::frmEditGraphic(std::function<void()> showAbout)
                   auto row = std::make_shared<ColorElement>(picElementGroup,
                                                             text("Element(", index, ")"), index);
                   connectRow(*row);
+                  if (index > 0) row->takeFixedPictures(Element[0]);
                   return row;
               }),
       showAbout_(std::move(showAbout)) {
@@ -164,9 +126,9 @@ void frmEditGraphic::layOut() {
     using namespace design;
     Width = kWidth;
     Height = kHeight;
-    Label1.Move(270, kHeadingTop, 690, kHeadingHeight);
-    Label2.Move(990, kHeadingTop, 1500, kHeadingHeight);
-    Label3.Move(2700, kHeadingTop, 1500, kHeadingHeight);
+    Label1.Move(kMargin, kHeadingTop, 735, kHeadingHeight);
+    Label2.Move(975, kHeadingTop, 1650, kHeadingHeight);
+    Label3.Move(2685, kHeadingTop, 1500, kHeadingHeight);
     const double listHeight = kHeight - kListTop - kBelowList;
     frameMain.Move(kMargin, kListTop, kListWidth + kScrollBarWidth, kHeight - kListTop);
     picMain.Move(kMargin, kListTop, kListWidth, listHeight);
@@ -202,6 +164,11 @@ void frmEditGraphic::setInitialStates() {
     cmdFromDatabase.Enabled = false;
     cmdToDatabase.Enabled = false;
     fData.Enabled = false;
+    frameMain.BorderStyle.initialize(0);
+    picMain.BackColor.initialize(forms::SystemColor::kWindowBackground);
+    picMain.BorderStyle.initialize(1);
+    picLoadStatus.BackColor.initialize(forms::SystemColor::kInfoBackground);
+    picLoadStatus.BorderStyle.initialize(1);
     picLoadStatus.Visible = false;
     imgCL.Visible = false;
     imgBW.Visible = false;
@@ -242,6 +209,7 @@ void frmEditGraphic::connectRow(ColorElement& row) {
     row.MoveUp.connect([this] { nfbUP_Click(); });
     row.MoveDown.connect([this] { nfbDown_Click(); });
     row.DragMouseDown.connect([&row] { row.Drag(); });
+    connectFillMenu(row);
     row.KeyDel.connect([this](std::int16_t shift) { Element_KeyDel(shift); });
     row.GotFocus.connect([this, &row] { Element_GotFocus(row); });
     row.LostFocus.connect([this] { Element_LostFocus(); });
@@ -282,6 +250,9 @@ void frmEditGraphic::Form_Load() {
         imgBW.Picture = component.icon(icon::kLogoBlackAndWhite);
         imgHorn.Picture = component.icon(icon::kHorn);
         imgQXLogo.Picture = imgBW.Picture;
+        Element[0].setFixedPictures(component.icon(icon::kFocusMark),
+                                    component.icon(icon::kGrabHandle),
+                                    component.icon(icon::kArrow));
     });
 }
 
@@ -325,123 +296,13 @@ void frmEditGraphic::SetScroll() {
     });
 }
 
+error::Place frmEditGraphic::place(const char* procedure, const char* message) {
+    return {"Huebrush.frmEditGraphic.", procedure, message};
+}
+
 host::Application& frmEditGraphic::requireHost() const {
     if (WApp_ == nullptr) base::throwObjectNotSet();
     return *WApp_;
-}
-
-// The scan.
-
-void frmEditGraphic::cmdAdd_Click() {
-    error::trap(place("cmdAdd_Click", kScanFailed), [this] {
-        forms::Runtime& runtime = forms::Runtime::current();
-        const auto selected = requireHost().Selection()->ShapeRange();
-        const std::int32_t count = selected->Count();
-        if (count == 0) {
-            runtime.MsgBox(kNothingSelected, forms::MsgBoxStyle::kExclamation, "Huebrush");
-            return;
-        }
-        MousePointer = forms::MousePointerShape::hourglass;
-        picLoadStatus.Visible = true;
-        lblLoadStatus.Caption = std::string(kScanning);
-        const ScratchShape scratch(requireHost());
-        ScanCollection shapes;
-        for (std::int32_t i = 1; i <= count; ++i) shapes.add(selected->Item(i));
-        groupByFill(shapes, scratch);
-        runtime.Clipboard().Clear();
-        runtime.MsgBox(text(kFillsFound, Element.ubound(), "."), forms::MsgBoxStyle::kInformation,
-                       kScanDone);
-        scratch.close();
-        SetScroll();
-        if (Element.ubound() != 0) cmdRemove.Enabled = true;
-        MousePointer = forms::MousePointerShape::standard;
-        picLoadStatus.Visible = false;
-    });
-}
-
-void frmEditGraphic::groupByFill(ScanCollection& shapes, const ScratchShape& scratch) {
-    const base::Count16 total = base::Count16::of(shapes.size());
-    const auto taken = [total](std::size_t left) { return static_cast<std::size_t>(total) - left; };
-    while (!shapes.empty()) {
-        showScanned(taken(shapes.size()), total);
-        const host::ShapePointer firstShape = shapes.takeFirst();
-        const auto group = std::make_shared<ShapeGroup>(1, firstShape);
-        shapes.takeWhere(
-            [&](const host::ShapePointer& shape) {
-                return fill::IsSameFill(firstShape->Fill(), shape->Fill());
-            },
-            [&](const host::ShapePointer& shape, std::size_t left) {
-                group->push_back(shape);
-                showScanned(taken(left), total);
-            });
-        addRow(firstShape, group, scratch);
-    }
-}
-
-void frmEditGraphic::showScanned(std::size_t taken, base::Count16 total) {
-    progress_ = {taken, static_cast<std::size_t>(total)};
-    lblLoadStatus.Caption = text("Zpracováno ", taken, " ze ", total, " objektů...");
-    forms::Runtime::current().DoEvents();
-}
-
-void frmEditGraphic::addRow(const host::ShapePointer& firstShape,
-                            std::shared_ptr<const ShapeGroup> group, const ScratchShape& scratch) {
-    fill::CopyFill(firstShape->Fill(), scratch.Fill());
-    scratch.select();
-    scratch.copy();
-    base::Count16 counter = Element.ubound();
-    ++counter;
-    Element.Load(counter);
-    Element[counter].FillObject().SaveOriginalFormat(firstShape->Fill());
-    if (firstShape->Fill().Visible() != host::MsoTriState::msoFalse) {
-        Element[counter].CliboardToSource();
-    } else {
-        Element[counter].setSourcePicture({});
-        Element[counter].setDestinationPicture({});
-    }
-    Element[counter].ElementsGroup = std::move(group);
-    placeRow(counter);
-}
-
-void frmEditGraphic::placeRow(std::int16_t index) {
-    ColorElement& row = Element[index];
-    const ColorElement& previous = Element[static_cast<std::int16_t>(index - 1)];
-    row.Top = previous.Top + previous.Height;
-    row.Visible = true;
-    row.Show();
-    picElementGroup.Height = row.Top + row.Height;
-}
-
-// The recolour.
-
-void frmEditGraphic::cmdDiscolour_Click() {
-    error::trap(place("cmdDiscolour_Click", kRecolourFailed), [this] {
-        cmdDiscolour.Enabled = false;
-        picLoadStatus.Visible = true;
-        discolourRows();
-        picLoadStatus.Visible = false;
-        cmdDiscolour.Enabled = true;
-        cmdClose.Default = true;
-    });
-}
-
-void frmEditGraphic::discolourRows() {
-    std::shared_ptr<host::Document> document;
-    std::unique_ptr<host::UndoGroup> undo;
-    for (base::Count16 i = 1, last = Element.ubound(); i <= last; ++i) {
-        progress_ = {static_cast<std::size_t>(i), static_cast<std::size_t>(last)};
-        lblLoadStatus.Caption =
-            text("Upravuji ", i, ". skupinu objektů ze ", Element.ubound(), " výplní...");
-        forms::Runtime::current().DoEvents();
-        ColorElement& row = Element[i];
-        const auto current = requireHost().Selection()->Document();
-        if (!document || !document->isSame(*current)) {
-            undo.reset();
-            undo = current->undoGroup(kUndoTitle);
-            document = current;
-        }
-        row.Discolour(*current);
-    }
 }
 
 // The views and the scroll bar.
@@ -457,7 +318,7 @@ void frmEditGraphic::optView_Click(std::int16_t index) {
 
 void frmEditGraphic::showRows(std::int16_t view) {
     const auto isInView = [view](const ColorElement& row) {
-        return view == 0 || (view == 1) == isSelected(row);
+        return view == 0 || (view == 1) == row.isSelected();
     };
     const ColorElement* lastShown = &Element[0];
     for (std::int16_t i = 1; i <= Element.ubound(); ++i) {
@@ -476,7 +337,7 @@ void frmEditGraphic::showRows(std::int16_t view) {
 void frmEditGraphic::countSelected() {
     base::Count16 count;
     for (std::int16_t i = 1; i <= Element.ubound(); ++i) {
-        if (isSelected(Element[i])) ++count;
+        if (Element[i].isSelected()) ++count;
     }
     const bool any = count > 0;
     cmdDiscolour.Enabled = any;
@@ -507,209 +368,6 @@ void frmEditGraphic::scrollIntoView(const ColorElement& row) {
     } else if (bottom >= picMain.ScaleHeight()) {
         vs.setValue(wholeTwips(row.Top + row.Height - picMain.ScaleHeight()));
     }
-}
-
-// The list: the active row and the select-all box.
-
-void frmEditGraphic::ReplaceColorElement(ColorElement& first, ColorElement& second) {
-    error::trap(place("ReplaceColorElement", kExchangeFailed), [&] {
-        const auto fill = first.fillReference();
-        const base::Picture destination = first.DestinationPicture();
-        const base::Picture source = first.SourcePicture();
-        const auto group = first.ElementsGroup;
-        const std::int16_t selected = first.SelectValue();
-        const auto give = [](ColorElement& row, const auto& newFill, const base::Picture& newDes,
-                             const base::Picture& newSource, const auto& newGroup,
-                             std::int16_t newSelected) {
-            row.setFillObject(newFill);
-            row.setDestinationPicture(newDes);
-            row.setSourcePicture(newSource);
-            row.ElementsGroup = newGroup;
-            row.setSelectValue(newSelected);
-        };
-        give(first, second.fillReference(), second.DestinationPicture(), second.SourcePicture(),
-             second.ElementsGroup, second.SelectValue());
-        give(second, fill, destination, source, group, selected);
-    });
-}
-
-void frmEditGraphic::Element_GotFocus(ColorElement& row) {
-    error::trap(place("Element_GotFocus", kListFailed), [&] {
-        scrollIntoView(row);
-        nfbUP.Enabled = true;
-        nfbDown.Enabled = true;
-        ActiveElement_ = &row;
-    });
-}
-
-void frmEditGraphic::Element_LostFocus() {
-    nfbUP.Enabled = false;
-    nfbDown.Enabled = false;
-    ActiveElement_ = nullptr;
-}
-
-void frmEditGraphic::chkSelAll_Click() {
-    error::trap(place("chkSelAll_Click", kListFailed), [this] {
-        if (chkSelAll.Value == forms::CheckValue::kGrey) return;
-        const OneRefresh refresh(*this);
-        chkSelAll.Tag = std::string(kInternal);
-        for (std::int16_t i = 1; i <= Element.ubound(); ++i) {
-            Element[i].setSelectValue(chkSelAll.Value);
-        }
-        chkSelAll.Tag = std::string();
-    });
-}
-
-void frmEditGraphic::Element_ChangeSelect() {
-    if (chkSelAll.Tag.get().empty()) {
-        chkSelAll.Tag = std::string(kInternal);
-        chkSelAll.Value = forms::CheckValue::kGrey;
-    }
-    refreshView();
-}
-
-// The list: order.
-
-void frmEditGraphic::nfbUP_Click() {
-    error::trap(place("nfbUP_Click", kMoveFailed), [this] { moveActive(-1); });
-}
-
-void frmEditGraphic::nfbDown_Click() {
-    error::trap(place("nfbDown_Click", kMoveFailed), [this] { moveActive(1); });
-}
-
-void frmEditGraphic::moveActive(std::int16_t step) {
-    if (ActiveElement_ == nullptr) return;
-    const std::int16_t from = ActiveElement_->index();
-    const std::int16_t last = Element.ubound();
-    for (std::int32_t to = from + step; to >= 1 && to <= last; to += step) {
-        ColorElement& target = Element[static_cast<std::int16_t>(to)];
-        if (!target.Visible) continue;
-        {
-            const OneRefresh refresh(*this);
-            ReplaceColorElement(Element[from], target);
-        }
-        target.SetFocus();
-        return;
-    }
-}
-
-void frmEditGraphic::Element_DragOver(ColorElement& row, const forms::Control& source,
-                                      forms::DragState state) {
-    error::trap(place("Element_DragOver", kMoveFailed), [&] {
-        if (dynamic_cast<const ColorElement*>(&source) == nullptr || &source == &row) return;
-        row.setSelDestinationDrag(state == forms::DragState::over);
-    });
-}
-
-void frmEditGraphic::Element_DragDrop(ColorElement& row, const forms::Control& source) {
-    error::trap(place("Element_DragDrop", kMoveFailed), [&] {
-        const auto* const dragged = dynamic_cast<const ColorElement*>(&source);
-        if (dragged == nullptr) return;
-        row.setSelDestinationDrag(false);
-        const std::int16_t to = row.index();
-        const auto step = static_cast<std::int16_t>(dragged->index() < to ? 1 : -1);
-        {
-            const OneRefresh refresh(*this);
-            for (std::int16_t at = dragged->index(); at != to;) {
-                const auto next = static_cast<std::int16_t>(at + step);
-                ReplaceColorElement(Element[at], Element[next]);
-                at = next;
-            }
-        }
-        row.SetFocus();
-    });
-}
-
-// The list: removal.
-
-void frmEditGraphic::cmdRemove_Click() {
-    forms::Runtime::current().PopupMenu(mnuRemove, *this, cmdRemove.Left,
-                                        cmdRemove.Top + cmdRemove.Height);
-    // After the refresh of the item's own, on purpose: the recolour button is enabled while any row
-    // remains.
-    const bool any = Element.ubound() > 0;
-    cmdRemove.Enabled = any;
-    cmdDiscolour.Enabled = any;
-}
-
-void frmEditGraphic::mnuRemove_Click() {
-    error::trap(place("mnuRemove_Click", kRemoveFailed), [this] {
-        bool anySelected = false;
-        bool anyNotSelected = false;
-        for (std::int16_t i = 1; i <= Element.ubound(); ++i) {
-            (isSelected(Element[i]) ? anySelected : anyNotSelected) = true;
-        }
-        mnuRemoveAll.Enabled = Element.ubound() > 0;
-        mnuRemoveSelect.Enabled = anySelected;
-        mnuRemoveNoSelect.Enabled = anyNotSelected;
-        mnuRemoveActive.Enabled = ActiveElement_ != nullptr;
-    });
-}
-
-void frmEditGraphic::Element_KeyDel(std::int16_t shift) {
-    if (shift == forms::Shift::kShift) {
-        mnuRemoveAll_Click();
-    } else {
-        mnuRemoveActive_Click();
-    }
-}
-
-void frmEditGraphic::mnuRemoveActive_Click() {
-    error::trap(place("mnuRemoveActive_Click", kRemoveFailed), [this] {
-        {
-            const OneRefresh refresh(*this);
-            if (ActiveElement_ != nullptr) removeRow(ActiveElement_->index());
-        }
-        afterRemoval();
-    });
-}
-
-void frmEditGraphic::mnuRemoveAll_Click() {
-    error::trap(place("mnuRemoveAll_Click", kRemoveFailed), [this] {
-        for (std::int16_t i = Element.ubound(); i >= 1; --i) Element.Unload(i);
-        afterRemoval();
-    });
-}
-
-void frmEditGraphic::mnuRemoveNoSelect_Click() {
-    error::trap(place("mnuRemoveNoSelect_Click", kRemoveFailed), [this] {
-        removeRowsWith(forms::CheckValue::kClear);
-        afterRemoval();
-    });
-}
-
-void frmEditGraphic::mnuRemoveSelect_Click() {
-    error::trap(place("mnuRemoveSelect_Click", kRemoveFailed), [this] {
-        removeRowsWith(forms::CheckValue::kTicked);
-        afterRemoval();
-    });
-}
-
-void frmEditGraphic::removeRow(std::int16_t index) {
-    const std::int16_t last = Element.ubound();
-    for (std::int16_t m = index; m < last; ++m) {
-        ReplaceColorElement(Element[m], Element[static_cast<std::int16_t>(m + 1)]);
-    }
-    Element.Unload(last);
-}
-
-void frmEditGraphic::removeRowsWith(std::int16_t selectValue) {
-    const OneRefresh refresh(*this);
-    for (std::int16_t i = 1; i <= Element.ubound();) {
-        if (Element[i].SelectValue() == selectValue) {
-            removeRow(i);
-        } else {
-            ++i;
-        }
-    }
-}
-
-void frmEditGraphic::afterRemoval() {
-    refreshView();
-    const bool rowFocused = ActiveElement_ != nullptr;
-    nfbUP.Enabled = rowFocused;
-    nfbDown.Enabled = rowFocused;
 }
 
 // The logo.

@@ -37,7 +37,6 @@ class frmEditGraphic final : public forms::Form {
     forms::Label Label1{*this, "Label1"};
     forms::Label Label2{*this, "Label2"};
     forms::Label Label3{*this, "Label3"};
-    forms::Frame frameMain{*this, "frameMain"};
     forms::PictureBox picMain{*this, "picMain"};
     forms::PictureBox picElementGroup{picMain, "picElementGroup"};
     forms::VScrollBar vs{*this, "vs"};
@@ -63,6 +62,8 @@ class frmEditGraphic final : public forms::Form {
     forms::Image imgHorn{*this, "imgHorn"};
     forms::Image imgCL{*this, "imgCL"};
     forms::Image imgBW{*this, "imgBW"};
+    /// Lies below all others.
+    forms::Frame frameMain{*this, "frameMain"};
 
     forms::PopupMenu mnuRemove{"Ostranit"};
     forms::MenuItem mnuRemoveActive{mnuRemove, "mnuRemoveActive", "&Aktuální"};
@@ -104,6 +105,7 @@ class frmEditGraphic final : public forms::Form {
     void connectHandlers();
     void connectListHandlers();
     void connectRow(ColorElement& row);
+    void connectFillMenu(ColorElement& row);
 
     // Opening, closing and resizing.
     void Form_Load();
@@ -122,6 +124,16 @@ class frmEditGraphic final : public forms::Form {
     // The recolour.
     void cmdDiscolour_Click();
     void discolourRows();
+
+    // The new fill of a row.
+    void Element_mnuChDColor(std::int16_t Index);
+    void Element_mnuChDFill(std::int16_t Index);
+    void Element_mnuChDFormat(std::int16_t Index);
+    void Element_mnuChDNoFill(std::int16_t Index);
+    void Element_mnuChDTransparency(std::int16_t Index);
+    void editWithTool(std::int16_t Index, const std::function<bool(host::Application&)>& openTool);
+    void renderDestination(std::int16_t Index);
+    void takeDestinationPicture(std::int16_t Index, const ScratchShape& scratch);
 
     // The views and the scroll bar.
     void optView_Click(std::int16_t index);
@@ -157,6 +169,8 @@ class frmEditGraphic final : public forms::Form {
     void imgQXLogo_Click();
 
     host::Application& requireHost() const;
+    /// Where a procedure of the dialog stands, for its trap.
+    static error::Place place(const char* procedure, const char* message);
 
     host::Application* WApp_ = nullptr;
     std::function<void()> showAbout_;
@@ -169,6 +183,9 @@ class frmEditGraphic final : public forms::Form {
     class OneRefresh;
     int refreshesHeld_ = 0;
     bool refreshAsked_ = false;
+
+    class OpenTool;
+    int openTools_ = 0;
 };
 
 }  // namespace huebrush::recolor

@@ -1,5 +1,6 @@
 #include "ports/libreoffice/AddIn.h"
 
+#include <com/sun/star/frame/TerminationVetoException.hpp>
 #include <com/sun/star/frame/XDesktop.hpp>
 #include <cppuhelper/supportsservice.hxx>
 #include <utility>
@@ -62,6 +63,14 @@ void AddIn::connect() {
         createService<css::frame::XDesktop>(context_, "com.sun.star.frame.Desktop");
     session_ = std::make_unique<Session>(context_, extensionFolder(context_, kExtension));
     desktop->addTerminateListener(this);
+}
+
+/// A handler that waits for a box, a menu or a tool goes on when that has closed: the session must
+/// be there then. The user ends the office again, as with a dialog of the office's own open.
+void SAL_CALL AddIn::queryTermination(const css::lang::EventObject&) {
+    if (session_ == nullptr || !session_->isBusy()) return;
+    throw css::frame::TerminationVetoException("Huebrush is at work",
+                                               static_cast<css::task::XJob*>(this));
 }
 
 void SAL_CALL AddIn::notifyTermination(const css::lang::EventObject&) {

@@ -18,7 +18,8 @@ namespace huebrush::libreoffice {
 class Session;
 
 /// The one object of the component in an office: the job that the office runs at its start, which
-/// connects the add-in, and the listener at its end, which disconnects it. No exception leaves it.
+/// connects the add-in, and the listener at its end, which disconnects it. No exception leaves it
+/// but the one that keeps the office from ending while a handler of ours runs.
 class AddIn final
     : public WeakImplHelper<com::sun::star::task::XJob, com::sun::star::frame::XTerminateListener,
                             com::sun::star::lang::XServiceInfo> {
@@ -31,7 +32,7 @@ class AddIn final
 
     com::sun::star::uno::Any SAL_CALL
     execute(const com::sun::star::uno::Sequence<com::sun::star::beans::NamedValue>&) override;
-    void SAL_CALL queryTermination(const com::sun::star::lang::EventObject&) override {}
+    void SAL_CALL queryTermination(const com::sun::star::lang::EventObject&) override;
     void SAL_CALL notifyTermination(const com::sun::star::lang::EventObject&) override;
     void SAL_CALL disposing(const com::sun::star::lang::EventObject&) override;
     rtl::OUString SAL_CALL getImplementationName() override;

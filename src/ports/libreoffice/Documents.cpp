@@ -10,7 +10,9 @@
 #include <vector>
 
 #include "ports/libreoffice/document/OpenDocument.h"
+#include "ports/libreoffice/document/WindowSelection.h"
 #include "ports/libreoffice/document/WriterDocument.h"
+#include "ports/libreoffice/tools/EmbeddedDocument.h"
 #include "ports/libreoffice/uno/Errors.h"
 #include "ports/libreoffice/uno/Properties.h"
 #include "ports/libreoffice/uno/WeakImplHelper.h"
@@ -22,6 +24,21 @@ namespace css = com::sun::star;
 using css::uno::Reference;
 using css::uno::UNO_QUERY;
 
+namespace {
+
+Reference<css::frame::XModel> openWithoutWindow(const ContextReference& context) {
+    return officeCalls([&] {
+        const auto loader =
+            createService<css::frame::XComponentLoader>(context, "com.sun.star.frame.Desktop");
+        return Reference<css::frame::XModel>(
+            loader->loadComponentFromURL("private:factory/swriter", "_blank", 0,
+                                         properties({property("Hidden", css::uno::Any(true))})),
+            UNO_QUERY);
+    });
+}
+
+}  // namespace
+
 /// The documents that were asked for and are still open.
 struct OpenDocuments {
     std::vector<std::shared_ptr<OpenDocument>> list;
@@ -31,6 +48,16 @@ struct OpenDocuments {
             if (document->model() == model) return document;
         }
         return nullptr;
+    }
+
+    std::shared_ptr<OpenDocument> newestHidden() const {
+        const auto found = std::find_if(list.rbegin(), list.rend(), [](const auto& document) {
+            return isHidden(document->model());
+        });
+        if (found == list.rend()) {
+            throw base::Error(HostErrorNumber::kNoDocument, "Není otevřen žádný pomocný dokument.");
+        }
+        return *found;
     }
 
     /// Objects of the office's that are held make the closing of a big document very slow, so they
@@ -101,14 +128,18 @@ std::shared_ptr<host::Document> Documents::documentOf(const Reference<css::frame
 }
 
 std::shared_ptr<host::Document> Documents::addHidden() {
-    return documentOf(officeCalls([&] {
-        const auto loader =
-            createService<css::frame::XComponentLoader>(context_, "com.sun.star.frame.Desktop");
-        return Reference<css::frame::XModel>(
-            loader->loadComponentFromURL("private:factory/swriter", "_blank", 0,
-                                         properties({property("Hidden", css::uno::Any(true))})),
-            UNO_QUERY);
-    }));
+    const auto owner = owner_().peer;
+    return documentOf(owner.is() ? openInside(context_, owner) : openWithoutWindow(context_));
+}
+
+std::shared_ptr<host::Document> Documents::newestHidden() const {
+    return std::make_shared<WriterDocument>(open_->newestHidden());
+}
+
+Reference<css::frame::XModel> Documents::newestHiddenForDialog() const {
+    const std::shared_ptr<OpenDocument> document = open_->newestHidden();
+    document->showSelection();
+    return document->model();
 }
 
 }  // namespace huebrush::libreoffice

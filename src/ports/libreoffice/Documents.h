@@ -1,9 +1,12 @@
 #pragma once
 
+#include <com/sun/star/awt/XWindowPeer.hpp>
 #include <com/sun/star/frame/XModel.hpp>
 #include <com/sun/star/uno/Reference.hxx>
 #include <com/sun/star/util/XCloseListener.hpp>
+#include <functional>
 #include <memory>
+#include <utility>
 
 #include "host/Application.h"
 #include "host/Document.h"
@@ -27,8 +30,23 @@ class Documents final : public host::Documents {
     std::shared_ptr<host::Document> documentOf(
         const com::sun::star::uno::Reference<com::sun::star::frame::XModel>& model);
 
-    /// A new document without a window; closed by its Close().
+    /// A new document that nobody sees; closed by its Close(). Inside the owner's window where
+    /// there is one, so that the office's dialogs for the document are modal to that window.
     std::shared_ptr<host::Document> addHidden() override;
+    /// The hidden document made last that is still open; an error when there is none. For one of
+    /// the office's dialogs, the office is told what is selected in it.
+    std::shared_ptr<host::Document> newestHidden() const;
+    com::sun::star::uno::Reference<com::sun::star::frame::XModel> newestHiddenForDialog() const;
+
+    /// A window, and what keeps the office's own dialogs from losing it while it lives.
+    struct OwnerWindow {
+        com::sun::star::uno::Reference<com::sun::star::awt::XWindowPeer> peer;
+        std::shared_ptr<void> hold;
+    };
+    using Owner = std::function<OwnerWindow()>;
+    /// Says which window the hidden documents made from now on belong to; no peer for none.
+    void setOwner(Owner owner) { owner_ = std::move(owner); }
+    OwnerWindow owner() const { return owner_(); }
 
     /// What reads are answered from while a handler runs. The entry points hold a HandlerScope on
     /// it, the event pump tells it when events have run.
@@ -41,6 +59,7 @@ class Documents final : public host::Documents {
     std::shared_ptr<Snapshot> snapshot_;
     com::sun::star::uno::Reference<com::sun::star::util::XCloseListener> listener_;
     std::shared_ptr<OpenDocuments> open_;
+    Owner owner_ = [] { return OwnerWindow(); };
 };
 
 }  // namespace huebrush::libreoffice

@@ -9,6 +9,10 @@ Session::Session(const ContextReference& context, const std::string& folder)
     : application_(context, folder),
       runtime_(context, folder, application_.activeWindow(), application_.snapshot()),
       scope_(runtime_) {
+    application_.setOwner([this] {
+        FormWindows& windows = runtime_.windows();
+        return Documents::OwnerWindow{windows.owner(), windows.hold()};
+    });
     runtime_.UnhandledError.connect(&error::reportUnhandled);
     enter([&] { addIn_.OnConnection(application_); });
     runtime_.setEventsMayRun(true);

@@ -20,6 +20,9 @@ class Session {
     /// Disconnects it.
     ~Session();
 
+    /// Whether a handler runs, be it that it only waits for the user. On any thread.
+    bool isBusy() const { return application_.snapshot()->isInHandler(); }
+
     CommandStates& states() { return application_.CommandBars().states(); }
     /// The user has clicked a button of ours in a window. A click while the command of another
     /// still runs is lost: the classic host lets no event through to its buttons then.

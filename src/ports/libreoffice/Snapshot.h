@@ -1,5 +1,6 @@
 #pragma once
 
+#include <atomic>
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -24,6 +25,9 @@ class Snapshot {
     /// For what is read now: never current outside a handler.
     Generation generation() const { return handlers_ > 0 ? current_ : kNever; }
 
+    /// On any thread.
+    bool isInHandler() const { return handlers_ > 0; }
+
     void enter() {
         if (handlers_++ == 0) renew();
     }
@@ -47,9 +51,24 @@ class Snapshot {
     }
 
     std::vector<std::function<void()>> flushes_;
-    std::int32_t handlers_ = 0;
+    std::atomic<std::int32_t> handlers_ = 0;
     Generation last_ = 1;
     Generation current_ = 1;
+};
+
+/// While it lives, the office's events run: what was written is brought to the office before, and
+/// what was read is not good any more afterwards.
+class EventsRun {
+ public:
+    explicit EventsRun(std::shared_ptr<Snapshot> snapshot) : snapshot_(std::move(snapshot)) {
+        snapshot_->invalidate();
+    }
+    EventsRun(const EventsRun&) = delete;
+    EventsRun& operator=(const EventsRun&) = delete;
+    ~EventsRun() { snapshot_->invalidate(); }
+
+ private:
+    std::shared_ptr<Snapshot> snapshot_;
 };
 
 /// A handler is running: one of our own commands, entered from the office's event loop.

@@ -17,13 +17,43 @@ set(HUEBRUSH_WINDOW_SOURCES
   bar/ToolBar.cpp
   bar/ToolBarButton.cpp
   runtime/EventPump.cpp
+  runtime/FilePicker.cpp
   runtime/IconFiles.cpp
   runtime/MessageBox.cpp
   runtime/OfficeComponent.cpp
   runtime/OfficeRuntime.cpp
   runtime/OfficeSettings.cpp
+  runtime/OfficeSystem.cpp
+  tools/AreaDialog.cpp
+  tools/ColorPicker.cpp
+  tools/EmbeddedDocument.cpp
+  tools/HostTools.cpp
   uno/Configuration.cpp
   uno/Errors.cpp
+  uno/Graphics.cpp
   uno/MainThread.cpp
   uno/Percent.cpp
-  uno/Text.cpp)
+  uno/Repeater.cpp
+  uno/Text.cpp
+  window/AccessKeys.cpp
+  window/ControlPeer.cpp
+  window/FormKeys.cpp
+  window/FormWindow.cpp
+  window/FormWindows.cpp
+  window/Keyboard.cpp
+  window/Mouse.cpp
+  window/MouseInput.cpp
+  window/Painter.cpp
+  window/Pictures.cpp
+  window/PopupMenus.cpp
+  window/Scene.cpp
+  window/Surface.cpp
+  window/Theme.cpp
+  window/native/Button.cpp
+  window/native/CheckBox.cpp
+  window/native/Kinds.cpp
+  window/native/ListBox.cpp
+  window/native/Native.cpp
+  window/native/OptionButton.cpp
+  window/native/ScrollBar.cpp
+  window/native/TextBox.cpp)

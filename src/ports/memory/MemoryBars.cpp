@@ -21,11 +21,6 @@ void note(CallLog& log, const char* kind, const std::string& owner, const char* 
     log.note([&] { return text(kind, " ", owner, ".", member); });
 }
 
-[[noreturn]] void throwBuiltIn() {
-    throw base::Error(base::ErrorNumber::kInvalidProcedureCall,
-                      "Vestavěný prvek nelze takto změnit.");
-}
-
 }  // namespace
 
 MemoryButton::MemoryButton(MemoryBar& bar, std::string id) : bar_(bar), id_(std::move(id)) {}
@@ -135,27 +130,6 @@ host::CommandBarControlPointer MemoryBar::FindControl(const std::string& tag) {
     return found == buttons.end() ? nullptr : *found;
 }
 
-void MemoryHostControl::setTag(const std::string&) {
-    throwBuiltIn();
-}
-void MemoryHostControl::setCaption(const std::string&) {
-    throwBuiltIn();
-}
-void MemoryHostControl::setTooltipText(const std::string&) {
-    throwBuiltIn();
-}
-void MemoryHostControl::setEnabled(bool) {
-    throwBuiltIn();
-}
-void MemoryHostControl::Delete() {
-    throwBuiltIn();
-}
-void MemoryHostControl::CopyFace() {
-    throwBuiltIn();
-}
-void MemoryHostControl::PasteFace() {
-    throwBuiltIn();
-}
 void MemoryHostControl::Execute() {
     application_.log.note([&] { return text("call Control ", id_, ".Execute"); });
     application_.runTool(id_);
@@ -186,6 +160,7 @@ host::CommandBarPointer MemoryBars::Add(const std::string& name) {
 
 host::CommandBarControlPointer MemoryBars::FindControl(std::int32_t id) {
     note(log(), "read", "CommandBars", "FindControl", id);
+    if (missingControls.contains(id)) return nullptr;
     return std::make_shared<MemoryHostControl>(application_, id);
 }
 

@@ -4,6 +4,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <set>
 #include <string>
 #include <unordered_map>
 #include <unordered_set>
@@ -11,6 +12,7 @@
 
 #include "base/Picture.h"
 #include "host/Application.h"
+#include "host/BuiltInControl.h"
 #include "ports/memory/CallLog.h"
 #include "ports/memory/MemoryShapes.h"
 
@@ -130,18 +132,11 @@ class MemoryBar final : public host::CommandBar {
 };
 
 /// One of the host's own controls, found by its number.
-class MemoryHostControl final : public host::CommandBarControl {
+class MemoryHostControl final : public host::BuiltInControl {
  public:
     MemoryHostControl(MemoryApplication& application, std::int32_t id)
         : application_(application), id_(id) {}
 
-    void setTag(const std::string& value) override;
-    void setCaption(const std::string& value) override;
-    void setTooltipText(const std::string& value) override;
-    void setEnabled(bool value) override;
-    void Delete() override;
-    void CopyFace() override;
-    void PasteFace() override;
     void Execute() override;
 
  private:
@@ -165,6 +160,8 @@ class MemoryBars final : public host::CommandBars {
     CallLog& log() const;
 
     std::vector<std::shared_ptr<MemoryBar>> bars;
+    /// The numbers of the host's own controls that it does not have.
+    std::set<std::int32_t> missingControls;
 
  private:
     MemoryApplication& application_;

@@ -68,6 +68,13 @@ void MemoryRuntime::PopupMenu(forms::PopupMenu& menu, forms::Control& owner, dou
     throw base::Error(base::ErrorNumber::kInternal, text("The menu has no item ", pick));
 }
 
+std::string MemoryRuntime::ChooseFile(const forms::FileDialog& dialog) {
+    note("call ChooseFile ", dialog.title);
+    fileDialogs.push_back(dialog);
+    if (chosenFiles.empty()) base::throwCancelled();
+    return takeFirst(chosenFiles, std::string{});
+}
+
 void MemoryRuntime::DoEvents() {
     note("call DoEvents");
     ++pumps;
@@ -77,6 +84,7 @@ void MemoryRuntime::DoEvents() {
 void MemoryRuntime::showForm(forms::Form& form, bool modal) {
     note("call ", form.name(), ".Show");
     windowCalls.push_back(text("show ", form.name(), modal ? " modal" : ""));
+    if (modal && onModal) onModal(form);
 }
 void MemoryRuntime::closeForm(forms::Form& form) {
     note("call ", form.name(), ".Close");
@@ -121,6 +129,25 @@ void MemoryRuntime::SaveSetting(const std::string& application, const std::strin
     note("write Setting ", section, "/", key, " ", value);
     settings[{application, section, key}] = value;
     savedSettings.push_back(text(section, "/", key, "=", value));
+}
+
+std::optional<forms::RegistryValue> MemoryRuntime::registryValue(forms::RegistryRoot root,
+                                                                 const std::string& key,
+                                                                 const std::string& name) {
+    note("read Registry ", static_cast<std::uint32_t>(root), " ", key, " ", name);
+    const auto found = registry.find({key, name});
+    if (found == registry.end()) return std::nullopt;
+    return found->second;
+}
+
+bool MemoryRuntime::fileExists(const std::string& path) {
+    note("read File ", path);
+    return files.contains(path);
+}
+
+void MemoryRuntime::start(const std::string& path) {
+    note("call Start ", path);
+    started.push_back(path);
 }
 
 char MemoryRuntime::decimalSeparator() const {

@@ -5,8 +5,10 @@
 #include <functional>
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
 #include <tuple>
+#include <utility>
 #include <vector>
 
 #include "forms/PopupMenu.h"
@@ -42,15 +44,18 @@ struct ShownMenu {
 class MemoryRuntime final : public forms::Runtime,
                             private forms::Clipboard,
                             private forms::Settings,
-                            private forms::Component {
+                            private forms::Component,
+                            private forms::System {
  public:
     forms::MsgBoxResult MsgBox(const std::string& text, std::int32_t style,
                                const std::string& title) override;
     void PopupMenu(forms::PopupMenu& menu, forms::Control& owner, double x, double y) override;
+    std::string ChooseFile(const forms::FileDialog& dialog) override;
     void DoEvents() override;
     forms::Clipboard& Clipboard() override { return *this; }
     forms::Settings& Settings() override { return *this; }
     const forms::Component& Component() override { return *this; }
+    forms::System& System() override { return *this; }
     void showForm(forms::Form& form, bool modal) override;
     void closeForm(forms::Form& form) override;
     void setTopMost(forms::Form& form, bool topMost) override;
@@ -68,10 +73,15 @@ class MemoryRuntime final : public forms::Runtime,
     /// The captions of the items to pick, first in first out; none closes the menu without a pick.
     std::deque<std::string> picks;
     std::vector<ShownMenu> menus;
+    /// The files that the user chooses, first in first out; none cancels the dialog.
+    std::deque<std::string> chosenFiles;
+    std::vector<forms::FileDialog> fileDialogs;
     /// What happens in the pump; called with the number of the pump, counted from 1.
     std::function<void(std::size_t)> onPump;
     std::size_t pumps = 0;
     std::vector<std::string> windowCalls;
+    /// What happens while a modal form is open; without it the form stays open behind the call.
+    std::function<void(forms::Form&)> onModal;
 
     base::Picture clipboard;
     std::size_t clipboardClears = 0;
@@ -82,6 +92,11 @@ class MemoryRuntime final : public forms::Runtime,
     std::vector<std::string> savedSettings;
     char separator = '.';
     std::string componentFolder = "/huebrush";
+    std::string componentVersion = "1.0.0";
+    /// The registry: by key and name, under the one root that there is.
+    std::map<std::pair<std::string, std::string>, forms::RegistryValue> registry;
+    std::set<std::string> files;
+    std::vector<std::string> started;
 
  private:
     void Clear() override;
@@ -92,11 +107,16 @@ class MemoryRuntime final : public forms::Runtime,
                                           const std::string& key) override;
     void SaveSetting(const std::string& application, const std::string& section,
                      const std::string& key, const std::string& value) override;
-    std::string version() const override { return "1.0.0"; }
+    std::string version() const override { return componentVersion; }
     std::string folder() const override { return componentFolder; }
     std::string temporaryFolder() const override { return "/tmp"; }
     base::Picture icon(std::int32_t number) const override;
     char decimalSeparator() const override;
+    std::optional<forms::RegistryValue> registryValue(forms::RegistryRoot root,
+                                                      const std::string& key,
+                                                      const std::string& name) override;
+    bool fileExists(const std::string& path) override;
+    void start(const std::string& path) override;
     void requireClipboard() const;
     template <class... Parts>
     void note(const Parts&... parts) const;

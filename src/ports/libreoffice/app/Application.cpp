@@ -10,8 +10,11 @@ Application::Application(const ContextReference& context, const std::string& fol
       documents_(context),
       activeWindow_(context),
       statusBar_(context, activeWindow_, documents_.snapshot()),
+      tools_(context, documents_),
       commandBars_(context, IconFiles(folder)),
-      template_(commandBars_) {}
+      template_(commandBars_) {
+    commandBars_.setBuiltIn([this](std::int32_t id) { return tools_.control(id); });
+}
 
 std::shared_ptr<host::Selection> Application::Selection() {
     return ActiveDocument()->Selection();
@@ -28,11 +31,6 @@ void Application::setCursor(host::WdCursorType cursor) {
     }
     if (frame.is()) setPointer(context_, frame, cursor);
     waiting_ = cursor == host::WdCursorType::wdCursorWait ? frame : ActiveWindow::Frame();
-}
-
-std::shared_ptr<host::Dialog> Application::NoDialogs::Item(std::int32_t id) {
-    throw base::Error(HostErrorNumber::kCommandFailed,
-                      base::text("Kancelářský balík nemá dialog č. ", id, "."));
 }
 
 }  // namespace huebrush::libreoffice

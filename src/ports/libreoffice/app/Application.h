@@ -5,6 +5,7 @@
 #include "ports/libreoffice/app/ActiveWindow.h"
 #include "ports/libreoffice/app/StatusBar.h"
 #include "ports/libreoffice/bar/CommandBars.h"
+#include "ports/libreoffice/tools/HostTools.h"
 
 namespace huebrush::libreoffice {
 
@@ -19,21 +20,20 @@ class Application final : public host::Application {
     std::shared_ptr<host::Selection> Selection() override;
     std::shared_ptr<host::Document> ActiveDocument() override;
     libreoffice::Documents& Documents() override { return documents_; }
-    host::Dialogs& Dialogs() override { return dialogs_; }
+    host::Dialogs& Dialogs() override { return tools_; }
     libreoffice::CommandBars& CommandBars() override { return commandBars_; }
     host::Template& NormalTemplate() override { return template_; }
     void setStatusBar(const std::string& text) override { statusBar_.setText(text); }
     void setCursor(host::WdCursorType cursor) override;
 
+    /// Says above which window the host's own tools come up, and which one hidden documents belong
+    /// to; nothing for none.
+    void setOwner(const libreoffice::Documents::Owner& owner) { documents_.setOwner(owner); }
+
     ActiveWindow& activeWindow() { return activeWindow_; }
     const std::shared_ptr<Snapshot>& snapshot() const { return documents_.snapshot(); }
 
  private:
-    /// The built-in dialogs of the classic host. The office has none of them under these numbers.
-    class NoDialogs : public host::Dialogs {
-     public:
-        std::shared_ptr<host::Dialog> Item(std::int32_t id) override;
-    };
     /// The bars are what the classic host keeps in its template.
     class BarTemplate : public host::Template {
      public:
@@ -48,9 +48,9 @@ class Application final : public host::Application {
     libreoffice::Documents documents_;
     ActiveWindow activeWindow_;
     StatusBar statusBar_;
+    HostTools tools_;
     libreoffice::CommandBars commandBars_;
     BarTemplate template_;
-    NoDialogs dialogs_;
     /// The window that shows the wait pointer.
     ActiveWindow::Frame waiting_;
 };

@@ -32,11 +32,18 @@ void setPointerInside(const Window& window, const PointerShape& pointer) {
 
 void setPointer(const ContextReference& context, const ActiveWindow::Frame& frame,
                 host::WdCursorType cursor) {
-    const bool wait = cursor == host::WdCursorType::wdCursorWait;
+    ignoringOffice([&] {
+        setPointerInside(context, {frame->getContainerWindow(), css::uno::UNO_QUERY},
+                         cursor == host::WdCursorType::wdCursorWait);
+    });
+}
+
+void setPointerInside(const ContextReference& context,
+                      const css::uno::Reference<css::awt::XWindowPeer>& window, bool wait) {
     ignoringOffice([&] {
         const auto pointer = createService<css::awt::XPointer>(context, "com.sun.star.awt.Pointer");
         pointer->setType(wait ? css::awt::SystemPointer::WAIT : css::awt::SystemPointer::ARROW);
-        setPointerInside(frame->getContainerWindow(), pointer);
+        setPointerInside(Window(window, css::uno::UNO_QUERY), pointer);
     });
 }
 

@@ -8,8 +8,4 @@ std::string commandOfTag(std::string_view tag) {
     return std::string(kProtocol) + percentEncoded(tag);
 }
 
-bool isOffered(std::string_view tag) {
-    return tag != "ChangeFillWizard";
-}
-
 }  // namespace huebrush::libreoffice

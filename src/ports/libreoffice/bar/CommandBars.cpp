@@ -60,10 +60,6 @@ host::CommandBarPointer CommandBars::Add(const std::string& name) {
     return barOf(bar);
 }
 
-host::CommandBarControlPointer CommandBars::FindControl(std::int32_t) {
-    return nullptr;
-}
-
 void CommandBars::save() {
     write();
     office_.configuration.store();

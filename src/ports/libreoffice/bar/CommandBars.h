@@ -1,8 +1,10 @@
 #pragma once
 
+#include <functional>
 #include <map>
 #include <memory>
 #include <string>
+#include <utility>
 
 #include "host/CommandBars.h"
 #include "ports/libreoffice/bar/ToolBar.h"
@@ -21,8 +23,10 @@ class CommandBars final : public host::CommandBars {
     std::int32_t Count() override;
     host::CommandBarPointer Item(std::int32_t index) override;
     host::CommandBarPointer Add(const std::string& name) override;
-    /// The classic host's own controls are not found here.
-    host::CommandBarControlPointer FindControl(std::int32_t id) override;
+    host::CommandBarControlPointer FindControl(std::int32_t id) override { return builtIn_(id); }
+    using BuiltIn = std::function<host::CommandBarControlPointer(std::int32_t)>;
+    /// Says what the host's own controls are; without it there is none.
+    void setBuiltIn(BuiltIn builtIn) { builtIn_ = std::move(builtIn); }
 
     /// Writes all changes, and stores them beyond the session. Changes that nobody saves are
     /// written when the event loop is reached.
@@ -43,6 +47,7 @@ class CommandBars final : public host::CommandBars {
 
     ToolBar::Office office_;
     std::map<std::string, std::shared_ptr<ToolBar>> bars_;
+    BuiltIn builtIn_ = [](std::int32_t) { return nullptr; };
     std::shared_ptr<PendingWrite> pendingWrite_;
 };
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <com/sun/star/graphic/XGraphicProvider.hpp>
+#include <com/sun/star/graphic/XGraphic.hpp>
 #include <vector>
 
 #include "base/Picture.h"
@@ -21,8 +21,6 @@ class Faces {
     std::vector<Graphic> sizesOf(const base::Picture& face) const;
 
  private:
-    Graphic graphicOf(const base::Picture& picture) const;
-
     ContextReference context_;
     IconFiles icons_;
 };

@@ -64,7 +64,7 @@ void ToolBarButton::PasteFace() {
 
 void ToolBarButton::publishState() {
     if (tag_.empty() || deleted_) return;
-    states_.setEnabled(command(), enabled_ && isOffered(tag_));
+    states_.setEnabled(command(), enabled_);
 }
 
 }  // namespace huebrush::libreoffice

@@ -27,8 +27,10 @@ std::string BufferedFill::TextureName() {
 }
 
 void BufferedFill::setVisible(MsoTriState visible) {
-    writing().edit.visible =
-        visible == MsoTriState::msoFalse ? MsoTriState::msoFalse : MsoTriState::msoTrue;
+    FillEdit& edit = writing().edit;
+    const bool isFirst = edit.empty();
+    edit.visible = visible == MsoTriState::msoFalse ? MsoTriState::msoFalse : MsoTriState::msoTrue;
+    if (isFirst) return;
     document_->commitBuffered();
     writing_.reset();
 }

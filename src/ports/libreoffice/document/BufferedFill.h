@@ -10,8 +10,9 @@
 namespace huebrush::libreoffice {
 
 /// The fill of some shapes. Writes are gathered, because each one to the office costs as much as
-/// thousands of reads here, and carried out together: when visibility is written (the last of the
-/// logic's order), before any read or other use of the document, and at the end of this object.
+/// thousands of reads here, and carried out together: when visibility is written after others (a
+/// whole fill ends or begins with it), before any read or other use of the document, and at the end
+/// of this object.
 /// What can be wrong with a call's arguments, or with the shapes, is an error of that call.
 ///
 /// The logic compares each fill with thousands of others, so the last answer is kept here, together
@@ -73,7 +74,7 @@ class BufferedFill : public host::FillFormat {
     };
 
     const HostFill& read() {
-        if (!document_->isCurrent(stamp_)) refresh();
+        if (!document_->holds(stamp_)) refresh();
         return answer_;
     }
     void refresh();
@@ -81,7 +82,7 @@ class BufferedFill : public host::FillFormat {
     void build(const FillBuild& build);
 
     std::shared_ptr<OpenDocument> document_;
-    FillStamp stamp_;
+    OpenDocument::Stamp stamp_ = 0;
     HostFill answer_;
     std::unique_ptr<Writing> writing_;
 };

@@ -45,7 +45,8 @@ struct OpenDocument::Parts {
           tables(document.context_, model),
           tree(model, document.snapshot_,
                [&document](ShapeNode& node, const ShapeReference& shape) {
-                   document.readFromShape(node, shape);
+                   document.names().give(node, shape);
+                   if (!node.kind.isGroup()) document.readFromShape(node, shape);
                }),
           names(tree, document.snapshot_),
           hasWindow(!isHidden(model)) {}
@@ -184,7 +185,7 @@ HostFill OpenDocument::commonFillOf(const std::vector<NodePointer>& nodes) {
 // Writing
 
 void OpenDocument::buffer(BufferedFill* fill) {
-    ++writeCount_;
+    ++stamp_;
     if (buffered_ == fill) return;
     commitBuffered();
     buffered_ = fill;
@@ -197,7 +198,7 @@ void OpenDocument::commitBuffered() {
 
 void OpenDocument::changeFills(const std::vector<NodePointer>& leaves, const FillEdit& edit,
                                const std::string& userPicture) {
-    ++writeCount_;
+    ++stamp_;
     officeCalls([&] {
         for (const NodePointer& leaf : leaves) {
             if (leaf->kind.canHaveFill) changeFill(leaf, edit, userPicture);
@@ -242,10 +243,11 @@ void OpenDocument::flush() {
 }
 
 void OpenDocument::changeFills(const std::function<void()>& change, std::size_t count) {
-    ++writeCount_;
+    ++stamp_;
     officeCalls([&] {
         const HandlerScope scope(snapshot_);
-        const LockedControllers locked(model());
+        std::optional<LockedControllers> locked;
+        if (count > 1) locked.emplace(model());
         if (count >= kManyWrites) tree().letGo();
         change();
     });
@@ -370,12 +372,18 @@ void OpenDocument::select(const std::vector<NodePointer>& nodes) {
     officeCalls([&] {
         for (const NodePointer& node : nodes) tree().checkAlive(*node);
     });
-    if (!parts().hasWindow) selection_ = nodes;
-    // Without a window, the office needs to know only of the one shape that its dialogs are for.
-    if (parts().hasWindow || nodes.size() == 1) {
+    if (parts().hasWindow) {
         flush();
         selectInWindow(nodes);
+    } else {
+        selection_ = nodes;
     }
+}
+
+void OpenDocument::showSelection() {
+    commitBuffered();
+    flush();
+    if (!parts().hasWindow && !selection_.empty()) selectInWindow(selection_);
 }
 
 void OpenDocument::selectInWindow(const std::vector<NodePointer>& nodes) {
@@ -391,6 +399,7 @@ void OpenDocument::selectInWindow(const std::vector<NodePointer>& nodes) {
 // Its end
 
 void OpenDocument::endGeneration() {
+    ++stamp_;
     try {
         commitBuffered();
     } catch (const std::exception&) {  // NOLINT: read as the shape's error
@@ -401,12 +410,13 @@ void OpenDocument::endGeneration() {
     }
     if (!parts_) return;
     ignoringOffice([&] { parts_->tree.endGeneration(); });
+    parts_->names.forgetDead();
     parts_->tables.forgetRecognised();
 }
 
 void OpenDocument::close() {
     if (!parts_) return;
-    ++writeCount_;
+    ++stamp_;
     buffered_ = nullptr;
     writes_.clear();
     writeOf_.clear();

@@ -19,12 +19,6 @@ namespace huebrush::libreoffice {
 
 class BufferedFill;
 
-/// When an answer about fills was given: it holds while nothing was written and no events ran.
-struct FillStamp {
-    Snapshot::Generation generation = Snapshot::kNever;
-    std::uint64_t writes = 0;
-};
-
 /// One open document: its shapes, what is known of their fills, and the writes under way. Every
 /// call may throw base::Error, and nothing else.
 class OpenDocument : public std::enable_shared_from_this<OpenDocument> {
@@ -47,11 +41,12 @@ class OpenDocument : public std::enable_shared_from_this<OpenDocument> {
 
     // Reading. What is current is answered at once; an error of reading it is thrown again.
 
-    bool isCurrent(const FillStamp& stamp) const {
-        return stamp.writes == writeCount_ && snapshot_->isCurrent(stamp.generation);
-    }
-    /// For an answer given now.
-    FillStamp stamp() const { return {snapshot_->generation(), writeCount_}; }
+    /// Marks what was read of fills; zero outside a handler, where nothing read holds.
+    using Stamp = std::uint64_t;
+    /// For what is read now.
+    Stamp stamp() const { return snapshot_->generation() == Snapshot::kNever ? 0 : stamp_; }
+    /// Whether nothing was written, and no events ran, since the stamp was given.
+    bool holds(Stamp stamp) const { return stamp == stamp_; }
     const HostFill& fillOf(ShapeNode& node) {
         if (buffered_ != nullptr) commitBuffered();
         parts();
@@ -99,6 +94,9 @@ class OpenDocument : public std::enable_shared_from_this<OpenDocument> {
     std::vector<NodePointer> selected();
     /// Nothing happens when no shape is given.
     void select(const std::vector<NodePointer>& nodes);
+    /// Tells the office of the selection of a document without a window, which is ours alone until
+    /// one of its dialogs is to work on it: telling costs as much as a picture of the shape.
+    void showSelection();
 
     /// A generation ends. Never throws.
     void endGeneration();
@@ -135,8 +133,8 @@ class OpenDocument : public std::enable_shared_from_this<OpenDocument> {
     std::shared_ptr<Snapshot> snapshot_;
     std::unique_ptr<Parts> parts_;
     BufferedFill* buffered_ = nullptr;
-    /// Grows with every write that is begun or carried out, and with the document's end.
-    std::uint64_t writeCount_ = 1;
+    /// Grows with every write that is begun or carried out, and with every generation's end.
+    Stamp stamp_ = 1;
 
     std::vector<Write> writes_;
     std::unordered_map<const ShapeNode*, std::size_t> writeOf_;

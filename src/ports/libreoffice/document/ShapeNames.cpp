@@ -53,7 +53,11 @@ NodePointer ShapeNames::given(const std::string& name) const {
     return found == given_.end() ? nullptr : found->second.lock();
 }
 
-void ShapeNames::give(ShapeNode& node, const std::string& own) {
+void ShapeNames::give(ShapeNode& node, const ShapeReference& shape) {
+    if (node.name.empty()) giveUnique(node, ownNameOf(shape));
+}
+
+void ShapeNames::giveUnique(ShapeNode& node, const std::string& own) {
     std::string name = own;
     if (own.empty() || given(own)) {
         name = own.empty() ? std::string(kUnnamed) : own;
@@ -70,10 +74,11 @@ void ShapeNames::give(ShapeNode& node, const std::string& own) {
 }
 
 void ShapeNames::giveAll() {
+    tree_.visitAll([this](ShapeNode& node, const ShapeReference& shape) { give(node, shape); });
+}
+
+void ShapeNames::forgetDead() {
     std::erase_if(given_, [](const auto& entry) { return entry.second.expired(); });
-    tree_.visitAll([this](ShapeNode& node, const ShapeReference& shape) {
-        if (node.name.empty()) give(node, ownNameOf(shape));
-    });
 }
 
 std::string ShapeNames::ownNameOf(const ShapeReference& shape) {

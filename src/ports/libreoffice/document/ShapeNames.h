@@ -18,15 +18,19 @@ class ShapeNames {
     ShapeNames(ShapeTree& tree, std::shared_ptr<Snapshot> snapshot)
         : tree_(tree), snapshot_(std::move(snapshot)) {}
 
-    /// The name of a shape; given to it when it is first asked for.
+    /// The name of a shape; given to it, and to all others, when one is first asked for.
     const std::string& nameOf(ShapeNode& node);
+    /// Gives a shape its name, if it has none. REQUIRES: called in a walk over all shapes.
+    void give(ShapeNode& node, const ShapeReference& shape);
+    /// Forgets the names of what is gone.
+    void forgetDead();
     /// The shapes of these names, whether they were handed out or are the office's own. An error
     /// where no shape has the name.
     std::vector<NodePointer> find(const std::vector<std::string>& names);
 
  private:
     NodePointer given(const std::string& name) const;
-    void give(ShapeNode& node, const std::string& own);
+    void giveUnique(ShapeNode& node, const std::string& own);
     void giveAll();
     static std::string ownNameOf(const ShapeReference& shape);
 

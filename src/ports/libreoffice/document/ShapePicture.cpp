@@ -26,7 +26,7 @@ namespace {
 class MemoryStream final : public WeakImplHelper<css::io::XOutputStream> {
  public:
     void SAL_CALL writeBytes(const css::uno::Sequence<sal_Int8>& data) override {
-        for (const sal_Int8 byte : data) bytes_.push_back(static_cast<std::uint8_t>(byte));
+        bytes_.insert(bytes_.end(), data.begin(), data.end());
     }
     void SAL_CALL flush() override {}
     void SAL_CALL closeOutput() override {}

@@ -43,7 +43,7 @@ ShapeTree::ShapeTree(const DrawPage::Model& model, std::shared_ptr<Snapshot> sna
     : model_(model), page_(model), snapshot_(std::move(snapshot)), reader_(std::move(reader)) {}
 
 std::vector<NodePointer> ShapeTree::topLevel() {
-    if (!isStructureCurrent()) walk();
+    if (!isStructureCurrent()) walk(reader_);
     if (structureRead_ == Snapshot::kNever) return std::exchange(topLevel_, {});
     return topLevel_;
 }
@@ -162,17 +162,18 @@ bool ShapeTree::isMember(ShapeNode& node) {
 /// The last resort: one walk finds all nodes that are anywhere.
 bool ShapeTree::isFoundOnWalk(ShapeNode& node) {
     const HandlerScope scope(snapshot_);
-    if (!isStructureCurrent()) walk();
+    if (!isStructureCurrent()) walk({});
     return snapshot_->isCurrent(node.placed);
 }
 
-void ShapeTree::walk() {
+void ShapeTree::walk(const Visitor& reader) {
     forgetStructure();
     forgetDead();
     headers_ = hasHeaders();
-    page_.visit([this](std::int32_t index, const ShapeReference& shape) {
+    page_.visit([&](std::int32_t index, const ShapeReference& shape) {
         if (headers_ && isAnchoredInHeaderOrFooter(shape)) return;
-        if (NodePointer node = place(shape, nullptr, index)) topLevel_.push_back(std::move(node));
+        if (NodePointer node = place(shape, nullptr, index, reader))
+            topLevel_.push_back(std::move(node));
     });
     structureRead_ = snapshot_->generation();
     count_ = static_cast<std::int32_t>(topLevel_.size());
@@ -205,27 +206,25 @@ NodePointer ShapeTree::nodeAt(const ShapeReference& shape, const NodePointer& pa
 }
 
 NodePointer ShapeTree::place(const ShapeReference& shape, const NodePointer& parent,
-                             std::int32_t index) {
+                             std::int32_t index, const Visitor& reader) {
     NodePointer node = nodeAt(shape, parent, index);
     if (!node) return nullptr;
     node->placed = snapshot_->generation();
     // Outside a handler there is no structure to find it again.
     if (!node->shape.is() && node->placed == Snapshot::kNever) hold(*node, shape);
-    if (node->kind.isGroup()) {
-        placeMembers(node, shape);
-    } else if (node->placed != Snapshot::kNever) {
-        reader_(*node, shape);
-    }
+    if (reader && node->placed != Snapshot::kNever) reader(*node, shape);
+    if (node->kind.isGroup()) placeMembers(node, shape, reader);
     return node;
 }
 
-void ShapeTree::placeMembers(const NodePointer& group, const ShapeReference& shape) {
+void ShapeTree::placeMembers(const NodePointer& group, const ShapeReference& shape,
+                             const Visitor& reader) {
     if (group->placed == Snapshot::kNever) return;
     const auto members = membersOfGroup(shape);
     const std::int32_t count = members->getCount();
     group->members.clear();
     for (std::int32_t index = 0; index < count; ++index) {
-        if (NodePointer member = place(memberAt(members, index), group, index)) {
+        if (NodePointer member = place(memberAt(members, index), group, index, reader)) {
             group->members.push_back(std::move(member));
         }
     }
@@ -233,7 +232,10 @@ void ShapeTree::placeMembers(const NodePointer& group, const ShapeReference& sha
 }
 
 void ShapeTree::visitAll(const Visitor& visitor) {
-    if (!isStructureCurrent()) walk();
+    if (!isStructureCurrent()) {
+        walk(visitor);
+        return;
+    }
     for (const NodePointer& node : topLevel_) {
         const ShapeReference shape = page_.at(node->index);
         visitor(*node, shape);
@@ -263,14 +265,22 @@ std::vector<std::int32_t> ShapeTree::placeOf(const ShapeNode& node) {
 void ShapeTree::letGo() {
     if (holders_.size() <= kFewHolders) return;
     if (snapshot_->generation() == Snapshot::kNever) return;
-    if (!isStructureCurrent()) walk();
+    if (!isStructureCurrent()) walk({});
+    // The office looks for each listener that leaves from the oldest on, and gives the place left
+    // last to the next one: so the youngest leave first.
+    letGo(topLevel_);
+    // One that was not met on the walk has been deleted, and stays so.
     for (const auto& [object, weak] : holders_) {
-        const NodePointer node = weak.lock();
-        if (!node) continue;
-        // One that was not met on the walk has been deleted, and stays so.
-        node->shape.clear();
+        if (const NodePointer node = weak.lock()) node->shape.clear();
     }
     holders_.clear();
+}
+
+void ShapeTree::letGo(const std::vector<NodePointer>& nodes) {
+    std::for_each(nodes.rbegin(), nodes.rend(), [](const NodePointer& node) {
+        letGo(node->members);
+        node->shape.clear();
+    });
 }
 
 /// Takes hold of everything in a current structure.

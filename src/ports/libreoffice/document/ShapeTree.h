@@ -62,13 +62,15 @@ class ShapeTree {
 
  private:
     bool isStructureCurrent() const { return snapshot_->isCurrent(structureRead_); }
-    void walk();
+    void walk(const Visitor& reader);
     void forgetStructure();
     NodePointer holderOf(const ShapeReference& shape) const;
     NodePointer nodeAt(const ShapeReference& shape, const NodePointer& parent, std::int32_t index);
-    NodePointer place(const ShapeReference& shape, const NodePointer& parent, std::int32_t index);
-    void placeMembers(const NodePointer& group, const ShapeReference& shape);
+    NodePointer place(const ShapeReference& shape, const NodePointer& parent, std::int32_t index,
+                      const Visitor& reader);
+    void placeMembers(const NodePointer& group, const ShapeReference& shape, const Visitor& reader);
     void visitMembers(const ShapeNode& group, const ShapeReference& shape, const Visitor& visitor);
+    static void letGo(const std::vector<NodePointer>& nodes);
     void holdStructure();
     void holdUsed();
     bool isAlive(ShapeNode& node);

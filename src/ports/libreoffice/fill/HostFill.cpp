@@ -70,19 +70,7 @@ bool HostFill::usesBackColor() const {
 
 HostFill edited(const HostFill& fill, const FillEdit& edit) {
     HostFill result = fill;
-    if (edit.build) {
-        const FillBuild& build = *edit.build;
-        result.type = build.type;
-        result.gradientStyle = build.gradientStyle;
-        result.gradientColorType = build.gradientColorType;
-        result.gradientVariant = build.gradientVariant;
-        result.gradientDegree = build.gradientDegree;
-        result.presetGradientType = build.presetGradientType;
-        result.textureType = build.textureType;
-        result.presetTexture = build.presetTexture;
-        result.pattern = build.pattern;
-        result.textureName = build.textureName;
-    }
+    if (edit.build) static_cast<FillBuild&>(result) = *edit.build;
     if (edit.foreColor) result.foreColor = *edit.foreColor;
     if (edit.backColor) result.backColor = *edit.backColor;
     if (!result.usesForeColor()) result.foreColor = Unused::kColor;

@@ -16,12 +16,8 @@ inline constexpr std::int32_t kNumber = host::kMixed;
 inline constexpr float kDegree = 0.0F;
 }  // namespace Unused
 
-/// A fill in the words of the object model. Colours have red in the low byte.
-struct HostFill {
-    host::MsoTriState visible = host::MsoTriState::msoFalse;
-    std::int32_t foreColor = Unused::kColor;
-    std::int32_t backColor = Unused::kColor;
-    float transparency = 0.0F;
+/// The properties that a call like Solid() or Patterned() decides, all at once.
+struct FillBuild {
     host::MsoFillType type = host::MsoFillType::msoFillSolid;
     std::int32_t gradientStyle = Unused::kNumber;
     host::MsoGradientColorType gradientColorType =
@@ -35,26 +31,21 @@ struct HostFill {
     /// The file of a user texture; nothing where it is not known.
     std::optional<std::string> textureName = std::string();
 
+    friend bool operator==(const FillBuild&, const FillBuild&) = default;
+};
+
+/// A fill in the words of the object model. Colours have red in the low byte.
+struct HostFill : FillBuild {
+    host::MsoTriState visible = host::MsoTriState::msoFalse;
+    std::int32_t foreColor = Unused::kColor;
+    std::int32_t backColor = Unused::kColor;
+    float transparency = 0.0F;
+
     friend bool operator==(const HostFill&, const HostFill&) = default;
 
     bool shown() const { return visible != host::MsoTriState::msoFalse; }
     bool usesForeColor() const;
     bool usesBackColor() const;
-};
-
-/// The properties that a call like Solid() or Patterned() decides.
-struct FillBuild {
-    host::MsoFillType type = host::MsoFillType::msoFillSolid;
-    std::int32_t gradientStyle = Unused::kNumber;
-    host::MsoGradientColorType gradientColorType =
-        host::MsoGradientColorType::msoGradientColorMixed;
-    std::int32_t gradientVariant = Unused::kNumber;
-    float gradientDegree = Unused::kDegree;
-    std::int32_t presetGradientType = Unused::kNumber;
-    host::MsoTextureType textureType = host::MsoTextureType::msoTextureTypeMixed;
-    std::int32_t presetTexture = Unused::kNumber;
-    std::int32_t pattern = Unused::kNumber;
-    std::string textureName;
 };
 
 /// Writes to one fill that are carried out together. A part that was not written is left out.

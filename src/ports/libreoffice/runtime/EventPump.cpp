@@ -14,8 +14,12 @@ constexpr std::chrono::milliseconds kRunEvery(40);
 
 }  // namespace
 
-EventPump::EventPump(const ContextReference& context, std::shared_ptr<Snapshot> snapshot)
-    : context_(context), snapshot_(std::move(snapshot)), rate_(kRunEvery) {}
+EventPump::EventPump(const ContextReference& context, std::shared_ptr<Snapshot> snapshot,
+                     std::function<void()> before)
+    : context_(context),
+      snapshot_(std::move(snapshot)),
+      before_(std::move(before)),
+      rate_(kRunEvery) {}
 
 void EventPump::run() {
     if (!rate_.isDue()) return;
@@ -25,13 +29,13 @@ void EventPump::run() {
 }
 
 void EventPump::runNow() {
-    snapshot_->invalidate();
+    if (before_) before_();
+    const EventsRun running(snapshot_);
     ignoringOffice([&] {
         createService<com::sun::star::awt::XToolkitExperimental>(context_,
                                                                  "com.sun.star.awt.Toolkit")
             ->processEventsToIdle();
     });
-    snapshot_->invalidate();
 }
 
 }  // namespace huebrush::libreoffice

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 
 #include "ports/libreoffice/app/RateLimit.h"
@@ -13,7 +14,9 @@ class Snapshot;
 /// thousands of steps. The first call runs them, and what is left runs when the loop is over.
 class EventPump {
  public:
-    EventPump(const ContextReference& context, std::shared_ptr<Snapshot> snapshot);
+    /// `before` is called each time before events run.
+    EventPump(const ContextReference& context, std::shared_ptr<Snapshot> snapshot,
+              std::function<void()> before = {});
 
     void run();
     /// Lets them run whatever the rate.
@@ -22,6 +25,7 @@ class EventPump {
  private:
     ContextReference context_;
     std::shared_ptr<Snapshot> snapshot_;
+    std::function<void()> before_;
     RateLimit rate_;
 };
 

@@ -10,12 +10,18 @@ namespace huebrush::libreoffice {
 namespace {
 
 constexpr std::int32_t kSizes[] = {16, 24, 32};
+/// The size of the pictures in dialogs.
+constexpr std::int32_t kDialogSize = 64;
 constexpr std::int32_t kIcons[] = {101, 102, 103};
 
 }  // namespace
 
 base::Picture IconFiles::largest(std::int32_t number) const {
-    return picture(number, *std::rbegin(kSizes));
+    const auto known = largest_.find(number);
+    if (known != largest_.end()) return known->second;
+    base::Picture found = picture(number, kDialogSize);
+    if (found.empty()) found = picture(number, *std::rbegin(kSizes));
+    return largest_[number] = found;
 }
 
 std::vector<base::Picture> IconFiles::sizesOf(const base::Picture& wanted) const {

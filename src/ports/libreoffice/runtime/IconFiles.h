@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -24,6 +25,8 @@ class IconFiles {
     base::Picture picture(std::int32_t number, std::int32_t size) const;
 
     std::string folder_;
+    /// Each file is read once.
+    mutable std::map<std::int32_t, base::Picture> largest_;
 };
 
 }  // namespace huebrush::libreoffice

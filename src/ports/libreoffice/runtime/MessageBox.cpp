@@ -89,16 +89,14 @@ std::string withPlainLineBreaks(std::string text) {
 
 }  // namespace
 
-MsgBoxResult showMessageBox(const ContextReference& context, const ActiveWindow::Frame& frame,
+MsgBoxResult showMessageBox(const ContextReference& context, const FormWindows::Owner& owner,
                             const std::string& text, std::int32_t style, const std::string& title) {
     const ButtonSet& set = buttonSetOf(style);
     return officeCalls([&] {
         const auto factory =
             createService<css::awt::XMessageBoxFactory>(context, "com.sun.star.awt.Toolkit");
-        css::uno::Reference<css::awt::XWindowPeer> parent;
-        if (frame.is()) parent.set(frame->getContainerWindow(), css::uno::UNO_QUERY);
         const css::uno::Reference<css::awt::XMessageBox> box =
-            factory->createMessageBox(parent, typeOf(style), set.buttons, toOffice(title),
+            factory->createMessageBox(owner, typeOf(style), set.buttons, toOffice(title),
                                       toOffice(withPlainLineBreaks(text)));
         const sal_Int16 answer = box->execute();
         const css::uno::Reference<css::lang::XComponent> component(box, css::uno::UNO_QUERY);

@@ -4,35 +4,52 @@
 
 #include "base/Error.h"
 #include "ports/libreoffice/Snapshot.h"
+#include "ports/libreoffice/runtime/FilePicker.h"
 #include "ports/libreoffice/runtime/MessageBox.h"
+#include "ports/libreoffice/window/FormWindow.h"
 
 namespace huebrush::libreoffice {
 
 OfficeRuntime::OfficeRuntime(const ContextReference& context, const std::string& folder,
                              const ActiveWindow& window, std::shared_ptr<Snapshot> snapshot)
     : context_(context),
-      window_(window),
       snapshot_(std::move(snapshot)),
-      pump_(context, snapshot_),
+      windows_(context, window, snapshot_),
+      pump_(context, snapshot_, [this] { windows_.flush(); }),
       settings_(context),
       component_(context, folder) {}
 
 forms::MsgBoxResult OfficeRuntime::MsgBox(const std::string& text, std::int32_t style,
                                           const std::string& title) {
-    snapshot_->invalidate();
-    const forms::MsgBoxResult result =
-        showMessageBox(context_, window_.frame(), text, style, title);
-    snapshot_->invalidate();
-    return result;
+    windows_.flush();
+    const EventsRun running(snapshot_);
+    return showMessageBox(context_, windows_.owner(), text, style, title);
+}
+
+std::string OfficeRuntime::ChooseFile(const forms::FileDialog& dialog) {
+    windows_.flush();
+    const EventsRun running(snapshot_);
+    return pickFile(context_, dialog);
 }
 
 void OfficeRuntime::DoEvents() {
     if (eventsMayRun_) pump_.run();
 }
 
-void OfficeRuntime::PopupMenu(forms::PopupMenu&, forms::Control&, double, double) {
-    throw base::Error(base::ErrorNumber::kInternal,
-                      "Nabídka nemá v kancelářském balíku okno, nad kterým by se otevřela.");
+void OfficeRuntime::PopupMenu(forms::PopupMenu& menu, forms::Control& owner, double x, double y) {
+    const forms::Form& form = owner.form();
+    const auto window = windows_.windowOf(form);
+    if (window == nullptr) {
+        throw base::Error(base::ErrorNumber::kInternal,
+                          "Nabídka nemá okno, nad kterým by se otevřela.");
+    }
+    menu.Click();
+    windows_.flush();
+    forms::MenuItem* const item = [&] {
+        const EventsRun running(snapshot_);
+        return window->pickFrom(menu, owner, x, y);
+    }();
+    if (item != nullptr && !form.isUnloaded()) item->Click();
 }
 
 }  // namespace huebrush::libreoffice

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <com/sun/star/awt/XWindowPeer.hpp>
+#include <com/sun/star/frame/XModel.hpp>
+
+#include "ports/libreoffice/uno/Services.h"
+
+namespace huebrush::libreoffice {
+
+/// Opens a new text document in a frame of its own inside a window, where nobody sees it. A dialog
+/// that the office opens for it is modal to that window, which none for a document without a window
+/// is. The document is closed as any other, at the latest when the window is disposed: an office
+/// whose window takes a document along ends soon after.
+com::sun::star::uno::Reference<com::sun::star::frame::XModel> openInside(
+    const ContextReference& context,
+    const com::sun::star::uno::Reference<com::sun::star::awt::XWindowPeer>& window);
+
+}  // namespace huebrush::libreoffice

@@ -1,0 +1,15 @@
+#pragma once
+
+#include "forms/Form.h"
+
+namespace huebrush::libreoffice {
+
+/// The usable control whose caption marks this letter as its access key; of several, the next after
+/// the one that has the focus. Nothing where there is none.
+forms::Control* controlOfAccessKey(forms::Form& form, char letter);
+
+/// What calling a control by its access key does: a button is pressed, a box toggled, an option
+/// chosen.
+void callByAccessKey(forms::Control& control);
+
+}  // namespace huebrush::libreoffice

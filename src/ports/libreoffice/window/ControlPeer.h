@@ -1,0 +1,45 @@
+#pragma once
+
+#include <memory>
+
+#include "forms/Control.h"
+
+namespace huebrush::libreoffice {
+
+class FormWindow;
+class Native;
+class ControlPeer;
+
+/// A control, for what may outlive it: both are nothing once the control has ended or its form has
+/// left the screen.
+struct ControlHandle {
+    forms::Control* control = nullptr;
+    ControlPeer* peer = nullptr;
+};
+using ControlReference = std::shared_ptr<const ControlHandle>;
+
+/// What stands for a control in a form's window: tells the window of changes, and owns the native
+/// control while there is one.
+class ControlPeer final : public forms::Peer {
+ public:
+    ControlPeer(forms::Control& control, std::weak_ptr<FormWindow> window);
+    ~ControlPeer() override;
+
+    /// The peer of a control that is on the screen; nothing for any other.
+    static ControlPeer* of(const forms::Control* control);
+
+    void changed(forms::PropertyId id) override;
+
+    const ControlReference& reference() const { return reference_; }
+
+    /// The native control, and the pass of the window in which it was last shown.
+    std::unique_ptr<Native> native;
+    unsigned shownInPass = 0;
+
+ private:
+    std::weak_ptr<FormWindow> window_;
+    std::shared_ptr<ControlHandle> handle_;
+    ControlReference reference_;
+};
+
+}  // namespace huebrush::libreoffice

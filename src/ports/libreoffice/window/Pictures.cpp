@@ -1,0 +1,38 @@
+#include "ports/libreoffice/window/Pictures.h"
+
+#include <com/sun/star/awt/XBitmap.hpp>
+
+#include "error/mError.h"
+#include "ports/libreoffice/uno/Graphics.h"
+
+namespace huebrush::libreoffice {
+
+namespace css = com::sun::star;
+
+namespace {
+
+/// Beyond so many, pictures that are shown no more are likely to be among them.
+constexpr std::size_t kMostKept = 1024;
+
+}  // namespace
+
+Pictures::Drawable Pictures::drawable(const base::Picture& picture,
+                                      const css::uno::Reference<css::awt::XDevice>& device) {
+    if (picture.empty()) return {};
+    const void* const key = picture.bytes().data();
+    const auto found = known_.find(key);
+    if (found != known_.end()) return found->second.drawable;
+    if (known_.size() >= kMostKept) known_.clear();
+    Drawable drawable;
+    error::ignoring([&] {
+        const css::uno::Reference<css::awt::XBitmap> bitmap(graphicOf(context_, picture),
+                                                            css::uno::UNO_QUERY);
+        if (!bitmap.is()) return;
+        drawable.bitmap = device->createDisplayBitmap(bitmap);
+        drawable.size = bitmap->getSize();
+    });
+    known_[key] = {picture, drawable};
+    return drawable;
+}
+
+}  // namespace huebrush::libreoffice

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <vector>
+
+#include "forms/Control.h"
+#include "ports/libreoffice/window/Geometry.h"
+
+namespace huebrush::libreoffice {
+
+/// A control where it lies on a surface, and the part of its place that shows there, in twips of
+/// the surface.
+struct Placed {
+    forms::Control* control = nullptr;
+    Box place;
+    Box visible;
+};
+
+/// Whether a control has a native window of its own to draw its insides on: a form, and a picture
+/// box that lies in no other. All else is drawn on one of these.
+bool isSurface(const forms::Control& control);
+
+/// The controls inside `surface` that show in a view of this size, from the lowest to the
+/// uppermost; of surfaces within it only their place.
+std::vector<Placed> sceneOf(const forms::Control& surface, double width, double height);
+
+/// Where a control lies on its surface, shown or not.
+Box placeOnSurface(const forms::Control& control);
+
+/// The surface that a control is drawn on.
+forms::Control& surfaceOf(forms::Control& control);
+
+}  // namespace huebrush::libreoffice

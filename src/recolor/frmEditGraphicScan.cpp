@@ -1,0 +1,143 @@
+// How the dialog finds the fills of the selected shapes, and gives the new ones to them.
+
+#include <utility>
+
+#include "base/Text.h"
+#include "fill/mFillGraficalObject.h"
+#include "forms/Runtime.h"
+#include "recolor/ScanCollection.h"
+#include "recolor/ScratchShape.h"
+#include "recolor/frmEditGraphic.h"
+
+namespace huebrush::recolor {
+
+namespace {
+
+using base::text;
+
+constexpr const char* kUndoTitle = "Přebarvení grafických objektů";
+constexpr const char* kScanning = "Prohledávám označené objekty...";
+constexpr const char* kNothingSelected = "Nejsou vybrány žádné grafické objekty.";
+constexpr const char* kScanDone = "Zpracování je dokončeno...";
+constexpr const char* kFillsFound = "Celkový počet nalezených výplní.. ";
+constexpr const char* kScanFailed =
+    "Při vyhledávání typů výplní ve vybraných objektech vzikla chyba...";
+constexpr const char* kRecolourFailed = "Při převádění výplní došlo k chybě...";
+
+}  // namespace
+
+// The scan.
+
+void frmEditGraphic::cmdAdd_Click() {
+    error::trap(place("cmdAdd_Click", kScanFailed), [this] {
+        forms::Runtime& runtime = forms::Runtime::current();
+        const auto selected = requireHost().Selection()->ShapeRange();
+        const std::int32_t count = selected->Count();
+        if (count == 0) {
+            runtime.MsgBox(kNothingSelected, forms::MsgBoxStyle::kExclamation, "Huebrush");
+            return;
+        }
+        MousePointer = forms::MousePointerShape::hourglass;
+        picLoadStatus.Visible = true;
+        lblLoadStatus.Caption = std::string(kScanning);
+        const ScratchShape scratch(requireHost());
+        ScanCollection shapes;
+        for (std::int32_t i = 1; i <= count; ++i) shapes.add(selected->Item(i));
+        groupByFill(shapes, scratch);
+        runtime.Clipboard().Clear();
+        runtime.MsgBox(text(kFillsFound, Element.ubound(), "."), forms::MsgBoxStyle::kInformation,
+                       kScanDone);
+        scratch.close();
+        SetScroll();
+        if (Element.ubound() != 0) cmdRemove.Enabled = true;
+        MousePointer = forms::MousePointerShape::standard;
+        picLoadStatus.Visible = false;
+    });
+}
+
+void frmEditGraphic::groupByFill(ScanCollection& shapes, const ScratchShape& scratch) {
+    const base::Count16 total = base::Count16::of(shapes.size());
+    const auto taken = [total](std::size_t left) { return static_cast<std::size_t>(total) - left; };
+    while (!shapes.empty()) {
+        showScanned(taken(shapes.size()), total);
+        const host::ShapePointer firstShape = shapes.takeFirst();
+        const auto group = std::make_shared<ShapeGroup>(1, firstShape);
+        shapes.takeWhere(
+            [&](const host::ShapePointer& shape) {
+                return fill::IsSameFill(firstShape->Fill(), shape->Fill());
+            },
+            [&](const host::ShapePointer& shape, std::size_t left) {
+                group->push_back(shape);
+                showScanned(taken(left), total);
+            });
+        addRow(firstShape, group, scratch);
+    }
+}
+
+void frmEditGraphic::showScanned(std::size_t taken, base::Count16 total) {
+    progress_ = {taken, static_cast<std::size_t>(total)};
+    lblLoadStatus.Caption = text("Zpracováno ", taken, " ze ", total, " objektů...");
+    forms::Runtime::current().DoEvents();
+}
+
+void frmEditGraphic::addRow(const host::ShapePointer& firstShape,
+                            std::shared_ptr<const ShapeGroup> group, const ScratchShape& scratch) {
+    fill::CopyFill(firstShape->Fill(), scratch.Fill());
+    scratch.select();
+    scratch.copy();
+    base::Count16 counter = Element.ubound();
+    ++counter;
+    Element.Load(counter);
+    Element[counter].FillObject().SaveOriginalFormat(firstShape->Fill());
+    if (firstShape->Fill().Visible() != host::MsoTriState::msoFalse) {
+        Element[counter].CliboardToSource();
+    } else {
+        Element[counter].setSourcePicture({});
+        Element[counter].setDestinationPicture({});
+    }
+    Element[counter].ElementsGroup = std::move(group);
+    placeRow(counter);
+}
+
+void frmEditGraphic::placeRow(std::int16_t index) {
+    ColorElement& row = Element[index];
+    const ColorElement& previous = Element[static_cast<std::int16_t>(index - 1)];
+    row.Top = previous.Top + previous.Height;
+    row.Visible = true;
+    row.Show();
+    picElementGroup.Height = row.Top + row.Height;
+}
+
+// The recolour.
+
+void frmEditGraphic::cmdDiscolour_Click() {
+    error::trap(place("cmdDiscolour_Click", kRecolourFailed), [this] {
+        cmdDiscolour.Enabled = false;
+        picLoadStatus.Visible = true;
+        discolourRows();
+        picLoadStatus.Visible = false;
+        cmdDiscolour.Enabled = true;
+        cmdClose.Default = true;
+    });
+}
+
+void frmEditGraphic::discolourRows() {
+    std::shared_ptr<host::Document> document;
+    std::unique_ptr<host::UndoGroup> undo;
+    for (base::Count16 i = 1, last = Element.ubound(); i <= last; ++i) {
+        progress_ = {static_cast<std::size_t>(i), static_cast<std::size_t>(last)};
+        lblLoadStatus.Caption =
+            text("Upravuji ", i, ". skupinu objektů ze ", Element.ubound(), " výplní...");
+        forms::Runtime::current().DoEvents();
+        ColorElement& row = Element[i];
+        const auto current = requireHost().Selection()->Document();
+        if (!document || !document->isSame(*current)) {
+            undo.reset();
+            undo = current->undoGroup(kUndoTitle);
+            document = current;
+        }
+        row.Discolour(*current);
+    }
+}
+
+}  // namespace huebrush::recolor
