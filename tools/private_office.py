@@ -1,4 +1,4 @@
-"""A LibreOffice of one's own: headless, with a profile nobody else uses, ended in every case.
+"""A LibreOffice of one's own: with a profile nobody else uses, headless, ended in every case.
 
 Run by the Python that has LibreOffice's `uno` module (on Debian /usr/bin/python3).
 
@@ -66,9 +66,9 @@ class Callback(unohelper.Base, XCallback):
 class PrivateOffice:
     """Entering starts the office and connects to it; leaving ends it and removes its profile."""
 
-    def __init__(self, soffice="soffice", arguments=(), environment=None):
+    def __init__(self, soffice="soffice", arguments=(), environment=None, headless=True):
         self.soffice = soffice
-        self.arguments = list(arguments)
+        self.arguments = list(arguments) + (["--headless"] if headless else [])
         self.environment = environment
         self.folder = None
         self.process = None
@@ -152,7 +152,6 @@ class PrivateOffice:
             [
                 self.soffice,
                 "-env:UserInstallation=" + (self.folder / "profile").as_uri(),
-                "--headless",
                 "--norestore",
                 "--nologo",
                 f"--accept=pipe,name={self.pipe};urp;",

@@ -128,12 +128,6 @@ TEST_F(CommandBarsTest, OnlyAnEnabledButtonIsClicked) {
     EXPECT_EQ(clicks, 1);
 }
 
-TEST_F(CommandBarsTest, TheButtonOfTheDialogIsNotOffered) {
-    const auto button = add("ChangeFillWizard", "Změnit výplně");
-    button->setEnabled(true);
-    EXPECT_FALSE(bars.states().isEnabled("vnd.huebrush:ChangeFillWizard"));
-}
-
 TEST_F(CommandBarsTest, APastedFaceIsThePictureOfTheCommand) {
     const auto button = add("Jedna", "První");
     runtime.Clipboard().SetData(runtime.Component().icon(101));

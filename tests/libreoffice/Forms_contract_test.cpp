@@ -1,3 +1,5 @@
+#include <com/sun/star/accessibility/XAccessible.hpp>
+#include <com/sun/star/accessibility/XAccessibleAction.hpp>
 #include <functional>
 #include <memory>
 #include <utility>
@@ -8,20 +10,38 @@
 #include "ports/libreoffice/Snapshot.h"
 #include "ports/libreoffice/runtime/OfficeRuntime.h"
 #include "ports/libreoffice/uno/MainThread.h"
+#include "ports/libreoffice/window/ControlPeer.h"
+#include "ports/libreoffice/window/native/Native.h"
 #include "ports/memory/Driver.h"
 
 namespace huebrush::tests {
 namespace {
 
-/// The office as the forms run in it. It has no windows for them, so the user acts on the controls;
-/// boxes, events, settings and the clipboard are the port's.
+namespace css = com::sun::star;
+
+/// The office as the forms run in it, with their windows. The user's clicks on buttons and boxes go
+/// through the native controls; the toolkit takes none on options from here, and images have none.
 class OfficePort {
  public:
     OfficePort() { runtime_.setEventsMayRun(true); }
 
     forms::Runtime& runtime() { return runtime_; }
-    void settle() {}
-    void click(forms::Control& control) { memory::Driver(control.form()).click(control); }
+    void settle() { libreoffice::EventPump(officeContext(), snapshot_).runNow(); }
+    void click(forms::Control& control) {
+        settle();
+        const auto* const peer = libreoffice::ControlPeer::of(&control);
+        if (peer == nullptr || peer->native == nullptr ||
+            dynamic_cast<forms::OptionButton*>(&control) != nullptr) {
+            memory::Driver(control.form()).click(control);
+            return;
+        }
+        const css::uno::Reference<css::accessibility::XAccessible> accessible(
+            peer->native->window(), css::uno::UNO_QUERY_THROW);
+        const css::uno::Reference<css::accessibility::XAccessibleAction> action(
+            accessible->getAccessibleContext(), css::uno::UNO_QUERY_THROW);
+        action->doAccessibleAction(0);
+        settle();
+    }
     void closeWindow(forms::Form& form) { memory::Driver(form).close(); }
     void inNextPump(std::function<void()> happening) {
         libreoffice::postToMainThread(officeContext(), std::move(happening));

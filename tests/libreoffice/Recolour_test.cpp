@@ -16,6 +16,7 @@
 #include "OpenDocument.h"
 #include "base/Color.h"
 #include "batch/WholeDocument.h"
+#include "forms/ForwardingRuntime.h"
 #include "ports/libreoffice/app/Application.h"
 #include "ports/libreoffice/runtime/EventPump.h"
 #include "ports/libreoffice/runtime/OfficeRuntime.h"
@@ -36,11 +37,11 @@ constexpr std::int32_t kBlue = 0x0000FF;
 
 /// The office's runtime, but for boxes, which nobody would answer, and for the rate of the pump:
 /// here each one runs.
-class PumpingRuntime final : public forms::Runtime {
+class PumpingRuntime final : public forms::ForwardingRuntime {
  public:
     PumpingRuntime(const libreoffice::ContextReference& context, forms::Runtime& office,
                    std::shared_ptr<libreoffice::Snapshot> snapshot)
-        : office_(office), pump_(context, std::move(snapshot)) {}
+        : ForwardingRuntime(office), pump_(context, std::move(snapshot)) {}
 
     forms::MsgBoxResult MsgBox(const std::string& text, std::int32_t, const std::string&) override {
         boxes.push_back(text);
@@ -52,9 +53,6 @@ class PumpingRuntime final : public forms::Runtime {
         if (beforePump) beforePump(pumps);
         pump_.runNow();
     }
-    forms::Clipboard& Clipboard() override { return office_.Clipboard(); }
-    forms::Settings& Settings() override { return office_.Settings(); }
-    const forms::Component& Component() override { return office_.Component(); }
     void showForm(forms::Form&, bool) override {}
     void closeForm(forms::Form&) override {}
     void setTopMost(forms::Form&, bool) override {}
@@ -64,7 +62,6 @@ class PumpingRuntime final : public forms::Runtime {
     std::function<void(int)> beforePump;
 
  private:
-    forms::Runtime& office_;
     libreoffice::EventPump pump_;
 };
 

@@ -1,16 +1,22 @@
 #!/usr/bin/env python3
 """Runs the GoogleTests inside a private LibreOffice and ends with their result.
 
-GTEST_FILTER and the other variables of GoogleTest reach the tests. The office's profile and
-processes are gone when this program ends, however it ends.
+Without --plugin the office has no screen, and the tests are those that need none; with it they are
+those named OnScreen, on a screen of their own. GTEST_FILTER and the other variables of GoogleTest
+reach the tests. The office's profile and processes are gone when this program ends, however it
+ends.
 """
 
 import argparse
+import contextlib
 import os
 import sys
 import tempfile
 
 from office import Office, end_cleanly_when_told_to
+from screen import Screen
+
+ON_SCREEN = "*OnScreen*"
 
 
 def result_of(path):
@@ -28,14 +34,20 @@ def main():
     parser = argparse.ArgumentParser(description=__doc__)
     parser.add_argument("--office", required=True, help="the program soffice")
     parser.add_argument("--extensions", required=True, help="the folder of unpacked extensions")
+    parser.add_argument("--plugin", choices=["gen", "gtk3"], help="the VCL plugin on a screen")
     parser.add_argument("--limit", type=float, default=300, help="seconds until it counts as hung")
     options = parser.parse_args()
 
-    with tempfile.TemporaryDirectory(prefix="huebrush-tests-") as folder:
+    with contextlib.ExitStack() as stack:
+        folder = stack.enter_context(tempfile.TemporaryDirectory(prefix="huebrush-tests-"))
         result_path = os.path.join(folder, "result")
         environment = dict(os.environ, HUEBRUSH_TEST_RESULT=result_path, TMPDIR=folder)
+        environment.setdefault("GTEST_FILTER", ON_SCREEN if options.plugin else "-" + ON_SCREEN)
+        if options.plugin:
+            environment["DISPLAY"] = stack.enter_context(Screen()).display
         with Office(options.office, folder, extensions=options.extensions,
-                    arguments=["--headless", "--nodefault"], environment=environment) as office:
+                    arguments=["--nodefault"] + ([] if options.plugin else ["--headless"]),
+                    environment=environment, plugin=options.plugin) as office:
             ended = office.wait_for_end(options.limit)
         result = result_of(result_path)
 

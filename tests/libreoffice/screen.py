@@ -24,9 +24,8 @@ def wait_until(condition, what, limit=30.0):
 class Screen:
     """Entering starts the X server and the window manager; leaving ends both."""
 
-    WIDTH, HEIGHT = 1280, 1000
-
-    def __init__(self):
+    def __init__(self, width=1280, height=1000):
+        self.WIDTH, self.HEIGHT = width, height
         self._processes = []
         self.display = None
 
@@ -86,8 +85,42 @@ class Screen:
         self.move(x, y)
         self._run("xdotool", "click", "1")
 
+    def drag(self, start, end):
+        """Moves the mouse with its button held, by way of a place near the start."""
+        self.hold(start, end)
+        self.let_go()
+
+    def hold(self, start, end):
+        """The first half of a drag: the button stays pressed."""
+        self.move(*start)
+        self._run("xdotool", "mousedown", "1")
+        self.move(start[0] + 5, start[1])
+        self.move((start[0] + end[0]) // 2, (start[1] + end[1]) // 2)
+        self.move(*end)
+
+    def let_go(self):
+        self._run("xdotool", "mouseup", "1")
+
+    def turn_wheel(self, x, y, notches):
+        """Turns the wheel over a place: towards the user when `notches` is positive."""
+        self.move(x, y)
+        for _ in range(abs(notches)):
+            self._run("xdotool", "click", "5" if notches > 0 else "4")
+
     def key(self, *names):
         self._run("xdotool", "key", *names)
+
+    def type(self, text):
+        self._run("xdotool", "type", text)
+
+    def windows(self):
+        """The ids of all visible windows next to the root, menus and the frames of others too."""
+        return set(self._run("xdotool", "search", "--onlyvisible", "--maxdepth", "1", "--name",
+                             "").split())
+
+    def resize(self, window, width, height):
+        """Asks the window manager for another size, as a user who drags an edge does."""
+        self._run("wmctrl", "-i", "-r", hex(int(window)), "-e", f"0,-1,-1,{width},{height}")
 
     def windows_named(self, title):
         """The ids of the visible windows with exactly this title."""
@@ -95,11 +128,23 @@ class Screen:
 
     def place_of(self, window):
         """Left, top and height of a window, its title bar not counted."""
+        left, top, _, height = self.bounds_of(window)
+        return left, top, height
+
+    def bounds_of(self, window):
+        """Left, top, width and height of a window, without what the window manager adds."""
         values = dict(line.strip().split(": ", 1)
                       for line in self._run("xwininfo", "-id", window).splitlines()
                       if ": " in line)
-        return (int(values["Absolute upper-left X"]), int(values["Absolute upper-left Y"]),
-                int(values["Height"]))
+        return tuple(int(values[name]) for name in ("Absolute upper-left X",
+                                                    "Absolute upper-left Y", "Width", "Height"))
+
+    def outline_of(self, window):
+        """The same with the frame and the title bar around it."""
+        left, top, width, height = self.bounds_of(window)
+        added = self._run("xprop", "-id", window, "_NET_FRAME_EXTENTS").partition("= ")[2]
+        before, after, above, below = (int(size) for size in added.split(","))
+        return left - before, top - above, width + before + after, height + above + below
 
     def fill_with(self, window):
         """Gives a window the whole screen."""
@@ -107,13 +152,21 @@ class Screen:
                   "add,maximized_vert,maximized_horz")
         wait_until(lambda: self.place_of(window)[2] > self.HEIGHT * 0.9, "the window is maximised")
 
+    def ask_for_focus(self, window):
+        """Has the window manager give a window the keyboard, if it is there."""
+        self._run("xdotool", "windowactivate", window)
+
     def focus(self, window):
         """Gives a window the keyboard."""
         def has_focus():
-            self._run("xdotool", "windowactivate", window)
-            return self._run("xdotool", "getactivewindow").strip() == window
+            self.ask_for_focus(window)
+            return self.active() == window
 
         wait_until(has_focus, "the window gets the focus")
+
+    def active(self):
+        """The window that has the keyboard."""
+        return self._run("xdotool", "getactivewindow").strip()
 
     def pixels(self, left, top, width, height):
         """The colours of a part of the screen, as bytes red, green, blue, row by row."""
@@ -121,6 +174,10 @@ class Screen:
             ["import", "-window", "root", "-crop", f"{width}x{height}+{left}+{top}", "-depth", "8",
              "rgb:-"], env=self.environment, check=True, timeout=TOOL_LIMIT,
             stdout=subprocess.PIPE).stdout
+
+    def colour_at(self, x, y):
+        red, green, blue = self.pixels(x, y, 1, 1)
+        return red << 16 | green << 8 | blue
 
     def save_picture(self, path):
         self._run("import", "-window", "root", str(path))

@@ -23,18 +23,19 @@ STATUS_BAR = "private:resource/statusbar/statusbar"
 
 
 class Writer(Office):
-    """Entering starts Writer with an empty document and connects to it. The profile stays in
+    """Entering starts Writer with a document and connects to it. The profile stays in
     `folder`, so that a second Writer finds what the first has left.
 
     has_bar      whether an extension is to show our bar before the window counts as complete
     meanwhile    what the user does while Writer starts, before it answers
+    document     the file to open; without one the document is a new one
     """
 
     def __init__(self, screen, program, folder, extensions, plugin, has_bar=True,
-                 meanwhile=None):
+                 meanwhile=None, document=None):
         self._pipe = f"{os.path.basename(folder)}-{plugin}"
         super().__init__(program, folder, extensions=extensions, plugin=plugin,
-                         arguments=["--writer", f"--accept=pipe,name={self._pipe};urp"],
+                         arguments=[document or "--writer", f"--accept=pipe,name={self._pipe};urp"],
                          environment=screen.environment)
         self._has_bar = extensions is not None and has_bar
         self._meanwhile = meanwhile

@@ -1,0 +1,66 @@
+#include "ports/libreoffice/runtime/FilePicker.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+
+#include "KeyboardUser.h"
+#include "OfficeContext.h"
+#include "base/Error.h"
+
+namespace huebrush::tests {
+namespace {
+
+namespace fs = std::filesystem;
+
+using forms::FileDialog;
+
+const FileDialog kOpen{FileDialog::Purpose::open, "Zvol databázi...", "Databáze Access (*.mdb)",
+                       "*.mdb"};
+const FileDialog kSave{FileDialog::Purpose::save, "Zvol umístění databázového souboru...",
+                       "Databáze Access (*.mdb)", "*.mdb"};
+
+class FilePickerOnScreen : public testing::Test {
+ protected:
+    FilePickerOnScreen() { fs::create_directory(folder); }
+    ~FilePickerOnScreen() override { fs::remove_all(folder); }
+
+    /// What the dialog gives when the user does something in it; "cancelled" for that error.
+    static std::string choice(const FileDialog& dialog, const std::string& actions,
+                              const char* end) {
+        const User user(dialog.title, actions, end);
+        try {
+            return libreoffice::pickFile(officeContext(), dialog);
+        } catch (const base::Error& error) {
+            EXPECT_EQ(error.number(), base::ErrorNumber::kCancelled);
+            return "cancelled";
+        }
+    }
+    /// The keyboard starts in the field of the file's name.
+    static std::string typing(const fs::path& file) {
+        return "xdotool key ctrl+a; xdotool type --delay 20 " + file.string();
+    }
+
+    const fs::path folder = fs::temp_directory_path() / "picker";
+    static constexpr const char* kReturn = "xdotool key Return";
+};
+
+TEST_F(FilePickerOnScreen, GivesTheFileToOpen) {
+    const fs::path file = folder / "fill.mdb";
+    std::ofstream(file) << "x";
+    EXPECT_EQ(choice(kOpen, typing(file), kReturn), file.string());
+}
+
+TEST_F(FilePickerOnScreen, GivesANameToSaveUnderItsExtension) {
+    EXPECT_EQ(choice(kSave, typing(folder / "new"), kReturn), (folder / "new.mdb").string());
+    EXPECT_EQ(choice(kSave, typing(folder / "new.mdb"), kReturn), (folder / "new.mdb").string());
+}
+
+TEST_F(FilePickerOnScreen, CancellingIsAnError) {
+    EXPECT_EQ(choice(kOpen, "true", kEscape), "cancelled");
+    EXPECT_EQ(choice(kSave, typing(folder / "new.mdb"), kClose), "cancelled");
+}
+
+}  // namespace
+}  // namespace huebrush::tests

@@ -1,0 +1,70 @@
+"""What the tests in Writer's window share: a screen and a profile for each, and their command line."""
+
+import argparse
+import os
+import sys
+import tempfile
+import unittest
+
+from office import end_cleanly_when_told_to
+from screen import Screen, wait_until
+from writer import Writer
+
+
+class WriterCase(unittest.TestCase):
+    options = None
+
+    def setUp(self):
+        self._folder = tempfile.TemporaryDirectory(prefix="huebrush-window-")
+        self.addCleanup(self._folder.cleanup)
+        self.screen = self.enter(Screen())
+
+    def tearDown(self):
+        """Keeps a picture of what a failed test saw."""
+        result = self._outcome.result
+        if self.options.pictures and any(test is self for test, _ in result.failures + result.errors):
+            self.screen.save_picture(os.path.join(self.options.pictures, self.id() + ".png"))
+
+    def enter(self, context):
+        value = context.__enter__()
+        self.addCleanup(context.__exit__, None, None, None)
+        return value
+
+    def start(self, extensions=True, meanwhile=None):
+        """Writer on this test's profile."""
+        return self.enter(Writer(self.screen, self.options.office, self._folder.name,
+                                 self.options.extensions if extensions else None, self.options.plugin,
+                                 meanwhile=meanwhile))
+
+    def answer_box(self, title, key, unlike=()):
+        """Waits for a box with this title that is none of the windows `unlike`, and gives it the
+        key until it is gone; the box's windows."""
+        windows = wait_until(
+            lambda: [w for w in self.screen.windows_named(title) if w not in unlike],
+            f"a box {title!r} appears", 60.0)
+        for _ in range(10):
+            self.screen.focus(windows[0])
+            self.screen.key(key)
+            if self.is_gone(windows[0], title):
+                return windows
+        self.fail(f"the box {title!r} does not hear {key}")
+
+    def is_gone(self, window, title):
+        """Whether the window goes soon: one that has just come may not hear a key yet."""
+        try:
+            wait_until(lambda: window not in self.screen.windows_named(title), title, 3.0)
+            return True
+        except AssertionError:
+            return False
+
+
+def run_tests(description):
+    """Runs the tests of the calling program with the options of its command line."""
+    parser = argparse.ArgumentParser(description=description)
+    parser.add_argument("--office", required=True)
+    parser.add_argument("--extensions", required=True)
+    parser.add_argument("--plugin", required=True, choices=["gen", "gtk3"])
+    parser.add_argument("--pictures", help="a folder for the screens of failed tests")
+    end_cleanly_when_told_to()
+    WriterCase.options, remaining = parser.parse_known_args()
+    unittest.main(argv=[sys.argv[0], *remaining], verbosity=2)

@@ -1,0 +1,154 @@
+"""The recolour dialog on the screen: where its parts are, and what their pixels say."""
+
+from screen import wait_until
+
+CAPTION = "Změna výplně grafických objektů..."
+DONE = "Zpracování je dokončeno..."
+TWIPS_PER_PIXEL = 15
+
+# Places in twips of the dialog, and in a row.
+ADD, REMOVE, RECOLOUR, CLOSE = (6600, 700), (6600, 1240), (6600, 1900), (6600, 5880)
+ALL, SELECTED, NOT_SELECTED = (5800, 2820), (5800, 3150), (5800, 3480)
+SELECT_ALL, UP, DOWN, LOGO = (620, 6990), (4275, 6990), (4725, 6990), (5600, 6945)
+LIST_LEFT, LIST_TOP, ROW_HEIGHT = 210, 495, 630
+HANDLE, BOX, SOURCE, DESTINATION, MENU = 120, 405, 1000, 2700, 4125
+
+
+# What the menus offer, from the top; "-" is the line between two.
+NO_FILL, HALF, COLOUR, LOOK, LINE, FORMAT, RESTORE = range(7)
+ROW_MENU = ["Bez výplně", "Poloprůhledná", "Barva...", "Vzhled výplně...", "-",
+            "Formát objektu...", "Obnovit původní"]
+ACTIVE, UNTICKED, TICKED, EVERY = REMOVE_MENU = ["Aktuální", "Neoznačené", "Označené", "Vše"]
+
+
+class Menu:
+    """A menu that opens with these items, for the mouse. It has more than one, and is thereby
+    higher than a tool tip."""
+
+    EDGE, LINE_HEIGHT, LEAST_HEIGHT = 3, 8, 30
+
+    def __init__(self, screen, before, items):
+        self.screen = screen
+        self.items = items
+        self.window = wait_until(lambda: self._opened(before), "the menu opens")
+
+    def _opened(self, before):
+        for window in self.screen.windows() - before:
+            left, top, width, height = self.screen.bounds_of(window)
+            if height > self.LEAST_HEIGHT and self._is_painted(left, top, width, height):
+                return window
+        return None
+
+    def _is_painted(self, *place):
+        pixels = self.screen.pixels(*place)
+        return len(set(zip(pixels[::3], pixels[1::3], pixels[2::3]))) > 2
+
+    def is_open(self):
+        return self.window in self.screen.windows()
+
+    def item_height(self):
+        lines = self.items.count("-")
+        height = self.screen.bounds_of(self.window)[3]
+        return (height - 2 * self.EDGE - lines * self.LINE_HEIGHT) / (len(self.items) - lines)
+
+    def click(self, item):
+        left, top, width, _ = self.screen.bounds_of(self.window)
+        lines = self.items[:item].count("-")
+        y = self.EDGE + (item - lines + 0.5) * self.item_height() + lines * self.LINE_HEIGHT
+        self.screen.click(left + width // 2, int(top + y))
+
+    def wait_for_end(self):
+        wait_until(lambda: not self.is_open(), "the menu closes")
+
+    def pick(self, item):
+        """Picks by the place of the item in the menu."""
+        self.click(item)
+        self.wait_for_end()
+
+    def close(self):
+        self.screen.key("Escape")
+        self.wait_for_end()
+
+
+class Dialog:
+    """The dialog that is open on a screen."""
+
+    def __init__(self, screen, scale=1):
+        self.screen = screen
+        self.scale = scale
+        self.window = wait_until(self._windows, "the dialog is on the screen", 60.0)[0]
+        screen.focus(self.window)
+        wait_until(self._is_painted, "the dialog is painted")
+
+    def _windows(self):
+        return self.screen.windows_named(" ?" + CAPTION.replace(".", "[.]"))
+
+    def _is_painted(self):
+        """Whether the list stands out from its surroundings: its edges differ from both."""
+        left, beside, inside = (self.colour_at((x, 3000)) for x in
+                                (LIST_LEFT - 60, LIST_LEFT, LIST_LEFT + 2000))
+        return len({left, beside, inside}) == 3
+
+    def is_open(self):
+        return bool(self._windows())
+
+    def on_screen(self, place):
+        left, top, _ = self.screen.place_of(self.window)
+        return tuple(int(origin + twips * self.scale / TWIPS_PER_PIXEL)
+                     for origin, twips in zip((left, top), place))
+
+    def click(self, place):
+        self.screen.click(*self.on_screen(place))
+
+    @staticmethod
+    def in_row(row, x):
+        """A place in a row; rows are counted from 1, as they are shown."""
+        return LIST_LEFT + x, LIST_TOP + ROW_HEIGHT * (row - 1) + ROW_HEIGHT // 2
+
+    def click_row(self, row, x):
+        self.click(self.in_row(row, x))
+
+    def open_menu(self, place, items):
+        """Clicks what opens a menu, and waits until the menu is there."""
+        before = self.screen.windows()
+        self.click(place)
+        return Menu(self.screen, before, items)
+
+    def open_row_menu(self, row):
+        return self.open_menu(self.in_row(row, MENU), ROW_MENU)
+
+    def open_remove_menu(self, items=REMOVE_MENU):
+        """With those items that can be used: the office leaves out the others."""
+        return self.open_menu(REMOVE, items)
+
+    def drag_row(self, row, to):
+        """Drags a row that has the focus by its handle onto another one."""
+        x, y = self.on_screen(self.in_row(row, HANDLE))
+        target = self.on_screen(self.in_row(to, SOURCE))
+        self.screen.drag((x, y), target)
+
+    def colour_at(self, place):
+        return self.screen.colour_at(*self.on_screen(place))
+
+    def colours(self, rows, x=SOURCE):
+        """The colours of the previews of so many rows from the top."""
+        return [self.colour_at((LIST_LEFT + x - 200, self.in_row(row, x)[1] - 120))
+                for row in range(1, rows + 1)]
+
+    def wait_for_colours(self, wanted, x=SOURCE):
+        self.park_mouse()
+        wait_until(lambda: self.colours(len(wanted), x) == wanted,
+                   f"the previews are {[hex(c) for c in wanted]}")
+
+    def park_mouse(self):
+        """Puts the mouse where no tool tip comes up that could cover something."""
+        self.screen.move(*self.on_screen((5060, 3000)))
+
+    def add(self):
+        """Scans the selection, and closes the box that tells the number of fills."""
+        self.click(ADD)
+        box = wait_until(lambda: self.screen.windows_named(DONE), "the scan is over", 60.0)[0]
+        self.screen.focus(box)
+        self.screen.key("Return")
+        wait_until(lambda: not self.screen.windows_named(DONE), "the box closes")
+        self.screen.focus(self.window)

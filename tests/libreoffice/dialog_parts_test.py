@@ -1,0 +1,210 @@
+#!/usr/bin/env python3
+"""The recolour dialog in Writer's window: removing, ticking and dragging rows, its size, its end
+and its about box.
+
+    dialog_parts_test.py --office SOFFICE --extensions FOLDER --plugin gen|gtk3 [unittest arguments]
+"""
+
+import os
+
+from case import run_tests
+from dialog import (ACTIVE, ADD, BOX, CLOSE, EVERY, HANDLE, LOGO, SELECT_ALL, SELECTED,
+                    SOURCE, TICKED, TWIPS_PER_PIXEL, UNTICKED)
+from dialog_case import BLUE, COLOURS, GREEN, GREY, RED, YELLOW, DialogCase
+from screen import wait_until
+
+ABOUT = "O doplňku Huebrush"
+FROM_BOTTOM = 375  # The middle of what lies under the list.
+
+
+class DialogPartsTest(DialogCase):
+    # Removal.
+
+    def wait_for_rows(self, dialog, *colours):
+        """Waits until the list shows these rows and none after them."""
+        dialog.wait_for_colours([*colours, self.background(dialog)])
+
+    def test_the_menu_removes_what_it_says(self):
+        dialog = self.open_filled()
+        def remove(item, *usable):
+            dialog.open_remove_menu(usable).pick(usable.index(item))
+
+        dialog.open_remove_menu([UNTICKED, EVERY]).close()
+        dialog.click_row(2, BOX)
+        dialog.click_row(4, BOX)
+        remove(TICKED, ACTIVE, UNTICKED, TICKED, EVERY)
+        self.wait_for_rows(dialog, RED, BLUE, GREY)
+        self.wait_for_ticked(0)
+        dialog.click_row(2, SOURCE)
+        remove(ACTIVE, ACTIVE, UNTICKED, EVERY)
+        self.wait_for_rows(dialog, RED, GREY)
+        dialog.click_row(2, BOX)
+        remove(UNTICKED, ACTIVE, UNTICKED, TICKED, EVERY)
+        self.wait_for_rows(dialog, GREY)
+        self.wait_for_ticked(1)
+        remove(EVERY, ACTIVE, TICKED, EVERY)
+        self.wait_for_rows(dialog)
+        self.wait_for_ticked(0)
+        self.wait_until_usable("Přebarvit", False)
+        self.assertEqual(self.fills(), [colour for colour in COLOURS for _ in range(2)])
+
+    def test_after_the_remove_menu_the_rest_can_be_recoloured(self):
+        dialog = self.open_filled([RED, GREEN])
+        dialog.open_remove_menu([UNTICKED, EVERY]).close()
+        self.wait_until_usable("Přebarvit")
+
+    # Ticks.
+
+    def test_the_box_for_all_rows_has_three_states(self):
+        dialog = self.open_filled()
+        self.wait_for_select_all("clear")
+        dialog.click(SELECT_ALL)
+        self.wait_for_select_all("ticked")
+        self.wait_for_ticked(5)
+        dialog.click_row(2, BOX)
+        self.wait_for_select_all("grey")
+        self.wait_for_ticked(4)
+        dialog.click(SELECT_ALL)
+        self.wait_for_select_all("clear")
+        self.wait_for_ticked(0)
+        dialog.click_row(3, BOX)
+        self.wait_for_select_all("grey")
+        dialog.click(SELECTED)
+        self.wait_for_rows(dialog, BLUE)
+
+    # Size.
+
+    def test_the_window_keeps_its_width_and_gives_its_height_to_the_list(self):
+        dialog = self.open_filled()
+        _, _, width, height = self.screen.bounds_of(dialog.window)
+
+        def resize(*size):
+            self.screen.resize(dialog.window, *size)
+
+        def wait_for_size(*size):
+            wait_until(lambda: self.screen.bounds_of(dialog.window)[2:] == size,
+                       f"the window has the size {size}")
+
+        def click_select_all(now):
+            dialog.click((SELECT_ALL[0], now * TWIPS_PER_PIXEL - FROM_BOTTOM))
+
+        resize(width - 200, height)
+        wait_for_size(width, height)
+        resize(width - 300, 200)  # Room for three rows only.
+        wait_for_size(width, 200)
+        fourth = dialog.in_row(4, SOURCE)
+        wait_until(lambda: dialog.colour_at(fourth) != YELLOW, "the fourth row is out of sight")
+        dialog.wait_for_colours([RED, GREEN])
+        click_select_all(200)
+        self.wait_for_ticked(5)
+        self.screen.turn_wheel(*dialog.on_screen(dialog.in_row(1, SOURCE)), 2)
+        wait_until(lambda: dialog.colours(1) != [RED], "the list scrolls")
+        resize(width, 20)
+        wait_for_size(width, 20)
+        resize(width + 200, height + 100)
+        wait_for_size(width + 200, height + 100)
+        dialog.wait_for_colours(COLOURS)
+        click_select_all(height + 100)
+        self.wait_for_ticked(0)
+        dialog.click_row(5, BOX)
+        self.wait_for_ticked(1)
+        resize(width, height)
+        wait_for_size(width, height)
+        dialog.wait_for_colours(COLOURS)
+
+    # Dragging.
+
+    def test_a_row_goes_where_it_is_dropped(self):
+        dialog = self.open_filled()
+        handle = dialog.on_screen(dialog.in_row(4, HANDLE))
+        outside = dialog.on_screen((ADD[0], CLOSE[1]))
+        below_the_rows = dialog.on_screen(dialog.in_row(8, SOURCE))
+        left, top, width, _ = self.screen.bounds_of(dialog.window)
+        dialog.click_row(4, SOURCE)
+        dialog.drag_row(4, to=4)
+        for place in (outside, below_the_rows, (left + width + 150, top + 200), (left - 60, top)):
+            self.screen.drag(handle, place)
+        dialog.wait_for_colours(COLOURS)
+        dialog.drag_row(4, to=1)
+        dialog.wait_for_colours([YELLOW, RED, GREEN, BLUE, GREY])
+        dialog.drag_row(1, to=5)
+        dialog.wait_for_colours([RED, GREEN, BLUE, GREY, YELLOW])
+
+    # The end.
+
+    def test_the_button_ends_the_dialog(self):
+        dialog = self.open_filled([RED])
+        dialog.click(CLOSE)
+        wait_until(lambda: not dialog.is_open(), "the dialog closes")
+        self.assertEqual(self.writer.quit(), 0)
+
+    # The about box.
+
+    def logo_is_coloured(self, dialog):
+        x, y = dialog.on_screen(LOGO)
+        pixels = self.screen.pixels(x - 25, y - 12, 50, 24)
+        return any(max(pixels[i:i + 3]) - min(pixels[i:i + 3]) > 60
+                   for i in range(0, len(pixels), 3))
+
+    def open_about_box(self, dialog):
+        dialog.click(LOGO)
+        window = wait_until(lambda: self.screen.windows_named(ABOUT), "the about box opens")[0]
+        self.screen.focus(window)
+        return window
+
+    def click_in(self, window, name):
+        """Clicks a button of the about box."""
+        part = wait_until(lambda: self.button(name, ABOUT), name)
+        place, size = part.getLocation(), part.getSize()
+        left, top, _ = self.screen.place_of(window)
+        self.screen.click(left + place.X + size.Width // 2, top + place.Y + size.Height // 2)
+
+    def test_the_logo_opens_the_about_box(self):
+        dialog = self.open_filled()
+        self.assertFalse(self.logo_is_coloured(dialog))
+        x, y = dialog.on_screen(LOGO)
+        self.screen.move(x - 2, y)
+        self.screen.move(x, y)
+        wait_until(lambda: self.logo_is_coloured(dialog), "the logo is coloured")
+        self.screen.move(*dialog.on_screen((LOGO[0], LOGO[1] - 195)))
+        wait_until(lambda: not self.logo_is_coloured(dialog), "its edge leaves it grey")
+        window = self.open_about_box(dialog)
+        left, top, width, height = self.screen.bounds_of(window)
+        beside = [place for place in (dialog.in_row(5, BOX), dialog.in_row(1, BOX), CLOSE)
+                  if not (left <= dialog.on_screen(place)[0] < left + width
+                          and top <= dialog.on_screen(place)[1] < top + height)]
+        self.assertTrue(beside)
+        for place in beside:
+            dialog.click(place)
+        self.screen.focus(window)
+        self.click_in(window, "OK")
+        wait_until(lambda: not self.screen.windows_named(ABOUT), "the about box closes")
+        self.assertTrue(dialog.is_open())
+        self.wait_for_ticked(0)
+        wait_until(lambda: not self.logo_is_coloured(dialog), "the logo is grey")
+
+    def test_the_about_box_starts_a_tool_that_tells_about_the_system(self):
+        tool = os.path.join(self._folder.name, "hardinfo2")
+        trace = os.path.join(self._folder.name, "started")
+
+        def write_tool(text):
+            with open(tool, "w", encoding="utf-8") as file:
+                file.write(text)
+            os.chmod(tool, 0o755)
+
+        former = os.environ["PATH"]
+        self.addCleanup(os.environ.__setitem__, "PATH", former)
+        os.environ["PATH"] = self._folder.name + ":" + former
+        write_tool("This is no program.")
+        window = self.open_about_box(self.open([RED]))
+        self.click_in(window, "System Info")
+        self.answer_box("Huebrush", "Return")
+        write_tool(f"#!/bin/sh\n: > {trace}\n")
+        self.click_in(window, "System Info")
+        wait_until(lambda: os.path.exists(trace), "the tool starts")
+        self.click_in(window, "OK")
+        wait_until(lambda: not self.screen.windows_named(ABOUT), "the about box closes")
+
+
+if __name__ == "__main__":
+    run_tests(__doc__)

@@ -1,0 +1,60 @@
+"""The office's own dialogs for a fill, which the recolour dialog opens."""
+
+from screen import wait_until
+
+COLOUR_TITLE, AREA_TITLE = "Pick a Color", "Area"
+# In the window: where a colour is typed as a number, and where the chosen colour is shown.
+PLACES = {
+    ("gen", COLOUR_TITLE): ((477, 109), (73, 329)),
+    ("gen", AREA_TITLE): ((554, 254), (555, 131)),
+    ("gtk3", COLOUR_TITLE): ((563, 159), (167, 481)),
+    ("gtk3", AREA_TITLE): ((680, 342), (667, 150)),
+}
+# From the right lower corner.
+OK_OF_AREA = (45, 28)
+
+
+class HostTool:
+    """One that opens, with the keyboard in it."""
+
+    def __init__(self, screen, plugin, title, start):
+        self.screen = screen
+        self.title = title
+        self.window = wait_until(lambda: screen.windows_named(title), f"{title!r} opens", 60.0)[0]
+        self._number, self._shown = PLACES[plugin, title]
+        screen.focus(self.window)
+        self.wait_for_colour(start)
+
+    def is_open(self):
+        return self.window in self.screen.windows_named(self.title)
+
+    def wait_for_colour(self, colour):
+        wait_until(lambda: self.screen.colour_at(*self._at(self._shown)) == colour,
+                   f"{self.title!r} shows {colour:#08x}")
+
+    def choose(self, colour):
+        self.screen.click(*self._at(self._number))
+        self.screen.key("ctrl+a")
+        self.screen.type(f"{colour:06x}")
+        self.screen.key("Tab")
+        self.wait_for_colour(colour)
+
+    def confirm(self):
+        if self.title == COLOUR_TITLE:
+            self.screen.key("Return")
+        else:
+            left, top, width, height = self.screen.bounds_of(self.window)
+            self.screen.click(left + width - OK_OF_AREA[0], top + height - OK_OF_AREA[1])
+        self.wait_for_end()
+
+    def cancel(self):
+        self.screen.focus(self.window)
+        self.screen.key("Escape")
+        self.wait_for_end()
+
+    def wait_for_end(self):
+        wait_until(lambda: not self.is_open(), f"{self.title!r} closes")
+
+    def _at(self, place):
+        left, top, _ = self.screen.place_of(self.window)
+        return left + place[0], top + place[1]
