@@ -1,6 +1,6 @@
 # The everyday commands. `make demo` and `make check` do everything on a fresh machine.
 
-.PHONY: all packages build demo check unit asan office lint format bench clean
+.PHONY: all packages build demo check unit asan office lint format bench screenshots clean
 
 CTEST := ctest --output-on-failure
 
@@ -19,7 +19,7 @@ demo: build
 # The sanitizers first: what they find explains the rest.
 check: asan build lint
 	$(CTEST) --test-dir build/release -j2 -L unit
-	$(CTEST) --test-dir build/release -L libreoffice
+	$(CTEST) --test-dir build/release -j2 -L libreoffice
 
 asan: packages
 	@cmake --preset asan >/dev/null
@@ -30,7 +30,7 @@ unit: build
 	$(CTEST) --test-dir build/release -j2 -L unit
 
 office: build
-	$(CTEST) --test-dir build/release -L libreoffice
+	$(CTEST) --test-dir build/release -j2 -L libreoffice
 
 lint: build
 	@tools/lint.sh
@@ -40,6 +40,10 @@ format:
 
 bench: build
 	@/usr/bin/python3 bench/run.py --json build/bench.json
+
+# The pictures of docs/manual.md.
+screenshots: build
+	@/usr/bin/python3 tools/screenshots.py
 
 clean:
 	rm -rf build

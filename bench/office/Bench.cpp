@@ -1,24 +1,22 @@
 // The operations of the bench, done by Huebrush inside the office's process: the same service
 // interface and the same figures as the peers in peer_pyuno.py and peer_basic.bas.
 
-#include <chrono>
+#include <com/sun/star/document/XUndoManagerSupplier.hpp>
 #include <com/sun/star/drawing/ShapeCollection.hpp>
 #include <com/sun/star/drawing/XShapes.hpp>
 #include <com/sun/star/frame/XModel.hpp>
-#include <com/sun/star/task/XJob.hpp>
 #include <com/sun/star/view/XSelectionSupplier.hpp>
 #include <nlohmann/json.hpp>
-#include <rtl/ref.hxx>
+#include <optional>
 #include <string>
 #include <utility>
 
+#include "Job.h"
 #include "base/Error.h"
 #include "batch/Session.h"
 #include "error/mError.h"
 #include "ports/libreoffice/app/Application.h"
 #include "ports/libreoffice/runtime/OfficeRuntime.h"
-#include "ports/libreoffice/uno/Errors.h"
-#include "ports/libreoffice/uno/WeakImplHelper.h"
 #include "select/mToolbarFunction.h"
 
 namespace {
@@ -26,19 +24,12 @@ namespace {
 namespace css = com::sun::star;
 using namespace huebrush;
 using namespace huebrush::libreoffice;
+using bench::milliseconds;
 using nlohmann::json;
-using Clock = std::chrono::steady_clock;
 
 constexpr std::int32_t kNewColor = 0x336699;
 /// Of every four fills, one is changed.
 constexpr std::int32_t kEvery = 4;
-
-template <class Work>
-double milliseconds(const Work& work) {
-    const auto start = Clock::now();
-    work();
-    return std::chrono::duration<double, std::milli>(Clock::now() - start).count();
-}
 
 /// A document in a window that is the active one.
 class Bench {
@@ -58,7 +49,9 @@ class Bench {
         measureHostSelect(figures, "host_select_ms");
         measureSelection(figures, "select_line_ms", "selected_line", select::VseDleBarvyCary);
         measureHostSelect(figures, "host_select_line_ms");
-        measureRecolour(figures);
+        measureRecolour(figures, Way::service);
+        undo();
+        measureRecolour(figures, Way::dialog);
         for (const batch::Message& message : runtime_.messages()) {
             if (message.kind != batch::Message::Kind::information) figures["error"] = message.text;
         }
@@ -98,10 +91,23 @@ class Bench {
         figures[time] = milliseconds([&] { selection()->select(selected); });
     }
 
-    void measureRecolour(json& figures) {
+    /// The program's service scans and applies in one go; between the two clicks in the dialog
+    /// events run, after which nothing counts as read any more.
+    enum class Way { service, dialog };
+
+    void undo() {
+        const css::uno::Reference<css::document::XUndoManagerSupplier> supplier(
+            model_, css::uno::UNO_QUERY_THROW);
+        supplier->getUndoManager()->undo();
+    }
+
+    void measureRecolour(json& figures, Way way) {
+        std::optional<HandlerScope> service;
+        if (way == Way::service) service.emplace(application_.snapshot());
+        const std::string suffix = way == Way::service ? "_ms" : "_dialog_ms";
         batch::Session session(application_, application_.ActiveDocument(), runtime_);
         std::vector<batch::FillRow> rows;
-        figures["scan_ms"] = milliseconds([&] {
+        figures["scan" + suffix] = milliseconds([&] {
             const HandlerScope handler(application_.snapshot());
             rows = session.scan();
         });
@@ -114,7 +120,7 @@ class Bench {
             }
         }
         batch::RecolorResult result;
-        figures["apply_ms"] = milliseconds([&] {
+        figures["apply" + suffix] = milliseconds([&] {
             const HandlerScope handler(application_.snapshot());
             result = session.recolor(request);
         });
@@ -130,34 +136,9 @@ class Bench {
     forms::RuntimeScope scope_;
 };
 
-class BenchJob final : public WeakImplHelper<css::task::XJob> {
- public:
-    explicit BenchJob(const ContextReference& context) : context_(context) {}
-
-    css::uno::Any SAL_CALL
-    execute(const css::uno::Sequence<css::beans::NamedValue>& arguments) override {
-        json figures;
-        try {
-            css::uno::Reference<css::frame::XModel> model;
-            arguments[0].Value >>= model;
-            figures = Bench(context_, model).measure();
-        } catch (const css::uno::Exception&) {
-            figures["error"] = currentHostError().description();
-        } catch (const std::exception& error) {
-            figures["error"] = error.what();
-        }
-        return css::uno::Any(toOffice(figures.dump()));
-    }
-
- private:
-    ContextReference context_;
-};
-
 }  // namespace
 
 extern "C" SAL_DLLPUBLIC_EXPORT css::uno::XInterface* huebrush_bench(
     css::uno::XComponentContext* context, const css::uno::Sequence<css::uno::Any>&) {
-    const rtl::Reference<BenchJob> job(new BenchJob(context));
-    job->acquire();
-    return static_cast<cppu::OWeakObject*>(job.get());
+    return bench::Job<Bench>::make(context);
 }
