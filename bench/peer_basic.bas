@@ -33,9 +33,35 @@ Private mFillCount As Long
 
 Function Measure(oDocument As Object) As String
 	Dim nStart As Long, nScan As Long, nApply As Long, nApplied As Long
+	Dim sSelections As String
+	On Error Goto Failed
+
+	' The selections need a window; the rest is measured with one and without.
+	If Not IsHidden(oDocument) Then sSelections = MeasureSelections(oDocument)
+
+	nStart = GetSystemTicks()
+	Scan(oDocument)
+	nScan = GetSystemTicks() - nStart
+
+	nStart = GetSystemTicks()
+	nApplied = Apply(oDocument)
+	nApply = GetSystemTicks() - nStart
+
+	Measure = "{" & sSelections & _
+		Member("scan_ms", nScan) & ", " & Member("apply_ms", nApply) & ", " & _
+		Member("fills", mFillCount) & ", " & Member("shapes", mShapeCount) & ", " & _
+		Member("applied", nApplied) & "}"
+	Erase mShapes
+	mFillNumbers = Nothing
+	Exit Function
+Failed:
+	Measure = "{""error"": """ & OneLine("Line " & Erl & ": " & Error) & """}"
+End Function
+
+Private Function MeasureSelections(oDocument As Object) As String
+	Dim nStart As Long
 	Dim nFill As Long, nHostFill As Long, nSelectedFill As Long
 	Dim nLine As Long, nHostLine As Long, nSelectedLine As Long
-	On Error Goto Failed
 
 	SelectSample(oDocument)
 	nStart = GetSystemTicks()
@@ -48,27 +74,20 @@ Function Measure(oDocument As Object) As String
 	nLine = GetSystemTicks() - nStart
 
 	SelectSample(oDocument)
-	nStart = GetSystemTicks()
-	Scan(oDocument)
-	nScan = GetSystemTicks() - nStart
-
-	nStart = GetSystemTicks()
-	nApplied = Apply(oDocument)
-	nApply = GetSystemTicks() - nStart
-
-	Measure = "{" & _
-		Member("scan_ms", nScan) & ", " & Member("apply_ms", nApply) & ", " & _
+	MeasureSelections = _
 		Member("select_fill_ms", nFill) & ", " & Member("select_line_ms", nLine) & ", " & _
 		Member("host_select_ms", nHostFill) & ", " & _
 		Member("host_select_line_ms", nHostLine) & ", " & _
-		Member("fills", mFillCount) & ", " & Member("shapes", mShapeCount) & ", " & _
-		Member("applied", nApplied) & ", " & Member("selected_fill", nSelectedFill) & ", " & _
-		Member("selected_line", nSelectedLine) & "}"
-	Erase mShapes
-	mFillNumbers = Nothing
-	Exit Function
-Failed:
-	Measure = "{""error"": """ & OneLine("Line " & Erl & ": " & Error) & """}"
+		Member("selected_fill", nSelectedFill) & ", " & _
+		Member("selected_line", nSelectedLine) & ", "
+End Function
+
+Private Function IsHidden(oDocument As Object) As Boolean
+	Dim aArguments, i As Long
+	aArguments = oDocument.Args
+	For i = 0 To UBound(aArguments)
+		If aArguments(i).Name = "Hidden" Then IsHidden = aArguments(i).Value
+	Next
 End Function
 
 Private Function OneLine(ByVal sText As String) As String

@@ -81,7 +81,7 @@ void BufferedFill::UserTextured(const std::string& file) {
 
 void BufferedFill::refresh() {
     // Only after the answer: it carries out writes, which end what was current.
-    answer_ = answer();
+    answer_ = &document_->keep(answer());
     stamp_ = document_->stamp();
 }
 

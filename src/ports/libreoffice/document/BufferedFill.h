@@ -15,8 +15,8 @@ namespace huebrush::libreoffice {
 /// of this object.
 /// What can be wrong with a call's arguments, or with the shapes, is an error of that call.
 ///
-/// The logic compares each fill with thousands of others, so the last answer is kept here, together
-/// with what says whether it still holds.
+/// The logic compares each fill with thousands of others, so where the last answer is kept is known
+/// here, together with what says whether it still holds.
 class BufferedFill : public host::FillFormat {
  public:
     explicit BufferedFill(std::shared_ptr<OpenDocument> document)
@@ -75,7 +75,7 @@ class BufferedFill : public host::FillFormat {
 
     const HostFill& read() {
         if (!document_->holds(stamp_)) refresh();
-        return answer_;
+        return *answer_;
     }
     void refresh();
     Writing& writing();
@@ -83,7 +83,7 @@ class BufferedFill : public host::FillFormat {
 
     std::shared_ptr<OpenDocument> document_;
     OpenDocument::Stamp stamp_ = 0;
-    HostFill answer_;
+    const HostFill* answer_ = nullptr;
     std::unique_ptr<Writing> writing_;
 };
 

@@ -20,10 +20,12 @@ namespace {
 /// From so many writes on it pays to walk all shapes and let go of each after its write.
 constexpr std::size_t kManyWrites = 48;
 
+}  // namespace
+
 /// While it lives, the office does not lay out or paint after every write.
-class LockedControllers {
+class OpenDocument::LockedControllers {
  public:
-    explicit LockedControllers(const OpenDocument::Model& model) : model_(model) {
+    explicit LockedControllers(const Model& model) : model_(model) {
         model_->lockControllers();
     }
     LockedControllers(const LockedControllers&) = delete;
@@ -33,10 +35,8 @@ class LockedControllers {
     }
 
  private:
-    OpenDocument::Model model_;
+    Model model_;
 };
-
-}  // namespace
 
 /// What there is of a document while it is open.
 struct OpenDocument::Parts {
@@ -176,6 +176,11 @@ void OpenDocument::collectLeaves(const NodePointer& node, std::vector<NodePointe
     }
 }
 
+const HostFill& OpenDocument::keep(const HostFill& fill) {
+    if (stamp() == 0) pool_.clear();
+    return pool_.keep(fill);
+}
+
 HostFill OpenDocument::commonFillOf(const std::vector<NodePointer>& nodes) {
     CommonFill common;
     for (const NodePointer& node : nodes) common.add(fillOf(*node));
@@ -247,10 +252,18 @@ void OpenDocument::changeFills(const std::function<void()>& change, std::size_t 
     officeCalls([&] {
         const HandlerScope scope(snapshot_);
         std::optional<LockedControllers> locked;
-        if (count > 1) locked.emplace(model());
+        if (!parts().hasWindow) {
+            lockUntilGenerationEnds();
+        } else if (count > 1) {
+            locked.emplace(model());
+        }
         if (count >= kManyWrites) tree().letGo();
         change();
     });
+}
+
+void OpenDocument::lockUntilGenerationEnds() {
+    if (!locked_) locked_ = std::make_unique<LockedControllers>(model());
 }
 
 void OpenDocument::writeEach(std::vector<Write>& writes) {
@@ -383,6 +396,7 @@ void OpenDocument::select(const std::vector<NodePointer>& nodes) {
 void OpenDocument::showSelection() {
     commitBuffered();
     flush();
+    locked_.reset();
     if (!parts().hasWindow && !selection_.empty()) selectInWindow(selection_);
 }
 
@@ -408,6 +422,8 @@ void OpenDocument::endGeneration() {
         flush();
     } catch (const std::exception&) {  // NOLINT: read as the shape's error
     }
+    pool_.clear();
+    locked_.reset();
     if (!parts_) return;
     ignoringOffice([&] { parts_->tree.endGeneration(); });
     parts_->names.forgetDead();
@@ -418,6 +434,7 @@ void OpenDocument::close() {
     if (!parts_) return;
     ++stamp_;
     buffered_ = nullptr;
+    locked_.reset();
     writes_.clear();
     writeOf_.clear();
     selection_.clear();

@@ -9,6 +9,7 @@
 
 #include "host/Document.h"
 #include "ports/libreoffice/Snapshot.h"
+#include "ports/libreoffice/document/FillPool.h"
 #include "ports/libreoffice/document/FillTables.h"
 #include "ports/libreoffice/document/FillUndo.h"
 #include "ports/libreoffice/document/ShapeNames.h"
@@ -60,6 +61,8 @@ class OpenDocument : public std::enable_shared_from_this<OpenDocument> {
         if (node.lineError) throw base::Error(*node.lineError);
         return node.line;
     }
+    /// The value as this document keeps it: good while the present stamp holds.
+    const HostFill& keep(const HostFill& fill);
     /// The common answer of several shapes.
     HostFill commonFillOf(const std::vector<NodePointer>& nodes);
     /// The shape, or all members of a group down to the last, that are no groups.
@@ -105,6 +108,7 @@ class OpenDocument : public std::enable_shared_from_this<OpenDocument> {
 
  private:
     class Group;
+    class LockedControllers;
     struct Parts;
     struct Write {
         NodePointer node;
@@ -128,6 +132,7 @@ class OpenDocument : public std::enable_shared_from_this<OpenDocument> {
     std::vector<std::int32_t> placeOf(ShapeNode& node, const ShapeReference& shape);
     void endUndoGroup(const std::string& title);
     void selectInWindow(const std::vector<NodePointer>& nodes);
+    void lockUntilGenerationEnds();
 
     ContextReference context_;
     std::shared_ptr<Snapshot> snapshot_;
@@ -135,7 +140,10 @@ class OpenDocument : public std::enable_shared_from_this<OpenDocument> {
     BufferedFill* buffered_ = nullptr;
     /// Grows with every write that is begun or carried out, and with every generation's end.
     Stamp stamp_ = 1;
+    FillPool pool_;
 
+    /// Of a document without a window, from the first write to the generation's end.
+    std::unique_ptr<LockedControllers> locked_;
     std::vector<Write> writes_;
     std::unordered_map<const ShapeNode*, std::size_t> writeOf_;
     std::int32_t undoGroups_ = 0;
