@@ -34,8 +34,8 @@ constexpr std::int32_t kHostColor = 0x993366;
 constexpr std::int32_t kEvery = 4;
 
 /// In a document without a window the recolour is measured as the program's service does it; in the
-/// window, which becomes the active one, the selection commands, and the recolour as the dialog does
-/// it.
+/// window, which becomes the active one, the selection commands, and the recolour as the dialog
+/// does it.
 class Bench {
  public:
     Bench(const ContextReference& context, const css::uno::Reference<css::frame::XModel>& model)
@@ -78,8 +78,8 @@ class Bench {
         measureHostWrites(figures);
     }
 
-    /// A colour for every fourth object of the page by the office's own call alone: what no recolour
-    /// can go below, and how it grows. Left out where a group's call would be many.
+    /// A colour for every fourth object of the page by the office's own call alone: what no
+    /// recolour can go below, and how it grows. Left out where a group's call would be many.
     void measureHostWrites(json& figures) const {
         const DrawPage page(model_);
         const std::int32_t count = page.count();
