@@ -24,6 +24,8 @@
 ///   void settle();                               lets the screen catch up with the controls
 ///   void click(Control&);                        the user's click on a button, box or option
 ///   void closeWindow(Form&);                     the user closes the form's window
+///   void deactivate(Form&);                      another window becomes the active one
+///   void activate(Form&);                        the form's window becomes the active one again
 ///   void inNextPump(std::function<void()>);      what happens while DoEvents lets events run
 ///   void answerNextBox(MsgBoxResult);            how the user leaves the next box
 ///   void pickInNextMenu(std::string caption);    what the user picks in the next menu; "" nothing;
@@ -335,6 +337,19 @@ TYPED_TEST_P(FormsContract, AMessageBoxIsNoLossOfTheFocus) {
     EXPECT_EQ(this->form->focused(), &this->form->first);
 }
 
+TYPED_TEST_P(FormsContract, LosingTheWindowsActivationIsNoLossOfTheFocus) {
+    Row& row = this->loadRow(1);
+    row.SetFocus();
+    this->port.settle();
+    this->watchFocus(row);
+    this->port.deactivate(*this->form);
+    EXPECT_TRUE(this->takeEvents().empty());
+    EXPECT_EQ(this->form->focused(), &row.box);
+    this->port.activate(*this->form);
+    EXPECT_TRUE(this->takeEvents().empty());
+    EXPECT_EQ(this->form->focused(), &row.box);
+}
+
 TYPED_TEST_P(FormsContract, AnImageTakesNoFocus) {
     this->form->first.SetFocus();
     this->watchFocus(this->form->first);
@@ -430,7 +445,8 @@ REGISTER_TYPED_TEST_SUITE_P(
     UnloadingTheFocusedRowMovesTheFocusOn, SetFocusOnAHiddenOrDisabledControlIsAnError,
     TouchingAnUnloadedArrayElementIsAnError, ArrayElementsAreLoadedAndUnloadedAtTheEndOnly,
     LoadingAnArrayElementClonesTheTemplateHidden, AUserControlHasTheFocusWhileOneOfItsPartsHasIt,
-    AMessageBoxIsNoLossOfTheFocus, AnImageTakesNoFocus, ThePumpMayCloseTheFormUnderARunningHandler,
+    AMessageBoxIsNoLossOfTheFocus, LosingTheWindowsActivationIsNoLossOfTheFocus,
+    AnImageTakesNoFocus, ThePumpMayCloseTheFormUnderARunningHandler,
     ARowUnloadedByItsOwnHandlerLivesUntilTheHandlerReturns,
     WhatAHandlerThrowsGoesToTheUnhandledErrorsAndNoFurther, UnloadingTwiceIsUnloadingOnce,
     OneButtonOfAFormIsItsDefault, TheClipboardGivesBackThePictureUntilItIsCleared,

@@ -14,6 +14,9 @@ class MemoryPort {
     void settle() {}
     void click(Control& control) { memory::Driver(control.form()).click(control); }
     void closeWindow(Form& form) { memory::Driver(form).close(); }
+    // No window here is ever active.
+    void deactivate(Form&) {}
+    void activate(Form&) {}
     void inNextPump(std::function<void()> happening) {
         runtime_.onPump = [this, happening = std::move(happening)](std::size_t) {
             const auto once = happening;

@@ -26,6 +26,9 @@ class Menu:
     higher than a tool tip."""
 
     EDGE, LINE_HEIGHT, LEAST_HEIGHT = 3, 8, 30
+    TICK_WIDTH = 22
+    # Red, green and blue together: how far a text that can be used differs from what is below it.
+    CONTRAST = 400
 
     def __init__(self, screen, before, items):
         self.screen = screen
@@ -51,11 +54,28 @@ class Menu:
         height = self.screen.bounds_of(self.window)[3]
         return (height - 2 * self.EDGE - lines * self.LINE_HEIGHT) / (len(self.items) - lines)
 
+    def top_of(self, item):
+        """Where an item begins, in pixels of the menu."""
+        lines = self.items[:item].count("-")
+        return int(self.EDGE + (item - lines) * self.item_height() + lines * self.LINE_HEIGHT)
+
     def click(self, item):
         left, top, width, _ = self.screen.bounds_of(self.window)
-        lines = self.items[:item].count("-")
-        y = self.EDGE + (item - lines + 0.5) * self.item_height() + lines * self.LINE_HEIGHT
-        self.screen.click(left + width // 2, int(top + y))
+        self.screen.click(left + width // 2,
+                          int(top + self.top_of(item) + self.item_height() // 2))
+
+    def usable(self):
+        """The items that are not greyed, as long as the mouse is on none of them."""
+        return [name for item, name in enumerate(self.items)
+                if name != "-" and self._contrast(item) > self.CONTRAST]
+
+    def _contrast(self, item):
+        left, top, width, _ = self.screen.bounds_of(self.window)
+        begin = left + self.TICK_WIDTH
+        pixels = self.screen.pixels(begin, top + self.top_of(item),
+                                    left + width - self.EDGE - begin, int(self.item_height()))
+        sums = [sum(pixel) for pixel in zip(pixels[::3], pixels[1::3], pixels[2::3])]
+        return max(sums) - min(sums)
 
     def wait_for_end(self):
         wait_until(lambda: not self.is_open(), "the menu closes")
@@ -117,9 +137,8 @@ class Dialog:
     def open_row_menu(self, row):
         return self.open_menu(self.in_row(row, MENU), ROW_MENU)
 
-    def open_remove_menu(self, items=REMOVE_MENU):
-        """With those items that can be used: the office leaves out the others."""
-        return self.open_menu(REMOVE, items)
+    def open_remove_menu(self):
+        return self.open_menu(REMOVE, REMOVE_MENU)
 
     def drag_row(self, row, to):
         """Drags a row that has the focus by its handle onto another one."""

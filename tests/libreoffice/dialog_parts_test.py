@@ -8,8 +8,8 @@ and its about box.
 import os
 
 from case import run_tests
-from dialog import (ACTIVE, ADD, BOX, CLOSE, EVERY, HANDLE, LOGO, SELECT_ALL, SELECTED,
-                    SOURCE, TICKED, TWIPS_PER_PIXEL, UNTICKED)
+from dialog import (ACTIVE, ADD, BOX, CLOSE, EVERY, HANDLE, LOGO, REMOVE, REMOVE_MENU, SELECT_ALL,
+                    SELECTED, SOURCE, TICKED, TWIPS_PER_PIXEL, UNTICKED)
 from dialog_case import BLUE, COLOURS, GREEN, GREY, RED, YELLOW, DialogCase
 from screen import wait_until
 
@@ -27,9 +27,10 @@ class DialogPartsTest(DialogCase):
     def test_the_menu_removes_what_it_says(self):
         dialog = self.open_filled()
         def remove(item, *usable):
-            dialog.open_remove_menu(usable).pick(usable.index(item))
+            menu = dialog.open_remove_menu()
+            self.assertEqual(menu.usable(), list(usable))
+            menu.pick(REMOVE_MENU.index(item))
 
-        dialog.open_remove_menu([UNTICKED, EVERY]).close()
         dialog.click_row(2, BOX)
         dialog.click_row(4, BOX)
         remove(TICKED, ACTIVE, UNTICKED, TICKED, EVERY)
@@ -42,7 +43,7 @@ class DialogPartsTest(DialogCase):
         remove(UNTICKED, ACTIVE, UNTICKED, TICKED, EVERY)
         self.wait_for_rows(dialog, GREY)
         self.wait_for_ticked(1)
-        remove(EVERY, ACTIVE, TICKED, EVERY)
+        remove(EVERY, TICKED, EVERY)
         self.wait_for_rows(dialog)
         self.wait_for_ticked(0)
         self.wait_until_usable("Přebarvit", False)
@@ -50,8 +51,53 @@ class DialogPartsTest(DialogCase):
 
     def test_after_the_remove_menu_the_rest_can_be_recoloured(self):
         dialog = self.open_filled([RED, GREEN])
-        dialog.open_remove_menu([UNTICKED, EVERY]).close()
+        dialog.open_remove_menu().close()
         self.wait_until_usable("Přebarvit")
+
+    def test_what_cannot_be_removed_is_shown_and_not_picked(self):
+        dialog = self.open_filled([RED, GREEN])
+        menu = dialog.open_remove_menu()
+        self.assertEqual(menu.usable(), [UNTICKED, EVERY])
+        for item in (ACTIVE, TICKED):
+            menu.click(REMOVE_MENU.index(item))
+        self.screen.key("a", "o")  # Their access keys.
+        self.assertTrue(menu.is_open())
+        dialog.wait_for_colours([RED, GREEN])
+        self.screen.key("v")
+        menu.wait_for_end()
+        self.wait_for_rows(dialog)
+
+    def test_a_click_beside_the_menu_closes_it(self):
+        dialog = self.open_filled([RED, GREEN])
+        dialog.click_row(2, SOURCE)
+        menu = dialog.open_remove_menu()
+        dialog.click(REMOVE)
+        menu.wait_for_end()
+        menu = dialog.open_remove_menu()
+        self.assertEqual(menu.usable(), [ACTIVE, UNTICKED, EVERY])
+        dialog.click((5060, 6200))
+        menu.wait_for_end()
+        menu = dialog.open_row_menu(1)
+        self.screen.click(*self.outside(dialog))
+        menu.wait_for_end()
+        self.screen.focus(dialog.window)
+        dialog.open_remove_menu().pick(REMOVE_MENU.index(ACTIVE))
+        self.wait_for_rows(dialog, RED)
+
+    def outside(self, dialog):
+        """A place in the document beside the dialog."""
+        left, top, width, _ = self.screen.outline_of(dialog.window)
+        return left + width + 30, top + 200
+
+    def test_the_document_is_closed_under_an_open_menu(self):
+        dialog = self.open_filled([RED, GREEN])
+        self.writer.new_document()
+        self.screen.focus(dialog.window)
+        dialog.open_row_menu(2)
+        self.frame.Controller.Model.setModified(False)
+        self.frame.close(True)
+        wait_until(lambda: not dialog.is_open(), "the dialog has gone with its document")
+        self.assertEqual(self.writer.quit(), 0)
 
     # Ticks.
 

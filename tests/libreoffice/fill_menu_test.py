@@ -5,7 +5,7 @@
 """
 
 from case import run_tests
-from dialog import BOX, COLOUR, DESTINATION, FORMAT, HALF, LOOK, NO_FILL, RECOLOUR, RESTORE
+from dialog import BOX, COLOUR, DESTINATION, FORMAT, HALF, LOOK, NO_FILL, RECOLOUR, RESTORE, ROW_MENU
 from dialog_case import BLUE, GREEN, RED, DialogCase
 from screen import wait_until
 
@@ -47,6 +47,23 @@ class FillMenuTest(DialogCase):
         self.model.setModified(False)
         self.recolour(row)
         wait_until(self.model.isModified, "the document is written to")
+
+    def test_the_keys_of_the_menu(self):
+        menu = self.dialog.open_row_menu(1)
+        self.assertEqual(menu.usable(), [item for item in ROW_MENU if item != "-"])
+        self.screen.key("End", "Up", "Home", "space")
+        menu.wait_for_end()
+        nothing = self.background(self.dialog)
+        self.wait_for_new(nothing, GREEN, BLUE)
+        menu = self.dialog.open_row_menu(1)
+        self.screen.key("o")
+        menu.wait_for_end()
+        self.wait_for_new(RED, GREEN, BLUE)
+        menu = self.dialog.open_row_menu(2)
+        self.screen.key("x", "Down", "Escape")
+        menu.wait_for_end()
+        self.assertTrue(self.dialog.is_open())
+        self.wait_for_new(RED, GREEN, BLUE)
 
     def test_no_fill_is_a_switch(self):
         nothing = self.background(self.dialog)

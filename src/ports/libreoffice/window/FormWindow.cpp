@@ -1,11 +1,9 @@
 #include "ports/libreoffice/window/FormWindow.h"
 
 #include <algorithm>
-#include <chrono>
 #include <com/sun/star/awt/PosSize.hpp>
 #include <com/sun/star/awt/XControlModel.hpp>
 #include <com/sun/star/awt/XDevice.hpp>
-#include <com/sun/star/awt/XToolkitExperimental.hpp>
 #include <com/sun/star/awt/XTopWindow.hpp>
 #include <com/sun/star/awt/XVclWindowPeer.hpp>
 #include <com/sun/star/awt/XWindow2.hpp>
@@ -13,15 +11,12 @@
 #include <utility>
 
 #include "error/mError.h"
-#include "ports/libreoffice/Snapshot.h"
 #include "ports/libreoffice/app/Pointer.h"
 #include "ports/libreoffice/uno/Errors.h"
-#include "ports/libreoffice/uno/MainThread.h"
 #include "ports/libreoffice/uno/WeakImplHelper.h"
 #include "ports/libreoffice/window/Keyboard.h"
 #include "ports/libreoffice/window/NativeWindow.h"
 #include "ports/libreoffice/window/Painter.h"
-#include "ports/libreoffice/window/PopupMenus.h"
 
 namespace huebrush::libreoffice {
 
@@ -55,6 +50,7 @@ class FormWindow::Listener final
 
     void SAL_CALL windowClosing(const css::lang::EventObject&) override {
         if (window_ == nullptr) return;
+        closeMenu();
         window_->post([window = window_] {
             forms::Form& form = window->form();
             form.handle([&] { form.Unload(); });
@@ -62,7 +58,9 @@ class FormWindow::Listener final
     }
     void SAL_CALL windowActivated(const css::lang::EventObject&) override { follow(); }
     void SAL_CALL windowResized(const css::awt::WindowEvent&) override {
-        if (window_ != nullptr) window_->post([window = window_] { window->resized(); });
+        if (window_ == nullptr) return;
+        closeMenu();
+        window_->post([window = window_] { window->resized(); });
     }
     void SAL_CALL focusGained(const css::awt::FocusEvent&) override { follow(); }
     void SAL_CALL focusLost(const css::awt::FocusEvent&) override {}
@@ -71,7 +69,7 @@ class FormWindow::Listener final
     void SAL_CALL windowMinimized(const css::lang::EventObject&) override {}
     void SAL_CALL windowNormalized(const css::lang::EventObject&) override {}
     void SAL_CALL windowDeactivated(const css::lang::EventObject&) override {}
-    void SAL_CALL windowMoved(const css::awt::WindowEvent&) override {}
+    void SAL_CALL windowMoved(const css::awt::WindowEvent&) override { closeMenu(); }
     void SAL_CALL windowShown(const css::lang::EventObject&) override {}
     void SAL_CALL windowHidden(const css::lang::EventObject&) override {}
     /// The window below goes, and takes with it what lies over it: the form ends before that.
@@ -84,7 +82,10 @@ class FormWindow::Listener final
  private:
     /// The native focus goes where the controls say.
     void follow() {
-        if (window_ != nullptr) window_->post([] {});
+        if (window_ != nullptr) window_->deeds_.wake();
+    }
+    void closeMenu() {
+        if (window_ != nullptr) window_->menu_.close();
     }
 
     FormWindow* window_;
@@ -92,7 +93,12 @@ class FormWindow::Listener final
 
 FormWindow::FormWindow(const ContextReference& context, forms::Form& form,
                        std::shared_ptr<Snapshot> snapshot)
-    : context_(context), form_(&form), snapshot_(std::move(snapshot)), pictures_(context) {}
+    : form_(&form),
+      context_(context),
+      pictures_(context),
+      pointing_(context, *this),
+      menu_(context),
+      deeds_(context, *this, std::move(snapshot)) {}
 
 FormWindow::~FormWindow() {
     close();
@@ -153,7 +159,8 @@ void FormWindow::centreOver(const Peer& parent) {
 void FormWindow::retire() {
     if (!dialog_.is()) return;
     keyboard_.reset();
-    scrollWhileDragging(0);
+    pointing_.stop();
+    menu_.close();
     listener_->forget();
     if (parent_.is()) {
         ignoringOffice([&] {
@@ -205,32 +212,17 @@ void FormWindow::removePeers(forms::Control& control) {
 // Deeds of the user.
 
 void FormWindow::post(std::function<void()> deed) {
-    deeds_.push_back(std::move(deed));
-    postRun();
+    deeds_.add(std::move(deed));
 }
 
-void FormWindow::postRun() {
-    if (runPosted_) return;
-    runPosted_ = true;
-    postToMainThread(context_, [weak = weak_from_this()] {
-        if (const auto window = weak.lock()) window->runDeeds();
-    });
-}
-
-void FormWindow::runDeeds() {
-    runPosted_ = false;
+void FormWindow::takeTurn() {
     if (!dialog_.is()) return;
     // A deed may close the form, and its window with it.
     const std::shared_ptr<FormWindow> self = shared_from_this();
     const std::shared_ptr<forms::Control> form =
         std::static_pointer_cast<forms::Control>(form_->weak_from_this().lock());
     if (form == nullptr) return;
-    while (!deeds_.empty() && dialog_.is()) {
-        const std::function<void()> deed = std::move(deeds_.front());
-        deeds_.erase(deeds_.begin());
-        const HandlerScope scope(snapshot_);
-        deed();
-    }
+    deeds_.run();
     flush();
 }
 
@@ -254,7 +246,7 @@ void FormWindow::resized() {
 void FormWindow::touch(forms::PropertyId id) {
     if (id == forms::PropertyId::Children) childrenChanged_ = true;
     changed_ = true;
-    if (dialog_.is()) postRun();
+    if (dialog_.is()) deeds_.wake();
 }
 
 void FormWindow::flush() {
@@ -340,7 +332,7 @@ void FormWindow::showNative(Surface& surface, ControlPeer& peer, const Box& plac
             peer.native = Native::make(
                 control, {toolkit_, surface.peer(),
                           [this](std::function<void()> deed) { post(std::move(deed)); },
-                          [this](const MouseInput& input) { hearMouse(input); }});
+                          [this](const MouseInput& input) { pointing_.hear(input); }});
             peer.native->window()->addFocusListener(listener_.get());
         }
         surface.shown.push_back(peer.reference());
@@ -366,10 +358,9 @@ void FormWindow::retireNatives(Surface& surface) {
 std::unique_ptr<Surface> FormWindow::makeSurface(forms::Control& control, const Peer& parent) {
     auto surface = std::make_unique<Surface>(
         toolkit_, parent, ControlPeer::of(&control)->reference(),
-        Surface::Callbacks{
-            [this](Surface& painted) { paint(painted); },
-            [this](const MouseInput& input) { hearMouse(input); },
-            [this](Surface&, int notches) { post([this, notches] { scroll(notches); }); }});
+        Surface::Callbacks{[this](Surface& painted) { paint(painted); },
+                           [this](const MouseInput& input) { pointing_.hear(input); },
+                           [this](Surface&, int notches) { pointing_.turnWheel(notches); }});
     surface->window()->addFocusListener(listener_.get());
     // What native controls leave free shows it.
     surface->peer()->setBackground(theme_.colour(backgroundOf(control)));
@@ -401,6 +392,12 @@ bool FormWindow::isActive() const {
     return window.is() && window->isActive();
 }
 
+std::vector<const Surface*> FormWindow::surfaces() const {
+    std::vector<const Surface*> all{root_.get()};
+    for (const auto& box : boxes_) all.push_back(box.get());
+    return all;
+}
+
 Surface* FormWindow::windowOf(const forms::Control& surface) const {
     if (&surface == form_) return root_.get();
     const auto found =
@@ -410,21 +407,17 @@ Surface* FormWindow::windowOf(const forms::Control& surface) const {
 
 forms::MenuItem* FormWindow::pickFrom(const forms::PopupMenu& menu, forms::Control& owner, double x,
                                       double y) {
-    Box place{x, y, 0, 0};
-    const Surface* surface = root_.get();
+    css::awt::Point place{scale_.toPixels(x), scale_.toPixels(y)};
     if (&owner != form_) {
         const Box box = placeOnSurface(owner);
-        place.left += box.left;
-        place.top += box.top;
-        surface = windowOf(surfaceOf(owner));
+        const Surface* const surface = windowOf(surfaceOf(owner));
+        if (surface == nullptr) return nullptr;
+        const css::awt::Rectangle bounds = surface->bounds();
+        place = {bounds.X + scale_.toPixels(box.left + x), bounds.Y + scale_.toPixels(box.top + y)};
     }
-    if (surface == nullptr) return nullptr;
-    // While a menu is open, the keys are the menu's.
-    menuIsOpen_ = true;
+    const Deeds::Pause pause(deeds_);
     forms::MenuItem* picked = nullptr;
-    error::ignoring(
-        [&] { picked = pickFromMenu(context_, menu, surface->peer(), scale_.toPixels(place)); });
-    menuIsOpen_ = false;
+    error::ignoring([&] { picked = menu_.pick(menu, peer(), theme_, scale_, place); });
     return picked;
 }
 
@@ -440,92 +433,7 @@ void FormWindow::paint(Surface& surface) {
                                    bounds.Height);
 }
 
-// The mouse.
-
-void FormWindow::hearMouse(const MouseInput& input) {
-    post([this, input] { heardMouse(input); });
-}
-
-void FormWindow::heardMouse(const MouseInput& input) {
-    const Mouse::Place at = onSurface(input);
-    if (at.surface == nullptr) return;
-    const forms::MouseEvent event{input.button, input.shift};
-    switch (input.kind) {
-        case MouseInput::Kind::press:
-            mouse_.press(at, event, input.twice);
-            break;
-        case MouseInput::Kind::release:
-            mouse_.release(at, event);
-            break;
-        case MouseInput::Kind::move:
-            mouse_.move(at, event);
-            break;
-    }
-    if (dialog_.is()) followPointer(onSurface(input));
-}
-
-/// What the place of the mouse means for the windows themselves.
-void FormWindow::followPointer(const Mouse::Place& at) {
-    if (at.surface == nullptr) return;
-    if (Surface* const surface = windowOf(*at.surface)) surface->setToolTip(Mouse::toolTipAt(at));
-    scrollWhileDragging(Mouse::scrollWantedAt(at));
-}
-
-void FormWindow::scrollWhileDragging(int direction) {
-    constexpr std::chrono::milliseconds kInterval(100);
-    if (direction == std::exchange(dragScrollDirection_, direction)) return;
-    dragScroll_.reset();
-    if (direction == 0) return;
-    dragScroll_ =
-        std::make_unique<Repeater>(context_, kInterval, [weak = weak_from_this(), direction] {
-            const auto window = weak.lock();
-            if (window == nullptr || window->dragScrollDirection_ != direction) return;
-            window->post([self = window.get(), direction] {
-                if (self->form_->dragged() == nullptr) {
-                    self->scrollWhileDragging(0);
-                } else {
-                    self->scroll(direction);
-                }
-            });
-        });
-}
-
-/// Where the mouse is on the surface that was told of it, or that the native control lies on.
-Mouse::Place FormWindow::onSurface(const MouseInput& input) const {
-    const auto placeOn = [&](const Surface& surface, sal_Int32 left, sal_Int32 top) {
-        return Mouse::Place{surface.control(), scale_.toTwips(left + input.x),
-                            scale_.toTwips(top + input.y), scale_.toTwips(surface.bounds().Width),
-                            scale_.toTwips(surface.bounds().Height)};
-    };
-    const auto onThis = [&](const Surface& surface) -> Mouse::Place {
-        if (surface.window() == input.window) return placeOn(surface, 0, 0);
-        for (const ControlReference& control : surface.shown) {
-            const Native* const native =
-                control->peer == nullptr ? nullptr : control->peer->native.get();
-            if (native != nullptr && native->window() == input.window) {
-                return placeOn(surface, native->place().X, native->place().Y);
-            }
-        }
-        return {};
-    };
-    Mouse::Place place = onThis(*root_);
-    for (const auto& box : boxes_) {
-        if (place.surface == nullptr) place = onThis(*box);
-    }
-    return place;
-}
-
-void FormWindow::scroll(int lines) {
-    for (forms::Control* const child : form_->children()) {
-        auto* const bar = dynamic_cast<forms::VScrollBar*>(child);
-        if (bar == nullptr || !bar->isUsable()) continue;
-        bar->scrollTo(bar->value() + lines * bar->SmallChange);
-        return;
-    }
-}
-
 bool FormWindow::takesKeysOf(const Reference<css::uno::XInterface>& window) const {
-    if (menuIsOpen_) return false;
     const Reference<css::awt::XWindowPeer> inside(window, UNO_QUERY);
     const Reference<css::awt::XVclWindowPeer> outer(peer(), UNO_QUERY);
     if (!inside.is() || !outer.is()) return false;

@@ -13,12 +13,13 @@
 
 #include "forms/Form.h"
 #include "forms/PopupMenu.h"
-#include "ports/libreoffice/uno/Repeater.h"
 #include "ports/libreoffice/uno/Services.h"
 #include "ports/libreoffice/window/ControlPeer.h"
+#include "ports/libreoffice/window/Deeds.h"
+#include "ports/libreoffice/window/FormMenu.h"
 #include "ports/libreoffice/window/Geometry.h"
-#include "ports/libreoffice/window/Mouse.h"
 #include "ports/libreoffice/window/Pictures.h"
+#include "ports/libreoffice/window/Pointing.h"
 #include "ports/libreoffice/window/Scene.h"
 #include "ports/libreoffice/window/Surface.h"
 #include "ports/libreoffice/window/Theme.h"
@@ -60,6 +61,8 @@ class FormWindow : public std::enable_shared_from_this<FormWindow> {
 
     /// Runs a deed of the user soon, out of the event loop, unless the window is closed by then.
     void post(std::function<void()> deed);
+    /// Does now what has been posted, and brings the window up to date.
+    void takeTurn();
     /// A property of a control has changed.
     void touch(forms::PropertyId id);
     /// Brings the window up to date at once.
@@ -71,8 +74,13 @@ class FormWindow : public std::enable_shared_from_this<FormWindow> {
                               double y);
 
     forms::Form& form() const { return *form_; }
-    Mouse& mouse() { return mouse_; }
+    Pointing& pointing() { return pointing_; }
+    FormMenu& menu() { return menu_; }
     const Scale& scale() const { return scale_; }
+    /// All of its surfaces, the form's own first.
+    std::vector<const Surface*> surfaces() const;
+    /// The window of a surface; nothing when there is none.
+    Surface* windowOf(const forms::Control& surface) const;
     bool isActive() const;
     /// Whether the keys that a native window gets are the form's: it is this one or lies in it.
     bool takesKeysOf(
@@ -81,8 +89,6 @@ class FormWindow : public std::enable_shared_from_this<FormWindow> {
  private:
     class Listener;
 
-    void runDeeds();
-    void postRun();
     void makeDialog(const Peer& parent);
     void centreOver(const Peer& parent);
     void addPeers(forms::Control& control);
@@ -99,23 +105,16 @@ class FormWindow : public std::enable_shared_from_this<FormWindow> {
     void mirrorPointer();
 
     void resized();
-    void hearMouse(const MouseInput& input);
-    void heardMouse(const MouseInput& input);
-    Mouse::Place onSurface(const MouseInput& input) const;
-    void followPointer(const Mouse::Place& at);
-    void scrollWhileDragging(int direction);
-    void scroll(int lines);
     void paint(Surface& surface);
-    /// The window of a surface; nothing when there is none.
-    Surface* windowOf(const forms::Control& surface) const;
 
-    ContextReference context_;
     forms::Form* form_;
-    std::shared_ptr<Snapshot> snapshot_;
+    ContextReference context_;
     Pictures pictures_;
     Theme theme_;
     Scale scale_;
-    Mouse mouse_;
+    Pointing pointing_;
+    FormMenu menu_;
+    Deeds deeds_;
 
     com::sun::star::uno::Reference<com::sun::star::awt::XToolkit> toolkit_;
     com::sun::star::uno::Reference<com::sun::star::awt::XControl> dialog_;
@@ -128,12 +127,6 @@ class FormWindow : public std::enable_shared_from_this<FormWindow> {
     std::unique_ptr<Surface> root_;
     std::vector<std::unique_ptr<Surface>> boxes_;
 
-    std::vector<std::function<void()>> deeds_;
-    /// Scrolls while a control is dragged beyond the edge of its list, that way.
-    std::unique_ptr<Repeater> dragScroll_;
-    int dragScrollDirection_ = 0;
-    bool runPosted_ = false;
-    bool menuIsOpen_ = false;
     bool childrenChanged_ = true;
     bool changed_ = true;
     unsigned pass_ = 0;

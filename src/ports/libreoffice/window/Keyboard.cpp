@@ -21,10 +21,12 @@ class Keyboard::Handler final : public WeakImplHelper<css::awt::XKeyHandler> {
     sal_Bool SAL_CALL keyPressed(const css::awt::KeyEvent& event) override {
         if (window_ == nullptr || !window_->takesKeysOf(event.Source)) return false;
         pressed_ = event;
+        menuKey_ = window_->menu().press(event) ? event.KeyCode : kNoKey;
+        if (menuKey_ != kNoKey) return true;
         const std::function<void(forms::Form&)> deed = deedOfKey(window_->form(), event);
         if (!deed) return false;
         window_->post([window = window_, deed] {
-            if (window->form().dragged() != nullptr) window->mouse().cancelDrag(window->form());
+            if (window->form().dragged() != nullptr) window->pointing().cancelDrag(window->form());
             deed(window->form());
         });
         return true;
@@ -32,6 +34,8 @@ class Keyboard::Handler final : public WeakImplHelper<css::awt::XKeyHandler> {
 
     sal_Bool SAL_CALL keyReleased(const css::awt::KeyEvent& event) override {
         if (window_ == nullptr || !window_->takesKeysOf(event.Source)) return false;
+        if (window_->menu().isOpen()) return true;
+        if (event.KeyCode == std::exchange(menuKey_, kNoKey)) return true;
         // Whoever lets go of a shift key first means it no less.
         css::awt::KeyEvent released = event;
         if (pressed_.KeyCode == event.KeyCode) {
@@ -45,7 +49,11 @@ class Keyboard::Handler final : public WeakImplHelper<css::awt::XKeyHandler> {
     void SAL_CALL disposing(const css::lang::EventObject&) override {}
 
  private:
+    static constexpr sal_Int16 kNoKey = -1;
+
     FormWindow* window_;
+    /// The key that went down last, if an open menu has had it: its release is the menu's, too.
+    sal_Int16 menuKey_ = kNoKey;
     /// The last key that went down.
     css::awt::KeyEvent pressed_;
 };

@@ -97,6 +97,8 @@ Theme themeOf(const css::uno::Reference<css::awt::XWindowPeer>& window) {
         theme.shadow = mixed(theme.dialog, theme.dialogText, 0.3);
         theme.highlight = style->getHighlightColor();
         theme.highlightText = style->getHighlightTextColor();
+        theme.menu = style->getMenuColor();
+        theme.menuText = style->getMenuTextColor();
         theme.workspace = mixed(theme.dialog, theme.dialogText, 0.5);
         theme.info = mixed(theme.dialog, theme.highlight, 0.15);
         theme.font = style->getLabelFont();

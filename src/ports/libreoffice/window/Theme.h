@@ -19,6 +19,8 @@ struct Theme {
     sal_Int32 shadow = 0x808080;
     sal_Int32 highlight = 0x3584E4;
     sal_Int32 highlightText = 0xFFFFFF;
+    sal_Int32 menu = 0xF0F0F0;
+    sal_Int32 menuText = 0;
     sal_Int32 workspace = 0x808080;
     sal_Int32 info = 0xFFFFE1;
     /// Its height is in pixels, as what is drawn by oneself takes it.

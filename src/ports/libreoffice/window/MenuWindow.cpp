@@ -1,0 +1,174 @@
+#include "ports/libreoffice/window/MenuWindow.h"
+
+#include <algorithm>
+#include <com/sun/star/accessibility/XAccessible.hpp>
+#include <com/sun/star/accessibility/XAccessibleComponent.hpp>
+#include <com/sun/star/awt/InvalidateStyle.hpp>
+#include <com/sun/star/awt/Key.hpp>
+#include <com/sun/star/awt/WindowAttribute.hpp>
+#include <com/sun/star/awt/XPaintListener.hpp>
+
+#include "ports/libreoffice/uno/Errors.h"
+#include "ports/libreoffice/uno/WeakImplHelper.h"
+
+namespace huebrush::libreoffice {
+
+namespace css = com::sun::star;
+namespace Key = com::sun::star::awt::Key;
+
+using css::uno::Reference;
+using css::uno::UNO_QUERY_THROW;
+
+class MenuWindow::Listener final
+    : public WeakImplHelper<css::awt::XPaintListener, css::awt::XMouseListener,
+                            css::awt::XMouseMotionListener> {
+ public:
+    explicit Listener(MenuWindow& menu) : menu_(&menu) {}
+    void forget() { menu_ = nullptr; }
+
+    void SAL_CALL windowPaint(const css::awt::PaintEvent&) override {
+        if (menu_ != nullptr) ignoringOffice([this] { menu_->paint(); });
+    }
+    void SAL_CALL mousePressed(const css::awt::MouseEvent& event) override {
+        if (menu_ != nullptr) menu_->pressAt({event.X, event.Y});
+    }
+    void SAL_CALL mouseDragged(const css::awt::MouseEvent& event) override { moveTo(event); }
+    void SAL_CALL mouseMoved(const css::awt::MouseEvent& event) override { moveTo(event); }
+    void SAL_CALL mouseEntered(const css::awt::MouseEvent& event) override { moveTo(event); }
+    void SAL_CALL mouseReleased(const css::awt::MouseEvent& event) override {
+        if (menu_ != nullptr) menu_->pickAt({event.X, event.Y});
+    }
+    void SAL_CALL mouseExited(const css::awt::MouseEvent&) override {}
+    void SAL_CALL disposing(const css::lang::EventObject&) override {}
+
+ private:
+    void moveTo(const css::awt::MouseEvent& event) {
+        if (menu_ != nullptr) menu_->pointAt({event.X, event.Y});
+    }
+
+    MenuWindow* menu_;
+};
+
+MenuWindow::MenuWindow(const Toolkit& toolkit, const Peer& below, const Theme& theme,
+                       const Scale& scale, const forms::PopupMenu& menu,
+                       const css::awt::Point& place)
+    : choice_(menu), listener_(new Listener(*this)) {
+    // Of all its attributes only this one leaves a floating window without title and focus.
+    window_ =
+        makeNativeWindow(toolkit, below, "floatingwindow", css::awt::WindowAttribute::CLOSEABLE);
+    peer_.set(window_, UNO_QUERY_THROW);
+    painter_ = std::make_unique<MenuPainter>(Reference<css::awt::XDevice>(window_, UNO_QUERY_THROW),
+                                             theme, scale, choice_);
+    peer_->setBackground(theme.menu);
+    window_->addPaintListener(listener_.get());
+    window_->addMouseListener(listener_.get());
+    window_->addMouseMotionListener(listener_.get());
+    this->place(toolkit, below, place);
+    window_->setVisible(true);
+}
+
+MenuWindow::~MenuWindow() {
+    end();
+}
+
+void MenuWindow::end() {
+    open_ = false;
+    listener_->forget();
+    dispose(window_);
+}
+
+/// Such a window is placed in its parent's pixels. The screen that the office tells of may be
+/// another one than the parent's.
+void MenuWindow::place(const Toolkit& toolkit, const Peer& below, css::awt::Point at) {
+    const css::awt::Size size = painter_->size();
+    ignoringOffice([&] {
+        const Reference<css::accessibility::XAccessibleComponent> parent(
+            Reference<css::accessibility::XAccessible>(below, UNO_QUERY_THROW)
+                ->getAccessibleContext(),
+            UNO_QUERY_THROW);
+        const css::awt::Point origin = parent->getLocationOnScreen();
+        const css::awt::Rectangle screen = toolkit->getWorkArea();
+        const auto moved = [](sal_Int32 start, sal_Int32 length, sal_Int32 begin, sal_Int32 room) {
+            const bool isOn = start >= begin && start < begin + room;
+            return isOn ? std::max(begin, std::min(start, begin + room - length)) : start;
+        };
+        at = {moved(origin.X + at.X, size.Width, screen.X, screen.Width) - origin.X,
+              moved(origin.Y + at.Y, size.Height, screen.Y, screen.Height) - origin.Y};
+    });
+    window_->setPosSize(at.X, at.Y, size.Width, size.Height, css::awt::PosSize::POSSIZE);
+}
+
+void MenuWindow::press(const css::awt::KeyEvent& key) {
+    switch (key.KeyCode) {
+        case Key::DOWN:
+            choice_.moveDown();
+            break;
+        case Key::UP:
+            choice_.moveUp();
+            break;
+        case Key::HOME:
+            choice_.moveToFirst();
+            break;
+        case Key::END:
+            choice_.moveToLast();
+            break;
+        case Key::RETURN:
+        case Key::SPACE:
+            pickHighlighted();
+            break;
+        case Key::ESCAPE:
+            open_ = false;
+            break;
+        default:
+            call(key);
+            break;
+    }
+    repaint();
+}
+
+void MenuWindow::call(const css::awt::KeyEvent& key) {
+    if (key.KeyCode < Key::A || key.KeyCode > Key::Z) return;
+    if (choice_.call(static_cast<char>('a' + (key.KeyCode - Key::A)))) pickHighlighted();
+}
+
+void MenuWindow::pointAt(const css::awt::Point& at) {
+    const auto before = choice_.highlighted();
+    choice_.pointAt(painter_->lineAt(at.X, at.Y));
+    if (choice_.highlighted() != before) repaint();
+}
+
+/// gtk3 tells an open menu of all that the mouse does, wherever it is, and of a press elsewhere as
+/// one in the corner of the menu's frame.
+void MenuWindow::pressAt(const css::awt::Point& at) {
+    if (painter_->lineAt(at.X, at.Y)) {
+        pointAt(at);
+    } else {
+        open_ = false;
+    }
+}
+
+/// A click on a line that cannot be picked leaves the menu open.
+void MenuWindow::pickAt(const css::awt::Point& at) {
+    if (choice_.pointAt(painter_->lineAt(at.X, at.Y))) pickHighlighted();
+}
+
+void MenuWindow::pickHighlighted() {
+    if (!open_) return;
+    picked_ = choice_.highlighted();
+    open_ = false;
+}
+
+void MenuWindow::repaint() {
+    ignoringOffice([this] { peer_->invalidate(css::awt::InvalidateStyle::NOERASE); });
+}
+
+void MenuWindow::paint() {
+    const css::awt::Size size = painter_->size();
+    const Reference<css::awt::XDevice> device(window_, UNO_QUERY_THROW);
+    const Reference<css::awt::XDevice> buffer = device->createDevice(size.Width, size.Height);
+    painter_->paint(buffer->createGraphics());
+    device->createGraphics()->copy(buffer, 0, 0, size.Width, size.Height, 0, 0, size.Width,
+                                   size.Height);
+}
+
+}  // namespace huebrush::libreoffice
