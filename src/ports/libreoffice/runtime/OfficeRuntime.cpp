@@ -22,12 +22,14 @@ OfficeRuntime::OfficeRuntime(const ContextReference& context, const std::string&
 forms::MsgBoxResult OfficeRuntime::MsgBox(const std::string& text, std::int32_t style,
                                           const std::string& title) {
     windows_.flush();
+    const auto held = windows_.hold();
     const EventsRun running(snapshot_);
     return showMessageBox(context_, windows_.owner(), text, style, title);
 }
 
 std::string OfficeRuntime::ChooseFile(const forms::FileDialog& dialog) {
     windows_.flush();
+    const auto held = windows_.hold();
     const EventsRun running(snapshot_);
     return pickFile(context_, dialog);
 }

@@ -173,6 +173,11 @@ void FormWindow::retire() {
     removePeers(*form_);
     boxes_.clear();
     root_.reset();
+    // A modal dialog that is disposed before it has ended leaves the windows below without clicks.
+    if (waiting_) {
+        ignoringOffice(
+            [this] { Reference<css::awt::XDialog>(dialog_, UNO_QUERY_THROW)->endExecute(); });
+    }
     dialog_.clear();
     retired_ = std::exchange(window_, {});
     ignoringOffice([&] { retired_->setVisible(false); });
@@ -185,7 +190,9 @@ void FormWindow::close() {
 
 void FormWindow::waitForEnd() {
     const Reference<css::awt::XDialog> dialog(dialog_, UNO_QUERY_THROW);
+    waiting_ = true;
     ignoringOffice([&] { dialog->execute(); });
+    waiting_ = false;
 }
 
 void FormWindow::toFront() {
@@ -213,6 +220,16 @@ void FormWindow::removePeers(forms::Control& control) {
 
 void FormWindow::post(std::function<void()> deed) {
     deeds_.add(std::move(deed));
+}
+
+std::shared_ptr<void> FormWindow::pauseDeeds() {
+    struct Paused {
+        explicit Paused(std::shared_ptr<FormWindow> paused)
+            : window(std::move(paused)), pause(window->deeds_) {}
+        std::shared_ptr<FormWindow> window;
+        Deeds::Pause pause;
+    };
+    return std::make_shared<Paused>(shared_from_this());
 }
 
 void FormWindow::takeTurn() {

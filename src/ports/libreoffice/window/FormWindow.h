@@ -45,8 +45,10 @@ class FormWindow : public std::enable_shared_from_this<FormWindow> {
 
     /// Shows the form over a window.
     void open(const Peer& parent);
-    /// Waits, with events running, until the form has left the screen.
+    /// Waits, with events running, until the form has left the screen. The window is there until
+    /// then: whoever closes it meanwhile has it retire.
     void waitForEnd();
+    bool isWaiting() const { return waiting_; }
     /// Hides the window, which hears of its form no more and is not told of it. Harmless when there
     /// is none.
     void retire();
@@ -61,6 +63,8 @@ class FormWindow : public std::enable_shared_from_this<FormWindow> {
 
     /// Runs a deed of the user soon, out of the event loop, unless the window is closed by then.
     void post(std::function<void()> deed);
+    /// While what it returns lives, what is posted waits. It keeps the window alive.
+    std::shared_ptr<void> pauseDeeds();
     /// Does now what has been posted, and brings the window up to date.
     void takeTurn();
     /// A property of a control has changed.
@@ -127,6 +131,7 @@ class FormWindow : public std::enable_shared_from_this<FormWindow> {
     std::unique_ptr<Surface> root_;
     std::vector<std::unique_ptr<Surface>> boxes_;
 
+    bool waiting_ = false;
     bool childrenChanged_ = true;
     bool changed_ = true;
     unsigned pass_ = 0;

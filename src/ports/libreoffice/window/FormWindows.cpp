@@ -24,6 +24,7 @@ void FormWindows::show(forms::Form& form, bool modal) {
     }
     const auto window = std::make_shared<FormWindow>(context_, form, snapshot_);
     const Owner parent = modal ? owner() : documentWindow();
+    const auto paused = modal ? pauseDeeds() : std::vector<std::shared_ptr<void>>();
     shown_.push_back(window);
     try {
         officeCalls([&] { window->open(parent); });
@@ -37,15 +38,18 @@ void FormWindows::show(forms::Form& form, bool modal) {
         window->waitForEnd();
     }
     if (windowOf(form) != nullptr) form.handle([&] { form.Unload(); });
+    window->close();
 }
 
 void FormWindows::close(forms::Form& form) {
     const auto window = windowOf(form);
     if (window == nullptr) return;
     std::erase(shown_, window);
-    if (const auto held = held_.lock()) {
+    if (window->isWaiting()) {
         window->retire();
-        held->push_back(window);
+    } else if (const auto held = held_.lock()) {
+        window->retire();
+        held->closed.push_back(window);
     } else {
         window->close();
     }
@@ -69,8 +73,14 @@ FormWindows::Owner FormWindows::owner() const {
 
 std::shared_ptr<void> FormWindows::hold() {
     std::shared_ptr<Held> held = held_.lock();
-    if (held == nullptr) held_ = held = std::make_shared<Held>();
+    if (held == nullptr) held_ = held = std::make_shared<Held>(Held{{}, pauseDeeds()});
     return held;
+}
+
+std::vector<std::shared_ptr<void>> FormWindows::pauseDeeds() const {
+    std::vector<std::shared_ptr<void>> paused;
+    for (const auto& window : shown_) paused.push_back(window->pauseDeeds());
+    return paused;
 }
 
 void FormWindows::flush() {

@@ -34,8 +34,10 @@ class FormWindows {
     /// dialogs, boxes and menus open above. Nothing when there is neither.
     Owner owner() const;
 
-    /// While what it returns lives, windows that are closed are only hidden, and go with it: the
-    /// office ends with a window that goes from under one of its own dialogs.
+    /// While what it returns lives, a dialog of the office's own may be open above the windows.
+    /// Those that are closed are only hidden, and go with it: the office ends with a window that
+    /// goes from under such a dialog. And what the user has done in them before waits: it could
+    /// open a second dialog beside the first, and end what that one belongs to.
     std::shared_ptr<void> hold();
 
     /// Brings the screen up to date with the controls, now rather than with the next turn of the
@@ -46,13 +48,18 @@ class FormWindows {
     std::shared_ptr<FormWindow> windowOf(const forms::Form& form) const;
 
  private:
+    struct Held {
+        std::vector<std::shared_ptr<FormWindow>> closed;
+        std::vector<std::shared_ptr<void>> paused;
+    };
+
     Owner documentWindow() const;
+    std::vector<std::shared_ptr<void>> pauseDeeds() const;
 
     ContextReference context_;
     const ActiveWindow& window_;
     std::shared_ptr<Snapshot> snapshot_;
     std::vector<std::shared_ptr<FormWindow>> shown_;
-    using Held = std::vector<std::shared_ptr<FormWindow>>;
     std::weak_ptr<Held> held_;
 };
 
