@@ -9,6 +9,8 @@ packages=(
   # the host
   libreoffice-writer libreoffice-gtk3 libreoffice-dev libreoffice-dev-common
   libreoffice-style-colibre adwaita-icon-theme fonts-dejavu fonts-liberation
+  # another reader of database files, to compare with
+  mdbtools
   # checks
   clang-format clang-tidy
   # tests in the host's windows, and pictures of its documents

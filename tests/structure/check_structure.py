@@ -15,6 +15,7 @@ USES = {
     "base": set(),
     "host": set(),
     "forms": set(),
+    "jet": set(),
     "ports/memory": {"host", "forms"},
     "error": {"forms"},
     "fill": {"host", "forms", "error"},

@@ -1,0 +1,293 @@
+// Power fails at any moment: whatever of the last writes has reached the medium, the file is as it
+// was before or as it was to be. And each call of the system fails once, and from then on.
+
+#include <gtest/gtest.h>
+
+#include <map>
+#include <random>
+
+#include "jet/Palette_test_support.h"
+
+namespace huebrush::jet {
+namespace {
+
+using Deed = MemoryFiles::Deed;
+using Disk = std::map<std::string, Bytes>;
+
+/// What a medium may hold after a crash: everything that was synced, and of the rest as much as a
+/// case says.
+class Medium {
+ public:
+    Medium(const Disk& before, const std::vector<Deed>& deeds, std::size_t done) {
+        for (const auto& [name, bytes] : before) {
+            names_[name] = live_[name] = static_cast<int>(files_.size());
+            files_.push_back({bytes, {}});
+        }
+        for (std::size_t i = 0; i < done; ++i) follow(deeds[i]);
+    }
+
+    std::size_t pendingNames() const { return pendingNames_.size(); }
+    /// The file that has writes which may be lost; -1 when there is none.
+    int unsynced() const {
+        for (std::size_t i = 0; i < files_.size(); ++i) {
+            if (!files_[i].pending.empty()) return static_cast<int>(i);
+        }
+        return -1;
+    }
+    const std::vector<Deed>& pending(int file) const {
+        return files_[static_cast<std::size_t>(file)].pending;
+    }
+    /// `names`: how many of the changes of names arrived. `written`: what of each pending write of
+    /// the unsynced file did, in bytes.
+    Disk after(std::size_t names, const std::vector<std::size_t>& written) const {
+        std::map<std::string, int> byName = names_;
+        for (std::size_t i = 0; i < names; ++i) rename(byName, pendingNames_[i]);
+        Disk disk;
+        for (const auto& [name, file] : byName) {
+            const File& each = files_[static_cast<std::size_t>(file)];
+            Bytes bytes = each.synced;
+            if (file == unsynced()) {
+                for (std::size_t i = 0; i < written.size(); ++i) {
+                    write(bytes, each.pending[i], written[i]);
+                }
+            }
+            disk[name] = std::move(bytes);
+        }
+        return disk;
+    }
+
+ private:
+    struct File {
+        Bytes synced;
+        std::vector<Deed> pending;
+    };
+    struct Name {
+        Deed deed;
+        int file;
+    };
+
+    static void write(Bytes& bytes, const Deed& deed, std::size_t size) {
+        if (size == 0) return;
+        bytes.resize(std::max<std::size_t>(bytes.size(), deed.at + size));
+        std::copy_n(deed.bytes.begin(), size, bytes.begin() + static_cast<std::ptrdiff_t>(deed.at));
+    }
+    static void rename(std::map<std::string, int>& names, const Name& change) {
+        switch (change.deed.kind) {
+            case Deed::Kind::create:
+                names[change.deed.name] = change.file;
+                break;
+            case Deed::Kind::remove:
+                names.erase(change.deed.name);
+                break;
+            default:
+                names.erase(change.deed.name);
+                names[change.deed.other] = change.file;
+        }
+    }
+    void follow(const Deed& deed) {
+        if (deed.kind == Deed::Kind::create) {
+            live_[deed.name] = static_cast<int>(files_.size());
+            files_.push_back({});
+        }
+        if (deed.kind == Deed::Kind::syncFolder) {
+            for (const Name& each : pendingNames_) rename(names_, each);
+            pendingNames_.clear();
+            return;
+        }
+        const int number = live_.at(deed.name);
+        File& file = files_[static_cast<std::size_t>(number)];
+        if (deed.kind == Deed::Kind::write) {
+            file.pending.push_back(deed);
+        } else if (deed.kind == Deed::Kind::sync) {
+            for (const Deed& each : file.pending) write(file.synced, each, each.bytes.size());
+            file.pending.clear();
+        } else {
+            pendingNames_.push_back({deed, number});
+            rename(live_, pendingNames_.back());
+        }
+    }
+
+    std::vector<File> files_;
+    std::map<std::string, int> names_;  ///< as the medium has them
+    std::map<std::string, int> live_;   ///< as the system sees them
+    std::vector<Name> pendingNames_;
+};
+
+class Crashes : public ::testing::Test {
+ protected:
+    static Disk diskOf(const MemoryFiles& files) {
+        Disk disk;
+        for (const auto& [name, content] : files.files) disk[name] = *content;
+        return disk;
+    }
+
+    /// Runs an operation and looks at the medium after each crash that could have happened.
+    void crashEverywhere(MemoryFiles& files, const std::function<void()>& operation) {
+        before = diskOf(files);
+        files.deeds.clear();
+        files.record();
+        operation();
+        after = diskOf(files);
+        ASSERT_NE(before, after);
+        for (std::size_t done = 0; done <= files.deeds.size(); ++done) {
+            const Medium medium(before, files.deeds, done);
+            for (std::size_t names = 0; names <= medium.pendingNames(); ++names) {
+                crash(medium, names);
+            }
+        }
+    }
+    void crash(const Medium& medium, std::size_t names) {
+        const int file = medium.unsynced();
+        if (file < 0) {
+            verify(medium.after(names, {}));
+            return;
+        }
+        std::vector<std::size_t> whole;
+        for (const Deed& each : medium.pending(file)) whole.push_back(each.bytes.size());
+        verify(medium.after(names, whole));
+        verify(medium.after(names, std::vector<std::size_t>(whole.size(), 0)));
+        for (std::size_t lost = 0; lost + 1 < whole.size(); ++lost) {
+            auto reordered = whole;
+            reordered[lost] = 0;
+            verify(medium.after(names, reordered));
+        }
+        for (const std::size_t sector : {512U, 2048U}) {
+            for (std::size_t at = sector; at < whole.back(); at += sector * kShare) {
+                auto torn = whole;
+                torn.back() = at;
+                verify(medium.after(names, torn));
+            }
+        }
+    }
+
+    void verify(const Disk& disk) {
+        ++cases;
+        const auto now = disk.find(PaletteFile::kName);
+        const auto old = before.find(PaletteFile::kName);
+        const bool isOld = (now == disk.end() && old == before.end()) ||
+                           (now != disk.end() && old != before.end() && now->second == old->second);
+        const bool isNew = now != disk.end() && now->second == after.at(PaletteFile::kName);
+        ASSERT_TRUE(isOld || isNew) << "case " << cases;
+        // What else a crash leaves behind is in nobody's way.
+        if (cases % 500 != 0 || now == disk.end()) return;
+        MemoryFiles files;
+        for (const auto& [name, bytes] : disk) files.files[name] = std::make_shared<Bytes>(bytes);
+        const auto database = Database::open(files, PaletteFile::kName);
+        ASSERT_EQ(faults(*database), "");
+        addPalette(*database, "po havárii", {100});
+        ASSERT_EQ(faults(*database), "");
+        ASSERT_EQ(files.files.size(), names(disk));
+    }
+    /// All files but what a commit has left unfinished, which the next one removes.
+    static std::size_t names(const Disk& disk) {
+        return disk.size() - disk.count(nameBeside(PaletteFile::kName, ".huebrush"));
+    }
+
+    Disk before;
+    Disk after;
+    std::size_t cases = 0;
+};
+
+TEST_F(Crashes, LeaveTheFileAsBeforeOrAsAfter) {
+    MemoryFiles empty;
+    crashEverywhere(empty, [&] { createDatabase(empty, PaletteFile::kName); });
+    PaletteFile file;
+    std::int32_t id = 0;
+    for (const std::size_t elements : {1U, 16U, 255U}) {
+        crashEverywhere(file.files, [&] {
+            file.database->inOneCommit([&] {
+                id = addPalette(*file.database, "Paleta", std::vector<std::size_t>(elements, 2000));
+            });
+        });
+        ASSERT_EQ(faults(*file.database), "");
+    }
+    crashEverywhere(file.files, [&] {
+        file.database->change([&] {
+            Table table(*file.database, "TFillGroup");
+            table.update(table.find(table.column("ID"), id).at(0),
+                         {{&table.column("Name"), std::string("Jiné jméno")}});
+        });
+    });
+    crashEverywhere(file.files, [&] { erasePalette(*file.database, id); });
+    ASSERT_EQ(faults(*file.database), "");
+    std::cout << cases << " crashes\n";
+    EXPECT_GE(cases, 10000U / kShare);
+}
+
+/// Runs operations with a system whose call number n fails: once, or from then on.
+class Failures : public ::testing::Test {
+ protected:
+    static void failAt(MemoryFiles& files, std::size_t at, bool lasting, std::size_t& calls) {
+        calls = 0;
+        files.onCall = [at, lasting, &calls](const char* what) {
+            const std::size_t number = calls++;
+            if (number == at || (lasting && number > at)) {
+                throw base::Error(ErrorNumber::kFileSystem, what);
+            }
+        };
+    }
+};
+
+TEST_F(Failures, OfAnyCallLeaveTheFileAsBeforeOrAsAfter) {
+    std::size_t cases = 0;
+    for (const bool lasting : {false, true}) {
+        for (std::size_t at = 0;; ++at) {
+            PaletteFile file;
+            addPalette(*file.database, "první", {100, 5000});
+            const Bytes before = *file.files.files.at(PaletteFile::kName);
+            std::size_t calls = 0;
+            failAt(file.files, at, lasting, calls);
+            bool failed = false;
+            try {
+                file.database->inOneCommit([&] {
+                    erasePalette(*file.database, 1);
+                    addPalette(*file.database, "druhá", {3000, 9000, 10});
+                });
+            } catch (const base::Error&) {
+                failed = true;
+            }
+            file.files.onCall = nullptr;
+            ++cases;
+            const auto again = Database::open(file.files, PaletteFile::kName);
+            ASSERT_EQ(faults(*again), "") << at;
+            const auto groups = allRows(*again, "TFillGroup");
+            ASSERT_EQ(groups.size(), 1U);
+            const bool isNew = groups[0][1] == Value(std::string("druhá"));
+            ASSERT_TRUE(isNew || *file.files.files.at(PaletteFile::kName) == before) << at;
+            ASSERT_EQ(allRows(*again, "TFillElementParameter").size(), isNew ? 3U : 2U);
+            ASSERT_TRUE(isNew || failed) << at;
+            // The same object goes on working when the system does.
+            file.database->refresh();
+            addPalette(*file.database, "třetí", {1});
+            ASSERT_EQ(faults(*file.database), "");
+            ASSERT_LE(file.files.files.size(), lasting ? 2U : 1U);
+            if (at >= calls) break;
+        }
+    }
+    std::cout << cases << " failures\n";
+    EXPECT_GE(cases, 16U);
+}
+
+TEST_F(Failures, OfAnyCallLeaveNoFileOrAWholeNewOne) {
+    for (const bool lasting : {false, true}) {
+        for (std::size_t at = 0;; ++at) {
+            MemoryFiles files;
+            std::size_t calls = 0;
+            failAt(files, at, lasting, calls);
+            try {
+                createDatabase(files, PaletteFile::kName);
+            } catch (const base::Error&) {
+                EXPECT_LE(at, calls);
+            }
+            files.onCall = nullptr;
+            if (files.exists(PaletteFile::kName)) {
+                const auto database = Database::open(files, PaletteFile::kName);
+                ASSERT_EQ(faults(*database), "");
+            }
+            if (at >= calls) break;
+        }
+    }
+}
+
+}  // namespace
+}  // namespace huebrush::jet

@@ -1,0 +1,96 @@
+#include "jet/Palette_test_support.h"
+
+namespace huebrush::jet {
+
+void createPaletteFile(FileSystem& files, const std::string& name) {
+    using T = ColumnType;
+    createDatabase(files, name);
+    const auto database = Database::open(files, name);
+    database->inOneCommit([&] {
+        createTable(*database, {"TFillGroup",
+                                {{"ID", T::longInteger, 0, false, true},
+                                 {"Name", T::text, 30},
+                                 {"Description", T::text, 255, true},
+                                 {"Count", T::longInteger, 0, true}},
+                                {{"PIXTFillGroup", {"ID"}, true, true}}});
+        setColumnProperty(*database, "TFillGroup", "Description", "AllowZeroLength", true);
+        createTable(*database, {"TFillElementParameter",
+                                {{"ID", T::longInteger, 0, false, true},
+                                 {"GroupID", T::longInteger},
+                                 {"OrderNumber", T::longInteger},
+                                 {"TextureName", T::text, 255, true},
+                                 {"FillPreview", T::ole, 0, true}},
+                                {{"PIXTFillElementParameter", {"ID"}, true, true}}});
+        createRelation(*database,
+                       {"Relace", "TFillElementParameter", "GroupID", "TFillGroup", "ID"});
+    });
+}
+
+std::int32_t addPalette(Database& database, const std::string& name,
+                        const std::vector<std::size_t>& previews) {
+    std::int32_t id = 0;
+    database.change([&] {
+        Table table(database, "TFillGroup");
+        table.insert({{&table.column("Name"), name},
+                      {&table.column("Count"), static_cast<std::int32_t>(previews.size())}});
+        id = table.lastAutonumber();
+    });
+    std::int32_t order = 0;
+    for (const std::size_t size : previews) {
+        database.change([&] {
+            Table table(database, "TFillElementParameter");
+            table.insert({{&table.column("GroupID"), id},
+                          {&table.column("OrderNumber"), order},
+                          {&table.column("TextureName"), std::string(order % 7U * 9U, 't') + "ěšč"},
+                          {&table.column("FillPreview"),
+                           patternBytes(size, static_cast<std::uint32_t>(order))}});
+        });
+        ++order;
+    }
+    return id;
+}
+
+void erasePalette(Database& database, std::int32_t id) {
+    database.change([&] {
+        Table elements(database, "TFillElementParameter");
+        for (const RowId& row : elements.find(elements.column("GroupID"), id)) elements.remove(row);
+        Table groups(database, "TFillGroup");
+        for (const RowId& row : groups.find(groups.column("ID"), id)) groups.remove(row);
+    });
+}
+
+std::string faults(Database& database) {
+    const CheckResult result = check(database);
+    std::string lines;
+    for (const Violation& each : result.violations) lines += each.text() + "\n";
+    for (const PageNumber page : result.unowned) {
+        lines += "strana " + std::to_string(page) + " nikomu nepatří\n";
+    }
+    return lines;
+}
+
+Bytes patternBytes(std::size_t size, std::uint32_t seed) {
+    Bytes bytes(size);
+    std::uint32_t state = seed * 2654435761U + 12345U;
+    for (std::uint8_t& byte : bytes) {
+        state = state * 1664525U + 1013904223U;
+        byte = static_cast<std::uint8_t>(state >> 24U);
+    }
+    return bytes;
+}
+
+std::vector<std::vector<Value>> allRows(Database& database, const std::string& name) {
+    const Table table(database, name);
+    std::vector<std::vector<Value>> rows;
+    table.scan([&](RowId, const Row& row) {
+        std::vector<Value> values;
+        for (const Column& column : table.definition().columns) {
+            values.push_back(table.value(row, column));
+        }
+        rows.push_back(std::move(values));
+        return true;
+    });
+    return rows;
+}
+
+}  // namespace huebrush::jet

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <string>
+
+#include "jet/Check.h"
+#include "jet/MemoryFiles.h"
+#include "jet/Schema.h"
+#include "jet/Table.h"
+
+namespace huebrush::jet {
+
+/// Under the sanitizers large tests do a part of their work.
+#if defined(__SANITIZE_ADDRESS__)
+inline constexpr std::uint32_t kShare = 20;
+#else
+inline constexpr std::uint32_t kShare = 1;
+#endif
+
+/// Makes the two tables that palettes have, with a few columns of each kind.
+void createPaletteFile(FileSystem& files, const std::string& name);
+
+/// Writes a palette with elements whose previews have the given sizes. Its ID.
+std::int32_t addPalette(Database& database, const std::string& name,
+                        const std::vector<std::size_t>& previews);
+
+/// Erases a palette with its elements.
+void erasePalette(Database& database, std::int32_t id);
+
+/// All violations, a line each; and the pages that belong to nothing.
+std::string faults(Database& database);
+
+/// Bytes that differ from place to place, so that mixed-up parts show.
+Bytes patternBytes(std::size_t size, std::uint32_t seed);
+
+/// A table's rows with all values, by the order of its columns.
+std::vector<std::vector<Value>> allRows(Database& database, const std::string& table);
+
+/// A palette file in memory, open.
+struct PaletteFile {
+    PaletteFile() {
+        createPaletteFile(files, kName);
+        database = Database::open(files, kName);
+    }
+    static constexpr const char* kName = "/fill.mdb";
+    MemoryFiles files;
+    std::shared_ptr<Database> database;
+};
+
+}  // namespace huebrush::jet
