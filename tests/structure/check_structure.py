@@ -20,6 +20,7 @@ USES = {
     "error": {"forms"},
     "fill": {"host", "forms", "error"},
     "select": {"host", "forms", "fill", "error"},
+    "palette": {"forms", "jet", "error"},
     "recolor": {"host", "forms", "fill", "error"},
     "addin": {"host", "forms", "error", "fill", "select", "recolor"},
     "batch": {"host", "forms", "fill", "error", "recolor"},
