@@ -21,6 +21,8 @@ void createPaletteFile(FileSystem& files, const std::string& name) {
                                  {"TextureName", T::text, 255, true},
                                  {"FillPreview", T::ole, 0, true}},
                                 {{"PIXTFillElementParameter", {"ID"}, true, true}}});
+        setColumnProperty(*database, "TFillElementParameter", "TextureName", "AllowZeroLength",
+                          true);
         createRelation(*database,
                        {"Relace", "TFillElementParameter", "GroupID", "TFillGroup", "ID"});
     });

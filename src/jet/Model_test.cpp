@@ -1,0 +1,161 @@
+// Random changes of a palette file beside a plain table in memory.
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <map>
+#include <random>
+
+#include "jet/Palette_test_support.h"
+
+namespace huebrush::jet {
+namespace {
+
+std::size_t operationsWanted() {
+    const char* const given = std::getenv("HUEBRUSH_MODEL_OPERATIONS");
+    return given == nullptr ? 20000 / kShare : std::strtoull(given, nullptr, 10);
+}
+
+class Model : public ::testing::Test {
+ protected:
+    struct Element {
+        std::int32_t group;
+        std::int32_t order;
+        std::string texture;
+        Bytes preview;
+    };
+
+    std::size_t below(std::size_t limit) { return random() % limit; }
+    std::int32_t anyOf(const std::map<std::int32_t, std::string>& from) {
+        return std::next(from.begin(), static_cast<std::ptrdiff_t>(below(from.size())))->first;
+    }
+    Element anyElement(std::int32_t group) {
+        // Mostly small, sometimes of several pages.
+        const std::size_t size = below(20) == 0 ? below(20000) : below(200);
+        return {group, static_cast<std::int32_t>(below(100)), std::string(below(255), 'x'),
+                patternBytes(size, static_cast<std::uint32_t>(random()))};
+    }
+    Table::Values valuesOf(const Table& table, const Element& element) {
+        return {{&table.column("GroupID"), element.group},
+                {&table.column("OrderNumber"), element.order},
+                {&table.column("TextureName"), element.texture},
+                {&table.column("FillPreview"), element.preview}};
+    }
+    RowId rowOf(const Table& table, std::int32_t id) {
+        return table.find(table.column("ID"), id).at(0);
+    }
+    bool attempt(const std::function<void()>& body) {
+        try {
+            file.database->change(body);
+            return true;
+        } catch (const base::Error&) {
+            return false;
+        }
+    }
+
+    void addGroup() {
+        const std::string name = "Paleta " + std::to_string(below(1000));
+        file.database->change([&] {
+            Table table(*file.database, "TFillGroup");
+            table.insert({{&table.column("Name"), name}});
+            groups[table.lastAutonumber()] = name;
+        });
+    }
+    void removeGroup() {
+        const std::int32_t id = anyOf(groups);
+        const bool hasElements = std::any_of(elements.begin(), elements.end(),
+                                             [&](const auto& e) { return e.second.group == id; });
+        const bool removed = attempt([&] {
+            Table table(*file.database, "TFillGroup");
+            table.remove(rowOf(table, id));
+        });
+        ASSERT_EQ(removed, !hasElements);
+        if (removed) groups.erase(id);
+    }
+    void addElement() {
+        // Sometimes for a palette that is not there.
+        const bool missing = below(20) == 0;
+        const Element element = anyElement(missing ? 1000000 : anyOf(groups));
+        std::int32_t id = 0;
+        const bool added = attempt([&] {
+            Table table(*file.database, "TFillElementParameter");
+            table.insert(valuesOf(table, element));
+            id = table.lastAutonumber();
+        });
+        ASSERT_EQ(added, !missing);
+        if (added) elements[id] = element;
+    }
+    void changeElement() {
+        const auto at =
+            std::next(elements.begin(), static_cast<std::ptrdiff_t>(below(elements.size())));
+        const Element element = anyElement(anyOf(groups));
+        ASSERT_TRUE(attempt([&] {
+            Table table(*file.database, "TFillElementParameter");
+            table.update(rowOf(table, at->first), valuesOf(table, element));
+        }));
+        at->second = element;
+    }
+    void removeElement() {
+        const auto at =
+            std::next(elements.begin(), static_cast<std::ptrdiff_t>(below(elements.size())));
+        ASSERT_TRUE(attempt([&] {
+            Table table(*file.database, "TFillElementParameter");
+            table.remove(rowOf(table, at->first));
+        }));
+        elements.erase(at);
+    }
+
+    void step() {
+        const std::size_t kind = below(100);
+        // Times of growth and times of decay, so that pages and trees go both ways.
+        const std::size_t growth = operations / 2000 % 2 == 0 ? 60 : 25;
+        ++operations;
+        if (groups.empty() || kind < 4) return addGroup();
+        if (kind < 8) return removeGroup();
+        if (elements.empty() || kind < growth) return addElement();
+        if (kind < 70) return changeElement();
+        removeElement();
+    }
+    void compare() {
+        ASSERT_EQ(faults(*file.database), "") << operations;
+        const auto groupRows = allRows(*file.database, "TFillGroup");
+        ASSERT_EQ(groupRows.size(), groups.size());
+        for (const auto& row : groupRows) {
+            ASSERT_EQ(row[1], Value(groups.at(std::get<std::int32_t>(row[0]))));
+        }
+        const auto rows = allRows(*file.database, "TFillElementParameter");
+        ASSERT_EQ(rows.size(), elements.size());
+        for (const auto& row : rows) {
+            const Element& element = elements.at(std::get<std::int32_t>(row[0]));
+            ASSERT_EQ(row[1], Value(element.group));
+            ASSERT_EQ(row[2], Value(element.order));
+            ASSERT_EQ(row[3], Value(element.texture));
+            ASSERT_EQ(row[4], Value(element.preview));
+        }
+    }
+
+    std::mt19937 random{5};
+    PaletteFile file;
+    std::map<std::int32_t, std::string> groups;
+    std::map<std::int32_t, Element> elements;
+    std::size_t operations = 0;
+};
+
+TEST_F(Model, RandomChangesDoWhatAPlainTableDoes) {
+    const std::size_t wanted = operationsWanted();
+    while (operations < wanted) {
+        file.database->inOneCommit([&] {
+            for (int i = 0; i < 500 && operations < wanted; ++i) step();
+        });
+        ASSERT_FALSE(HasFatalFailure());
+        compare();
+        ASSERT_FALSE(HasFatalFailure());
+    }
+    file.database = Database::open(file.files, PaletteFile::kName);
+    compare();
+    std::cout << operations << " operations, " << elements.size() << " elements left, "
+              << file.database->pages().count() << " pages\n";
+}
+
+}  // namespace
+}  // namespace huebrush::jet
