@@ -15,14 +15,7 @@ namespace {
 class Trees : public ::testing::Test {
  protected:
     Trees() {
-        pages.append();
-        Page& page = pages.change(0);
-        clearDataPage(page, 0);
-        Bytes free = emptyMap();
-        std::fill(free.begin() + 5, free.end(), std::uint8_t{0xFF});
-        addRow(page, 0, free, SlotFlag::kNone);
-        addRow(page, 0, emptyMap(), SlotFlag::kNone);
-        UsageMap(pages, {0, 0}).drop(0);
+        makeMapPage(pages);
         tree.columns.push_back({0});
         tree.map = {0, 1};
         tree.root = space.take();

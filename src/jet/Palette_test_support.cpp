@@ -1,5 +1,7 @@
 #include "jet/Palette_test_support.h"
 
+#include <algorithm>
+
 namespace huebrush::jet {
 
 void createPaletteFile(FileSystem& files, const std::string& name) {
@@ -79,6 +81,17 @@ Bytes patternBytes(std::size_t size, std::uint32_t seed) {
         byte = static_cast<std::uint8_t>(state >> 24U);
     }
     return bytes;
+}
+
+void makeMapPage(Pages& pages) {
+    pages.append();
+    Page& page = pages.change(0);
+    clearDataPage(page, 0);
+    Bytes free = emptyMap();
+    std::fill(free.begin() + 5, free.end(), std::uint8_t{0xFF});
+    addRow(page, 0, free, SlotFlag::kNone);
+    addRow(page, 0, emptyMap(), SlotFlag::kNone);
+    UsageMap(pages, {0, 0}).drop(0);
 }
 
 std::vector<std::vector<Value>> allRows(Database& database, const std::string& name) {

@@ -87,15 +87,22 @@ Bytes encodeTextField(const Column& column, const Value& value) {
     return bytes;
 }
 
+/// The null mask is the last thing of a row.
+std::size_t placeOfMask(const TableDefinition& table, const Reader& bytes, std::size_t columns) {
+    const std::size_t size = (columns + 7) / 8;
+    bytes.require(columns <= table.maxColumns, 0, rule::kRowColumns);
+    bytes.require(bytes.size() >= 2 + size, 0, rule::kRowOffsets);
+    return bytes.size() - size;
+}
+
 }  // namespace
 
 Row::Row(const TableDefinition& table, PagePointer page, const Reader& bytes)
-    : page_(std::move(page)), bytes_(bytes), columns_(bytes.u16(0)) {
-    const std::size_t maskBytes = (columns_ + 7) / 8;
-    bytes.require(columns_ <= table.maxColumns, 0, rule::kRowColumns);
-    bytes.require(bytes.size() >= 2 + maskBytes, 0, rule::kRowOffsets);
-    mask_ = bytes.size() - maskBytes;
-    fixedEnd_ = mask_;
+    : page_(std::move(page)),
+      bytes_(bytes),
+      columns_(bytes.u16(0)),
+      mask_(placeOfMask(table, bytes, columns_)),
+      fixedEnd_(mask_) {
     if (table.variableColumns == 0) return;
     bytes.require(mask_ >= 2 + 4, 0, rule::kRowOffsets);
     variables_ = bytes.u16(mask_ - 2);

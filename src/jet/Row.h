@@ -26,10 +26,10 @@ class Row {
     PagePointer page_;
     Reader bytes_;
     std::size_t columns_;
-    std::size_t mask_ = 0;  ///< where the null mask begins
+    std::size_t mask_;  ///< where the null mask begins
     std::size_t variables_ = 0;
     std::size_t offsets_ = 0;  ///< where the start of variable column 0 stands
-    std::size_t fixedEnd_ = 0;
+    std::size_t fixedEnd_;
 };
 
 /// A value of a column from its stored bytes; not for long values, whose bytes are elsewhere.

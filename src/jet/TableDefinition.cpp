@@ -10,7 +10,7 @@ namespace {
 using namespace DefinitionLayout;
 
 /// The longest that 255 columns and 32 indexes with the longest names can be, generously.
-constexpr std::size_t kLongestDefinition = 512U * 1024U;
+constexpr std::size_t kLongestDefinition = std::size_t{512} * 1024;
 constexpr std::size_t kMostColumns = 255;
 constexpr std::size_t kMostIndexes = 64;
 
@@ -113,7 +113,7 @@ void checkColumns(const TableDefinition& table, const Reader& in) {
     }
     for (const IndexTree& tree : table.trees) {
         for (const KeyColumn& key : tree.columns) {
-            in.require(numbers.count(key.column) != 0, At::kTrees, rule::kTrees);
+            in.require(numbers.contains(key.column), At::kTrees, rule::kTrees);
         }
     }
 }

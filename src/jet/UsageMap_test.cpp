@@ -11,19 +11,9 @@
 namespace huebrush::jet {
 namespace {
 
-/// Two maps: of free pages in row 0, all pages but this one free; and one of an object in row 1.
 class UsageMaps : public ::testing::Test {
  protected:
-    UsageMaps() {
-        pages.append();
-        Page& page = pages.change(0);
-        clearDataPage(page, 0);
-        Bytes free = emptyMap();
-        std::fill(free.begin() + 5, free.end(), std::uint8_t{0xFF});
-        addRow(page, 0, free, SlotFlag::kNone);
-        addRow(page, 0, emptyMap(), SlotFlag::kNone);
-        UsageMap(pages, {0, 0}).drop(0);
-    }
+    UsageMaps() { makeMapPage(pages); }
 
     Pages pages;
     UsageMap map{pages, {0, 1}};
