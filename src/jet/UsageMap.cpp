@@ -18,7 +18,8 @@ constexpr std::size_t kUsualRow = 69;
 }  // namespace
 
 Bytes emptyMap() {
-    return Bytes(kUsualRow, 0);
+    Bytes row(kUsualRow, 0);
+    return row;
 }
 
 Reader UsageMap::row(PagePointer& keep) const {
