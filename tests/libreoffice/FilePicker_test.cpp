@@ -37,9 +37,12 @@ class FilePickerOnScreen : public testing::Test {
             return "cancelled";
         }
     }
-    /// The keyboard starts in the field of the file's name.
+    /// The keyboard starts in the field of the file's name. One of the toolkits selects that field
+    /// anew when it has listed the folder, and what was typed before is typed over: so all of it is
+    /// typed twice.
     static std::string typing(const fs::path& file) {
-        return "xdotool key ctrl+a; xdotool type --delay 20 " + file.string();
+        const std::string once = "xdotool key ctrl+a; xdotool type --delay 20 " + file.string();
+        return once + "; " + once;
     }
 
     const fs::path folder = fs::temp_directory_path() / "picker";

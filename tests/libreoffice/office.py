@@ -29,6 +29,8 @@ class Office:
         self._environment = dict(os.environ if environment is None else environment)
         if plugin is not None:
             self._environment["SAL_USE_VCLPLUGIN"] = plugin
+            # There is no desktop session whose settings the toolkit could keep.
+            self._environment["GSETTINGS_BACKEND"] = "memory"
         self._process = None
 
     def __enter__(self):
