@@ -13,11 +13,13 @@ from writer import Writer
 
 class WriterCase(unittest.TestCase):
     options = None
+    # How much larger than usual everything is shown, as on a screen with more dots.
+    SCALE = 1
 
     def setUp(self):
         self._folder = tempfile.TemporaryDirectory(prefix="huebrush-window-")
         self.addCleanup(self._folder.cleanup)
-        self.screen = self.enter(Screen())
+        self.screen = self.enter(Screen(1280 * self.SCALE, 1000 * self.SCALE))
 
     def tearDown(self):
         """Keeps a picture of what a failed test saw."""
@@ -32,9 +34,20 @@ class WriterCase(unittest.TestCase):
 
     def start(self, extensions=True, meanwhile=None):
         """Writer on this test's profile."""
+        if self.SCALE != 1:
+            self.set_environment("SAL_FORCEDPI", str(96 * self.SCALE))
         return self.enter(Writer(self.screen, self.options.office, self._folder.name,
                                  self.options.extensions if extensions else None, self.options.plugin,
                                  meanwhile=meanwhile))
+
+    def set_environment(self, name, value):
+        """Gives what is started from now on a variable, until the test is over."""
+        former = os.environ.get(name)
+        os.environ[name] = value
+        if former is None:
+            self.addCleanup(os.environ.pop, name, None)
+        else:
+            self.addCleanup(os.environ.__setitem__, name, former)
 
     def answer_box(self, title, key, unlike=()):
         """Waits for a box with this title that is none of the windows `unlike`, and gives it the

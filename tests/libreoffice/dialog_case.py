@@ -18,11 +18,14 @@ class DialogCase(WriterCase):
         """Writer with selected shapes, some of each colour, and the dialog open over it."""
         self.writer = self.start()
         self.frame = self.writer.frame()
+        model = self.frame.Controller.Model
+        model.lockControllers()  # Thousands of shapes would be laid out one by one.
         self.shapes = [self.writer.add_shape(self.frame, (column, row), colour)
                        for column, colour in enumerate(colours) for row in range(each)]
+        model.unlockControllers()
         self.writer.select(self.frame, *self.shapes)
         self.writer.click_button(CHANGE_FILLS)
-        return Dialog(self.screen)
+        return Dialog(self.screen, self.SCALE)
 
     def open_filled(self, colours=COLOURS):
         dialog = self.open(colours)

@@ -238,9 +238,7 @@ class DialogPartsTest(DialogCase):
                 file.write(text)
             os.chmod(tool, 0o755)
 
-        former = os.environ["PATH"]
-        self.addCleanup(os.environ.__setitem__, "PATH", former)
-        os.environ["PATH"] = self._folder.name + ":" + former
+        self.set_environment("PATH", self._folder.name + ":" + os.environ["PATH"])
         write_tool("This is no program.")
         window = self.open_about_box(self.open([RED]))
         self.click_in(window, "System Info")
