@@ -7,7 +7,7 @@ import tempfile
 import unittest
 
 from office import end_cleanly_when_told_to
-from screen import Screen, wait_until
+from screen import Screen, comes_soon, wait_until
 from writer import Writer
 
 
@@ -58,17 +58,10 @@ class WriterCase(unittest.TestCase):
         for _ in range(10):
             self.screen.focus(windows[0])
             self.screen.key(key)
-            if self.is_gone(windows[0], title):
+            # A box that has just come may not hear a key yet.
+            if comes_soon(lambda: windows[0] not in self.screen.windows_named(title)):
                 return windows
         self.fail(f"the box {title!r} does not hear {key}")
-
-    def is_gone(self, window, title):
-        """Whether the window goes soon: one that has just come may not hear a key yet."""
-        try:
-            wait_until(lambda: window not in self.screen.windows_named(title), title, 3.0)
-            return True
-        except AssertionError:
-            return False
 
 
 def run_tests(description):

@@ -21,6 +21,15 @@ def wait_until(condition, what, limit=30.0):
         time.sleep(0.05)
 
 
+def comes_soon(condition, limit=3.0):
+    """Whether the condition holds before long: for what may have to be asked for again."""
+    try:
+        wait_until(condition, "", limit)
+        return True
+    except AssertionError:
+        return False
+
+
 class Screen:
     """Entering starts the X server and the window manager; leaving ends both."""
 
