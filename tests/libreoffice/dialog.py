@@ -90,6 +90,11 @@ class Menu:
         self.wait_for_end()
 
 
+def dialogs_on(screen):
+    """The windows of all dialogs that are open."""
+    return screen.windows_named(" ?" + CAPTION.replace(".", "[.]"))
+
+
 class Dialog:
     """The dialog that is open on a screen."""
 
@@ -101,7 +106,7 @@ class Dialog:
         wait_until(self._is_painted, "the dialog is painted")
 
     def _windows(self):
-        return self.screen.windows_named(" ?" + CAPTION.replace(".", "[.]"))
+        return dialogs_on(self.screen)
 
     def _is_painted(self):
         """Whether the list stands out from its surroundings: its edges differ from both."""

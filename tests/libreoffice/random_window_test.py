@@ -13,9 +13,9 @@ import subprocess
 
 from case import run_tests
 from dialog import (ADD, ALL, BOX, DESTINATION, DOWN, HANDLE, LOGO, MENU, NOT_SELECTED, RECOLOUR,
-                    REMOVE, SELECT_ALL, SELECTED, SOURCE, UP)
+                    REMOVE, SELECT_ALL, SELECTED, SOURCE, UP, dialogs_on)
 from dialog_case import CHANGE_FILLS, COLOURS, Dialog, DialogCase
-from screen import wait_until
+from screen import comes_soon, wait_until
 
 SEED = int(os.environ.get("HUEBRUSH_SEED", "4711"))
 ACTIONS = 200
@@ -99,9 +99,16 @@ class RandomWindowTest(DialogCase):
             self.screen.key("Escape")
             return False
 
-        wait_until(has_the_keyboard, "Writer has the keyboard", 60.0)
-        self.writer.select(self.frame, *self.shapes)
-        self.writer.click_button(CHANGE_FILLS)
+        def is_open():
+            if dialogs_on(self.screen):
+                return True
+            # A box about what ended it may have come only now: it is closed, and the click repeated.
+            wait_until(has_the_keyboard, "Writer has the keyboard", 60.0)
+            self.writer.select(self.frame, *self.shapes)
+            self.writer.click_button(CHANGE_FILLS)
+            return comes_soon(lambda: dialogs_on(self.screen))
+
+        wait_until(is_open, "the dialog opens", 60.0)
         self.dialog = Dialog(self.screen)
 
     def close_all(self):

@@ -101,17 +101,25 @@ void Mouse::press(const Place& at, forms::MouseEvent event, bool twice) {
 void Mouse::move(const Place& at, forms::MouseEvent event) {
     forms::Form& form = at.surface->form();
     if (form.dragged() != nullptr) {
-        if (event.Button == 0) {
-            drop(form);  // The button was let go of where nobody told.
-        } else {
-            dragTo(at, form);
-        }
+        moveDragged(at, event, form);
         return;
     }
     auto* image = living<forms::Image>(pressed_);
     if (image == nullptr) image = dynamic_cast<forms::Image*>(controlAt(at));
     if (image == nullptr || !image->isUsable()) return;
     form.handle([&] { image->MouseMove(on(*image, at, event)); });
+}
+
+/// A button that was let go of where nobody told shows by moves without it. One alone says nothing:
+/// the office tells such a move of its own when windows have changed under the mouse.
+void Mouse::moveDragged(const Place& at, const forms::MouseEvent& event, forms::Form& form) {
+    constexpr int kTold = 2;
+    movesWithoutButton_ = event.Button == 0 ? movesWithoutButton_ + 1 : 0;
+    if (movesWithoutButton_ == 0) {
+        dragTo(at, form);
+    } else if (movesWithoutButton_ == kTold) {
+        drop(form);
+    }
 }
 
 void Mouse::release(const Place& at, forms::MouseEvent event) {
@@ -156,6 +164,7 @@ void Mouse::setTarget(forms::Form& form, forms::Control* target, const Place& at
 }
 
 void Mouse::drop(forms::Form& form) {
+    movesWithoutButton_ = 0;
     const ControlReference target = std::exchange(target_, nullptr);
     form.handle([&] { form.dropAt(living<forms::Control>(target), 0, 0); });
 }
@@ -166,6 +175,7 @@ void Mouse::cancelDrag(forms::Form& form) {
     }
     target_.reset();
     pressed_.reset();
+    movesWithoutButton_ = 0;
     form.handle([&] { form.dropAt(nullptr, 0, 0); });
 }
 

@@ -39,6 +39,7 @@ class Mouse {
     static int scrollWantedAt(const Place& at);
 
  private:
+    void moveDragged(const Place& at, const forms::MouseEvent& event, forms::Form& form);
     void dragTo(const Place& at, forms::Form& form);
     void drop(forms::Form& form);
     void setTarget(forms::Form& form, forms::Control* target, const Place& at);
@@ -47,6 +48,7 @@ class Mouse {
     ControlReference pressed_;
     ControlReference target_;
     bool twice_ = false;
+    int movesWithoutButton_ = 0;
 };
 
 }  // namespace huebrush::libreoffice
