@@ -25,9 +25,7 @@ constexpr std::size_t kManyWrites = 48;
 /// While it lives, the office does not lay out or paint after every write.
 class OpenDocument::LockedControllers {
  public:
-    explicit LockedControllers(const Model& model) : model_(model) {
-        model_->lockControllers();
-    }
+    explicit LockedControllers(const Model& model) : model_(model) { model_->lockControllers(); }
     LockedControllers(const LockedControllers&) = delete;
     LockedControllers& operator=(const LockedControllers&) = delete;
     ~LockedControllers() {
