@@ -6,7 +6,7 @@ cd "$(dirname "$0")/.."
 tools/sources.sh | xargs clang-format --dry-run -Werror
 
 # Headers are checked through what includes them; tests are held to the compiler's warnings.
-mapfile -t sources < <(tools/sources.sh | grep '^src/.*\.cpp$' | grep -vE '_test\.cpp$|Contract\.cpp$')
+mapfile -t sources < <(tools/sources.sh | grep '^src/.*\.cpp$' | grep -vE '_test(_support)?\.cpp$|Contract\.cpp$')
 report=$(mktemp)
 trap 'rm -f "$report"' EXIT
 status=0

@@ -33,7 +33,7 @@ std::string faults(Database& database);
 Bytes patternBytes(std::size_t size, std::uint32_t seed);
 
 /// A table's rows with all values, by the order of its columns.
-std::vector<std::vector<Value>> allRows(Database& database, const std::string& table);
+std::vector<std::vector<Value>> allRows(Database& database, const std::string& name);
 
 /// Makes page 0 of two usage maps: of free pages in row 0, all but this one free; an empty one in
 /// row 1.

@@ -19,7 +19,7 @@ class FillPool {
  private:
     struct Hash {
         std::size_t operator()(const HostFill& fill) const {
-            std::size_t hash = static_cast<std::size_t>(fill.type);
+            auto hash = static_cast<std::size_t>(fill.type);
             const auto mix = [&hash](auto value) {
                 constexpr std::size_t kFactor = 1000003;
                 hash = hash * kFactor + std::hash<decltype(value)>{}(value);
