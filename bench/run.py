@@ -66,8 +66,7 @@ def measure_once(make, document_path, is_hidden, arguments):
 
 
 def renamed_for_window(figures):
-    """The peers do not know whether there is a window: their scan and apply get the names of ours
-    in one."""
+    """The peers call their scan and apply the same with a window and without; ours do not."""
     names = {"scan_ms": "scan_dialog_ms", "apply_ms": "apply_dialog_ms"}
     return {names.get(key, key): value for key, value in figures.items()}
 
