@@ -8,7 +8,7 @@
 
 #include "base/Text.h"
 #include "jet/MdbExport_test_support.h"
-#include "jet/TableScan.h"
+#include "jet/table/TableScan.h"
 
 namespace huebrush::jet {
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "jet/Database.h"
+#include "jet/database/Database.h"
 
 namespace huebrush::jet {
 

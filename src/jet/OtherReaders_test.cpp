@@ -27,7 +27,7 @@ class OtherReaders : public ::testing::Test {
 
     void compareAll() {
         ASSERT_EQ(faults(*database), "");
-        for (const CatalogObject& object : database->objects()) {
+        for (const StoredObject& object : database->objects()) {
             if (!object.isTable()) continue;
             SCOPED_TRACE(object.name);
             const auto table = database->definition(static_cast<PageNumber>(object.id));

@@ -2,10 +2,10 @@
 
 #include <string>
 
-#include "jet/Check.h"
-#include "jet/MemoryFiles.h"
-#include "jet/Schema.h"
-#include "jet/Table.h"
+#include "jet/check/Check.h"
+#include "jet/database/Schema.h"
+#include "jet/database/Table.h"
+#include "jet/file/MemoryFiles.h"
 
 namespace huebrush::jet {
 

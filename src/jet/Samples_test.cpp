@@ -7,9 +7,9 @@
 #include <cstdlib>
 #include <filesystem>
 
-#include "jet/Check.h"
-#include "jet/Database.h"
 #include "jet/MdbExport_test_support.h"
+#include "jet/check/Check.h"
+#include "jet/database/Database.h"
 
 namespace huebrush::jet {
 namespace {
@@ -37,7 +37,7 @@ std::shared_ptr<Database> openIfReadable(const std::string& file) {
     }
 }
 
-void compareTable(Database& database, const std::string& file, const CatalogObject& object) {
+void compareTable(Database& database, const std::string& file, const StoredObject& object) {
     SCOPED_TRACE(file + " " + object.name);
     const auto table = database.definition(static_cast<PageNumber>(object.id));
     Cells ours = exportTable(database, *table);
@@ -62,7 +62,7 @@ TEST(Samples, AreReadAsMdbExportReadsThem) {
     for (const std::string& file : files) {
         const auto database = openIfReadable(file);
         if (!database) continue;
-        for (const CatalogObject& object : database->objects()) {
+        for (const StoredObject& object : database->objects()) {
             if (object.isTable()) compareTable(*database, file, object);
         }
     }

@@ -1,7 +1,7 @@
 #include "palette/mMakeDatabase.h"
 
 #include "error/mError.h"
-#include "jet/Catalogue.h"
+#include "jet/database/Catalogue.h"
 
 namespace huebrush::palette {
 

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "jet/FileSystem.h"
+#include "jet/file/FileSystem.h"
 
 namespace huebrush::palette {
 

@@ -2,10 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include "jet/Check.h"
-#include "jet/MemoryFiles.h"
-#include "jet/Relation.h"
-#include "jet/Table.h"
+#include "jet/check/Check.h"
+#include "jet/database/Relation.h"
+#include "jet/database/Table.h"
+#include "jet/file/MemoryFiles.h"
 #include "ports/memory/MemoryRuntime.h"
 
 namespace huebrush::palette {

@@ -1,0 +1,198 @@
+#include "jet/database/Database.h"
+
+#include <random>
+
+#include "base/Text.h"
+#include "jet/table/Properties.h"
+
+namespace huebrush::jet {
+
+namespace {
+
+/// After an error that is the one to tell.
+void removeQuietly(FileSystem& files, const std::string& name) {
+    try {
+        files.remove(name);
+    } catch (const base::Error&) {  // NOLINT(bugprone-empty-catch): another error is told
+    }
+}
+
+}  // namespace
+
+std::string nameBeside(const std::string& name, const std::string& suffix) {
+    const std::size_t slash = name.rfind('/');
+    const std::size_t base = slash == std::string::npos ? 0 : slash + 1;
+    return name.substr(0, base) + "." + name.substr(base) + suffix;
+}
+
+Database::Database(FileSystem& files, std::string name) : files_(&files), name_(std::move(name)) {}
+
+std::shared_ptr<Database> Database::open(FileSystem& files, const std::string& name) {
+    std::shared_ptr<Database> database(new Database(files, files.resolve(name)));
+    database->load();
+    return database;
+}
+
+void Database::load() {
+    std::shared_ptr<File> file = files_->open(name_);
+    header_ = readHeader(*file, name_);
+    pages_ = std::make_unique<Pages>(std::move(file));
+    space_ = std::make_unique<Space>(*pages_, header_->freeMap);
+    forgetDefinitions();
+}
+
+const Header& Database::header() {
+    pages();
+    return *header_;
+}
+
+void Database::create(FileSystem& files, const std::string& name, RowId freeMap,
+                      const std::function<void(Pages& pages)>& makePages, const Fill& fill) {
+    Database database(files, name);
+    database.pages_ = std::make_unique<Pages>();
+    makePages(*database.pages_);
+    database.header_ = Header{freeMap, 2, 3, 4, 5};
+    database.space_ = std::make_unique<Space>(*database.pages_, freeMap);
+    fill(database);
+    database.writeNew();
+}
+
+/// Builds the file under another name, which no other program uses.
+void Database::writeNew() {
+    std::string suffix = ".new-";
+    std::random_device random;
+    for (int i = 0; i < 12; ++i) suffix += static_cast<char>('a' + random() % 26);
+    const std::string beside = nameBeside(name_, suffix);
+    if (files_->exists(name_)) {
+        throw base::Error(ErrorNumber::kAlreadyExists,
+                          base::text("Databáze „", name_, "“ už existuje."));
+    }
+    std::unique_ptr<File> file = files_->create(beside, "");
+    try {
+        pages_->writeTo(*file);
+        file->sync();
+        file.reset();
+        files_->moveNew(beside, name_);
+    } catch (...) {
+        removeQuietly(*files_, beside);
+        throw;
+    }
+    files_->syncFolder(name_);
+}
+
+Pages& Database::pages() {
+    if (!pages_) load();
+    return *pages_;
+}
+
+Space& Database::space() {
+    pages();
+    return *space_;
+}
+
+void Database::forgetDefinitions() {
+    definitions_.clear();
+    objects_.reset();
+}
+
+const std::vector<StoredObject>& Database::objects() {
+    if (!objects_) objects_ = readStoredObjects(pages(), header().objects);
+    return *objects_;
+}
+
+std::shared_ptr<const TableDefinition> Database::definition(PageNumber page) {
+    auto& known = definitions_[page];
+    if (known) return known;
+    auto table = std::make_shared<TableDefinition>(readDefinition(pages(), page));
+    for (const StoredObject& object : objects()) {
+        if (!object.isTable() || object.id != static_cast<std::int32_t>(page)) continue;
+        table->name = object.name;
+        applyProperties(readProperties(object.properties), *table);
+    }
+    known = table;
+    return known;
+}
+
+std::shared_ptr<const TableDefinition> Database::definition(const std::string& name) {
+    for (const StoredObject& object : objects()) {
+        if (object.isTable() && object.name == name) {
+            return definition(static_cast<PageNumber>(object.id));
+        }
+    }
+    throw base::Error(ErrorNumber::kNoSuchTable,
+                      base::text("Databáze „", name_, "“ nemá tabulku „", name, "“."));
+}
+
+void Database::refresh() {
+    if (lock_ || (pages_ && pages_->file()->isCurrent())) return;
+    load();
+}
+
+void Database::discard() {
+    pages_.reset();
+    space_.reset();
+    forgetDefinitions();
+}
+
+void Database::change(const std::function<void()>& body) {
+    if (!lock_) {
+        lock_ = files_->lock(name_);
+        try {
+            if (!pages_ || !pages_->file()->isCurrent()) load();
+        } catch (...) {
+            lock_.reset();
+            throw;
+        }
+    }
+    pages_->mark();
+    try {
+        body();
+    } catch (...) {
+        pages_->undo();
+        space_->restart();
+        forgetDefinitions();
+        if (groups_ == 0) lock_.reset();
+        throw;
+    }
+    if (groups_ == 0) commit();
+}
+
+void Database::inOneCommit(const std::function<void()>& body) {
+    ++groups_;
+    try {
+        body();
+    } catch (...) {
+        if (--groups_ == 0) commit();
+        throw;
+    }
+    if (--groups_ == 0) commit();
+}
+
+/// Writes a whole new file beside the old one and gives it the old one's name: other programs see
+/// the one or the other. Without success, what was to be written is forgotten.
+void Database::commit() {
+    const std::unique_ptr<Lock> lock = std::move(lock_);
+    if (!pages_ || !pages_->changed()) return;
+    const std::string beside = nameBeside(name_, ".huebrush");
+    bool created = false;
+    try {
+        // What a killed program has left; nobody else works under the lock.
+        if (files_->exists(beside)) files_->remove(beside);
+        std::unique_ptr<File> file = files_->create(beside, name_);
+        created = true;
+        pages_->writeTo(*file);
+        file->sync();
+        // The next writer takes a file that is open for writing for one that is in use.
+        file.reset();
+        files_->replace(beside, name_);
+        created = false;
+        files_->syncFolder(name_);
+        pages_->adopt(files_->open(name_));
+    } catch (...) {
+        discard();
+        if (created) removeQuietly(*files_, beside);
+        throw;
+    }
+}
+
+}  // namespace huebrush::jet

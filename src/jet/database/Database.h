@@ -1,0 +1,78 @@
+#pragma once
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "jet/database/StoredObjects.h"
+#include "jet/file/FileSystem.h"
+#include "jet/page/Header.h"
+#include "jet/page/Space.h"
+#include "jet/table/TableDefinition.h"
+
+namespace huebrush::jet {
+
+/// A database file. Reading sees the file as it was when it was last looked at (`refresh`), plus
+/// what this object has changed; a change locks the file against other writers, and is in the file
+/// completely or not at all.
+class Database {
+ public:
+    /// Errors for what cannot be opened, with the reason; see readHeader.
+    static std::shared_ptr<Database> open(FileSystem& files, const std::string& name);
+
+    /// Makes a new, empty database of a file that does not exist yet: `fill` makes its pages and
+    /// rows, and then the whole file appears. An error when the name is taken.
+    using Fill = std::function<void(Database& database)>;
+    static void create(FileSystem& files, const std::string& name, RowId freeMap,
+                       const std::function<void(Pages& pages)>& makePages, const Fill& fill);
+
+    const std::string& name() const { return name_; }
+    const Header& header();
+    Pages& pages();
+    Space& space();
+
+    /// The definition of a table, by the page on which it begins; its properties are applied.
+    std::shared_ptr<const TableDefinition> definition(PageNumber page);
+    /// By its name; an error when there is no such table.
+    std::shared_ptr<const TableDefinition> definition(const std::string& name);
+    /// What the catalogue lists.
+    const std::vector<StoredObject>& objects();
+
+    /// Looks at the file again if another program has replaced it.
+    void refresh();
+
+    /// Runs a body that changes pages. When it throws, all that it did is taken back; else the
+    /// change is written, or waits for the end of the commit group.
+    void change(const std::function<void()>& body);
+    /// Runs a body whose changes are written in one commit, also when it ends by an error: what
+    /// was done up to the error stays done.
+    void inOneCommit(const std::function<void()>& body);
+
+    /// The catalogue or a definition has changed.
+    void forgetDefinitions();
+
+ private:
+    Database(FileSystem& files, std::string name);
+    void load();
+    void writeNew();
+    void commit();
+    void discard();
+
+    FileSystem* files_;
+    std::string name_;
+    std::optional<Header> header_;
+    std::unique_ptr<Pages> pages_;
+    std::unique_ptr<Space> space_;
+    std::unique_ptr<Lock> lock_;
+    int groups_ = 0;
+    std::map<PageNumber, std::shared_ptr<const TableDefinition>> definitions_;
+    std::optional<std::vector<StoredObject>> objects_;
+};
+
+/// The name under which a file is built that will take the place of `name`.
+std::string nameBeside(const std::string& name, const std::string& suffix);
+
+}  // namespace huebrush::jet

@@ -1,0 +1,47 @@
+#include "jet/database/SystemRows.h"
+
+#include <ctime>
+
+#include "jet/database/Table.h"
+
+namespace huebrush::jet {
+
+namespace {
+
+/// Local time in days since 1899-12-30.
+double now() {
+    constexpr double kEpoch = 25569;
+    constexpr double kSecondsADay = 86400;
+    const std::time_t seconds = std::time(nullptr);
+    std::tm local{};
+    ::localtime_r(&seconds, &local);
+    return kEpoch + static_cast<double>(seconds + local.tm_gmtoff) / kSecondsADay;
+}
+
+}  // namespace
+
+void addObject(Database& database, const NewObject& object) {
+    Table table(database, database.definition(database.header().objects));
+    const double created = now();
+    Table::Values values{{&table.column("Id"), object.id},
+                         {&table.column("ParentId"), object.parent},
+                         {&table.column("Name"), object.name},
+                         {&table.column("Type"), object.type},
+                         {&table.column("DateCreate"), created},
+                         {&table.column("DateUpdate"), created},
+                         {&table.column("Owner"), object.owner},
+                         {&table.column("Flags"), static_cast<std::int32_t>(object.flags)}};
+    if (!object.properties.empty()) values.emplace_back(&table.column("LvProp"), object.properties);
+    table.insert(values);
+}
+
+void addPermission(Database& database, std::int32_t object, const Bytes& identity,
+                   std::uint32_t mask, bool inherited) {
+    Table table(database, database.definition(database.header().accessEntries));
+    table.insert({{&table.column("ObjectId"), object},
+                  {&table.column("SID"), identity},
+                  {&table.column("ACM"), static_cast<std::int32_t>(mask)},
+                  {&table.column("FInheritable"), inherited}});
+}
+
+}  // namespace huebrush::jet

@@ -1,0 +1,67 @@
+#pragma once
+
+#include <vector>
+
+#include "jet/page/Pages.h"
+#include "jet/page/RowId.h"
+
+namespace huebrush::jet {
+
+/// A page of a B-tree, taken apart. An entry is a key and the pointer to its row; in a node each
+/// entry is a copy of the last one of a child, and the last child has none.
+class IndexPage {
+ public:
+    static constexpr std::size_t kRoom = 3616;
+    static constexpr std::size_t kRowPointer = 4;
+    static constexpr std::size_t kChildPointer = 4;
+
+    /// Damage when the page breaks a rule.
+    static IndexPage read(Pages& pages, PageNumber number);
+    IndexPage(PageNumber number, bool leaf) : number(number), leaf(leaf) {}
+
+    std::size_t count() const { return ends_.size(); }
+    ByteView entry(std::size_t i) const {
+        const std::size_t start = i == 0 ? 0 : ends_[i - 1];
+        return ByteView(data_).subspan(start, ends_[i] - start);
+    }
+    ByteView last() const { return entry(count() - 1); }
+    /// The first entry that is not less than the wanted bytes; count() when all are.
+    std::size_t lowerBound(ByteView wanted) const;
+
+    void insert(std::size_t at, ByteView entry);
+    void erase(std::size_t at);
+    /// Adds all entries of another page behind these.
+    void append(const IndexPage& other);
+    /// Leaves the first `kept` entries here and returns a page with the others.
+    IndexPage splitOff(std::size_t kept, PageNumber number);
+    /// How many entries to keep so that both halves are about the same size.
+    std::size_t middle() const;
+
+    bool fits() const { return size() <= kRoom; }
+    /// The bytes that the entries take on the page.
+    std::size_t size() const;
+    void write(Pages& pages, PageNumber table) const;
+
+    PageNumber number;
+    bool leaf;
+    PageNumber previous = 0;
+    PageNumber next = 0;
+    std::vector<PageNumber> children;  ///< of a node: one more than entries
+
+ private:
+    void readEntry(ByteView stored, std::size_t shared);
+    std::size_t prefix() const;
+    std::size_t trailer() const { return leaf ? 0 : kChildPointer; }
+
+    Bytes data_;
+    std::vector<std::size_t> ends_;
+};
+
+/// The row that an entry is for, and its key.
+RowId rowOfEntry(ByteView entry);
+ByteView keyOfEntry(ByteView entry);
+Bytes makeEntry(ByteView key, RowId row);
+
+int compareBytes(ByteView a, ByteView b);
+
+}  // namespace huebrush::jet

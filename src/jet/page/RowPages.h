@@ -1,0 +1,39 @@
+#pragma once
+
+#include "jet/page/Space.h"
+
+namespace huebrush::jet {
+
+/// The data pages of one table or of one long-value column: finds room for rows, and gives back
+/// pages that have none left.
+class RowPages {
+ public:
+    /// A free map of page 0 means that each row gets a page of its own.
+    RowPages(Pages& pages, Space& space, RowId owned, RowId free, std::uint32_t owner)
+        : pages_(&pages),
+          space_(&space),
+          owned_(pages, owned),
+          free_(pages, free),
+          keepsFreeMap_(free.page != 0),
+          owner_(owner) {}
+
+    RowId add(ByteView row, std::uint16_t flags = SlotFlag::kNone);
+    /// A row on a new page that bears a stamp.
+    RowId addOnNewPage(ByteView row, std::uint32_t stamp = 0);
+    void remove(RowId row);
+    /// Gives a row other bytes in its place. Whether there was room.
+    bool replace(RowId row, ByteView bytes, std::uint16_t flags);
+
+ private:
+    PageNumber newPage(std::uint32_t stamp);
+    void noteRoom(PageNumber page);
+
+    Pages* pages_;
+    Space* space_;
+    UsageMap owned_;
+    UsageMap free_;
+    bool keepsFreeMap_;
+    std::uint32_t owner_;
+};
+
+}  // namespace huebrush::jet

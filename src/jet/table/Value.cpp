@@ -1,0 +1,95 @@
+#include "jet/table/Value.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+#include "base/Text.h"
+
+namespace huebrush::jet {
+
+namespace {
+
+constexpr std::size_t kLeastCompressed = 3;
+
+std::int32_t roundedLong(double value) {
+    const double rounded = std::nearbyint(value);
+    if (!(rounded >= std::numeric_limits<std::int32_t>::min() &&
+          rounded <= std::numeric_limits<std::int32_t>::max())) {
+        base::throwOverflow();
+    }
+    return static_cast<std::int32_t>(rounded);
+}
+
+bool isCompressed(ByteView bytes) {
+    return bytes.size() >= 2 && bytes[0] == 0xFF && bytes[1] == 0xFE;
+}
+
+void appendPlain(std::u16string& out, ByteView bytes) {
+    for (std::size_t at = 0; at + 2 <= bytes.size(); at += 2) {
+        out += static_cast<char16_t>(bytes[at] | bytes[at + 1] << 8U);
+    }
+}
+
+/// One byte a character; a 0 byte switches between that and plain text.
+std::u16string expand(ByteView bytes) {
+    std::u16string out;
+    bool single = true;
+    while (!bytes.empty()) {
+        if (single) {
+            const auto end = std::find(bytes.begin(), bytes.end(), 0);
+            const auto count = static_cast<std::size_t>(end - bytes.begin());
+            for (const std::uint8_t byte : bytes.first(count)) out += byte;
+            bytes = bytes.subspan(count);
+        } else {
+            std::size_t count = 0;
+            while (count + 1 < bytes.size() && !(bytes[count] == 0 && bytes[count + 1] != 0) &&
+                   bytes[count] != 0) {
+                count += 2;
+            }
+            appendPlain(out, bytes.first(count));
+            bytes = bytes.subspan(count);
+            if (!bytes.empty() && bytes[0] != 0) break;
+        }
+        if (!bytes.empty()) bytes = bytes.subspan(1);
+        single = !single;
+    }
+    return out;
+}
+
+}  // namespace
+
+std::int32_t toLong(const Value& value) {
+    if (const auto* whole = std::get_if<std::int32_t>(&value)) return *whole;
+    if (const auto* flag = std::get_if<bool>(&value)) return *flag ? -1 : 0;
+    if (const auto* number = std::get_if<float>(&value)) return roundedLong(*number);
+    if (const auto* number = std::get_if<double>(&value)) return roundedLong(*number);
+    if (const auto* money = std::get_if<Money>(&value)) {
+        return roundedLong(static_cast<double>(money->tenThousandths) / 10000);
+    }
+    if (const auto* text = std::get_if<std::string>(&value)) return base::toInteger(*text);
+    throw base::Error(base::ErrorNumber::kTypeMismatch, "Typová neshoda: hodnota není číslo.");
+}
+
+std::string decodeText(ByteView bytes) {
+    if (isCompressed(bytes)) return base::toUtf8(expand(bytes.subspan(2)));
+    std::u16string plain;
+    appendPlain(plain, bytes);
+    return base::toUtf8(plain);
+}
+
+Bytes encodeText(const std::string& utf8, bool compressed, std::size_t mostCompressed) {
+    const std::u16string text = base::toUtf16(utf8);
+    Bytes out;
+    const bool small = std::all_of(text.begin(), text.end(),
+                                   [](char16_t unit) { return unit >= 1 && unit <= 0xFF; });
+    if (compressed && small && text.size() >= kLeastCompressed && text.size() <= mostCompressed) {
+        out = {0xFF, 0xFE};
+        for (const char16_t unit : text) append8(out, unit);
+    } else {
+        for (const char16_t unit : text) append16(out, unit);
+    }
+    return out;
+}
+
+}  // namespace huebrush::jet
