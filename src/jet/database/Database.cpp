@@ -184,6 +184,9 @@ void Database::commit() {
         file->sync();
         // The next writer takes a file that is open for writing for one that is in use.
         file.reset();
+        // Another program may lock the new file as soon as it has its name, and replace it before
+        // it is opened here.
+        const std::unique_ptr<Lock> lockOfNew = files_->lock(beside);
         files_->replace(beside, name_);
         created = false;
         files_->syncFolder(name_);

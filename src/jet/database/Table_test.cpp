@@ -302,6 +302,25 @@ TEST_F(Tables, WhatAnotherWriterHasWrittenIsKept) {
     EXPECT_EQ(allRows(database, "TFillGroup").size(), 3U);
 }
 
+TEST_F(Tables, NobodyElseWritesBeforeACommitHasOpenedWhatItWrote) {
+    const auto other = Database::open(file.files, PaletteFile::kName);
+    std::int32_t error = 0;
+    file.files.onCall = [&](const std::string& call) {
+        if (call != "syncFolder") return;
+        file.files.onCall = nullptr;
+        try {
+            addPalette(*other, "theirs", {});
+        } catch (const base::Error& refused) {
+            error = refused.number();
+        }
+    };
+    addPalette(database, "ours", {});
+    EXPECT_EQ(error, ErrorNumber::kInUse);
+    addPalette(*other, "theirs", {});
+    addPalette(database, "ours again", {});
+    EXPECT_EQ(allRows(database, "TFillGroup").size(), 3U);
+}
+
 TEST_F(Tables, ATableWithAnUnknownOrderIsNotWritten) {
     // Another language's order for the name column of the catalogue.
     Bytes& bytes = *file.files.files.at(PaletteFile::kName);

@@ -60,8 +60,9 @@ class FileSystem {
     /// Brings the names in the folder of `name` to the medium.
     virtual void syncFolder(const std::string& name) = 0;
     /// The lock to hold while the file `name` is read in order to be replaced, until it is
-    /// replaced. An error when the file may not be written or another program has it open for
-    /// writing; waits for other holders of this lock.
+    /// replaced. It is on the file, not on the name, and stays when the file gets another one. An
+    /// error when the file may not be written or another program has it open for writing; waits
+    /// for other holders of this lock.
     virtual std::unique_ptr<Lock> lock(const std::string& name) = 0;
 };
 

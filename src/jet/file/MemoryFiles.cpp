@@ -50,15 +50,19 @@ class MemoryFile final : public File {
 
 class MemoryLock final : public Lock {
  public:
-    explicit MemoryLock(std::shared_ptr<int> holders) : holders_(std::move(holders)) {
-        ++*holders_;
+    using Locked = std::shared_ptr<std::set<MemoryFiles::Content>>;
+
+    MemoryLock(Locked locked, MemoryFiles::Content content)
+        : locked_(std::move(locked)), content_(std::move(content)) {
+        locked_->insert(content_);
     }
     MemoryLock(const MemoryLock&) = delete;
     MemoryLock& operator=(const MemoryLock&) = delete;
-    ~MemoryLock() override { --*holders_; }
+    ~MemoryLock() override { locked_->erase(content_); }
 
  private:
-    std::shared_ptr<int> holders_;
+    Locked locked_;
+    MemoryFiles::Content content_;
 };
 
 [[noreturn]] void throwMissing(const std::string& name) {
@@ -121,12 +125,13 @@ void MemoryFiles::syncFolder(const std::string& name) {
 
 std::unique_ptr<Lock> MemoryFiles::lock(const std::string& name) {
     call("lock");
-    if (!exists(name)) throwMissing(name);
-    if (*locked != 0) {
+    const auto file = files.find(name);
+    if (file == files.end()) throwMissing(name);
+    if (locked->contains(file->second)) {
         throw base::Error(ErrorNumber::kInUse,
                           base::text("Databázi „", name, "“ má otevřenou jiný program."));
     }
-    return std::make_unique<MemoryLock>(locked);
+    return std::make_unique<MemoryLock>(locked, file->second);
 }
 
 }  // namespace huebrush::jet

@@ -3,6 +3,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <set>
 #include <string>
 
 #include "jet/file/FileSystem.h"
@@ -45,7 +46,8 @@ class MemoryFiles final : public FileSystem {
     std::function<void(const char*)> onCall;
     std::vector<Deed> deeds;
     bool recording = false;
-    std::shared_ptr<int> locked = std::make_shared<int>(0);
+    /// A lock is held on a content, as on a file whose name may come to lead elsewhere.
+    std::shared_ptr<std::set<Content>> locked = std::make_shared<std::set<Content>>();
 };
 
 }  // namespace huebrush::jet
