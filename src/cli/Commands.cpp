@@ -3,7 +3,6 @@
 #include <unistd.h>
 
 #include <filesystem>
-#include <fstream>
 #include <iomanip>
 #include <iostream>
 #include <optional>
@@ -11,6 +10,7 @@
 #include "base/Text.h"
 #include "cli/Failure.h"
 #include "cli/FillText.h"
+#include "cli/InputFile.h"
 #include "cli/OfficeJob.h"
 #include "cli/OutputFile.h"
 
@@ -21,13 +21,6 @@ namespace {
 namespace fs = std::filesystem;
 using base::text;
 using json = nlohmann::ordered_json;
-
-void requireReadable(const fs::path& document) {
-    std::error_code error;
-    if (!fs::exists(document, error)) throw Failure("there is no file " + document.string());
-    if (fs::is_directory(document, error)) throw Failure(document.string() + " is a folder");
-    if (access(document.c_str(), R_OK) != 0) throw Failure("cannot read " + document.string());
-}
 
 /// Tells what the logic would have shown in boxes. Whether one of them was an error.
 bool tellBoxes(const json& result) {
@@ -65,15 +58,6 @@ void printRecolored(const json& result, const fs::path& output) {
     }
 }
 
-nlohmann::json readPlan(const std::string& path) {
-    if (path.empty()) return nullptr;
-    requireReadable(path);
-    std::ifstream file(path);
-    nlohmann::json plan = nlohmann::json::parse(file, nullptr, false);
-    if (plan.is_discarded()) throw Failure("the plan " + path + " is no JSON");
-    return plan;
-}
-
 fs::path outputOf(const RecolorOptions& options) {
     if (options.inPlace) return options.document;
     std::error_code error;
@@ -88,7 +72,7 @@ protocol::Job jobOf(const RecolorOptions& options) {
     job.input = fs::absolute(options.document);
     job.maps = options.maps;
     job.rows = options.rows;
-    job.plan = readPlan(options.plan);
+    if (!options.plan.empty()) job.plan = readJson("the plan", options.plan);
     try {
         // Read here to refuse a bad request before an office is started.
         protocol::requestOf(job);

@@ -1,24 +1,30 @@
 // The program "huebrush": reads the command line and runs one command.
 
 #include <CLI/CLI.hpp>
+#include <functional>
 #include <iostream>
 
 #include "cli/Commands.h"
 #include "cli/Failure.h"
 #include "cli/Interrupt.h"
+#include "cli/palette/PaletteCommands.h"
 
 namespace {
 
 using namespace huebrush::cli;
 
-void addFills(CLI::App& program, FillsOptions& options) {
+/// What the command line asks for; its result is the exit code.
+using Chosen = std::function<int()>;
+
+void addFills(CLI::App& program, FillsOptions& options, Chosen& chosen) {
     CLI::App* const command =
         program.add_subcommand("fills", "List the distinct fills of all shapes of a document");
     command->add_option("DOCUMENT", options.document, "An .odt, .fodt, .docx or .doc")->required();
     command->add_flag("--json", options.json, "Print the listing as JSON, to edit as a plan");
+    command->callback([&] { chosen = [&options] { return runFills(options); }; });
 }
 
-void addRecolor(CLI::App& program, RecolorOptions& options) {
+void addRecolor(CLI::App& program, RecolorOptions& options, Chosen& chosen) {
     CLI::App* const command =
         program.add_subcommand("recolor", "Give the shapes of a document new fills");
     command->add_option("DOCUMENT", options.document, "An .odt, .fodt, .docx or .doc")->required();
@@ -38,14 +44,47 @@ void addRecolor(CLI::App& program, RecolorOptions& options) {
         ->allow_extra_args(false);
     command->add_option("--plan", options.plan, "A listing in JSON whose \"new\" was edited");
     command->add_flag("--json", options.json, "Print the result as JSON");
-    command->callback([&options] {
+    command->callback([&] {
         if (options.output.empty() && !options.inPlace) {
             throw CLI::ValidationError("recolor", "say -o FILE or --in-place");
         }
         if (options.maps.empty() && options.rows.empty() && options.plan.empty()) {
             throw CLI::ValidationError("recolor", "nothing to do: say --map, --row or --plan");
         }
+        chosen = [&options] { return runRecolor(options); };
     });
+}
+
+void addPalette(CLI::App& program, PaletteOptions& options, Chosen& chosen) {
+    CLI::App* const palette = program.add_subcommand("palette", "Work on files of palettes");
+    palette->require_subcommand(1);
+    const auto add = [&](const char* name, int (*run)(const PaletteOptions&), const char* effect) {
+        CLI::App* const command = palette->add_subcommand(name, effect);
+        command->add_option("FILE", options.file, "A palette database, .mdb")->required();
+        command->add_flag("--json", options.json, "Print the result as JSON");
+        command->callback(
+            [&options, &chosen, run] { chosen = [&options, run] { return run(options); }; });
+        return command;
+    };
+    add("new", runPaletteNew, "Make a new, empty file")
+        ->add_flag("--force", options.force, "Replace a file that is there already");
+    add("list", runPaletteList, "List the palettes");
+    add("dump", runPaletteDump, "Print all that the palettes hold, as JSON");
+    add("import", runPaletteImport, "Add palettes: all of them, or none when one is refused")
+        ->add_option("JSON", options.input, "A file as dump prints it")
+        ->required();
+    add("erase", runPaletteErase, "Erase all palettes of a name with their fills")
+        ->add_option("NAME", options.name, "The name")
+        ->required();
+    add("check", runPaletteCheck, "Check the structure, and print each rule that is broken");
+}
+
+/// A result that nobody can read is none: the disk may be full.
+int withOutput(const Chosen& chosen) {
+    const int code = chosen();
+    std::cout.flush();
+    if (!std::cout) throw Failure("cannot write the output");
+    return code;
 }
 
 int run(int argc, char** argv) {
@@ -54,15 +93,18 @@ int run(int argc, char** argv) {
     program.set_version_flag("--version", HUEBRUSH_VERSION);
     FillsOptions fills;
     RecolorOptions recolor;
-    addFills(program, fills);
-    addRecolor(program, recolor);
+    PaletteOptions palette;
+    Chosen chosen;
+    addFills(program, fills, chosen);
+    addRecolor(program, recolor, chosen);
+    addPalette(program, palette, chosen);
     try {
         program.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
         return program.exit(error) == 0 ? ExitCode::kDone : ExitCode::kUsage;
     }
     catchInterrupts();
-    return program.got_subcommand("fills") ? runFills(fills) : runRecolor(recolor);
+    return withOutput(chosen);
 }
 
 }  // namespace

@@ -9,6 +9,7 @@
 
 #include "base/Color.h"
 #include "base/Text.h"
+#include "protocol/JsonNumber.h"
 
 namespace huebrush::protocol {
 
@@ -43,14 +44,9 @@ nlohmann::ordered_json valueToJson(const Value& value) {
 }
 
 std::int32_t integerFromJson(const char* name, const json& value) {
-    constexpr const char* kExpected = "a whole number of 32 bits";
-    if (!value.is_number_integer()) throwWrongType(name, kExpected);
-    const auto number = value.get<std::int64_t>();
-    const bool fits = number >= std::numeric_limits<std::int32_t>::min() &&
-                      number <= std::numeric_limits<std::int32_t>::max();
-    const bool huge = value.is_number_unsigned() && value.get<std::uint64_t>() > INT64_MAX;
-    if (!fits || huge) throwWrongType(name, kExpected);
-    return static_cast<std::int32_t>(number);
+    const auto number = int32FromJson(value);
+    if (!number) throwWrongType(name, "a whole number of 32 bits");
+    return *number;
 }
 
 template <class Value>

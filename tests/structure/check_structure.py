@@ -25,14 +25,15 @@ USES = {
     "error": {"forms"},
     "fill": {"host", "forms", "error"},
     "select": {"host", "forms", "fill", "error"},
-    "palette": {"forms", "jet/file", "jet/database", "jet/check", "error"},
+    "palette": {"forms", "jet/file", "jet/table", "jet/database", "jet/check", "error"},
     "recolor": {"host", "forms", "fill", "error"},
     "addin": {"host", "forms", "error", "fill", "select", "recolor"},
     "batch": {"host", "forms", "fill", "error", "recolor"},
     "protocol": {"fill", "batch"},
     "ports/libreoffice": {"host", "forms", "error", "fill", "select", "recolor", "addin", "batch",
                           "protocol"},
-    "cli": {"fill", "protocol"},
+    "cli": {"forms", "jet/file", "jet/table", "jet/database", "jet/check", "fill", "palette",
+            "protocol"},
 }
 
 # Libraries stay where they belong: an include of one of these is allowed below these folders only.

@@ -25,6 +25,13 @@ std::string nameBeside(const std::string& name, const std::string& suffix) {
     return name.substr(0, base) + "." + name.substr(base) + suffix;
 }
 
+std::string newNameBeside(const std::string& name) {
+    std::string suffix = ".new-";
+    std::random_device random;
+    for (int i = 0; i < 12; ++i) suffix += static_cast<char>('a' + random() % 26);
+    return nameBeside(name, suffix);
+}
+
 Database::Database(FileSystem& files, std::string name) : files_(&files), name_(std::move(name)) {}
 
 std::shared_ptr<Database> Database::open(FileSystem& files, const std::string& name) {
@@ -59,10 +66,7 @@ void Database::create(FileSystem& files, const std::string& name, RowId freeMap,
 
 /// Builds the file under another name, which no other program uses.
 void Database::writeNew() {
-    std::string suffix = ".new-";
-    std::random_device random;
-    for (int i = 0; i < 12; ++i) suffix += static_cast<char>('a' + random() % 26);
-    const std::string beside = nameBeside(name_, suffix);
+    const std::string beside = newNameBeside(name_);
     if (files_->exists(name_)) {
         throw base::Error(ErrorNumber::kAlreadyExists,
                           base::text("Databáze „", name_, "“ už existuje."));

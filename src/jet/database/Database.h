@@ -75,4 +75,7 @@ class Database {
 /// The name under which a file is built that will take the place of `name`.
 std::string nameBeside(const std::string& name, const std::string& suffix);
 
+/// A name beside `name` that no other program uses.
+std::string newNameBeside(const std::string& name);
+
 }  // namespace huebrush::jet

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <filesystem>
+#include <nlohmann/json.hpp>
+
+namespace huebrush::cli {
+
+/// Failure when there is no such file, when it is a folder, or may not be read.
+void requireReadable(const std::filesystem::path& file);
+
+/// A file of JSON. Failure when it is none; `what` is what it should be.
+nlohmann::json readJson(const char* what, const std::filesystem::path& file);
+
+}  // namespace huebrush::cli

@@ -1,0 +1,208 @@
+#include "cli/palette/PaletteCommands.h"
+
+#include <unistd.h>
+
+#include <filesystem>
+#include <iomanip>
+#include <iostream>
+
+#include "base/Text.h"
+#include "cli/ConsoleRuntime.h"
+#include "cli/Failure.h"
+#include "cli/FillText.h"
+#include "cli/InputFile.h"
+#include "cli/Interrupt.h"
+#include "cli/palette/PaletteJson.h"
+#include "jet/check/Check.h"
+#include "palette/PaletteFile.h"
+#include "palette/mMakeDatabase.h"
+
+namespace huebrush::cli {
+
+namespace {
+
+namespace fs = std::filesystem;
+using base::text;
+using json = nlohmann::ordered_json;
+using palette::Record;
+using palette::valueOf;
+
+std::shared_ptr<jet::Database> open(const PaletteOptions& options) {
+    requireReadable(options.file);
+    return jet::Database::open(jet::systemFiles(), options.file);
+}
+
+/// A file that is built beside another one; what is there at the end goes.
+class FileBeside {
+ public:
+    explicit FileBeside(const std::string& target) : name_(jet::newNameBeside(target)) {}
+    FileBeside(const FileBeside&) = delete;
+    FileBeside& operator=(const FileBeside&) = delete;
+    ~FileBeside() { unlink(name_.c_str()); }
+    const std::string& name() const { return name_; }
+
+ private:
+    std::string name_;
+};
+
+/// Whether the whole database was made; the user may have chosen to abort.
+bool makeDatabase(const std::string& name) {
+    ConsoleRuntime runtime(std::cin, std::cerr, isatty(STDIN_FILENO) != 0);
+    const forms::RuntimeScope scope(runtime);
+    const bool made = palette::MakeDatabase(name);
+    throwIfInterrupted();
+    return made;
+}
+
+std::string countOf(std::size_t count, const char* one, const char* many) {
+    return text(count, " ", count == 1 ? one : many);
+}
+
+json listOf(const std::vector<Record>& palettes) {
+    json list = json::array();
+    for (const Record& each : palettes) list.push_back(toJson(each));
+    return list;
+}
+
+/// What a terminal shows of a value.
+std::string shown(const jet::Value& value) {
+    if (const auto* number = std::get_if<std::int32_t>(&value)) return text(*number);
+    if (const auto* words = std::get_if<std::string>(&value)) return oneLine(*words);
+    return "–";
+}
+
+/// Fills a column from the left, by characters and not by bytes.
+std::string rightAligned(const std::string& value, std::size_t width) {
+    const std::size_t length = base::lengthInCharacters(value);
+    return std::string(length < width ? width - length : 0, ' ') + value;
+}
+
+void printPalettes(const std::vector<Record>& palettes) {
+    std::cout << "   ID  fills  name\n";
+    for (const Record& each : palettes) {
+        std::cout << rightAligned(shown(valueOf(each, "ID")), 5)
+                  << rightAligned(shown(valueOf(each, "Count")), 7) << "  "
+                  << shown(valueOf(each, "Name"));
+        const auto* description = std::get_if<std::string>(&valueOf(each, "Description"));
+        if (description != nullptr && !description->empty()) {
+            std::cout << " – " << oneLine(*description);
+        }
+        std::cout << '\n';
+    }
+}
+
+json violationToJson(const jet::Violation& violation) {
+    return {{"page", violation.page},
+            {"offset", violation.offset},
+            {"rule", violation.rule.number},
+            {"object", violation.object},
+            {"text", violation.text()}};
+}
+
+void printCheck(const std::string& file, const jet::CheckResult& result) {
+    for (const jet::Violation& each : result.violations) {
+        std::cout << oneLine(each.text()) << '\n';
+    }
+    if (result.violations.empty()) std::cout << file << " keeps all rules\n";
+    if (!result.unowned.empty()) {
+        std::cout << countOf(result.unowned.size(), "page belongs", "pages belong")
+                  << " to nothing\n";
+    }
+}
+
+}  // namespace
+
+int runPaletteNew(const PaletteOptions& options) {
+    jet::FileSystem& files = jet::systemFiles();
+    const std::string target = files.resolve(options.file);
+    const bool replaces = files.exists(target);
+    if (fs::is_directory(target)) throw Failure(options.file + " is a folder");
+    if (replaces && !options.force) {
+        throw Failure(options.file + " exists already: say --force to replace it");
+    }
+    // Nobody else writes a file while it is being replaced, and none that is in use goes.
+    const auto lock = replaces ? files.lock(target) : nullptr;
+    const FileBeside made(target);
+    if (!makeDatabase(made.name())) return ExitCode::kFailed;
+    if (replaces) {
+        fs::permissions(made.name(), fs::status(target).permissions());
+        files.replace(made.name(), target);
+    } else {
+        files.moveNew(made.name(), target);
+    }
+    files.syncFolder(target);
+    if (options.json) {
+        std::cout << json{{"file", options.file}, {"replaced", replaces}}.dump(2) << '\n';
+    } else {
+        std::cout << "made " << options.file << '\n';
+    }
+    return ExitCode::kDone;
+}
+
+int runPaletteList(const PaletteOptions& options) {
+    const std::vector<Record> palettes = palette::listPalettes(*open(options));
+    if (options.json) {
+        std::cout << json{{"palettes", listOf(palettes)}}.dump(2) << '\n';
+    } else {
+        printPalettes(palettes);
+    }
+    return ExitCode::kDone;
+}
+
+int runPaletteDump(const PaletteOptions& options) {
+    json palettes = json::array();
+    palette::visitPalettes(*open(options), [&](const palette::Palette& each) {
+        throwIfInterrupted();
+        palettes.push_back(toJson(each));
+    });
+    std::cout << json{{"palettes", std::move(palettes)}}.dump(2) << '\n';
+    return ExitCode::kDone;
+}
+
+int runPaletteImport(const PaletteOptions& options) {
+    const auto database = open(options);
+    const nlohmann::json input = readJson("the file", options.input);
+    const std::vector<Record> added = palette::addPalettes(
+        *database, palettesFromJson(input, *database->definition(palette::kGroupTable),
+                                    *database->definition(palette::kElementTable)));
+    if (options.json) {
+        std::cout << json{{"file", options.file}, {"palettes", listOf(added)}}.dump(2) << '\n';
+    } else {
+        std::cout << countOf(added.size(), "palette", "palettes") << " added to " << options.file
+                  << '\n';
+    }
+    return ExitCode::kDone;
+}
+
+int runPaletteErase(const PaletteOptions& options) {
+    const std::size_t erased = palette::erasePalettes(*open(options), options.name);
+    if (erased == 0) throw Failure(text(options.file, " has no palette \"", options.name, "\""));
+    if (options.json) {
+        std::cout << json{{"file", options.file}, {"name", options.name}, {"erased", erased}}.dump(
+                         2)
+                  << '\n';
+    } else {
+        std::cout << countOf(erased, "palette", "palettes") << " erased from " << options.file
+                  << '\n';
+    }
+    return ExitCode::kDone;
+}
+
+int runPaletteCheck(const PaletteOptions& options) {
+    const jet::CheckResult result = jet::check(*open(options));
+    if (options.json) {
+        json violations = json::array();
+        for (const jet::Violation& each : result.violations)
+            violations.push_back(violationToJson(each));
+        std::cout << json{{"file", options.file},
+                          {"violations", std::move(violations)},
+                          {"unowned", result.unowned}}
+                         .dump(2)
+                  << '\n';
+    } else {
+        printCheck(options.file, result);
+    }
+    return result.violations.empty() ? ExitCode::kDone : ExitCode::kFailed;
+}
+
+}  // namespace huebrush::cli

@@ -1,0 +1,269 @@
+"""The commands on palette files: what they write and print, and how they refuse bad input."""
+
+import json
+import os
+import pty
+import stat
+import subprocess
+import unittest
+
+from program import (LIMIT, MANY_PALETTES, PREVIEW_SIZES, PROGRAM, OnPaletteFiles, as_stored, element, huebrush,
+                     palette, various_palettes)
+
+
+class Refusals(OnPaletteFiles):
+    """Bad input gets one line on the error output, the right exit code, and changes nothing."""
+
+    def assert_refused(self, words, *arguments, code=1):
+        before = self.file.read_bytes()
+        names = sorted(path.name for path in self.folder.iterdir())
+        done = huebrush("palette", *arguments)
+        self.assertEqual(done.returncode, code, done.stderr)
+        self.assertEqual(len(done.stderr.strip().splitlines()), 1, done.stderr)
+        self.assertIn(words, done.stderr)
+        self.assertEqual(done.stdout, "")
+        self.assertEqual(self.file.read_bytes(), before)
+        self.assertEqual(sorted(path.name for path in self.folder.iterdir()), names)
+
+    def test_files_that_are_no_palette_files(self):
+        other = self.folder / "other.mdb"
+        other.write_text("This is no database." * 1000)
+        missing = self.folder / "missing.mdb"
+        for command in (("list",), ("dump",), ("import", self.file), ("erase", "x"), ("check",)):
+            name, *rest = command
+            self.assert_refused("there is no file", name, missing, *rest)
+            self.assert_refused("is a folder", name, self.folder, *rest)
+            self.assert_refused("other.mdb", name, other, *rest)
+
+    def test_a_file_that_was_cut_off(self):
+        cut = self.folder / "cut.mdb"
+        cut.write_bytes(self.file.read_bytes()[:40000])
+        for command in ("list", "dump", "check"):
+            self.assert_refused("pravidlo F1", command, cut)
+
+    def test_new_where_a_file_is(self):
+        self.assert_refused("exists already: say --force", "new", self.file)
+        self.assert_refused("is a folder", "new", self.folder, "--force")
+
+    def test_new_where_none_can_be(self):
+        self.assert_refused("No such file or directory", "new", self.folder / "no" / "fill.mdb")
+        self.assert_refused("Not a directory", "new", self.file / "fill.mdb")
+
+    def test_import_of_what_is_no_palette(self):
+        source = self.folder / "palettes.json"
+        fill = element(0, b"")
+        lacking = {name: value for name, value in fill.items() if name != "Pattern"}
+        cases = {
+            "is no JSON": "{",
+            "not in the form of": "[]",
+            "palettes must be an array": {"palettes": 3},
+            "palette 2 is no object": {"palettes": [palette("a", []), 3]},
+            "the table TFillGroup has no column Colour": {"palettes": [{"Colour": 3}]},
+            "palette 1, element 2: the table TFillElementParameter has no column Red":
+                {"palettes": [palette("a", [fill, {"Red": 1}])]},
+            "Visible must be a whole number": {"palettes": [palette("a", [{**fill, "Visible": 1.5}])]},
+            "FillPreview must be bytes in base64":
+                {"palettes": [palette("a", [{**fill, "FillPreview": "?"}])]},
+            "„Pattern“": {"palettes": [palette("a", [fill]), palette("b", [lacking])]},
+            "„Name“": {"palettes": [palette("", [])]},
+            "nejvýše 30 znaků": {"palettes": [palette("x" * 31, [])]},
+            "nejvýše 255 znaků": {"palettes": [palette("x", [element(0, b"", "t" * 256)])]},
+        }
+        for words, content in cases.items():
+            with self.subTest(words):
+                source.write_text(content if isinstance(content, str) else json.dumps(content))
+                self.assert_refused(words, "import", self.file, source)
+        self.assert_refused("there is no file", "import", self.file, self.folder / "none.json")
+        self.assertEqual(self.dump(), [])
+
+    def test_erase_of_a_palette_that_is_not_there(self):
+        self.add([palette("Podzim", [element(0, b"")])])
+        for name in ("podzim", "Podzi", "Podzim ", ""):
+            self.assert_refused("has no palette", "erase", self.file, name)
+
+    def test_a_file_that_another_program_has_open_for_writing(self):
+        self.add([palette("Podzim", [])])
+        source = self.write_json([palette("Zima", [])])
+        with self.file.open("r+b"):
+            self.assertEqual([each["Name"] for each in self.dump()], ["Podzim"])
+            self.assert_refused("jiný program", "import", self.file, source)
+            self.assert_refused("jiný program", "erase", self.file, "Podzim")
+            self.assert_refused("jiný program", "new", self.file, "--force")
+        self.run_program("erase", self.file, "Podzim")
+
+    def test_command_lines_that_say_nothing(self):
+        for arguments in ([], ["new"], ["erase", self.file], ["import", self.file], ["paint"],
+                          ["list", self.file, "--force"]):
+            done = huebrush("palette", *arguments)
+            self.assertEqual((done.returncode, done.stdout), (2, ""), arguments)
+
+    def test_output_that_cannot_be_written(self):
+        self.add([palette("Podzim", [])])
+        with open("/dev/full", "w", encoding="utf-8") as full:
+            done = huebrush("palette", "dump", self.file, stdout=full)
+        self.assertEqual((done.returncode, done.stderr),
+                         (1, "huebrush: cannot write the output\n"))
+
+
+class New(OnPaletteFiles):
+    def only_files(self, *names):
+        self.assertEqual(sorted(path.name for path in self.folder.iterdir()), sorted(names))
+
+    def test_makes_an_empty_file_that_keeps_all_rules(self):
+        self.assert_clean()
+        self.assertEqual(self.dump(), [])
+        self.only_files("fill.mdb")
+
+    def test_tells_what_it_did(self):
+        other = self.folder / "other.mdb"
+        self.assertEqual(self.run_program("new", other), f"made {other}\n")
+        self.assertEqual(json.loads(self.run_program("new", other, "--force", "--json")),
+                         {"file": str(other), "replaced": True})
+
+    def test_by_force_replaces_the_file_that_a_link_leads_to_and_keeps_its_rights(self):
+        self.add([palette("Podzim", [])])
+        self.file.chmod(0o640)
+        link = self.folder / "link.mdb"
+        link.symlink_to("fill.mdb")
+        self.run_program("new", link, "--force")
+        self.assertTrue(link.is_symlink())
+        self.assertEqual(stat.S_IMODE(self.file.stat().st_mode), 0o640)
+        self.assertEqual(self.dump(), [])
+        self.only_files("fill.mdb", "link.mdb", "palettes.json")
+
+    def answer(self, answers, before_answering=lambda: None):
+        """Makes a file in a folder that is not there, with a user at a terminal."""
+        terminal, theirs = pty.openpty()
+        self.addCleanup(os.close, terminal)
+        program = subprocess.Popen([PROGRAM, "palette", "new", self.folder / "no" / "fill.mdb"],
+                                   stdin=theirs, stdout=subprocess.PIPE, stderr=subprocess.PIPE)
+        os.close(theirs)
+        self.addCleanup(program.kill)
+        asked = b""
+        while not asked.endswith(b"[a/r/i] "):
+            piece = os.read(program.stderr.fileno(), 1000)
+            self.assertTrue(piece, asked)
+            asked += piece
+        before_answering()
+        os.write(terminal, answers)
+        out, rest = program.communicate(timeout=LIMIT)
+        return program.returncode, out, (asked + rest).decode()
+
+    def test_asks_whether_to_try_again(self):
+        code, _, asked = self.answer(b"what?\nr\n", (self.folder / "no").mkdir)
+        self.assertEqual(code, 0)
+        self.assertIn("Při vytváření databáze vznikla chyba", asked)
+        self.assertEqual(asked.count("[a/r/i]"), 2)
+        self.assert_clean(self.folder / "no" / "fill.mdb")
+
+    def test_ends_when_the_user_aborts(self):
+        code, out, _ = self.answer(b"a\n")
+        self.assertEqual((code, out), (1, b""))
+        self.only_files("fill.mdb")
+
+
+class Palettes(OnPaletteFiles):
+    def test_come_out_as_they_went_in(self):
+        palettes = various_palettes(list(PREVIEW_SIZES) + [100] * 44)
+        self.add(palettes)
+        self.assertEqual(self.dump(), as_stored(palettes))
+        self.assert_clean()
+
+    def test_go_from_file_to_file(self):
+        self.add(various_palettes([10, None, 5000]))
+        copied = self.folder / "copy.json"
+        copied.write_text(self.run_program("dump", self.file), encoding="utf-8")
+        other = self.folder / "other.mdb"
+        self.run_program("new", other)
+        self.run_program("import", other, copied)
+        self.assertEqual(self.dump(other), self.dump())
+
+    def test_have_every_column_under_its_own_name_in_order(self):
+        self.add([palette("Podzim", [element(0, b"\x00\xff")])])
+        dumped = self.run_program("dump", self.file, "--json")
+        self.assertEqual(list(json.loads(dumped)["palettes"][0]),
+                         ["ID", "Name", "Description", "Count", "elements"])
+        self.assertEqual(list(json.loads(dumped)["palettes"][0]["elements"][0]),
+                         ["ID", "GroupID", "OrderNumber", "Visible", "ForeColorRGB",
+                          "BackColorRGB", "Transparency", "GradientStyle", "GradientColorType",
+                          "GradientVariant", "GradientDegree", "PresetGradientType", "TextureType",
+                          "Type", "PresetTexture", "TextureName", "Pattern", "PictureName",
+                          "FillPreview"])
+
+    def test_have_their_elements_by_order_number(self):
+        self.add([palette("Podzim", [element(order, b"") for order in (7, 2, 5)])])
+        elements = self.dump()[0]["elements"]
+        self.assertEqual([(each["OrderNumber"], each["ID"]) for each in elements],
+                         [(2, 2), (5, 3), (7, 1)])
+
+    def test_are_listed(self):
+        self.add([palette("Žluť", [element(0, b"")], "Teplé\nbarvy"), palette("Zima", [])])
+        self.assertEqual(self.run_program("list", self.file),
+                         "   ID  fills  name\n"
+                         "    1      1  Žluť – Teplé barvy\n"
+                         "    2      0  Zima\n")
+        self.assertEqual(json.loads(self.run_program("list", self.file, "--json")), {"palettes": [
+            {"ID": 1, "Name": "Žluť", "Description": "Teplé\nbarvy", "Count": 1},
+            {"ID": 2, "Name": "Zima", "Description": None, "Count": 0}]})
+
+    def test_are_told_when_they_are_added_and_erased(self):
+        source = self.write_json([palette("Podzim", [element(0, b"")]), palette("Podzim", [])])
+        self.assertEqual(self.run_program("import", self.file, source),
+                         f"2 palettes added to {self.file}\n")
+        self.assertEqual(json.loads(self.run_program("import", self.file, source, "--json")), {
+            "file": str(self.file),
+            "palettes": [{"ID": 3, "Name": "Podzim", "Description": None, "Count": 1},
+                         {"ID": 4, "Name": "Podzim", "Description": None, "Count": 0}]})
+        self.assertEqual(json.loads(self.run_program("erase", self.file, "Podzim", "--json")),
+                         {"file": str(self.file), "name": "Podzim", "erased": 4})
+        self.assertEqual(self.dump(), [])
+        self.add([palette("Zima", [])])
+        self.assertEqual(self.run_program("erase", self.file, "Zima"),
+                         f"1 palette erased from {self.file}\n")
+        self.assert_clean()
+
+    def test_keep_the_size_of_a_file_that_they_come_to_and_go_from(self):
+        def half(name):
+            return [palette(name, [element(order, bytes(300)) for order in range(20)])
+                    for _ in range(MANY_PALETTES // 2)]
+        self.add(half("stays") + half("goes"))
+        source = self.write_json(half("goes"))
+        sizes = []
+        for _ in range(10):
+            self.run_program("erase", self.file, "goes")
+            self.run_program("import", self.file, source)
+            sizes.append(self.file.stat().st_size)
+        self.assert_clean()
+        self.assertEqual(len(set(sizes[1:])), 1, sizes)
+        listed = json.loads(self.run_program("list", self.file, "--json"))["palettes"]
+        self.assertEqual(len(listed), MANY_PALETTES)
+
+
+class Check(OnPaletteFiles):
+    def test_tells_each_rule_that_is_broken(self):
+        self.add([palette("Podzim", [element(order, bytes(100)) for order in range(30)])])
+        content = bytearray(self.file.read_bytes())
+        # The number of rows of a data page that is owned by a table: rows are lost by it.
+        broken = 0
+        for page in range(0, len(content), 4096):
+            if content[page] == 1 and content[page + 12] > 5:
+                content[page + 12] -= 1
+                broken += 1
+        self.assertGreater(broken, 0)
+        self.file.write_bytes(content)
+        done = huebrush("palette", "check", self.file)
+        self.assertEqual((done.returncode, done.stderr), (1, ""))
+        lines = done.stdout.splitlines()
+        result = huebrush("palette", "check", self.file, "--json")
+        self.assertEqual(result.returncode, 1)
+        violations = json.loads(result.stdout)["violations"]
+        self.assertGreaterEqual(len(violations), broken)
+        self.assertEqual([each["text"] for each in violations], lines[:len(violations)])
+        self.assertLess({"page", "offset", "rule", "object"}, set(violations[0]))
+
+    def test_praises_a_good_file(self):
+        self.assertEqual(self.run_program("check", self.file), f"{self.file} keeps all rules\n")
+
+
+if __name__ == "__main__":
+    unittest.main()
