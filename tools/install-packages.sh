@@ -17,6 +17,10 @@ packages=(
   python3 python3-uno xvfb xauth xdotool openbox wmctrl x11-utils imagemagick poppler-utils procps
 )
 
+# What runs the other reader may have come from elsewhere than from a package.
+command -v node >/dev/null || packages+=(nodejs)
+command -v npm >/dev/null || packages+=(npm)
+
 missing=()
 for package in "${packages[@]}"; do
   dpkg-query -W -f '${db:Status-Status}\n' "$package" 2>/dev/null | grep -qx installed ||

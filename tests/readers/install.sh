@@ -1,0 +1,13 @@
+#!/usr/bin/env bash
+# Installs the npm package mdb-reader, with the scripts of this folder that use it, into a folder.
+# Only what the lock file names by its hash is taken, and nothing of it runs while it is installed.
+set -euo pipefail
+source=$(cd "$(dirname "$0")" && pwd)
+target=$1
+
+mkdir -p "$target"
+cp "$source"/*.mjs "$source/package.json" "$target"
+[ -e "$target/installed.json" ] && cmp -s "$source/package-lock.json" "$target/installed.json" && exit 0
+cp "$source/package-lock.json" "$target"
+(cd "$target" && npm ci --ignore-scripts --no-audit --no-fund --loglevel=error)
+cp "$source/package-lock.json" "$target/installed.json"
