@@ -19,6 +19,7 @@ inline constexpr std::int32_t kNoCurrentRecord = 3021;
 inline constexpr std::int32_t kDuplicateKey = 3022;
 inline constexpr std::int32_t kFileNotFound = 3024;
 inline constexpr std::int32_t kReadOnly = 3027;
+inline constexpr std::int32_t kNoSuchAccount = 3029;
 inline constexpr std::int32_t kPassword = 3031;
 inline constexpr std::int32_t kInUse = 3045;
 inline constexpr std::int32_t kFileSystem = 3050;
@@ -36,6 +37,7 @@ inline constexpr std::int32_t kEmptyNotAllowed = 3315;
 inline constexpr std::int32_t kNotADatabase = 3343;
 inline constexpr std::int32_t kWrongType = 3421;
 inline constexpr std::int32_t kClosed = 3704;
+inline constexpr std::int32_t kAlreadyOpen = 3705;
 inline constexpr std::int32_t kSyntax = 3075;
 }  // namespace ErrorNumber
 

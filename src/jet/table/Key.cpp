@@ -1,7 +1,9 @@
 #include "jet/table/Key.h"
 
 #include <algorithm>
+#include <array>
 #include <bit>
+#include <string_view>
 
 #include "base/Text.h"
 #include "jet/table/GeneralOrder.h"
@@ -13,6 +15,7 @@ namespace {
 constexpr std::uint8_t kPresent = 0x7F;
 constexpr std::size_t kMostCharacters = 255;
 constexpr std::uint16_t kEnglish = 0x0409;
+constexpr std::uint16_t kCzech = 0x0405;
 
 void appendBigEndian(Bytes& out, std::uint64_t value, unsigned size) {
     for (unsigned i = size; i > 0; --i) {
@@ -40,6 +43,97 @@ const Type& as(const Value& value) {
         throw base::Error(ErrorNumber::kWrongType, "Hodnota klíče není téhož druhu jako sloupec.");
     }
     return *typed;
+}
+
+/// What the key of a text is put together from.
+class TextKey {
+ public:
+    void addLetter(unsigned code, std::uint8_t accent) {
+        if (code > 0xFF) append8(letters_, code >> 8U);
+        append8(letters_, code);
+        append8(accents_, accent == 0 ? kNoAccent : accent);
+    }
+    void add(const GeneralWeight& weight) {
+        if (weight.kind == GeneralWeight::Kind::letter) {
+            addLetter(weight.code, weight.accent);
+        } else if (weight.kind == GeneralWeight::Kind::unprintable) {
+            appendBigEndian(unprintables_, 0x8000U | (7 + 4 * accents_.size()), 2);
+            append8(unprintables_, 6);
+            append8(unprintables_, weight.code);
+        }
+    }
+    /// A character without a known weight: behind all that have one, by its number.
+    void addUnknown(char16_t character) {
+        append8(letters_, 0xFF);
+        addLetter(character, 0);
+    }
+    Bytes bytes() const {
+        Bytes out = letters_;
+        Bytes accents = accents_;
+        while (!accents.empty() && accents.back() <= kNoAccent) accents.pop_back();
+        append8(out, 1);
+        append(out, accents);
+        if (!unprintables_.empty()) {
+            append(out, Bytes{1, 1, 1});
+            append(out, unprintables_);
+        }
+        append8(out, 0);
+        return out;
+    }
+
+ private:
+    static constexpr std::uint8_t kNoAccent = 2;
+
+    Bytes letters_;
+    Bytes accents_;
+    Bytes unprintables_;
+};
+
+/// As much of a text as counts in comparisons.
+std::u16string comparedText(const std::string& utf8) {
+    std::u16string text = base::toUtf16(utf8);
+    text.resize(std::min(text.size(), kMostCharacters));
+    while (!text.empty() && text.back() == u' ') text.pop_back();
+    return text;
+}
+
+/// The letters that in Czech are not accented ones but follow another letter, in the gaps that
+/// the codes of "General" leave there.
+struct CzechLetter {
+    std::u16string_view small;
+    std::u16string_view capital;
+    std::uint8_t code;
+};
+constexpr std::array<CzechLetter, 6> kCzechLetters{{{u"č", u"Č", 0x4E},
+                                                    {u"ch", u"CH", 0x58},
+                                                    {u"ch", u"Ch", 0x58},
+                                                    {u"ř", u"Ř", 0x6A},
+                                                    {u"š", u"Š", 0x6C},
+                                                    {u"ž", u"Ž", 0x79}}};
+
+const CzechLetter* czechLetter(std::u16string_view rest) {
+    for (const CzechLetter& each : kCzechLetters) {
+        if (rest.starts_with(each.small) || rest.starts_with(each.capital)) return &each;
+    }
+    return nullptr;
+}
+
+Bytes sortedText(const std::string& utf8, bool czech) {
+    const std::u16string text = comparedText(utf8);
+    TextKey key;
+    for (std::u16string_view rest = text; !rest.empty();) {
+        std::size_t size = 1;
+        if (const CzechLetter* letter = czech ? czechLetter(rest) : nullptr) {
+            key.addLetter(letter->code, 0);
+            size = letter->small.size();
+        } else if (const GeneralWeight* weight = generalWeight(rest[0])) {
+            key.add(*weight);
+        } else {
+            key.addUnknown(rest[0]);
+        }
+        rest.remove_prefix(size);
+    }
+    return key.bytes();
 }
 
 std::optional<Bytes> dataOf(const Column& column, const Value& value) {
@@ -113,36 +207,28 @@ bool keysKnown(const TableDefinition& table, const IndexTree& tree) {
 }
 
 std::optional<Bytes> generalKey(const std::string& utf8) {
-    std::u16string text = base::toUtf16(utf8);
-    text.resize(std::min(text.size(), kMostCharacters));
-    while (!text.empty() && text.back() == u' ') text.pop_back();
-
-    constexpr std::uint8_t kNoAccent = 2;
-    Bytes out;
-    Bytes accents;
-    Bytes unprintables;
-    for (const char16_t character : text) {
+    TextKey key;
+    for (const char16_t character : comparedText(utf8)) {
         const GeneralWeight* weight = generalWeight(character);
         if (weight == nullptr) return std::nullopt;
-        if (weight->kind == GeneralWeight::Kind::letter) {
-            if (weight->code > 0xFF) append8(out, weight->code >> 8U);
-            append8(out, weight->code);
-            append8(accents, weight->accent == 0 ? kNoAccent : weight->accent);
-        } else if (weight->kind == GeneralWeight::Kind::unprintable) {
-            appendBigEndian(unprintables, 0x8000U | (7 + 4 * accents.size()), 2);
-            append8(unprintables, 6);
-            append8(unprintables, weight->code);
-        }
+        key.add(*weight);
     }
-    while (!accents.empty() && accents.back() <= kNoAccent) accents.pop_back();
-    append8(out, 1);
-    append(out, accents);
-    if (!unprintables.empty()) {
-        append(out, Bytes{1, 1, 1});
-        append(out, unprintables);
+    return key.bytes();
+}
+
+Bytes sortKey(const Column& column, const Value& value) {
+    Bytes key;
+    if (isNull(value)) return key;
+    append8(key, kPresent);
+    if (column.isText()) {
+        append(key, sortedText(as<std::string>(value), column.sortOrder == kCzech));
+    } else if (const auto data = dataOf(column, value)) {
+        append(key, *data);
+    } else {
+        throw base::Error(ErrorNumber::kNotSupported,
+                          base::text("Podle sloupce „", column.name, "“ nelze řadit."));
     }
-    append8(out, 0);
-    return out;
+    return key;
 }
 
 std::optional<Key> encodeKey(const TableDefinition& table, const IndexTree& tree,

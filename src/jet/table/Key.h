@@ -32,6 +32,11 @@ std::optional<Key> encodeKey(const TableDefinition& table, const IndexTree& tree
 /// for a character that it does not know.
 std::optional<Bytes> generalKey(const std::string& utf8);
 
+/// The bytes by which a query sorts a column's values; null comes first. Text is sorted as the
+/// column's language says: Czech by the Czech alphabet, every other one as "General", and
+/// characters that this does not know behind all others. Error 3251 for values that have no order.
+Bytes sortKey(const Column& column, const Value& value);
+
 /// Whether a column's text is ordered by the order that generalKey knows.
 bool isGeneralOrder(const Column& column);
 

@@ -65,6 +65,41 @@ TEST(Key, CharactersOutsideOfTheKnownOrderHaveNone) {
     EXPECT_EQ(textKey("Ж"), "unknown");
 }
 
+/// Texts in the order in which a query brings them.
+std::vector<std::string> sorted(std::vector<std::string> texts, std::uint16_t language) {
+    Column column;
+    column.type = ColumnType::text;
+    column.sortOrder = language;
+    std::sort(texts.begin(), texts.end(), [&](const std::string& a, const std::string& b) {
+        return sortKey(column, a) < sortKey(column, b);
+    });
+    return texts;
+}
+
+TEST(SortKey, FollowsTheLanguageOfTheColumn) {
+    const std::vector<std::string> words{"žába", "zeď",  "chata", "čas", "cesta", "Cit",
+                                         "hrad", "idol", "šat",   "suk", "řád",   "rys"};
+    EXPECT_EQ(sorted(words, 0x0409),
+              (std::vector<std::string>{"čas", "cesta", "chata", "Cit", "hrad", "idol", "řád",
+                                        "rys", "šat", "suk", "žába", "zeď"}));
+    EXPECT_EQ(sorted(words, 0x0405),
+              (std::vector<std::string>{"cesta", "Cit", "čas", "hrad", "chata", "idol", "rys",
+                                        "řád", "suk", "šat", "zeď", "žába"}));
+}
+
+TEST(SortKey, TakesUnknownCharactersForTheLast) {
+    EXPECT_EQ(sorted({"Ж", "ži", "Б", "aЖ", "az"}, 0x0409),
+              (std::vector<std::string>{"az", "aЖ", "ži", "Б", "Ж"}));
+}
+
+TEST(SortKey, OfNullComesFirstAndSomeValuesHaveNone) {
+    Column column;
+    EXPECT_LT(sortKey(column, Value()), sortKey(column, -2147483647 - 1));
+    EXPECT_LT(sortKey(column, -1), sortKey(column, 1));
+    column.type = ColumnType::ole;
+    EXPECT_THROW(sortKey(column, Bytes{1}), base::Error);
+}
+
 TEST(Key, NumbersSortAsBytes) {
     EXPECT_EQ(keyOf(ColumnType::longInteger, std::int32_t{1}), "7F 80 00 00 01");
     EXPECT_EQ(keyOf(ColumnType::longInteger, std::int32_t{-1}), "7F 7F FF FF FF");

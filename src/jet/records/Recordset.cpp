@@ -1,0 +1,317 @@
+#include "jet/records/Recordset.h"
+
+#include <algorithm>
+
+#include "base/Text.h"
+
+namespace huebrush::jet {
+
+namespace {
+
+using base::text;
+
+[[noreturn]] void throwNoRecord() {
+    throw base::Error(ErrorNumber::kNoCurrentRecord, "Žádný záznam není aktuální.");
+}
+
+[[noreturn]] void throwRecordChanged(const std::string& table) {
+    throw base::Error(
+        ErrorNumber::kRowChanged,
+        text("Záznam tabulky „", table, "“ mezitím změnil nebo odstranil jiný program."));
+}
+
+}  // namespace
+
+void Recordset::Open(const std::string& query, const Connection& connection) {
+    if (database_) throw base::Error(ErrorNumber::kAlreadyOpen, "Sada záznamů už je otevřená.");
+    const std::shared_ptr<Database>& database = connection.database();
+    query_ = parseQuery(query);
+    database->refresh();
+    show(load(*database, query_));
+    database_ = database;
+}
+
+void Recordset::Close() {
+    requireOpen();
+    show({});
+    database_.reset();
+}
+
+void Recordset::Requery() {
+    requireOpen();
+    database_->refresh();
+    show(load(*database_, query_));
+}
+
+ObjectStateEnum Recordset::State() const {
+    return database_ ? ObjectStateEnum::adStateOpen : ObjectStateEnum::adStateClosed;
+}
+
+EditModeEnum Recordset::EditMode() const {
+    requireOpen();
+    if (adding_) return EditModeEnum::adEditAdd;
+    if (deleted_) return EditModeEnum::adEditDelete;
+    return waiting_.empty() ? EditModeEnum::adEditNone : EditModeEnum::adEditInProgress;
+}
+
+bool Recordset::Eof() {
+    requireOpen();
+    if (adding_) return false;
+    if (set_.records.empty()) gather();
+    return position_ >= set_.records.size();
+}
+
+bool Recordset::Bof() {
+    return Eof() && set_.records.empty();
+}
+
+std::size_t Recordset::RecordCount() {
+    requireOpen();
+    gather();
+    return set_.records.size() - (deleted_ ? 1 : 0);
+}
+
+void Recordset::MoveFirst() {
+    Update();
+    gather();
+    leaveDeleted();
+    if (set_.records.empty()) throwNoRecord();
+    position_ = 0;
+}
+
+void Recordset::MoveNext() {
+    Update();
+    gather();
+    if (leaveDeleted()) return;
+    if (Eof()) throwNoRecord();
+    ++position_;
+}
+
+void Recordset::Find(const std::string& criteria) {
+    const Value id = parseFind(criteria);
+    Update();
+    gather();
+    leaveDeleted();
+    if (Eof()) throwNoRecord();
+    while (!Eof() && set_.records[position_][set_.id] != id) ++position_;
+}
+
+Value Recordset::Field(const std::string& column) {
+    requireCurrent();
+    const std::size_t at = indexOf(column);
+    if (const auto waits = waiting_.find(at); waits != waiting_.end()) return waits->second;
+    if (adding_) return {};
+    const Record& record = set_.records[position_];
+    if (!set_.table->columns[at].isLongValue()) return record[at];
+    const Table table(*database_, query_.table);
+    return table.value(*table.row(rowOf(table, record)), table.column(column));
+}
+
+void Recordset::SetField(const std::string& column, const Value& value) {
+    requireCurrent();
+    WillChangeField(column);
+    // The handlers may have moved on.
+    requireCurrent();
+    const std::size_t at = indexOf(column);
+    const Column& changed = set_.table->columns[at];
+    if (changed.autonumber) {
+        throw base::Error(ErrorNumber::kReadOnly,
+                          text("Hodnotu sloupce „", column, "“ přiděluje databáze."));
+    }
+    const bool whole = changed.type == ColumnType::longInteger && !isNull(value);
+    waiting_[at] = whole ? Value(toLong(value)) : value;
+}
+
+void Recordset::AddNew() {
+    Update();
+    leaveDeleted();
+    adding_ = true;
+}
+
+void Recordset::Update() {
+    requireOpen();
+    if (adding_) {
+        insertRecord();
+    } else if (!waiting_.empty()) {
+        updateRecord();
+    }
+    forgetWaiting();
+}
+
+void Recordset::CancelUpdate() {
+    requireOpen();
+    forgetWaiting();
+}
+
+void Recordset::Delete() {
+    requireCurrent();
+    if (!adding_) {
+        database_->change([&] {
+            Table table(*database_, query_.table);
+            table.remove(rowOf(table, set_.records[position_]));
+        });
+        deleted_ = true;
+    }
+    forgetWaiting();
+}
+
+void Recordset::requireOpen() const {
+    if (!database_) throw base::Error(ErrorNumber::kClosed, "Sada záznamů není otevřená.");
+}
+
+void Recordset::requireCurrent() {
+    if (Eof() || deleted_) throwNoRecord();
+}
+
+void Recordset::show(Set set) {
+    set_ = std::move(set);
+    position_ = 0;
+    deleted_ = false;
+    forgetWaiting();
+}
+
+void Recordset::forgetWaiting() {
+    adding_ = false;
+    waiting_.clear();
+}
+
+Recordset::Set Recordset::load(Database& database, const Query& query) {
+    Set set;
+    set.table = database.definition(query.table);
+    const Table table(database, set.table);
+    const Column& id = table.column("ID");
+    if (id.type != ColumnType::longInteger) {
+        throw base::Error(ErrorNumber::kWrongType,
+                          text("Sloupec „ID“ tabulky „", query.table, "“ není číslo."));
+    }
+    set.id = static_cast<std::size_t>(&id - set.table->columns.data());
+    set.gathered = !query.order.empty();
+    if (set.gathered) set.records = recordsOf(table, query);
+    return set;
+}
+
+std::vector<Recordset::Record> Recordset::recordsOf(const Table& table, const Query& query) {
+    const auto columns = columnsIn(table, table.definition());
+    std::vector<RowId> rows;
+    if (query.group) {
+        rows = table.find(table.column("GroupID"), *query.group);
+    } else {
+        table.scan([&](RowId row, const Row&) {
+            rows.push_back(row);
+            return true;
+        });
+    }
+    // With what each is sorted by; equal ones stay in the table's order.
+    std::vector<std::pair<Bytes, Record>> sorted;
+    const Column* const order = query.order.empty() ? nullptr : &table.column(query.order);
+    for (const RowId& row : rows) {
+        Record record = readRecord(table, columns, row);
+        Bytes key;
+        if (order != nullptr) {
+            key = sortKey(
+                *order,
+                record[static_cast<std::size_t>(order - table.definition().columns.data())]);
+        }
+        sorted.emplace_back(std::move(key), std::move(record));
+    }
+    std::stable_sort(sorted.begin(), sorted.end(),
+                     [](const auto& a, const auto& b) { return a.first < b.first; });
+    std::vector<Record> records;
+    records.reserve(sorted.size());
+    for (auto& [key, record] : sorted) records.push_back(std::move(record));
+    return records;
+}
+
+/// The columns that a set shows, in a table that may have been defined anew since.
+std::vector<const Column*> Recordset::columnsIn(const Table& table, const TableDefinition& shown) {
+    std::vector<const Column*> columns;
+    for (const Column& each : shown.columns) columns.push_back(&table.column(each.name));
+    return columns;
+}
+
+Recordset::Record Recordset::readRecord(const Table& table,
+                                        const std::vector<const Column*>& columns, RowId where) {
+    const auto row = table.row(where);
+    if (!row) throwDamage(where.page, 0, rule::kRowExists);
+    Record record;
+    for (const Column* each : columns) {
+        record.push_back(each->isLongValue() ? Value() : table.value(*row, *each));
+    }
+    return record;
+}
+
+/// What was added before the set was looked at stays at its end.
+void Recordset::gather() {
+    if (set_.gathered) return;
+    std::vector<Record> found = recordsOf(Table(*database_, query_.table), query_);
+    const auto isAdded = [&](const Record& record) {
+        return std::any_of(set_.records.begin(), set_.records.end(),
+                           [&](const Record& added) { return added[set_.id] == record[set_.id]; });
+    };
+    std::erase_if(found, isAdded);
+    if (!set_.records.empty()) position_ += found.size();
+    std::move(set_.records.begin(), set_.records.end(), std::back_inserter(found));
+    set_.records = std::move(found);
+    set_.gathered = true;
+}
+
+/// Whether the current record was a deleted one. The next one is current then.
+bool Recordset::leaveDeleted() {
+    if (!deleted_) return false;
+    set_.records.erase(set_.records.begin() + static_cast<std::ptrdiff_t>(position_));
+    deleted_ = false;
+    return true;
+}
+
+std::size_t Recordset::indexOf(const std::string& column) const {
+    const auto& columns = set_.table->columns;
+    const auto found = std::find_if(columns.begin(), columns.end(),
+                                    [&](const Column& each) { return each.name == column; });
+    if (found == columns.end()) {
+        throw base::Error(ErrorNumber::kNoSuchColumn,
+                          text("Tabulka „", query_.table, "“ nemá sloupec „", column, "“."));
+    }
+    return static_cast<std::size_t>(found - columns.begin());
+}
+
+/// A record that is not there once is none that can be changed.
+RowId Recordset::rowOf(const Table& table, const Record& record) const {
+    const std::vector<RowId> rows = table.find(table.column("ID"), record[set_.id]);
+    if (rows.size() != 1) throwRecordChanged(query_.table);
+    return rows[0];
+}
+
+Table::Values Recordset::waitingFor(const Table& table) const {
+    Table::Values values;
+    for (const auto& [at, value] : waiting_) {
+        values.emplace_back(&table.column(set_.table->columns[at].name), value);
+    }
+    return values;
+}
+
+void Recordset::insertRecord() {
+    Record record;
+    database_->change([&] {
+        Table table(*database_, query_.table);
+        const RowId row = table.insert(waitingFor(table));
+        record = readRecord(table, columnsIn(table, *set_.table), row);
+    });
+    set_.records.push_back(std::move(record));
+    position_ = set_.records.size() - 1;
+}
+
+void Recordset::updateRecord() {
+    Record& record = set_.records[position_];
+    Record changed;
+    database_->change([&] {
+        Table table(*database_, query_.table);
+        const auto columns = columnsIn(table, *set_.table);
+        const RowId row = rowOf(table, record);
+        if (readRecord(table, columns, row) != record) throwRecordChanged(query_.table);
+        table.update(row, waitingFor(table));
+        changed = readRecord(table, columns, row);
+    });
+    record = std::move(changed);
+}
+
+}  // namespace huebrush::jet
