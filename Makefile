@@ -1,6 +1,6 @@
 # The everyday commands. `make demo` and `make check` do everything on a fresh machine.
 
-.PHONY: all packages build demo check unit asan office lint format bench screenshots clean
+.PHONY: all packages build demo check unit long asan office lint format bench screenshots clean
 
 CTEST := ctest --output-on-failure
 
@@ -24,10 +24,14 @@ check: asan build lint
 asan: packages
 	@cmake --preset asan >/dev/null
 	@cmake --build --preset asan
-	$(CTEST) --test-dir build/asan -j2
+	$(CTEST) --test-dir build/asan -j2 -LE long
 
 unit: build
 	$(CTEST) --test-dir build/release -j2 -L unit
+
+# The tests that do only a part of their work in `make check`, with all of it.
+long: build
+	$(CTEST) --test-dir build/release -j2 -L long --verbose
 
 office: build
 	$(CTEST) --test-dir build/release -j2 -L libreoffice

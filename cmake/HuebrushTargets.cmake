@@ -40,3 +40,12 @@ function(huebrush_test name)
   target_link_libraries(${name} PRIVATE ${ARG_USES} huebrush_flags GTest::gtest GTest::gtest_main)
   gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES LABELS unit TIMEOUT 120)
 endfunction()
+
+# huebrush_long_test(PROGRAM TEST)
+# A test of that program that does more when HUEBRUSH_LONG is set, once more with all of its work:
+# what `make long` runs.
+function(huebrush_long_test program test)
+  add_test(NAME long.${test} COMMAND ${program} --gtest_filter=${test})
+  set_tests_properties(long.${test} PROPERTIES LABELS long TIMEOUT 7200
+    ENVIRONMENT HUEBRUSH_LONG=1)
+endfunction()

@@ -1,21 +1,22 @@
-// Whatever is wrong with a file, reading, checking and editing it ends by a result or by an Error.
+// Whatever is wrong with a file, reading, checking and editing it ends by a result or by an Error,
+// and takes neither much memory nor much time.
 
 #include <gtest/gtest.h>
 
-#include <chrono>
-#include <cstdlib>
+#include <ctime>
 #include <random>
 
+#include "jet/Allocations_test_support.h"
 #include "jet/Palette_test_support.h"
 
 namespace huebrush::jet {
 namespace {
 
-/// How many cases, unless the environment variable HUEBRUSH_DAMAGE_CASES says so: 0 for all bits.
-std::size_t casesWanted(std::size_t usual) {
-    const char* const given = std::getenv("HUEBRUSH_DAMAGE_CASES");
-    return given == nullptr ? usual / kShare : std::strtoull(given, nullptr, 10);
-}
+/// Of one file: what is taken at one time, and the pieces of work. A call of the system is a piece
+/// of work, and so is an allocation, for reading a page, a row, an index entry or a value takes one
+/// at least.
+constexpr std::size_t kMostMemory = std::size_t{64} << 20U;
+constexpr std::size_t kMostWork = 20000;
 
 class DamagedFiles : public ::testing::Test {
  protected:
@@ -28,9 +29,12 @@ class DamagedFiles : public ::testing::Test {
 
     /// Opens, reads everything, checks, and edits.
     void use(const Bytes& bytes, std::uint32_t seed) {
-        const auto start = std::chrono::steady_clock::now();
         MemoryFiles files;
         files.files[PaletteFile::kName] = std::make_shared<Bytes>(bytes);
+        std::size_t calls = 0;
+        files.onCall = [&](const char*) { ++calls; };
+        Allocations::restart();
+        const std::clock_t start = std::clock();
         attempt([&] {
             const auto database = Database::open(files, PaletteFile::kName);
             found += check(*database).violations.empty() ? 0 : 1;
@@ -40,7 +44,15 @@ class DamagedFiles : public ::testing::Test {
             attempt([&] { addPalette(*database, "Nová", {10, 4000 + seed % 5000}); });
             attempt([&] { erasePalette(*database, static_cast<std::int32_t>(seed % 3)); });
         });
-        slowest = std::max(slowest, std::chrono::steady_clock::now() - start);
+        const std::clock_t time = std::clock() - start;
+        const Allocations taken = Allocations::sinceRestart();
+        ++cases;
+        slowest = std::max(slowest, time);
+        if (time > CLOCKS_PER_SEC / 10) ++slow;
+        mostMemory = std::max(mostMemory, taken.most);
+        mostWork = std::max(mostWork, taken.count + calls);
+        ASSERT_LE(taken.most, kMostMemory) << "case " << cases;
+        ASSERT_LE(taken.count + calls, kMostWork) << "case " << cases;
     }
     void attempt(const std::function<void()>& body) {
         try {
@@ -49,42 +61,47 @@ class DamagedFiles : public ::testing::Test {
             ++errors;
         }
     }
-    void report(std::size_t cases) const {
+    void report() const {
         std::cout << cases << " files, " << found << " with violations, " << errors
-                  << " errors, the slowest took "
-                  << std::chrono::duration_cast<std::chrono::milliseconds>(slowest).count()
-                  << " ms\n";
+                  << " errors; at most " << mostMemory / 1024 << " KB at one time, " << mostWork
+                  << " pieces of work and " << slowest * 1000 / CLOCKS_PER_SEC << " ms of time; "
+                  << slow << " took more than 100 ms\n";
     }
 
     Bytes good;
+    std::size_t cases = 0;
     std::size_t found = 0;
     std::size_t errors = 0;
-    std::chrono::steady_clock::duration slowest{};
+    std::size_t slow = 0;
+    std::size_t mostMemory = 0;
+    std::size_t mostWork = 0;
+    std::clock_t slowest = 0;
 };
 
 TEST_F(DamagedFiles, OneBitIsTurned) {
     const std::size_t bits = good.size() * 8;
-    const std::size_t wanted = casesWanted(12000);
+    const std::size_t wanted = casesOf(bits, 40000);
     // An odd step, so that all bits of a byte have their turn.
-    const std::size_t step = wanted == 0 ? 1 : bits / wanted | 1U;
-    std::size_t cases = 0;
-    for (std::size_t bit = 0; bit < bits; bit += step, ++cases) {
+    const std::size_t step = bits / wanted | 1U;
+    for (std::size_t bit = 0; bit < bits && !HasFatalFailure(); bit += step) {
         good[bit / 8] ^= static_cast<std::uint8_t>(1U << (bit % 8));
         use(good, static_cast<std::uint32_t>(bit));
         good[bit / 8] ^= static_cast<std::uint8_t>(1U << (bit % 8));
     }
-    report(cases);
+    report();
+    EXPECT_GE(cases, wanted / 2);
     EXPECT_GT(found, cases / 100);
 }
 
 TEST_F(DamagedFiles, ManyBytesAreOthers) {
     std::mt19937 random(4);
-    const std::size_t cases = std::max<std::size_t>(casesWanted(8000), 1);
+    const std::size_t wanted = casesOf(100000, 30000);
     const std::vector<std::uint8_t> telling{0x00, 0x01, 0x7F, 0x80, 0xFF, 0x10, 0x40, 0xC0};
-    for (std::size_t i = 0; i < cases; ++i) {
+    while (cases < wanted && !HasFatalFailure()) {
         Bytes bytes = good;
         // Half of the places are at the beginnings of pages, where the structure is.
-        for (std::size_t change = 0; change < 1 + random() % 12; ++change) {
+        const std::size_t changes = 1 + random() % 12;
+        for (std::size_t change = 0; change < changes; ++change) {
             const std::size_t page = random() % (bytes.size() / kPageSize) * kPageSize;
             const std::size_t at = page + random() % (random() % 2 == 0 ? 80 : kPageSize);
             bytes[at] = random() % 2 == 0 ? telling[random() % telling.size()]
@@ -93,8 +110,19 @@ TEST_F(DamagedFiles, ManyBytesAreOthers) {
         if (random() % 20 == 0) bytes.resize(random() % (bytes.size() / kPageSize) * kPageSize);
         use(bytes, static_cast<std::uint32_t>(random()));
     }
-    report(cases);
+    report();
     EXPECT_GT(found, cases / 2);
+}
+
+TEST(Allocations, AreCounted) {
+    if (!Allocations::kCounted) GTEST_SKIP() << "the sanitizers allocate themselves";
+    Allocations::restart();
+    { const Bytes bytes(100000); }
+    const Bytes kept(1000);
+    const Allocations taken = Allocations::sinceRestart();
+    EXPECT_EQ(taken.count, 2U);
+    EXPECT_GE(taken.most, 100000U);
+    EXPECT_LT(taken.most, 110000U);
 }
 
 }  // namespace

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <map>
 #include <random>
 
@@ -10,11 +9,6 @@
 
 namespace huebrush::jet {
 namespace {
-
-std::size_t operationsWanted() {
-    const char* const given = std::getenv("HUEBRUSH_MODEL_OPERATIONS");
-    return given == nullptr ? 20000 / kShare : std::strtoull(given, nullptr, 10);
-}
 
 class Model : public ::testing::Test {
  protected:
@@ -142,7 +136,7 @@ class Model : public ::testing::Test {
 };
 
 TEST_F(Model, RandomChangesDoWhatAPlainTableDoes) {
-    const std::size_t wanted = operationsWanted();
+    const std::size_t wanted = casesOf(1000000, 60000);
     while (operations < wanted) {
         file.database->inOneCommit([&] {
             for (int i = 0; i < 500 && operations < wanted; ++i) step();

@@ -16,6 +16,10 @@ inline constexpr std::uint32_t kShare = 20;
 inline constexpr std::uint32_t kShare = 1;
 #endif
 
+/// How much of a large test is done: all of it when the environment variable HUEBRUSH_LONG is set
+/// (`make long`), else what does for every day.
+std::size_t casesOf(std::size_t all, std::size_t everyDay);
+
 /// Makes the two tables that palettes have, with a few columns of each kind.
 void createPaletteFile(FileSystem& files, const std::string& name);
 

@@ -224,45 +224,6 @@ TEST_F(Tables, ARowThatOutgrowsItsPageIsMovedAndFoundAgain) {
     EXPECT_TRUE(allRows(database, "TFillElementParameter").empty());
 }
 
-TEST_F(Tables, ErasingAndAddingAgainDoesNotMakeTheFileGrow) {
-    const std::vector<std::size_t> previews{0, 100, 2000, 5000, 3, 900};
-    std::vector<std::int32_t> ids;
-    database.inOneCommit([&] {
-        for (std::uint32_t i = 0; i < 100 / kShare; ++i)
-            ids.push_back(addPalette(database, "Paleta", previews));
-    });
-    std::size_t size = 0;
-    for (int round = 0; round < 10; ++round) {
-        database.inOneCommit([&] {
-            for (std::size_t i = 0; i < ids.size(); i += 2) {
-                erasePalette(database, ids[i]);
-                ids[i] = addPalette(database, "Paleta", previews);
-            }
-        });
-        if (round == 1) size = pageCount();
-        ASSERT_EQ(faults(database), "");
-    }
-    EXPECT_LE(pageCount(), size + 1);
-}
-
-TEST_F(Tables, MuchMakesDeepIndexesAndMapsOfBitmapPages) {
-    database.inOneCommit([&] {
-        for (std::uint32_t i = 0; i < 2000 / kShare; ++i) {
-            addPalette(database, "Paleta", std::vector<std::size_t>(20, i % 10 == 0 ? 900 : 0));
-        }
-    });
-    const auto table = database.definition("TFillElementParameter");
-    EXPECT_EQ(UsageMap(database.pages(), table->ownedMap).bitmapPages().empty(), kShare > 1);
-    EXPECT_EQ((*database.pages().read(table->trees[0].root))[0], PageType::kNode);
-    EXPECT_EQ(faults(database), "");
-    database.inOneCommit([&] {
-        for (std::int32_t id = 1; id <= static_cast<std::int32_t>(2000 / kShare); id += 2) {
-            erasePalette(database, id);
-        }
-    });
-    EXPECT_EQ(allRows(database, "TFillElementParameter").size(), 20000U / kShare);
-}
-
 TEST_F(Tables, AnErrorOnElement7LeavesElements1To6) {
     const std::int32_t id = addPalette(database, "a", {});
     EXPECT_THROW(database.inOneCommit([&] {
