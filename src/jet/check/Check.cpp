@@ -79,6 +79,7 @@ CheckResult check(Database& database) {
     context.object.clear();
     context.attempt([&] { checkRelations(context); });
     context.object.clear();
+    context.attempt([&] { database.space().requireWhole(); });
     context.attempt([&] { checkFreeSpace(context); });
     return std::move(context.result);
 }

@@ -143,6 +143,7 @@ void Database::change(const std::function<void()>& body) {
         lock_ = files_->lock(name_);
         try {
             if (!pages_ || !pages_->file()->isCurrent()) load();
+            space_->requireWhole();
         } catch (...) {
             lock_.reset();
             throw;

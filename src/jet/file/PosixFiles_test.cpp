@@ -1,44 +1,13 @@
-#include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <filesystem>
 #include <fstream>
 
-#include "jet/Palette_test_support.h"
+#include "jet/file/PosixFolder_test_support.h"
 
 namespace huebrush::jet {
 namespace {
-
-namespace fs = std::filesystem;
-
-class PosixFolder : public ::testing::Test {
- protected:
-    PosixFolder() {
-        std::string name = fs::temp_directory_path() / "huebrush-jet-XXXXXX";
-        folder = ::mkdtemp(name.data());
-        file = folder / "fill.mdb";
-        createPaletteFile(systemFiles(), file);
-    }
-    ~PosixFolder() override { fs::remove_all(folder); }
-
-    static std::int32_t errorOf(const std::function<void()>& body) {
-        try {
-            body();
-        } catch (const base::Error& error) {
-            return error.number();
-        }
-        return 0;
-    }
-    std::size_t filesInFolder() const {
-        return static_cast<std::size_t>(
-            std::distance(fs::directory_iterator(folder), fs::directory_iterator()));
-    }
-
-    fs::path folder;
-    fs::path file;
-};
 
 TEST_F(PosixFolder, ACommitLeavesOneFileWithItsRights) {
     fs::permissions(file, fs::perms::owner_read | fs::perms::owner_write | fs::perms::others_read);

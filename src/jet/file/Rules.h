@@ -19,6 +19,8 @@ inline constexpr Rule kFileSize{"F1", "soubor se skládá z celých stran po 409
 inline constexpr Rule kPageExists{"F2", "odkaz vede na stranu uvnitř souboru"};
 inline constexpr Rule kPageType{"F3", "strana má druh, který odkaz očekává"};
 inline constexpr Rule kOneOwner{"F4", "strana patří nejvýše jednomu objektu"};
+inline constexpr Rule kFileWhole{
+    "F5", "soubor má všechny strany, které mapa volných stran uvádí jako použité"};
 
 inline constexpr Rule kMapForm{"M1", "mapa stran má tvar 0 nebo 1"};
 inline constexpr Rule kMapPage{"M2", "strana v mapě leží uvnitř souboru"};

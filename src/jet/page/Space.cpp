@@ -46,6 +46,15 @@ void Space::giveBack(PageNumber page) {
     searchFrom_ = std::min(searchFrom_, page);
 }
 
+void Space::requireWhole() const {
+    constexpr PageNumber kNoPage = 0xFFFFFFFF;
+    // What bitmap pages hold for pages to come is not known of other programs' files.
+    if (!free_.bitmapPages().empty()) return;
+    if (const auto used = free_.first(pages_->count(), kNoPage, false)) {
+        throwDamage(*used, 0, rule::kFileWhole);
+    }
+}
+
 bool Space::isFree(PageNumber page) const {
     return !free_.covers(page) || free_.has(page);
 }

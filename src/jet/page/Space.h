@@ -14,6 +14,9 @@ class Space {
     /// Gives a page back.
     void giveBack(PageNumber page);
     bool isFree(PageNumber page) const;
+    /// Damage when the file lacks pages that are used: somebody has cut it off, and what a new page
+    /// there gets would be taken for what the old one had.
+    void requireWhole() const;
     const UsageMap& map() const { return free_; }
 
     /// What a usage map gets its bitmap pages from.

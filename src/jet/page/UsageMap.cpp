@@ -84,7 +84,7 @@ bool UsageMap::has(PageNumber page) const {
     return (byte >> (bit % 8) & 1U) != 0;
 }
 
-std::optional<PageNumber> UsageMap::first(PageNumber start, PageNumber end) const {
+std::optional<PageNumber> UsageMap::first(PageNumber start, PageNumber end, bool inMap) const {
     for (const Bits& bits : stretches()) {
         const PagePointer page = bits.holder == where_.page
                                      ? pages_->read(bits.holder)
@@ -93,7 +93,8 @@ std::optional<PageNumber> UsageMap::first(PageNumber start, PageNumber end) cons
         if (last <= start) continue;
         for (std::uint64_t at = std::max(start, bits.first); at < last && at < end;) {
             const std::uint64_t bit = at - bits.first;
-            const std::uint8_t byte = (*page)[bits.offset + bit / 8];
+            const auto byte =
+                static_cast<std::uint8_t>((*page)[bits.offset + bit / 8] ^ (inMap ? 0 : 0xFF));
             if (byte >> (bit % 8) == 0) {
                 at += 8 - bit % 8;
             } else if ((byte >> (bit % 8) & 1U) != 0) {

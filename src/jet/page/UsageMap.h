@@ -20,8 +20,9 @@ class UsageMap {
     bool has(PageNumber page) const;
     /// All pages of the map, ascending; also such as lie beyond the end of the file.
     std::vector<PageNumber> all() const;
-    /// The first page of the map from `start` on and below `end`.
-    std::optional<PageNumber> first(PageNumber start, PageNumber end) const;
+    /// The first page of the map from `start` on and below `end`; or the first that has a bit and
+    /// is not in the map.
+    std::optional<PageNumber> first(PageNumber start, PageNumber end, bool inMap = true) const;
     /// Whether the bits of this page are kept at all; a page without bits is not in the map.
     bool covers(PageNumber page) const;
     /// The bitmap pages of form 1.
