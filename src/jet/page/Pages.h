@@ -27,6 +27,9 @@ inline constexpr std::uint8_t kFreedData = 9;
 
 /// The pages of a file, with changes held in memory until they are written out. Clean pages are
 /// cached, up to a bound; a page pointer stays valid and unchanged however long it is held.
+///
+/// Whatever changes pages runs inside Database::change, which locks the file against other writers
+/// and takes back what an error has left unfinished.
 class Pages {
  public:
     explicit Pages(std::shared_ptr<File> file);
