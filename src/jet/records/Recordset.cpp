@@ -20,6 +20,67 @@ using base::text;
         text("Záznam tabulky „", table, "“ mezitím změnil nebo odstranil jiný program."));
 }
 
+using Record = std::vector<Value>;
+
+std::size_t indexOf(const Table& table, const std::string& column) {
+    return static_cast<std::size_t>(&table.column(column) - table.definition().columns.data());
+}
+
+/// The columns that a set shows, in a table that may have been defined anew since.
+std::vector<const Column*> columnsIn(const Table& table, const TableDefinition& shown) {
+    std::vector<const Column*> columns;
+    columns.reserve(shown.columns.size());
+    for (const Column& each : shown.columns) columns.push_back(&table.column(each.name));
+    return columns;
+}
+
+Record readRecord(const Table& table, const std::vector<const Column*>& columns, RowId where) {
+    const auto row = table.row(where);
+    if (!row) throwDamage(where.page, 0, rule::kRowExists);
+    Record record;
+    record.reserve(columns.size());
+    for (const Column* each : columns) {
+        record.push_back(each->isLongValue() ? Value() : table.value(*row, *each));
+    }
+    return record;
+}
+
+/// Equal ones stay in the table's order.
+void sortRecords(std::vector<Record>& records, const Column& column, std::size_t at) {
+    std::vector<std::pair<Bytes, Record>> keyed;
+    keyed.reserve(records.size());
+    for (Record& each : records) {
+        Bytes key = sortKey(column, each[at]);
+        keyed.emplace_back(std::move(key), std::move(each));
+    }
+    std::stable_sort(keyed.begin(), keyed.end(),
+                     [](const auto& a, const auto& b) { return a.first < b.first; });
+    std::transform(keyed.begin(), keyed.end(), records.begin(),
+                   [](auto& each) { return std::move(each.second); });
+}
+
+std::vector<RowId> rowsOf(const Table& table, const Query& query) {
+    if (query.group) return table.find(table.column("GroupID"), *query.group);
+    std::vector<RowId> rows;
+    table.scan([&](RowId row, const Row&) {
+        rows.push_back(row);
+        return true;
+    });
+    return rows;
+}
+
+std::vector<Record> recordsOf(const Table& table, const Query& query) {
+    const auto columns = columnsIn(table, table.definition());
+    std::vector<Record> records;
+    for (const RowId& row : rowsOf(table, query)) {
+        records.push_back(readRecord(table, columns, row));
+    }
+    if (!query.order.empty()) {
+        sortRecords(records, table.column(query.order), indexOf(table, query.order));
+    }
+    return records;
+}
+
 }  // namespace
 
 void Recordset::Open(const std::string& query, const Connection& connection) {
@@ -98,7 +159,7 @@ void Recordset::Find(const std::string& criteria) {
 
 Value Recordset::Field(const std::string& column) {
     requireCurrent();
-    const std::size_t at = indexOf(column);
+    const std::size_t at = indexOf(Table(*database_, set_.table), column);
     if (const auto waits = waiting_.find(at); waits != waiting_.end()) return waits->second;
     if (adding_) return {};
     const Record& record = set_.records[position_];
@@ -112,7 +173,7 @@ void Recordset::SetField(const std::string& column, const Value& value) {
     WillChangeField(column);
     // The handlers may have moved on.
     requireCurrent();
-    const std::size_t at = indexOf(column);
+    const std::size_t at = indexOf(Table(*database_, set_.table), column);
     const Column& changed = set_.table->columns[at];
     if (changed.autonumber) {
         throw base::Error(ErrorNumber::kReadOnly,
@@ -179,65 +240,14 @@ Recordset::Set Recordset::load(Database& database, const Query& query) {
     Set set;
     set.table = database.definition(query.table);
     const Table table(database, set.table);
-    const Column& id = table.column("ID");
-    if (id.type != ColumnType::longInteger) {
+    set.id = indexOf(table, "ID");
+    if (set.table->columns[set.id].type != ColumnType::longInteger) {
         throw base::Error(ErrorNumber::kWrongType,
                           text("Sloupec „ID“ tabulky „", query.table, "“ není číslo."));
     }
-    set.id = static_cast<std::size_t>(&id - set.table->columns.data());
     set.gathered = !query.order.empty();
     if (set.gathered) set.records = recordsOf(table, query);
     return set;
-}
-
-std::vector<Recordset::Record> Recordset::recordsOf(const Table& table, const Query& query) {
-    const auto columns = columnsIn(table, table.definition());
-    std::vector<RowId> rows;
-    if (query.group) {
-        rows = table.find(table.column("GroupID"), *query.group);
-    } else {
-        table.scan([&](RowId row, const Row&) {
-            rows.push_back(row);
-            return true;
-        });
-    }
-    // With what each is sorted by; equal ones stay in the table's order.
-    std::vector<std::pair<Bytes, Record>> sorted;
-    const Column* const order = query.order.empty() ? nullptr : &table.column(query.order);
-    for (const RowId& row : rows) {
-        Record record = readRecord(table, columns, row);
-        Bytes key;
-        if (order != nullptr) {
-            key = sortKey(
-                *order,
-                record[static_cast<std::size_t>(order - table.definition().columns.data())]);
-        }
-        sorted.emplace_back(std::move(key), std::move(record));
-    }
-    std::stable_sort(sorted.begin(), sorted.end(),
-                     [](const auto& a, const auto& b) { return a.first < b.first; });
-    std::vector<Record> records;
-    records.reserve(sorted.size());
-    for (auto& [key, record] : sorted) records.push_back(std::move(record));
-    return records;
-}
-
-/// The columns that a set shows, in a table that may have been defined anew since.
-std::vector<const Column*> Recordset::columnsIn(const Table& table, const TableDefinition& shown) {
-    std::vector<const Column*> columns;
-    for (const Column& each : shown.columns) columns.push_back(&table.column(each.name));
-    return columns;
-}
-
-Recordset::Record Recordset::readRecord(const Table& table,
-                                        const std::vector<const Column*>& columns, RowId where) {
-    const auto row = table.row(where);
-    if (!row) throwDamage(where.page, 0, rule::kRowExists);
-    Record record;
-    for (const Column* each : columns) {
-        record.push_back(each->isLongValue() ? Value() : table.value(*row, *each));
-    }
-    return record;
 }
 
 /// What was added before the set was looked at stays at its end.
@@ -261,17 +271,6 @@ bool Recordset::leaveDeleted() {
     set_.records.erase(set_.records.begin() + static_cast<std::ptrdiff_t>(position_));
     deleted_ = false;
     return true;
-}
-
-std::size_t Recordset::indexOf(const std::string& column) const {
-    const auto& columns = set_.table->columns;
-    const auto found = std::find_if(columns.begin(), columns.end(),
-                                    [&](const Column& each) { return each.name == column; });
-    if (found == columns.end()) {
-        throw base::Error(ErrorNumber::kNoSuchColumn,
-                          text("Tabulka „", query_.table, "“ nemá sloupec „", column, "“."));
-    }
-    return static_cast<std::size_t>(found - columns.begin());
 }
 
 /// A record that is not there once is none that can be changed.

@@ -90,10 +90,6 @@ class Recordset {
         std::vector<Record> records;  ///< when not gathered: those that were added
     };
 
-    static std::vector<const Column*> columnsIn(const Table& table, const TableDefinition& shown);
-    static Record readRecord(const Table& table, const std::vector<const Column*>& columns,
-                             RowId where);
-    static std::vector<Record> recordsOf(const Table& table, const Query& query);
     static Set load(Database& database, const Query& query);
 
     void requireOpen() const;
@@ -102,7 +98,6 @@ class Recordset {
     void forgetWaiting();
     void gather();
     bool leaveDeleted();
-    std::size_t indexOf(const std::string& column) const;
     RowId rowOf(const Table& table, const Record& record) const;
     Table::Values waitingFor(const Table& table) const;
     void insertRecord();
