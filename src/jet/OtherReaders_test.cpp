@@ -1,30 +1,15 @@
 // Files that this engine has written are read by mdb-export as by this engine.
 
-#include <gtest/gtest.h>
-#include <unistd.h>
-
 #include <algorithm>
-#include <filesystem>
 
 #include "jet/MdbExport_test_support.h"
-#include "jet/Palette_test_support.h"
+#include "jet/file/PosixFolder_test_support.h"
 
 namespace huebrush::jet {
 namespace {
 
-namespace fs = std::filesystem;
-
-class OtherReaders : public ::testing::Test {
+class OtherReaders : public PosixFolder {
  protected:
-    OtherReaders() {
-        std::string name = fs::temp_directory_path() / "huebrush-jet-XXXXXX";
-        folder = ::mkdtemp(name.data());
-        file = folder / "fill.mdb";
-        createPaletteFile(systemFiles(), file);
-        database = Database::open(systemFiles(), file);
-    }
-    ~OtherReaders() override { fs::remove_all(folder); }
-
     void compareAll() {
         ASSERT_EQ(faults(*database), "");
         for (const StoredObject& object : database->objects()) {
@@ -50,9 +35,7 @@ class OtherReaders : public ::testing::Test {
         }
     }
 
-    fs::path folder;
-    fs::path file;
-    std::shared_ptr<Database> database;
+    std::shared_ptr<Database> database = Database::open(systemFiles(), file);
 };
 
 TEST_F(OtherReaders, ReadPalettesWithCzechNamesAndPreviewsOfAllSizes) {
