@@ -578,6 +578,41 @@ TEST_F(Recordsets, AHandlerMayRefuseAChange) {
     EXPECT_EQ(nameOf(groups), "a");
 }
 
+TEST_F(Recordsets, AHandlerThatMovesAwayLeavesNothingToChange) {
+    addPalette(*file.database, "a", {});
+    groups.Open(kGroups, connection);
+    groups.WillChangeField.connect([&](const std::string&) { groups.MoveNext(); });
+    EXPECT_EQ(errorOf([&] { groups.SetField("Name", std::string("b")); }),
+              ErrorNumber::kNoCurrentRecord);
+    EXPECT_EQ(groups.EditMode(), EditModeEnum::adEditNone);
+    groups.MoveFirst();
+    EXPECT_EQ(nameOf(groups), "a");
+}
+
+TEST_F(Recordsets, ARecordWhoseIDRepeatsIsReadAndNotWritten) {
+    createDatabase(file.files, "/double.mdb");
+    const auto other = Database::open(file.files, "/double.mdb");
+    createTable(
+        *other,
+        {"TFillGroup", {{"ID", ColumnType::longInteger}, {"Name", ColumnType::text, 30}}, {}});
+    other->change([&] {
+        Table table(*other, "TFillGroup");
+        for (const char* name : {"a", "b"}) {
+            table.insert({{&table.column("ID"), 1}, {&table.column("Name"), std::string(name)}});
+        }
+    });
+    Connection toOther(file.files);
+    toOther.Open(connectionTo("/double.mdb"));
+    groups.Open(kGroups, toOther);
+    EXPECT_EQ(names(groups), (std::vector<std::string>{"a", "b"}));
+    groups.MoveFirst();
+    EXPECT_EQ(errorOf([&] { groups.Delete(); }), ErrorNumber::kRowChanged);
+    groups.SetField("Name", std::string("c"));
+    EXPECT_EQ(errorOf([&] { groups.Update(); }), ErrorNumber::kRowChanged);
+    groups.CancelUpdate();
+    EXPECT_EQ(names(groups), (std::vector<std::string>{"a", "b"}));
+}
+
 TEST_F(Recordsets, DoNotShowWhatOthersWriteUntilTheyAreQueriedAnew) {
     addPalette(*file.database, "a", {});
     groups.Open(kGroups, connection);
