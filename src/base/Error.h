@@ -20,6 +20,8 @@ inline constexpr std::int32_t kFileNotFound = 53;
 inline constexpr std::int32_t kPathAccess = 75;
 inline constexpr std::int32_t kObjectNotSet = 91;
 inline constexpr std::int32_t kNoSuchControl = 340;
+/// A host refuses to tell a property.
+inline constexpr std::int32_t kNotAvailable = 4605;
 inline constexpr std::int32_t kUnloaded = 364;
 inline constexpr std::int32_t kInvalidPicture = 481;
 inline constexpr std::int32_t kCancelled = 32755;

@@ -148,7 +148,7 @@ TEST_F(CFillTest, SaveNewFormatFillsTheDestinationAloneAndMarksAChange) {
 TEST_F(CFillTest, ARefusedTextureNameIsNoErrorButAFlagAndAnEmptyName) {
     makeUserTexture("wood.jpg");
     descriptor.SaveNewFormat(fill());
-    state().textureNameRefused = true;
+    state().UnknownTexture = true;
     descriptor.SaveOriginalFormat(fill());
     EXPECT_TRUE(descriptor.original().UnknownTexture);
     EXPECT_EQ(descriptor.original().TextureName, "");
@@ -158,9 +158,9 @@ TEST_F(CFillTest, ARefusedTextureNameIsNoErrorButAFlagAndAnEmptyName) {
 
 TEST_F(CFillTest, ANameThatIsGivenLeavesTheUnknownFlagAsItWas) {
     makeUserTexture("wood.jpg");
-    state().textureNameRefused = true;
+    state().UnknownTexture = true;
     descriptor.SaveOriginalFormat(fill());
-    state().textureNameRefused = false;
+    state().UnknownTexture = false;
     descriptor.SaveOriginalFormat(fill());
     EXPECT_EQ(descriptor.original().TextureName, "wood.jpg");
     EXPECT_TRUE(descriptor.original().UnknownTexture);
@@ -247,7 +247,7 @@ TEST_F(CFillTest, RestoreAfterApplyChangeReturnsToTheAppliedFill) {
 
 TEST_F(CFillTest, ApplyChangeLeavesTheOriginalsUnknownFlagAndRestoreTakesItBack) {
     makeUserTexture("wood.jpg");
-    state().textureNameRefused = true;
+    state().UnknownTexture = true;
     descriptor.SaveNewFormat(fill());
     descriptor.ApplyChange();
     EXPECT_FALSE(descriptor.original().UnknownTexture);

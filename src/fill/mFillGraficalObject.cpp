@@ -8,41 +8,81 @@ namespace huebrush::fill {
 
 namespace {
 
+/// The properties of a fill, each asked of the host.
+class AskedFill {
+ public:
+    explicit AskedFill(host::FillFormat& fill) : fill_(fill) {}
+    template <class Value>
+    Value operator()(const FillProperty<Value>& property) const {
+        return (fill_.*property.read)();
+    }
+
+ private:
+    host::FillFormat& fill_;
+};
+
+/// The same of a fill whose host has told all of them.
+class KnownFill {
+ public:
+    explicit KnownFill(const FillProperties& fill) : fill_(fill) {}
+    template <class Value>
+    const Value& operator()(const FillProperty<Value>& property) const {
+        return fill_.*property.member;
+    }
+    const std::string& operator()(const FillProperty<std::string>& property) const {
+        if (fill_.UnknownTexture)
+            throw base::Error(base::ErrorNumber::kNotAvailable, property.name);
+        return fill_.*property.member;
+    }
+
+ private:
+    const FillProperties& fill_;
+};
+
 /// Reads a property of both fills, and clears the result where they differ.
+template <class Fill>
 class Comparison {
  public:
-    Comparison(host::FillFormat& sample, host::FillFormat& fill) : sample_(sample), fill_(fill) {}
+    Comparison(const Fill& sample, const Fill& fill) : sample_(sample), fill_(fill) {}
 
     template <class Value>
     void operator()(const FillProperty<Value>& property) {
-        const Value ofSample = (sample_.*property.read)();
-        if (!(ofSample == (fill_.*property.read)())) same_ = false;
+        const auto& ofSample = sample_(property);
+        if (!(ofSample == fill_(property))) same_ = false;
     }
 
     bool same() const { return same_; }
 
  private:
-    host::FillFormat& sample_;
-    host::FillFormat& fill_;
+    const Fill& sample_;
+    const Fill& fill_;
     bool same_ = true;
 };
 
-bool compare(host::FillFormat& sample, host::FillFormat& fill) {
+template <class Fill>
+bool compare(const Fill& sample, const Fill& fill) {
     using namespace property;
-    Comparison comparison(sample, fill);
+    Comparison<Fill> comparison(sample, fill);
     comparison(kVisible);
-    if (fill.Visible() == host::MsoTriState::msoFalse || !comparison.same()) {
+    if (fill(kVisible) == host::MsoTriState::msoFalse || !comparison.same()) {
         return comparison.same();
     }
     forEachProperty(std::ref(comparison), kForeColorRGB, kBackColorRGB, kType, kGradientStyle,
                     kGradientColorType, kGradientVariant);
-    if (hasDegree(sample.GradientColorType())) comparison(kGradientDegree);
+    if (hasDegree(sample(kGradientColorType))) comparison(kGradientDegree);
     forEachProperty(std::ref(comparison), kPresetGradientType, kTransparency, kTextureType,
                     kPresetTexture);
-    const auto type = sample.Type();
-    if (hasTextureName(type, sample.TextureType())) comparison(kTextureName);
+    const auto type = sample(kType);
+    if (hasTextureName(type, sample(kTextureType))) comparison(kTextureName);
     comparison(kPattern);
     return comparison.same();
+}
+
+bool compare(host::FillFormat& sample, host::FillFormat& fill) {
+    const FillProperties* const ofSample = sample.known();
+    const FillProperties* const ofFill = ofSample == nullptr ? nullptr : fill.known();
+    if (ofFill == nullptr) return compare(AskedFill(sample), AskedFill(fill));
+    return compare(KnownFill(*ofSample), KnownFill(*ofFill));
 }
 
 }  // namespace

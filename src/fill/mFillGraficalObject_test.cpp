@@ -25,7 +25,14 @@ class TwoFills : public ::testing::Test {
         sample = test.document->addSolid("Sample", 0x0000C0);
         tested = test.document->addSolid("Tested", 0x0000C0);
     }
-    bool same() { return IsSameFill(sample->Fill(), tested->Fill()); }
+    /// The same for a host that is asked for each property as for one that tells all of them.
+    bool same() {
+        const bool asked = IsSameFill(sample->Fill(), tested->Fill());
+        both([](FillState& state) { state.told = true; });
+        EXPECT_EQ(IsSameFill(sample->Fill(), tested->Fill()), asked);
+        both([](FillState& state) { state.told = false; });
+        return asked;
+    }
     /// Makes the same change to both.
     void both(const std::function<void(FillState&)>& change) {
         change(sample->fill);
@@ -214,7 +221,7 @@ TEST_F(IsSameFillTest, TextureNamesThatDifferInCaseOnlyDiffer) {
 TEST_F(IsSameFillTest, UserTexturesWhoseNamesTheHostRefusesAreNeverTheSame) {
     both([](FillState& state) {
         makeUserTexture(state, "wood.jpg");
-        state.textureNameRefused = true;
+        state.UnknownTexture = true;
     });
     EXPECT_FALSE(same());
     EXPECT_TRUE(test.runtime.boxes.empty());
@@ -237,7 +244,7 @@ TEST_F(IsSameFillTest, AHostErrorAtAnyReadMakesTheResultFalseWithoutAReport) {
     const std::size_t reads = test.calls().size();
     for (std::size_t read = 1; read <= reads; ++read) {
         test.log().failAt("", base::Error(7, "popis"), read, 1);
-        EXPECT_FALSE(same()) << read;
+        EXPECT_FALSE(IsSameFill(sample->Fill(), tested->Fill())) << read;
         test.log().failNoMore();
     }
     EXPECT_TRUE(test.runtime.boxes.empty());
@@ -317,7 +324,7 @@ TEST_F(CopyFillTest, FromAPictureCopiesVisibilityColoursAndTransparencyOnly) {
 
 TEST_F(CopyFillTest, FromAUserTextureOfRefusedNameKeepsTheTargetsTypeAndGoesOn) {
     makeUserTexture(sample->fill, "wood.jpg");
-    sample->fill.textureNameRefused = true;
+    sample->fill.UnknownTexture = true;
     sample->fill.Transparency = 0.5F;
     tested->fill.Type = MsoFillType::msoFillPatterned;
     EXPECT_NO_THROW(callsOfCopy());

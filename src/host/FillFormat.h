@@ -4,6 +4,7 @@
 #include <string>
 
 #include "host/Enumerations.h"
+#include "host/FillProperties.h"
 
 namespace huebrush::host {
 
@@ -39,6 +40,11 @@ class FillFormat {
     /// The file of a user texture. A host may refuse to name it (an error).
     virtual std::string TextureName() = 0;
     virtual std::int32_t Pattern() = 0;
+
+    /// What all of the properties above would answer now, for a host that has them at hand: the
+    /// scan compares each fill with thousands. Good until something is written or events run.
+    /// Nothing when the host has to be asked for each.
+    virtual const FillProperties* known() { return nullptr; }
 
     // The calls that build a fill of one type from the colours that the fill has at the moment.
     virtual void Solid() = 0;

@@ -29,6 +29,28 @@ std::vector<std::string> namesOf(const std::vector<ShapePointer>& shapes) {
     return names;
 }
 
+/// What a host tells at once is what it answers when it is asked.
+void expectKnownAsRead(FillFormat& fill) {
+    const FillProperties* const told = fill.known();
+    if (told == nullptr) return;
+    const FillProperties known = *told;
+    EXPECT_EQ(known.Visible, fill.Visible());
+    EXPECT_EQ(known.ForeColorRGB, fill.ForeColorRGB());
+    EXPECT_EQ(known.BackColorRGB, fill.BackColorRGB());
+    EXPECT_EQ(known.Transparency, fill.Transparency());
+    EXPECT_EQ(known.Type, fill.Type());
+    EXPECT_EQ(known.GradientStyle, fill.GradientStyle());
+    EXPECT_EQ(known.GradientColorType, fill.GradientColorType());
+    EXPECT_EQ(known.GradientVariant, fill.GradientVariant());
+    EXPECT_EQ(known.GradientDegree, fill.GradientDegree());
+    EXPECT_EQ(known.PresetGradientType, fill.PresetGradientType());
+    EXPECT_EQ(known.TextureType, fill.TextureType());
+    EXPECT_EQ(known.PresetTexture, fill.PresetTexture());
+    EXPECT_EQ(known.Pattern, fill.Pattern());
+    if (known.UnknownTexture) return;
+    EXPECT_EQ(known.TextureName, fill.TextureName());
+}
+
 std::int32_t colorOf(const ShapePointer& shape) {
     return shape->Fill().ForeColorRGB();
 }
@@ -253,6 +275,7 @@ TEST_P(HostContract, EveryFillReadsBackAsItWasWritten) {
             one.check(first()->Fill());
             EXPECT_EQ(first()->Fill().Transparency(), transparency);
             EXPECT_EQ(first()->Fill().Visible(), MsoTriState::msoTrue);
+            expectKnownAsRead(first()->Fill());
         }
     }
 }
@@ -264,6 +287,7 @@ TEST_P(HostContract, AUserTextureKeepsTheNameOfItsFile) {
     EXPECT_EQ(first()->Fill().Type(), MsoFillType::msoFillTextured);
     EXPECT_EQ(first()->Fill().TextureType(), MsoTextureType::msoTextureUserDefined);
     EXPECT_EQ(first()->Fill().TextureName(), host().textureFile());
+    expectKnownAsRead(first()->Fill());
 }
 
 TEST_P(HostContract, AHiddenFillKeepsItsOtherProperties) {

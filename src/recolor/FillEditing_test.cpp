@@ -318,7 +318,7 @@ TEST_F(FillEditingTest, AnUnknownTextureLeavesTheScratchShapeThePlainFillThatThe
     const auto shape = test.document->addSolid("Textured", 5);
     shape->fill.Type = MsoFillType::msoFillTextured;
     shape->fill.TextureType = MsoTextureType::msoTextureUserDefined;
-    shape->fill.textureNameRefused = true;
+    shape->fill.UnknownTexture = true;
     test.document->select({shape});
     scan();
     ASSERT_TRUE(destination(1).UnknownTexture);

@@ -506,6 +506,21 @@ TEST_F(DocumentsTest, InAHandlerReadsAreAnsweredUntilEventsRun) {
     EXPECT_EQ(one->Fill().ForeColorRGB(), kGreen);
 }
 
+TEST_F(DocumentsTest, InAHandlerAFillIsToldAtOnceUntilEventsRun) {
+    const ShapeReference rectangle = addRectangle(open.model(), kRed);
+    const auto one = shape(0);
+    EXPECT_EQ(one->Fill().known(), nullptr);
+    const HandlerScope handler(documents.snapshot());
+    ASSERT_NE(one->Fill().known(), nullptr);
+    EXPECT_EQ(one->Fill().known()->ForeColorRGB, kRed);
+    one->Fill().setForeColorRGB(kBlue);
+    EXPECT_EQ(one->Fill().known()->ForeColorRGB, kBlue);
+    documents.snapshot()->invalidate();
+    setProperty(rectangle, "FillColor", base::swapRedAndBlue(kGreen));
+    documents.snapshot()->invalidate();
+    EXPECT_EQ(one->Fill().known()->ForeColorRGB, kGreen);
+}
+
 TEST_F(DocumentsTest, OutsideHandlersEveryReadIsLive) {
     const ShapeReference rectangle = addRectangle(open.model(), kRed);
     const auto one = shape(0);

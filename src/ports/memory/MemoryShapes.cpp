@@ -49,7 +49,7 @@ void MemoryFill::requireAlive() const {
 }
 
 template <class Value>
-Value MemoryFill::read(const char* property, Value FillState::*member, Value mixed) {
+Value MemoryFill::read(const char* property, Value host::FillProperties::*member, Value mixed) {
     log_.note([&] { return text("read ", owner_, ".Fill.", property); });
     requireAlive();
     if (single_ != nullptr) return single_->*member;
@@ -62,8 +62,8 @@ Value MemoryFill::read(const char* property, Value FillState::*member, Value mix
 }
 
 template <class Value>
-void MemoryFill::write(const char* property, Value FillState::*member, const Value& value,
-                       const std::string& shown) {
+void MemoryFill::write(const char* property, Value host::FillProperties::*member,
+                       const Value& value, const std::string& shown) {
     log_.note([&] { return text("write ", owner_, ".Fill.", property, " ", shown); });
     requireAlive();
     if (single_ != nullptr) {
@@ -133,13 +133,17 @@ std::int32_t MemoryFill::PresetTexture() {
     return read("PresetTexture", &FillState::PresetTexture, host::kMixed);
 }
 std::string MemoryFill::TextureName() {
-    const bool refused = read("TextureName", &FillState::textureNameRefused, true);
+    const bool refused = read("TextureName", &FillState::UnknownTexture, true);
     if (refused) throw base::Error(kRefusedTextureName, "Název textury není k dispozici.");
     if (single_ != nullptr) return single_->TextureName;
     return states_().front()->TextureName;
 }
 std::int32_t MemoryFill::Pattern() {
     return read("Pattern", &FillState::Pattern, host::kMixed);
+}
+const host::FillProperties* MemoryFill::known() {
+    requireAlive();
+    return single_ != nullptr && single_->told ? single_ : nullptr;
 }
 
 void MemoryFill::Solid() {
@@ -197,7 +201,7 @@ void MemoryFill::UserTextured(const std::string& file) {
         state.Type = MsoFillType::msoFillTextured;
         state.TextureType = MsoTextureType::msoTextureUserDefined;
         state.TextureName = file;
-        state.textureNameRefused = false;
+        state.UnknownTexture = false;
     });
 }
 

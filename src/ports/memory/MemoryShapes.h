@@ -16,25 +16,19 @@ class MemoryShape;
 
 /// The values of a fill, as the memory host keeps them: whatever a test sets stays set, the values
 /// that a fill type does not use included.
-struct FillState {
-    host::MsoTriState Visible = host::MsoTriState::msoTrue;
-    std::int32_t ForeColorRGB = 0xFFFFFF;
-    std::int32_t BackColorRGB = 0xFFFFFF;
-    float Transparency = 0;
-    host::MsoFillType Type = host::MsoFillType::msoFillSolid;
-    std::int32_t GradientStyle = host::kMixed;
-    host::MsoGradientColorType GradientColorType =
-        host::MsoGradientColorType::msoGradientColorMixed;
-    std::int32_t GradientVariant = host::kMixed;
-    float GradientDegree = 0;
-    std::int32_t PresetGradientType = host::kMixed;
-    host::MsoTextureType TextureType = host::MsoTextureType::msoTextureTypeMixed;
-    std::int32_t PresetTexture = host::kMixed;
-    std::string TextureName;
-    std::int32_t Pattern = host::kMixed;
+struct FillState : host::FillProperties {
+    FillState() {
+        Visible = host::MsoTriState::msoTrue;
+        ForeColorRGB = BackColorRGB = 0xFFFFFF;
+        Type = host::MsoFillType::msoFillSolid;
+        GradientStyle = GradientVariant = PresetGradientType = host::kMixed;
+        GradientColorType = host::MsoGradientColorType::msoGradientColorMixed;
+        TextureType = host::MsoTextureType::msoTextureTypeMixed;
+        PresetTexture = Pattern = host::kMixed;
+    }
 
-    /// The host refuses to name the texture.
-    bool textureNameRefused = false;
+    /// The host tells all properties at once, as some hosts do.
+    bool told = false;
 
     friend bool operator==(const FillState&, const FillState&) = default;
 };
@@ -67,6 +61,7 @@ class MemoryFill final : public host::FillFormat {
     std::int32_t PresetTexture() override;
     std::string TextureName() override;
     std::int32_t Pattern() override;
+    const host::FillProperties* known() override;
     void Solid() override;
     void Patterned(std::int32_t pattern) override;
     void OneColorGradient(std::int32_t style, std::int32_t variant, float degree) override;
@@ -81,9 +76,9 @@ class MemoryFill final : public host::FillFormat {
 
  private:
     template <class Value>
-    Value read(const char* property, Value FillState::*member, Value mixed);
+    Value read(const char* property, Value host::FillProperties::*member, Value mixed);
     template <class Value>
-    void write(const char* property, Value FillState::*member, const Value& value,
+    void write(const char* property, Value host::FillProperties::*member, const Value& value,
                const std::string& shown);
     void call(const std::string& operation, const std::function<void(FillState&)>& change);
     void requireAlive() const;

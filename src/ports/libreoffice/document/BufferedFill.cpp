@@ -6,12 +6,6 @@ namespace huebrush::libreoffice {
 
 using host::MsoTriState;
 
-namespace {
-
-constexpr std::int32_t kNotAvailable = 4605;
-
-}  // namespace
-
 BufferedFill::~BufferedFill() {
     document_->unbuffer(this);
     try {
@@ -21,9 +15,11 @@ BufferedFill::~BufferedFill() {
 }
 
 std::string BufferedFill::TextureName() {
-    const std::optional<std::string>& name = read().textureName;
-    if (!name) throw base::Error(kNotAvailable, "Název textury není k dispozici.");
-    return *name;
+    const host::FillProperties& fill = read();
+    if (fill.UnknownTexture) {
+        throw base::Error(base::ErrorNumber::kNotAvailable, "Název textury není k dispozici.");
+    }
+    return fill.TextureName;
 }
 
 void BufferedFill::setVisible(MsoTriState visible) {

@@ -23,20 +23,24 @@ class BufferedFill : public host::FillFormat {
         : document_(std::move(document)) {}
     ~BufferedFill() override;
 
-    host::MsoTriState Visible() override { return read().visible; }
-    std::int32_t ForeColorRGB() override { return read().foreColor; }
-    std::int32_t BackColorRGB() override { return read().backColor; }
-    float Transparency() override { return read().transparency; }
-    host::MsoFillType Type() override { return read().type; }
-    std::int32_t GradientStyle() override { return read().gradientStyle; }
-    host::MsoGradientColorType GradientColorType() override { return read().gradientColorType; }
-    std::int32_t GradientVariant() override { return read().gradientVariant; }
-    float GradientDegree() override { return read().gradientDegree; }
-    std::int32_t PresetGradientType() override { return read().presetGradientType; }
-    host::MsoTextureType TextureType() override { return read().textureType; }
-    std::int32_t PresetTexture() override { return read().presetTexture; }
+    host::MsoTriState Visible() override { return read().Visible; }
+    std::int32_t ForeColorRGB() override { return read().ForeColorRGB; }
+    std::int32_t BackColorRGB() override { return read().BackColorRGB; }
+    float Transparency() override { return read().Transparency; }
+    host::MsoFillType Type() override { return read().Type; }
+    std::int32_t GradientStyle() override { return read().GradientStyle; }
+    host::MsoGradientColorType GradientColorType() override { return read().GradientColorType; }
+    std::int32_t GradientVariant() override { return read().GradientVariant; }
+    float GradientDegree() override { return read().GradientDegree; }
+    std::int32_t PresetGradientType() override { return read().PresetGradientType; }
+    host::MsoTextureType TextureType() override { return read().TextureType; }
+    std::int32_t PresetTexture() override { return read().PresetTexture; }
     std::string TextureName() override;
-    std::int32_t Pattern() override { return read().pattern; }
+    std::int32_t Pattern() override { return read().Pattern; }
+    const host::FillProperties* known() override {
+        const host::FillProperties& answer = read();
+        return stamp_ == 0 ? nullptr : &answer;
+    }
 
     void setVisible(host::MsoTriState visible) override;
     void setForeColorRGB(std::int32_t color) override;
@@ -73,7 +77,7 @@ class BufferedFill : public host::FillFormat {
         std::optional<std::int32_t> backColor;
     };
 
-    const HostFill& read() {
+    const host::FillProperties& read() {
         if (!document_->holds(stamp_)) refresh();
         return *answer_;
     }
@@ -83,7 +87,7 @@ class BufferedFill : public host::FillFormat {
 
     std::shared_ptr<OpenDocument> document_;
     OpenDocument::Stamp stamp_ = 0;
-    const HostFill* answer_ = nullptr;
+    const host::FillProperties* answer_ = nullptr;
     std::unique_ptr<Writing> writing_;
 };
 

@@ -2,7 +2,7 @@
 
 #include <cstddef>
 #include <functional>
-#include <unordered_set>
+#include <unordered_map>
 
 #include "ports/libreoffice/fill/HostFill.h"
 
@@ -13,7 +13,11 @@ namespace huebrush::libreoffice {
 class FillPool {
  public:
     /// Good until clear().
-    const HostFill& keep(const HostFill& fill) { return *fills_.insert(fill).first; }
+    const host::FillProperties& keep(const HostFill& fill) {
+        const auto [kept, isNew] = fills_.try_emplace(fill);
+        if (isNew) kept->second = propertiesOf(fill);
+        return kept->second;
+    }
     void clear() { fills_.clear(); }
 
  private:
@@ -35,7 +39,7 @@ class FillPool {
         }
     };
 
-    std::unordered_set<HostFill, Hash> fills_;
+    std::unordered_map<HostFill, host::FillProperties, Hash> fills_;
 };
 
 }  // namespace huebrush::libreoffice

@@ -174,7 +174,7 @@ void OpenDocument::collectLeaves(const NodePointer& node, std::vector<NodePointe
     }
 }
 
-const HostFill& OpenDocument::keep(const HostFill& fill) {
+const host::FillProperties& OpenDocument::keep(const HostFill& fill) {
     if (stamp() == 0) pool_.clear();
     return pool_.keep(fill);
 }

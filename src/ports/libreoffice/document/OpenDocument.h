@@ -61,8 +61,8 @@ class OpenDocument : public std::enable_shared_from_this<OpenDocument> {
         if (node.lineError) throw base::Error(*node.lineError);
         return node.line;
     }
-    /// The value as this document keeps it: good while the present stamp holds.
-    const HostFill& keep(const HostFill& fill);
+    /// The fill's properties as this document keeps them: good while the present stamp holds.
+    const host::FillProperties& keep(const HostFill& fill);
     /// The common answer of several shapes.
     HostFill commonFillOf(const std::vector<NodePointer>& nodes);
     /// The shape, or all members of a group down to the last, that are no groups.

@@ -50,6 +50,26 @@ void join(Value& common, const Other& value, Value mixed) {
 
 }  // namespace
 
+host::FillProperties propertiesOf(const HostFill& fill) {
+    host::FillProperties properties;
+    properties.Visible = fill.visible;
+    properties.ForeColorRGB = fill.foreColor;
+    properties.BackColorRGB = fill.backColor;
+    properties.Transparency = fill.transparency;
+    properties.GradientStyle = fill.gradientStyle;
+    properties.GradientColorType = fill.gradientColorType;
+    properties.GradientVariant = fill.gradientVariant;
+    properties.GradientDegree = fill.gradientDegree;
+    properties.PresetGradientType = fill.presetGradientType;
+    properties.Type = fill.type;
+    properties.TextureType = fill.textureType;
+    properties.PresetTexture = fill.presetTexture;
+    properties.TextureName = fill.textureName.value_or("");
+    properties.UnknownTexture = !fill.textureName;
+    properties.Pattern = fill.pattern;
+    return properties;
+}
+
 bool HostFill::usesForeColor() const {
     switch (type) {
         case MsoFillType::msoFillSolid:

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "host/Enumerations.h"
+#include "host/FillProperties.h"
 
 namespace huebrush::libreoffice {
 
@@ -47,6 +48,9 @@ struct HostFill : FillBuild {
     bool usesForeColor() const;
     bool usesBackColor() const;
 };
+
+/// The fill as its properties answer.
+host::FillProperties propertiesOf(const HostFill& fill);
 
 /// Writes to one fill that are carried out together. A part that was not written is left out.
 struct FillEdit {
