@@ -46,23 +46,22 @@ class FilePickerOnScreen : public testing::Test {
     }
 
     const fs::path folder = fs::temp_directory_path() / "picker";
-    static constexpr const char* kReturn = "xdotool key Return";
 };
 
 TEST_F(FilePickerOnScreen, GivesTheFileToOpen) {
     const fs::path file = folder / "fill.mdb";
     std::ofstream(file) << "x";
-    EXPECT_EQ(choice(kOpen, typing(file), kReturn), file.string());
+    EXPECT_EQ(choice(kOpen, typing(file), kReturnKey), file.string());
 }
 
 TEST_F(FilePickerOnScreen, GivesANameToSaveUnderItsExtension) {
-    EXPECT_EQ(choice(kSave, typing(folder / "new"), kReturn), (folder / "new.mdb").string());
-    EXPECT_EQ(choice(kSave, typing(folder / "new.mdb"), kReturn), (folder / "new.mdb").string());
+    EXPECT_EQ(choice(kSave, typing(folder / "new"), kReturnKey), (folder / "new.mdb").string());
+    EXPECT_EQ(choice(kSave, typing(folder / "new.mdb"), kReturnKey), (folder / "new.mdb").string());
 }
 
 TEST_F(FilePickerOnScreen, CancellingIsAnError) {
-    EXPECT_EQ(choice(kOpen, "true", kEscape), "cancelled");
-    EXPECT_EQ(choice(kSave, typing(folder / "new.mdb"), kClose), "cancelled");
+    EXPECT_EQ(choice(kOpen, kNoAction, kEscapeKey), "cancelled");
+    EXPECT_EQ(choice(kSave, typing(folder / "new.mdb"), kCloseButton), "cancelled");
 }
 
 }  // namespace

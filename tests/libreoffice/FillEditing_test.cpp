@@ -28,6 +28,7 @@ using recolor::ColorElement;
 
 constexpr base::Rgb kRed = base::rgb(0xFF, 0, 0);
 constexpr base::Rgb kBlue = base::rgb(0, 0, 0xFF);
+constexpr base::Rgb kTyped = base::rgb(18, 52, 86);
 
 /// The recolour dialog over a document with a red and a blue shape, a row for each.
 class FillEditingOnScreen : public testing::Test {
@@ -43,7 +44,7 @@ class FillEditingOnScreen : public testing::Test {
         const auto shapes = application.ActiveDocument()->Shapes();
         shapes->Range({nameOf(1), nameOf(2)})->Select();
         dialog->ShowDialog(application);
-        const User user("Zpracování je dokončeno...", kNothing, "xdotool key Return");
+        const User user("Zpracování je dokončeno...", kNoAction, kReturnKey);
         run([this] { dialog->cmdAdd.press(); });
     }
     ~FillEditingOnScreen() override {
@@ -66,6 +67,9 @@ class FillEditingOnScreen : public testing::Test {
     const fill::FillProperties& destination(std::int16_t index) {
         return row(index).FillObject().destination();
     }
+    base::Rgb originalColor(std::int16_t index) {
+        return row(index).FillObject().original().ForeColorRGB;
+    }
     static std::int32_t frames() {
         const Reference<css::frame::XFramesSupplier> desktop(
             libreoffice::createService<css::frame::XDesktop>(officeContext(),
@@ -87,15 +91,15 @@ class FillEditingOnScreen : public testing::Test {
 
 TEST_F(FillEditingOnScreen, TheColourCommandEditsTheRowsNewFillAndTheRecolourAppliesIt) {
     ASSERT_EQ(dialog->Element.ubound(), 2);
+    const base::Rgb former = originalColor(1);
     {
-        const User user(kColorDialog, kTypeColor, kOk);
+        const ToolUser user(kColorDialog, former, chosen(kTyped), kOk);
         run([this] { row(1).mnuChDColor(); });
     }
     EXPECT_EQ(destination(1).ForeColorRGB, kTyped);
     EXPECT_TRUE(row(1).FillObject().Change());
     EXPECT_FALSE(row(1).DestinationPicture() == row(1).SourcePicture());
     EXPECT_TRUE(becomesActive(dialog->Caption));
-    const base::Rgb former = row(1).FillObject().original().ForeColorRGB;
     run([this] { dialog->chkSelAll.toggle(); });
     run([this] { dialog->cmdDiscolour.press(); });
     const ShapeReference changed = former == kRed ? red : blue;
@@ -106,14 +110,14 @@ TEST_F(FillEditingOnScreen, TheColourCommandEditsTheRowsNewFillAndTheRecolourApp
 
 TEST_F(FillEditingOnScreen, TheFillAndFormatCommandsEditTheRowsNewFill) {
     {
-        const User user(kAreaDialog, kTypeGreen, kOkOfColors);
+        const ToolUser user(kAreaDialog, originalColor(1), chosen(kTyped), kOk);
         run([this] { row(1).mnuChDFill(); });
     }
-    EXPECT_EQ(base::green(destination(1).ForeColorRGB), 200);
+    EXPECT_EQ(destination(1).ForeColorRGB, kTyped);
     const base::Picture preview = row(1).DestinationPicture();
     EXPECT_FALSE(preview == row(1).SourcePicture());
     {
-        const User user(kAreaDialog, chooseGradient(), kOk);
+        const ToolUser user(kAreaDialog, kTyped, kGradient, kOk);
         run([this] { row(1).mnuChDFormat(); });
     }
     EXPECT_EQ(destination(1).Type, host::MsoFillType::msoFillGradient);
@@ -122,7 +126,7 @@ TEST_F(FillEditingOnScreen, TheFillAndFormatCommandsEditTheRowsNewFill) {
 
 TEST_F(FillEditingOnScreen, ACancelledFormatDialogChangesNothing) {
     const base::Picture preview = row(2).DestinationPicture();
-    const User user(kAreaDialog, kTypeGreen, kEscape);
+    const ToolUser user(kAreaDialog, originalColor(2), chosen(kTyped), kEscape);
     run([this] { row(2).mnuChDFormat(); });
     EXPECT_FALSE(row(2).FillObject().Change());
     EXPECT_TRUE(row(2).DestinationPicture() == preview);
@@ -135,11 +139,11 @@ class FormEndsOnScreen : public FillEditingOnScreen {
     void postUnload() {
         libreoffice::postToMainThread(officeContext(), [this] {
             dialog->Unload();
-            closing_ = std::make_unique<User>(kAreaDialog, kNothing, kEscape);
+            closing_ = std::make_unique<ToolUser>(kAreaDialog, start_, kNothing, kEscape);
         });
     }
     void expectReportOfTheFormatCommand() {
-        const User user("Chyba č. [0-9]+", kNothing, "xdotool key Return");
+        const User user("Chyba č. [0-9]+", kNoAction, kReturnKey);
         run([this] { row(1).mnuChDFormat(); });
         EXPECT_TRUE(dialog->isUnloaded());
         EXPECT_TRUE(user.acted());
@@ -147,7 +151,8 @@ class FormEndsOnScreen : public FillEditingOnScreen {
     }
 
  private:
-    std::unique_ptr<User> closing_;
+    const base::Rgb start_ = originalColor(1);
+    std::unique_ptr<ToolUser> closing_;
 };
 
 TEST_F(FormEndsOnScreen, BeforeTheToolIsOpen) {
@@ -157,7 +162,7 @@ TEST_F(FormEndsOnScreen, BeforeTheToolIsOpen) {
 
 TEST_F(FormEndsOnScreen, UnderTheTool) {
     std::thread waiting([this] {
-        EXPECT_TRUE(becomesActive(kAreaDialog));
+        EXPECT_TRUE(becomesActive(kAreaDialog, [] {}));
         postUnload();
     });
     expectReportOfTheFormatCommand();

@@ -65,6 +65,7 @@ class OwnDialog {
     Reference<css::awt::XControl> control_;
 };
 
+constexpr base::Rgb kTyped = base::rgb(18, 52, 86);
 constexpr base::Rgb kGreener = base::rgb(0x11, 200, 0x33);
 
 class HostToolsOnScreen : public testing::Test {
@@ -110,7 +111,7 @@ class HostToolsOnScreen : public testing::Test {
 TEST_F(HostToolsOnScreen, TheColourChosenBecomesTheShapesSolidFill) {
     shape->Fill().TwoColorGradient(1, 1);
     {
-        const User user(kColorDialog, kTypeColor, kOk);
+        const ToolUser user(kColorDialog, kStart, chosen(kTyped), kOk);
         execute(kColorControl);
     }
     EXPECT_EQ(shape->Fill().ForeColorRGB(), kTyped);
@@ -120,7 +121,7 @@ TEST_F(HostToolsOnScreen, TheColourChosenBecomesTheShapesSolidFill) {
 }
 
 TEST_F(HostToolsOnScreen, TheColourDialogStartsFromTheShapesColour) {
-    const User user(kColorDialog, "xdotool key Tab", kOk);
+    const ToolUser user(kColorDialog, kStart, kNothing, kOk);
     execute(kColorControl);
     EXPECT_EQ(shape->Fill().ForeColorRGB(), kStart);
 }
@@ -128,7 +129,7 @@ TEST_F(HostToolsOnScreen, TheColourDialogStartsFromTheShapesColour) {
 TEST_F(HostToolsOnScreen, ACancelledColourDialogLeavesTheFill) {
     shape->Fill().TwoColorGradient(1, 1);
     for (const char* const end : {kClose, kEscape}) {
-        const User user(kColorDialog, kTypeColor, end);
+        const ToolUser user(kColorDialog, kStart, chosen(kTyped), end);
         execute(kColorControl);
         EXPECT_EQ(shape->Fill().ForeColorRGB(), kStart);
         EXPECT_EQ(shape->Fill().Type(), host::MsoFillType::msoFillGradient);
@@ -138,7 +139,7 @@ TEST_F(HostToolsOnScreen, ACancelledColourDialogLeavesTheFill) {
 
 TEST_F(HostToolsOnScreen, TheConfirmedAreaDialogGivesTheShapeItsFill) {
     {
-        const User user(kAreaDialog, kTypeGreen, kOkOfColors);
+        const ToolUser user(kAreaDialog, kStart, chosen(kGreener), kOk);
         EXPECT_EQ(tools.Item(kFormatDialog)->Show(), -1);
     }
     EXPECT_EQ(shape->Fill().ForeColorRGB(), kGreener);
@@ -146,24 +147,24 @@ TEST_F(HostToolsOnScreen, TheConfirmedAreaDialogGivesTheShapeItsFill) {
 }
 
 TEST_F(HostToolsOnScreen, TheAreaDialogMayGiveAnotherKindOfFill) {
-    const User user(kAreaDialog, chooseGradient(), kOk);
+    const ToolUser user(kAreaDialog, kStart, kGradient, kOk);
     EXPECT_EQ(tools.Item(kFormatDialog)->Show(), -1);
     EXPECT_EQ(shape->Fill().Type(), host::MsoFillType::msoFillGradient);
 }
 
 TEST_F(HostToolsOnScreen, TheFillControlOpensTheAreaDialog) {
     {
-        const User user(kAreaDialog, kTypeGreen, kOkOfColors);
+        const ToolUser user(kAreaDialog, kStart, chosen(kGreener), kOk);
         execute(kFillControl);
     }
     EXPECT_EQ(shape->Fill().ForeColorRGB(), kGreener);
-    const User user(kAreaDialog, chooseGradient(), kEscape);
+    const ToolUser user(kAreaDialog, kGreener, kGradient, kEscape);
     execute(kFillControl);
     EXPECT_EQ(shape->Fill().Type(), host::MsoFillType::msoFillSolid);
 }
 
 TEST_F(HostToolsOnScreen, AnAreaDialogConfirmedWithoutAChangeCountsAsConfirmed) {
-    const User user(kAreaDialog, kNothing, kOkOfColors);
+    const ToolUser user(kAreaDialog, kStart, kNothing, kOk);
     EXPECT_EQ(tools.Item(kFormatDialog)->Show(), -1);
     EXPECT_EQ(shape->Fill().ForeColorRGB(), kStart);
     EXPECT_EQ(shape->Fill().Type(), host::MsoFillType::msoFillSolid);
@@ -171,7 +172,7 @@ TEST_F(HostToolsOnScreen, AnAreaDialogConfirmedWithoutAChangeCountsAsConfirmed) 
 
 TEST_F(HostToolsOnScreen, ACancelledAreaDialogLeavesTheFillAndSaysSo) {
     for (const char* const end : {kCancel, kClose, kEscape}) {
-        const User user(kAreaDialog, kTypeGreen, end);
+        const ToolUser user(kAreaDialog, kStart, chosen(kGreener), end);
         EXPECT_EQ(tools.Item(kFormatDialog)->Show(), 0);
         EXPECT_EQ(shape->Fill().ForeColorRGB(), kStart);
     }
@@ -180,7 +181,7 @@ TEST_F(HostToolsOnScreen, ACancelledAreaDialogLeavesTheFillAndSaysSo) {
 
 TEST_F(HostToolsOnScreen, EveryScratchDocumentOpensItsOwnDialog) {
     for (int round = 0; round < 3; ++round) {
-        const User user(kAreaDialog, kTypeGreen, kOkOfColors);
+        const ToolUser user(kAreaDialog, kStart, chosen(kGreener), kOk);
         EXPECT_EQ(tools.Item(kFormatDialog)->Show(), -1);
         EXPECT_EQ(shape->Fill().ForeColorRGB(), kGreener);
         scratch->Close();
@@ -193,7 +194,7 @@ TEST_F(HostToolsOnScreen, WithoutAWindowOfOursTheDialogOpensAllTheSame) {
     scratch->Close();
     own.reset();
     makeScratch();
-    const User user(kAreaDialog, kTypeGreen, kOkOfColors);
+    const ToolUser user(kAreaDialog, kStart, chosen(kGreener), kOk);
     EXPECT_EQ(tools.Item(kFormatDialog)->Show(), -1);
     EXPECT_EQ(shape->Fill().ForeColorRGB(), kGreener);
 }

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <com/sun/star/awt/XToolkitExperimental.hpp>
 #include <com/sun/star/frame/XDesktop.hpp>
 #include <com/sun/star/task/XJob.hpp>
 #include <cstdlib>
@@ -59,6 +60,12 @@ class Runner : public libreoffice::WeakImplHelper<css::task::XJob> {
 
 libreoffice::ContextReference officeContext() {
     return contextSlot();
+}
+
+void processEvents() {
+    libreoffice::createService<css::awt::XToolkitExperimental>(officeContext(),
+                                                               "com.sun.star.awt.Toolkit")
+        ->processEventsToIdle();
 }
 
 }  // namespace huebrush::tests

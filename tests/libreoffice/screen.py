@@ -173,6 +173,10 @@ class Screen:
 
         wait_until(has_focus, "the window gets the focus")
 
+    def close(self, window):
+        """Has the window manager close a window, as by the button of its title bar."""
+        self._run("wmctrl", "-i", "-c", hex(int(window)))
+
     def active(self):
         """The window that has the keyboard."""
         return self._run("xdotool", "getactivewindow").strip()
