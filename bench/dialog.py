@@ -28,6 +28,12 @@ NOTED = (("open_ms", "opening the empty dialog (ms)"), ("scan_ms", "“Přidat�
          ("row_kib", "memory a row (KiB)"))
 
 
+def job_of(office, service):
+    """A job of the bench's own extension, as a function of a document."""
+    job = office.create(service)
+    return lambda document: job.execute((NamedValue("Document", document),))
+
+
 def measure(document_path, runs, extensions, plugin="gen"):
     """The medians of the figures of some runs, each in an office of its own."""
     figures = []
@@ -37,17 +43,13 @@ def measure(document_path, runs, extensions, plugin="gen"):
             arguments = [f"-env:BUNDLED_EXTENSIONS={extensions.as_uri()}", "--nodefault"]
             with PrivateOffice(arguments=arguments, environment=environment,
                                headless=False) as office:
-                document = office.load(document_path, hidden=False)
-                office.finish_pending()
-                job = office.create("cz.huebrush.DialogBench")
-                result = json.loads(office.on_main_thread(
-                    lambda: job.execute((NamedValue("Document", document),))))
-                if "error" in result:
-                    raise RuntimeError(f"the dialog: {result['error']}")
-                if result["rows_left"] != result["rows"] - result["rows"] // 2:
-                    raise RuntimeError(f"the dialog kept {result['rows_left']} rows")
-                figures.append(result)
-                document.close(True)
+                result = json.loads(office.work_on(
+                    document_path, job_of(office, "cz.huebrush.DialogBench"), hidden=False))
+        if "error" in result:
+            raise RuntimeError(f"the dialog: {result['error']}")
+        if result["rows_left"] != result["rows"] - result["rows"] // 2:
+            raise RuntimeError(f"the dialog kept {result['rows_left']} rows")
+        figures.append(result)
     return {key: statistics.median(run[key] for run in figures) for key in figures[0]}
 
 

@@ -23,8 +23,6 @@ import dialog  # noqa: E402
 from private_office import PrivateOffice  # noqa: E402
 from run_peers import PEERS, medians  # noqa: E402
 
-from com.sun.star.beans import NamedValue  # noqa: E402
-
 # Scan and apply are measured in a document without a window, as the program works, and once more
 # in a window, where the dialog does them between two clicks and events run. "its …" is what the
 # office's own calls alone take of the column before.
@@ -37,8 +35,7 @@ DIALOG_ROWS = (200, 1000)
 
 
 def huebrush(office):
-    job = office.create("cz.huebrush.Bench")
-    return lambda document: job.execute((NamedValue("Document", document),))
+    return dialog.job_of(office, "cz.huebrush.Bench")
 
 
 def measure(document_path, runs, measurers, extensions):
@@ -55,13 +52,9 @@ def measure(document_path, runs, measurers, extensions):
 
 def measure_once(make, document_path, is_hidden, arguments):
     with PrivateOffice(arguments=arguments) as office:
-        work = make(office)
-        document = office.load(document_path, hidden=is_hidden)
-        office.finish_pending()
-        result = json.loads(office.on_main_thread(lambda: work(document)))
-        if "error" in result:
-            raise RuntimeError(result["error"])
-        document.close(True)
+        result = json.loads(office.work_on(document_path, make(office), hidden=is_hidden))
+    if "error" in result:
+        raise RuntimeError(result["error"])
     return result
 
 

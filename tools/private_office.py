@@ -141,6 +141,14 @@ class PrivateOffice:
             raise callback.error
         return callback.result
 
+    def work_on(self, path, work, hidden=True):
+        """What a function of the office's answers about a document loaded for it."""
+        document = self.load(path, hidden=hidden)
+        self.finish_pending()
+        result = self.on_main_thread(lambda: work(document))
+        document.close(True)
+        return result
+
     def finish_pending(self):
         """Lets the office do all that it has put off, such as laying out a document just loaded."""
         toolkit = self.create("com.sun.star.awt.Toolkit")

@@ -4,8 +4,9 @@
     pointer_test.py --office SOFFICE --extensions FOLDER --plugin gen|gtk3 [unittest arguments]
 """
 
-from case import WriterCase, run_tests
-from dialog import DESTINATION, HANDLE, LIST_TOP, SOURCE, UP, Dialog
+from case import run_tests
+from dialog import DESTINATION, HANDLE, LIST_TOP, SOURCE, UP
+from dialog_case import DialogCase
 from screen import wait_until
 
 COLOURS = [0x060606 * number + 0x0F for number in range(1, 31)]
@@ -13,16 +14,10 @@ ROWS = 9
 ABOVE, BELOW, NOTHING = (2000, LIST_TOP - 150), (2000, 6990), (7500, 6400)
 
 
-class PointerTest(WriterCase):
-    def open(self):
+class PointerTest(DialogCase):
+    def open_full(self):
         """The dialog with more rows than it shows."""
-        self.writer = self.start()
-        frame = self.writer.frame()
-        shapes = [self.writer.add_shape(frame, (number % 6, number // 6), colour)
-                  for number, colour in enumerate(COLOURS)]
-        self.writer.select(frame, *shapes)
-        self.writer.click_button("Změnit výplně")
-        dialog = Dialog(self.screen)
+        dialog = self.open(COLOURS, each=1)
         dialog.add()
         dialog.wait_for_colours(COLOURS[:ROWS])
         return dialog
@@ -71,23 +66,23 @@ class PointerTest(WriterCase):
             return False
 
     def test_painted_parts_have_tool_tips(self):
-        dialog = self.open()
+        dialog = self.open_full()
         for place in (dialog.in_row(1, SOURCE), dialog.in_row(3, DESTINATION), UP):
             self.screen.move(*dialog.on_screen(NOTHING))
             wait_until(lambda: self.tip_comes(dialog, place), f"a tool tip at {place}")
 
     def test_parts_without_a_tool_tip_show_none(self):
-        dialog = self.open()
+        dialog = self.open_full()
         self.assertFalse(self.tip_comes(dialog, NOTHING))
 
     def test_a_row_dragged_below_the_list_scrolls_it(self):
-        dialog = self.open()
+        dialog = self.open_full()
         self.hold_row(dialog, 1, BELOW)
         wait_until(lambda: dialog.colours(1)[0] not in COLOURS[:3], "the list scrolls")
         self.drop_in_row(dialog, 5, dragged=0)
 
     def test_a_row_dragged_above_the_list_scrolls_it(self):
-        dialog = self.open()
+        dialog = self.open_full()
         self.screen.turn_wheel(*dialog.on_screen(dialog.in_row(3, SOURCE)), 8)
         dialog.wait_for_colours(COLOURS[8:8 + ROWS])
         self.hold_row(dialog, 3, ABOVE)
@@ -95,7 +90,7 @@ class PointerTest(WriterCase):
         self.drop_in_row(dialog, 2, dragged=10)
 
     def test_escape_cancels_a_drag(self):
-        dialog = self.open()
+        dialog = self.open_full()
         dialog.click_row(1, SOURCE)
         before = self.mark_of(dialog, 4)
         self.hold_row(dialog, 1, dialog.in_row(4, SOURCE))
