@@ -13,6 +13,8 @@ namespace {
 
 class Model : public ::testing::Test {
  protected:
+    static constexpr std::int32_t kNoGroup = 100000000;
+
     struct Element {
         std::int32_t group;
         std::int32_t order;
@@ -21,8 +23,13 @@ class Model : public ::testing::Test {
     };
 
     std::size_t below(std::size_t limit) { return random() % limit; }
-    std::int32_t anyOf(const std::map<std::int32_t, std::string>& from) {
-        return std::next(from.begin(), static_cast<std::ptrdiff_t>(below(from.size())))->first;
+    /// One of what a map holds, found as fast in a large one.
+    template <class Rows>
+    auto anyOf(Rows& rows) {
+        const std::int32_t first = rows.begin()->first;
+        const std::int32_t last = std::prev(rows.end())->first;
+        const std::size_t range = static_cast<std::size_t>(last - first) + 1;
+        return rows.lower_bound(first + static_cast<std::int32_t>(below(range)));
     }
     Element anyElement(std::int32_t group) {
         // Mostly small, sometimes of several pages.
@@ -57,9 +64,8 @@ class Model : public ::testing::Test {
         });
     }
     void removeGroup() {
-        const std::int32_t id = anyOf(groups);
-        const bool hasElements = std::any_of(elements.begin(), elements.end(),
-                                             [&](const auto& e) { return e.second.group == id; });
+        const std::int32_t id = anyOf(groups)->first;
+        const bool hasElements = elementsIn[id] != 0;
         const bool removed = attempt([&] {
             Table table(*file.database, "TFillGroup");
             table.remove(rowOf(table, id));
@@ -70,7 +76,7 @@ class Model : public ::testing::Test {
     void addElement() {
         // Sometimes for a palette that is not there.
         const bool missing = below(20) == 0;
-        const Element element = anyElement(missing ? 1000000 : anyOf(groups));
+        const Element element = anyElement(missing ? kNoGroup : anyOf(groups)->first);
         std::int32_t id = 0;
         const bool added = attempt([&] {
             Table table(*file.database, "TFillElementParameter");
@@ -78,25 +84,28 @@ class Model : public ::testing::Test {
             id = table.lastAutonumber();
         });
         ASSERT_EQ(added, !missing);
-        if (added) elements[id] = element;
+        if (!added) return;
+        elements[id] = element;
+        ++elementsIn[element.group];
     }
     void changeElement() {
-        const auto at =
-            std::next(elements.begin(), static_cast<std::ptrdiff_t>(below(elements.size())));
-        const Element element = anyElement(anyOf(groups));
+        const auto at = anyOf(elements);
+        const Element element = anyElement(anyOf(groups)->first);
         ASSERT_TRUE(attempt([&] {
             Table table(*file.database, "TFillElementParameter");
             table.update(rowOf(table, at->first), valuesOf(table, element));
         }));
+        --elementsIn[at->second.group];
+        ++elementsIn[element.group];
         at->second = element;
     }
     void removeElement() {
-        const auto at =
-            std::next(elements.begin(), static_cast<std::ptrdiff_t>(below(elements.size())));
+        const auto at = anyOf(elements);
         ASSERT_TRUE(attempt([&] {
             Table table(*file.database, "TFillElementParameter");
             table.remove(rowOf(table, at->first));
         }));
+        --elementsIn[at->second.group];
         elements.erase(at);
     }
 
@@ -133,6 +142,7 @@ class Model : public ::testing::Test {
     PaletteFile file;
     std::map<std::int32_t, std::string> groups;
     std::map<std::int32_t, Element> elements;
+    std::map<std::int32_t, std::size_t> elementsIn;  ///< by group
     std::size_t operations = 0;
 };
 
