@@ -1,6 +1,6 @@
 #!/usr/bin/python3
-"""Measures Huebrush beside a Basic macro and a PyUNO script that do the same job, and the recolour
-dialog in its window, and prints tables.
+"""Measures Huebrush beside a Basic macro and a PyUNO script that do the same job, the recolour
+dialog in its window, and the work on palette files beside other readers, and prints tables.
 
     bench/run.py [--json FILE] [--shapes 250,1000,4000,16000] [--runs 3]
 
@@ -20,6 +20,7 @@ ROOT = BENCH.parent
 sys.path[:0] = [str(BENCH), str(ROOT / "tools")]
 
 import dialog  # noqa: E402
+import palettes  # noqa: E402
 from private_office import PrivateOffice  # noqa: E402
 from run_peers import PEERS, medians  # noqa: E402
 
@@ -32,6 +33,7 @@ OPERATIONS = (("scan_ms", "scan"), ("apply_ms", "apply ¼"), ("host_apply_ms", "
               ("scan_dialog_ms", "scan, window"), ("apply_dialog_ms", "apply ¼, window"))
 FEW, MANY = 8, 2000
 DIALOG_ROWS = (200, 1000)
+PALETTE_ROWS = 200_000
 
 
 def huebrush(office):
@@ -106,7 +108,7 @@ def memory_figures(program):
             for run in json.loads(done.stdout)["benchmarks"]}
 
 
-def goals(all_results, memory, dialogs):
+def goals(all_results, memory, dialogs, palette_figures):
     """Each goal with its figure, as (text, figure, whether it is met)."""
     found = []
 
@@ -133,7 +135,7 @@ def goals(all_results, memory, dialogs):
          own <= 1000)
     for text, figure, limit in dialog.goals(dialogs):
         goal(f"the dialog: {text}", figure, figure < limit)
-    return found
+    return found + palettes.verdicts(palette_figures)
 
 
 def main():
@@ -174,16 +176,16 @@ def main():
     print("\nthe logic alone, on the memory host (ns a shape)")
     for name, value in memory.items():
         print(f"{name:24}{value:10.0f}")
-    verdicts = goals(results, memory, dialogs)
-    print("\ngoals")
-    for each in verdicts:
-        print(f"  {'met   ' if each['met'] else 'MISSED'} {each['figure']:10.2f}  {each['goal']}")
+    palette_figures = palettes.measure(arguments.build, arguments.runs, PALETTE_ROWS)
+    palettes.print_table(palette_figures)
+    verdicts = goals(results, memory, dialogs, palette_figures)
+    palettes.print_verdicts(verdicts)
     if arguments.json:
         listed = [{"shapes": s, "fills": f, "nested": n, "results": r}
                   for (s, f, n), r in results.items()]
         arguments.json.write_text(json.dumps(
             {"documents": listed, "memory_ns_per_shape": memory, "dialog": dialogs,
-             "goals": verdicts}, indent=2))
+             "palettes": palette_figures, "goals": verdicts}, indent=2))
 
 
 if __name__ == "__main__":

@@ -1,0 +1,212 @@
+// Measures the work on palette files, and prints figures as JSON. bench/palettes.py runs it beside
+// other readers of the same files.
+//
+//     palette_bench make FOLDER ROWS    one.mdb: one palette of 100 fills; rows.mdb: ROWS fills
+//     palette_bench load FILE ID RUNS   opens the file and loads the palette with that ID
+//     palette_bench scan FILE RUNS      opens the file and reads each value of each fill
+//     palette_bench save FOLDER RUNS    saves a palette of 100 fills in a new file
+
+#include <algorithm>
+#include <chrono>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <iostream>
+#include <numeric>
+#include <vector>
+
+#include "jet/database/Table.h"
+#include "palette/PaletteFile.h"
+#include "palette/mMakeDatabase.h"
+
+namespace {
+
+using namespace huebrush;
+using Clock = std::chrono::steady_clock;
+using Milliseconds = std::chrono::duration<double, std::milli>;
+
+constexpr std::int32_t kFills = 100;
+/// A preview is a picture of 81 × 25 dots with three bytes each.
+constexpr std::size_t kPreviewBytes = 6154;
+
+double median(std::vector<double> values) {
+    std::sort(values.begin(), values.end());
+    return values[values.size() / 2];
+}
+
+double milliseconds(const std::function<void()>& work) {
+    const auto start = Clock::now();
+    work();
+    return Milliseconds(Clock::now() - start).count();
+}
+
+/// A figure of this process in kilobytes, as the system has it.
+std::size_t kilobytes(const std::string& figure) {
+    std::ifstream status("/proc/self/status");
+    for (std::string line; std::getline(status, line);) {
+        if (line.starts_with(figure + ":")) return std::stoul(line.substr(figure.size() + 1));
+    }
+    throw std::runtime_error("the system does not tell " + figure);
+}
+
+/// The files of the system; the time that is spent in bringing them to the medium is noted.
+class TimedFiles final : public jet::FileSystem {
+ public:
+    std::string resolve(const std::string& name) override { return system().resolve(name); }
+    bool exists(const std::string& name) override { return system().exists(name); }
+    std::unique_ptr<jet::File> open(const std::string& name) override {
+        return system().open(name);
+    }
+    std::unique_ptr<jet::File> create(const std::string& name, const std::string& like) override {
+        return std::make_unique<TimedFile>(*this, system().create(name, like));
+    }
+    void replace(const std::string& from, const std::string& to) override {
+        system().replace(from, to);
+    }
+    void moveNew(const std::string& from, const std::string& to) override {
+        system().moveNew(from, to);
+    }
+    void remove(const std::string& name) override { system().remove(name); }
+    void syncFolder(const std::string& name) override {
+        syncs += milliseconds([&] { system().syncFolder(name); });
+    }
+    std::unique_ptr<jet::Lock> lock(const std::string& name) override {
+        return system().lock(name);
+    }
+
+    double syncs = 0;
+
+ private:
+    class TimedFile final : public jet::File {
+     public:
+        TimedFile(TimedFiles& files, std::unique_ptr<jet::File> file)
+            : files_(files), file_(std::move(file)) {}
+        std::uint64_t size() override { return file_->size(); }
+        void read(std::uint64_t at, std::span<std::uint8_t> out) override { file_->read(at, out); }
+        void write(std::uint64_t at, jet::ByteView bytes) override { file_->write(at, bytes); }
+        void sync() override {
+            files_.syncs += milliseconds([&] { file_->sync(); });
+        }
+        bool isCurrent() override { return file_->isCurrent(); }
+
+     private:
+        TimedFiles& files_;
+        std::unique_ptr<jet::File> file_;
+    };
+
+    static jet::FileSystem& system() { return jet::systemFiles(); }
+};
+
+palette::Palette makePalette(std::int32_t fills, std::size_t previewBytes) {
+    palette::Palette palette{{{"Name", std::string("Podzimní barvy")}}, {}};
+    for (std::int32_t order = 0; order < fills; ++order) {
+        palette::Record fill{{"OrderNumber", order}};
+        for (const char* const name :
+             {"Visible", "ForeColorRGB", "BackColorRGB", "Transparency", "GradientStyle",
+              "GradientColorType", "GradientVariant", "GradientDegree", "PresetGradientType",
+              "TextureType", "Type", "PresetTexture", "Pattern"}) {
+            fill.emplace_back(name, order * 7);
+        }
+        fill.emplace_back("TextureName", std::string("Žula"));
+        fill.emplace_back("PictureName", std::string());
+        if (previewBytes > 0) {
+            fill.emplace_back("FillPreview",
+                              jet::Bytes(previewBytes, static_cast<std::uint8_t>(order)));
+        }
+        palette.elements.push_back(std::move(fill));
+    }
+    return palette;
+}
+
+std::shared_ptr<jet::Database> makeFile(const std::string& name, jet::FileSystem& files) {
+    std::filesystem::remove(name);
+    if (!palette::MakeDatabase(name, files)) throw std::runtime_error("cannot make " + name);
+    return jet::Database::open(files, name);
+}
+
+void makeFiles(const std::string& folder, std::int32_t rows) {
+    const auto one = makeFile(folder + "/one.mdb", jet::systemFiles());
+    palette::addPalettes(*one, {makePalette(kFills, kPreviewBytes)});
+    const auto many = makeFile(folder + "/rows.mdb", jet::systemFiles());
+    many->inOneCommit([&] {
+        for (std::int32_t left = rows; left > 0; left -= kFills) {
+            palette::addPalettes(*many, {makePalette(std::min(left, kFills), 0)});
+        }
+    });
+}
+
+/// Work that returns how many fills it has met, done several times over.
+void measureReading(int runs, const std::function<std::size_t()>& work) {
+    const std::size_t before = kilobytes("VmRSS");
+    std::vector<double> times;
+    std::size_t fills = 0;
+    for (int run = 0; run < runs; ++run) {
+        times.push_back(milliseconds([&] { fills = work(); }));
+    }
+    std::cout << R"({"ms":)" << median(times) << R"(,"fills":)" << fills << R"(,"memory_kb":)"
+              << kilobytes("VmHWM") - before << "}\n";
+}
+
+std::size_t load(const std::string& file, std::int32_t id) {
+    const auto database = jet::Database::open(jet::systemFiles(), file);
+    const jet::Table groups(*database, palette::kGroupTable);
+    const auto rows = groups.find(groups.column("ID"), id);
+    return rows.empty() ? 0 : palette::fillsOf(*database, id).size();
+}
+
+std::size_t scan(const std::string& file) {
+    const auto database = jet::Database::open(jet::systemFiles(), file);
+    const jet::Table fills(*database, palette::kElementTable);
+    std::size_t rows = 0;
+    fills.scan([&](jet::RowId, const jet::Row& row) {
+        for (const jet::Column& column : fills.definition().columns) fills.value(row, column);
+        ++rows;
+        return true;
+    });
+    return rows;
+}
+
+void measureSaving(const std::string& folder, int runs) {
+    const palette::Palette saved = makePalette(kFills, kPreviewBytes);
+    std::vector<double> times;
+    std::vector<double> syncs;
+    TimedFiles files;
+    for (int run = 0; run < runs; ++run) {
+        const auto database = makeFile(folder + "/saved.mdb", files);
+        files.syncs = 0;
+        const double time = milliseconds([&] { palette::addPalettes(*database, {saved}); });
+        times.push_back(time - files.syncs);
+        syncs.push_back(files.syncs);
+    }
+    std::cout << R"({"ms":)" << median(times) << R"(,"sync_ms":)" << median(syncs) << "}\n";
+}
+
+int run(const std::vector<std::string>& arguments) {
+    const std::string command = arguments.empty() ? "" : arguments[0];
+    if (command == "make" && arguments.size() == 3) {
+        makeFiles(arguments[1], std::stoi(arguments[2]));
+    } else if (command == "load" && arguments.size() == 4) {
+        const std::int32_t id = std::stoi(arguments[2]);
+        measureReading(std::stoi(arguments[3]), [&] { return load(arguments[1], id); });
+    } else if (command == "scan" && arguments.size() == 3) {
+        measureReading(std::stoi(arguments[2]), [&] { return scan(arguments[1]); });
+    } else if (command == "save" && arguments.size() == 3) {
+        measureSaving(arguments[1], std::stoi(arguments[2]));
+    } else {
+        std::cerr << "palette_bench make|load|scan|save …\n";
+        return 2;
+    }
+    return 0;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    try {
+        return run({argv + 1, argv + argc});
+    } catch (const std::exception& error) {
+        std::cerr << error.what() << '\n';
+        return 1;
+    }
+}

@@ -1,0 +1,120 @@
+#!/usr/bin/python3
+"""Measures the work on palette files beside mdb-export and mdb-reader on the same files.
+
+    bench/palettes.py [--build FOLDER] [--rows 200000] [--runs 5]
+
+Our times and those of mdb-reader are taken inside the process. mdb-export is measured as a whole
+process, less the time in which the same program starts and does nothing; what it prints is thrown
+away.
+"""
+
+import argparse
+import json
+import statistics
+import subprocess
+import tempfile
+import time
+from pathlib import Path
+
+ROOT = Path(__file__).resolve().parents[1]
+TABLE = "TFillElementParameter"
+FILLS = 100
+# A bound for what loading a palette of a large file takes: its own values and the pages they are on.
+LOAD_MEMORY_KB = 4096
+
+
+def process_ms(*command):
+    start = time.monotonic()
+    subprocess.run(command, check=True, stdout=subprocess.DEVNULL)
+    return (time.monotonic() - start) * 1000
+
+
+def export_figures(file, runs):
+    printed = subprocess.run(["mdb-export", "-b", "hex", file, TABLE], check=True,
+                             stdout=subprocess.PIPE).stdout
+    start = statistics.median(process_ms("mdb-export", "--version") for _ in range(runs * 3))
+    whole = statistics.median(process_ms("mdb-export", "-b", "hex", file, TABLE)
+                              for _ in range(runs))
+    return {"ms": whole - start, "start_ms": start, "fills": printed.count(b"\n") - 1}
+
+
+def run_json(*command):
+    done = subprocess.run(list(map(str, command)), check=True, stdout=subprocess.PIPE)
+    return json.loads(done.stdout)
+
+
+def measure(build, runs, rows):
+    """The figures of all three by operation; they must have seen the same fills."""
+    bench, readers = build / "bin" / "palette_bench", build / "readers"
+    subprocess.run([ROOT / "tests" / "readers" / "install.sh", readers], check=True)
+    figures = {}
+    with tempfile.TemporaryDirectory(prefix="huebrush-bench-") as folder:
+        subprocess.run([bench, "make", folder, str(rows)], check=True)
+        one, many = Path(folder) / "one.mdb", Path(folder) / "rows.mdb"
+        for name, file, ours in (("load", one, ("load", one, 1, runs * 20)),
+                                 ("scan", many, ("scan", many, runs))):
+            figures[name] = {"huebrush": run_json(bench, *ours),
+                             "mdb-export": export_figures(file, runs),
+                             "mdb-reader": run_json("node", readers / "measure.mjs", file, TABLE,
+                                                    runs)}
+            counts = {reader: each["fills"] for reader, each in figures[name].items()}
+            if len(set(counts.values())) != 1:
+                raise RuntimeError(f"the readers disagree about the fills: {counts}")
+        # In the middle of a large file, in a process that does nothing else.
+        figures["load_of_many"] = {
+            "huebrush": run_json(bench, "load", many, rows // FILLS // 2, 1),
+            "file_kb": many.stat().st_size // 1024}
+        figures["save"] = {"huebrush": run_json(bench, "save", folder, runs * 5)}
+    return figures
+
+
+def print_table(figures):
+    print("\npalette files (ms)")
+    print(f"{'':12}{'load of 100':>16}{'scan':>16}{'save of 100':>16}{'its syncs':>16}")
+    for reader in ("huebrush", "mdb-export", "mdb-reader"):
+        cells = [f"{figures[name][reader]['ms']:.2f}" for name in ("load", "scan")]
+        if reader == "huebrush":
+            saved = figures["save"][reader]
+            cells += [f"{saved['ms']:.2f}", f"{saved['sync_ms']:.2f}"]
+        print(f"{reader:12}" + "".join(f"{cell:>16}" for cell in cells))
+    memory = figures["load_of_many"]
+    print(f"loading {FILLS} fills of a file of {memory['file_kb']} KB took "
+          f"{memory['huebrush']['memory_kb']} KB of memory")
+
+
+def goals(figures):
+    """Each goal as (text, figure, limit, whether a greater figure is better)."""
+    for name, factor in (("load", 5), ("scan", 4)):
+        both = figures[name]
+        yield (f"{name} ≥ {factor}× as fast as mdb-export without its start",
+               both["mdb-export"]["ms"] / both["huebrush"]["ms"], factor, True)
+    yield "save of 100 fills < 5 ms plus syncs", figures["save"]["huebrush"]["ms"], 5, False
+    yield ("KB of memory to load 100 fills of a large file",
+           figures["load_of_many"]["huebrush"]["memory_kb"], LOAD_MEMORY_KB, False)
+
+
+def verdicts(figures):
+    return [{"goal": f"palettes: {text}", "figure": round(figure, 2),
+             "met": bool(figure >= limit if more else figure < limit)}
+            for text, figure, limit, more in goals(figures)]
+
+
+def print_verdicts(found):
+    print("\ngoals")
+    for each in found:
+        print(f"  {'met   ' if each['met'] else 'MISSED'} {each['figure']:10.2f}  {each['goal']}")
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
+    parser.add_argument("--build", type=Path, default=ROOT / "build" / "release")
+    parser.add_argument("--rows", type=int, default=200_000)
+    parser.add_argument("--runs", type=int, default=5)
+    arguments = parser.parse_args()
+    figures = measure(arguments.build, arguments.runs, arguments.rows)
+    print_table(figures)
+    print_verdicts(verdicts(figures))
+
+
+if __name__ == "__main__":
+    main()
