@@ -122,9 +122,13 @@ std::u16string toUtf16(std::string_view utf8) {
 
 std::string toUtf8(std::u16string_view utf16) {
     std::string out;
+    out.reserve(utf16.size());
     for (std::size_t at = 0; at < utf16.size(); ++at) {
         const char16_t unit = utf16[at];
-        if (isHighSurrogate(unit) && at + 1 < utf16.size() && isLowSurrogate(utf16[at + 1])) {
+        if (unit < 0x80) {
+            out += static_cast<char>(unit);
+        } else if (isHighSurrogate(unit) && at + 1 < utf16.size() &&
+                   isLowSurrogate(utf16[at + 1])) {
             const char32_t high = static_cast<char32_t>(unit - 0xD800) << 10U;
             encodeUtf8(0x10000 + high + static_cast<char32_t>(utf16[++at] - 0xDC00), out);
         } else {

@@ -26,8 +26,11 @@ bool isCompressed(ByteView bytes) {
 }
 
 void appendPlain(std::u16string& out, ByteView bytes) {
-    for (std::size_t at = 0; at + 2 <= bytes.size(); at += 2) {
-        out += static_cast<char16_t>(bytes[at] | bytes[at + 1] << 8U);
+    const std::size_t units = bytes.size() / 2;
+    const std::size_t before = out.size();
+    out.resize(before + units);
+    for (std::size_t i = 0; i < units; ++i) {
+        out[before + i] = static_cast<char16_t>(bytes[2 * i] | bytes[2 * i + 1] << 8U);
     }
 }
 
@@ -39,7 +42,7 @@ std::u16string expand(ByteView bytes) {
         if (single) {
             const auto end = std::find(bytes.begin(), bytes.end(), 0);
             const auto count = static_cast<std::size_t>(end - bytes.begin());
-            for (const std::uint8_t byte : bytes.first(count)) out += byte;
+            out.append(bytes.begin(), end);
             bytes = bytes.subspan(count);
         } else {
             std::size_t count = 0;
