@@ -238,11 +238,20 @@ std::uint32_t childTree(Database& database, TableDefinition& table, const Column
     MapSource maps(database.pages(), database.space(), table.ownedMap.page);
     table.trees.push_back(makeTree(database, maps, table.page, {{column.number}}));
     const IndexTree& tree = table.trees.back();
+    if (!keysKnown(table, tree)) {
+        refuse(ErrorNumber::kNotSupported,
+               text("Pořadí hodnot sloupce „", column.name, "“ v indexu není známo."));
+    }
     Index index(database.pages(), tree, table.page, &database.space());
     std::uint32_t distinct = 0;
     scanTable(database.pages(), table, [&](RowId id, const Row& row) {
         const auto key = encodeKey(
             table, tree, [&](const Column& each) { return valueOf(database.pages(), row, each); });
+        if (!key) {
+            refuse(ErrorNumber::kNotSupported,
+                   text("Sloupec „", column.name,
+                        "“ obsahuje znak, jehož pořadí v indexu není známo."));
+        }
         if (!index.contains(key->bytes)) ++distinct;
         index.insert(key->bytes, id);
         return true;

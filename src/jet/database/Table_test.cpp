@@ -409,5 +409,19 @@ TEST(Relation, IsNotMadeOverRowsThatBreakIt) {
     EXPECT_THROW(createRelation(*database, {"R", "C", "P", "P", "ID"}), base::Error);
 }
 
+TEST(Relation, NeedsAnOrderForEachValueThatIsThere) {
+    MemoryFiles files;
+    createDatabase(files, "/r.mdb");
+    const auto database = Database::open(files, "/r.mdb");
+    createTable(*database, {"P", {{"Name", ColumnType::text, 9}}, {{"K", {"Name"}, true, true}}});
+    createTable(*database, {"C", {{"P", ColumnType::text, 9}}, {}});
+    database->change([&] {
+        Table table(*database, "C");
+        table.insert({{&table.column("P"), std::string("文")}});
+    });
+    EXPECT_THROW(createRelation(*database, {"R", "C", "P", "P", "Name"}), base::Error);
+    EXPECT_EQ(faults(*database), "");
+}
+
 }  // namespace
 }  // namespace huebrush::jet
