@@ -3,6 +3,7 @@
 import json
 import os
 import pty
+import signal
 import stat
 import subprocess
 import unittest
@@ -131,23 +132,28 @@ class New(OnPaletteFiles):
         self.assertEqual(self.dump(), [])
         self.only_files("fill.mdb", "link.mdb", "palettes.json")
 
-    def answer(self, answers, before_answering=lambda: None):
-        """Makes a file in a folder that is not there, with a user at a terminal."""
+    def asked(self):
+        """The program, making a file in a folder that is not there, as it asks a user at a terminal
+        what to do; the terminal; and what it has said."""
         terminal, theirs = pty.openpty()
         self.addCleanup(os.close, terminal)
         program = subprocess.Popen([PROGRAM, "palette", "new", self.folder / "no" / "fill.mdb"],
                                    stdin=theirs, stdout=subprocess.PIPE, stderr=subprocess.PIPE)
         os.close(theirs)
         self.addCleanup(program.kill)
-        asked = b""
-        while not asked.endswith(b"[a/r/i] "):
+        said = b""
+        while not said.endswith(b"[a/r/i] "):
             piece = os.read(program.stderr.fileno(), 1000)
-            self.assertTrue(piece, asked)
-            asked += piece
+            self.assertTrue(piece, said)
+            said += piece
+        return program, terminal, said
+
+    def answer(self, answers, before_answering=lambda: None):
+        program, terminal, said = self.asked()
         before_answering()
         os.write(terminal, answers)
         out, rest = program.communicate(timeout=LIMIT)
-        return program.returncode, out, (asked + rest).decode()
+        return program.returncode, out, (said + rest).decode()
 
     def test_asks_whether_to_try_again(self):
         code, _, asked = self.answer(b"what?\nr\n", (self.folder / "no").mkdir)
@@ -159,6 +165,14 @@ class New(OnPaletteFiles):
     def test_ends_when_the_user_aborts(self):
         code, out, _ = self.answer(b"a\n")
         self.assertEqual((code, out), (1, b""))
+        self.only_files("fill.mdb")
+
+    def test_ends_when_the_user_interrupts_the_question(self):
+        program, _, _ = self.asked()
+        program.send_signal(signal.SIGINT)
+        out, rest = program.communicate(timeout=LIMIT)
+        self.assertEqual((program.returncode, out), (130, b""))
+        self.assertEqual(rest, b"huebrush: interrupted, nothing was written\n")
         self.only_files("fill.mdb")
 
 
