@@ -1,6 +1,6 @@
 # The everyday commands. `make demo` and `make check` do everything on a fresh machine.
 
-.PHONY: all packages build demo check unit long asan office lint format bench screenshots clean
+.PHONY: all packages build demo check unit long asan fuzz office lint format bench screenshots clean
 
 CTEST := ctest --output-on-failure
 
@@ -17,7 +17,7 @@ demo: build
 	@tools/demo.sh
 
 # The sanitizers first: what they find explains the rest.
-check: asan build lint
+check: asan fuzz build lint
 	$(CTEST) --test-dir build/release -j2 -L unit
 	$(CTEST) --test-dir build/release -j2 -L libreoffice
 
@@ -25,6 +25,12 @@ asan: packages
 	@cmake --preset asan >/dev/null
 	@cmake --build --preset asan
 	$(CTEST) --test-dir build/asan -j2 -LE long
+
+# A minute of random inputs for the database engine.
+fuzz: packages
+	@cmake --preset fuzz >/dev/null
+	@cmake --build --preset fuzz
+	$(CTEST) --test-dir build/fuzz -L fuzz
 
 unit: build
 	$(CTEST) --test-dir build/release -j2 -L unit

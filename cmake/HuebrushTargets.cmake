@@ -16,6 +16,12 @@ if(HUEBRUSH_SANITIZE)
   target_link_options(huebrush_flags INTERFACE -fsanitize=address,undefined)
 endif()
 
+if(HUEBRUSH_FUZZ)
+  target_compile_options(huebrush_flags INTERFACE -fsanitize=fuzzer-no-link)
+  # Places in the standard library's containers are checked, too.
+  target_compile_definitions(huebrush_flags INTERFACE _GLIBCXX_ASSERTIONS)
+endif()
+
 # huebrush_library(NAME USES library... SOURCES file...)
 # The library of the current folder. USES lists the folders that it may include, which the build
 # links and tests/structure checks.

@@ -12,7 +12,7 @@ packages=(
   # another reader of database files, to compare with
   mdbtools
   # checks
-  clang-format clang-tidy
+  clang clang-format clang-tidy libclang-rt-dev
   # tests in the host's windows, and pictures of its documents
   python3 python3-uno xvfb xauth xdotool openbox wmctrl x11-utils imagemagick poppler-utils procps
 )
