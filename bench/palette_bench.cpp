@@ -72,10 +72,13 @@ class TimedFiles final : public jet::FileSystem {
         syncs += milliseconds([&] { system().syncFolder(name); });
     }
     std::unique_ptr<jet::Lock> lock(const std::string& name) override {
-        return system().lock(name);
+        return std::make_unique<TimedLock>(*this, system().lock(name));
     }
 
     double syncs = 0;
+    /// The lock is the last that holds a replaced file open; then the system takes it off the
+    /// medium.
+    double removals = 0;
 
  private:
     class TimedFile final : public jet::File {
@@ -93,6 +96,21 @@ class TimedFiles final : public jet::FileSystem {
      private:
         TimedFiles& files_;
         std::unique_ptr<jet::File> file_;
+    };
+
+    class TimedLock final : public jet::Lock {
+     public:
+        TimedLock(TimedFiles& files, std::unique_ptr<jet::Lock> lock)
+            : files_(files), lock_(std::move(lock)) {}
+        TimedLock(const TimedLock&) = delete;
+        TimedLock& operator=(const TimedLock&) = delete;
+        ~TimedLock() override {
+            files_.removals += milliseconds([&] { lock_.reset(); });
+        }
+
+     private:
+        TimedFiles& files_;
+        std::unique_ptr<jet::Lock> lock_;
     };
 
     static jet::FileSystem& system() { return jet::systemFiles(); }
@@ -171,15 +189,19 @@ void measureSaving(const std::string& folder, int runs) {
     const palette::Palette saved = makePalette(kFills, kPreviewBytes);
     std::vector<double> times;
     std::vector<double> syncs;
+    std::vector<double> removals;
     TimedFiles files;
     for (int run = 0; run < runs; ++run) {
         const auto database = makeFile(folder + "/saved.mdb", files);
         files.syncs = 0;
+        files.removals = 0;
         const double time = milliseconds([&] { palette::addPalettes(*database, {saved}); });
         times.push_back(time - files.syncs);
         syncs.push_back(files.syncs);
+        removals.push_back(files.removals);
     }
-    std::cout << R"({"ms":)" << median(times) << R"(,"sync_ms":)" << median(syncs) << "}\n";
+    std::cout << R"({"ms":)" << median(times) << R"(,"sync_ms":)" << median(syncs)
+              << R"(,"removal_ms":)" << median(removals) << "}\n";
 }
 
 int run(const std::vector<std::string>& arguments) {
