@@ -64,12 +64,14 @@ endfunction()
 # headers are read once for all programs, and less is optimised. What is tested is built as ever.
 function(huebrush_compile_tests_fast name)
   target_compile_options(${name} PRIVATE $<$<CONFIG:RelWithDebInfo>:-O1>)
-  get_property(owner GLOBAL PROPERTY huebrush_test_headers)
+  get_target_property(kind ${name} TYPE)
+  # Programs and libraries are compiled with different options.
+  get_property(owner GLOBAL PROPERTY huebrush_test_headers_${kind})
   if(owner)
     target_precompile_headers(${name} REUSE_FROM ${owner})
   else()
     target_precompile_headers(${name} PRIVATE
       <gtest/gtest.h> <functional> <map> <memory> <optional> <string> <vector>)
-    set_property(GLOBAL PROPERTY huebrush_test_headers ${name})
+    set_property(GLOBAL PROPERTY huebrush_test_headers_${kind} ${name})
   endif()
 endfunction()

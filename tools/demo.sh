@@ -31,6 +31,16 @@ echo "         $folder/after.png"
 if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
   echo "opening Writer with the result and the Huebrush tool bar ..."
   profile=$(realpath "$folder")/profile
+  settings=$profile/user/registrymodifications.xcu
+  if [ ! -e "$settings" ]; then
+    mkdir -p "$profile/user"
+    cat >"$settings" <<'END'  # Writer's tip of the day would lie over the picture.
+<?xml version="1.0" encoding="UTF-8"?>
+<oor:items xmlns:oor="http://openoffice.org/2001/registry">
+<item oor:path="/org.openoffice.Office.Common/Misc"><prop oor:name="ShowTipOfTheDay" oor:op="fuse"><value>false</value></prop></item>
+</oor:items>
+END
+  fi
   soffice --norestore "-env:UserInstallation=file://$profile" \
     "-env:BUNDLED_EXTENSIONS=file://$(realpath build/release/extension)" \
     --writer "$output" >/dev/null 2>&1 &
