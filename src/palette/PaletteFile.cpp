@@ -30,6 +30,11 @@ void sortBy(const std::string& column, std::vector<Record>& records) {
     });
 }
 
+bool has(const Record& record, const std::string& column) {
+    return std::any_of(record.begin(), record.end(),
+                       [&](const auto& named) { return named.first == column; });
+}
+
 /// What a table is to get for a record, of which the values in `given` are known better.
 Table::Values valuesFor(const Table& table, const Record& record, const Record& given) {
     Table::Values values;
@@ -37,18 +42,10 @@ Table::Values valuesFor(const Table& table, const Record& record, const Record& 
         values.emplace_back(&table.column(named.first), named.second);
     };
     for (const auto& named : record) {
-        const bool isGiven = std::any_of(given.begin(), given.end(), [&](const auto& each) {
-            return each.first == named.first;
-        });
-        if (!isGiven && named.first != "ID") add(named);
+        if (!has(given, named.first) && named.first != "ID") add(named);
     }
     std::for_each(given.begin(), given.end(), add);
     return values;
-}
-
-bool has(const Record& record, const std::string& column) {
-    return std::any_of(record.begin(), record.end(),
-                       [&](const auto& named) { return named.first == column; });
 }
 
 /// An index on the name would find names that only compare alike, so all rows are looked at.
