@@ -37,32 +37,39 @@ bool UsageMap::inlineForm() const {
     return row(keep).u8(0) == kInline;
 }
 
+UsageMap::Bits UsageMap::inlineBits(const Reader& row) const {
+    if (row.size() <= kInlineHeader) return {};
+    return {where_.page, row.origin() + kInlineHeader, row.size() - kInlineHeader, row.u32(1)};
+}
+
+UsageMap::Bits UsageMap::bitmap(const Reader& row, std::size_t number) const {
+    const std::size_t at = 1 + 4 * number;
+    const PageNumber holder = at + 4 <= row.size() ? row.u32(at) : 0;
+    if (holder == 0) return {};
+    row.require(holder < pages_->count(), at, rule::kPageExists);
+    return {holder, kBitmapHeader, kBitmapBytes, static_cast<PageNumber>(number) * kPagesABitmap};
+}
+
 std::vector<UsageMap::Bits> UsageMap::stretches() const {
     PagePointer keep;
     const Reader bytes = row(keep);
     std::vector<Bits> found;
     if (bytes.u8(0) == kInline) {
-        if (bytes.size() > kInlineHeader) {
-            found.push_back({where_.page, bytes.origin() + kInlineHeader,
-                             bytes.size() - kInlineHeader, bytes.u32(1)});
-        }
-        return found;
+        found.push_back(inlineBits(bytes));
+    } else {
+        for (std::size_t i = 0; i < bytes.size() / 4; ++i) found.push_back(bitmap(bytes, i));
     }
-    for (std::size_t at = 1; at + 4 <= bytes.size(); at += 4) {
-        const PageNumber holder = bytes.u32(at);
-        if (holder == 0) continue;
-        bytes.require(holder < pages_->count(), at, rule::kPageExists);
-        found.push_back({holder, kBitmapHeader, kBitmapBytes,
-                         static_cast<PageNumber>((at - 1) / 4) * kPagesABitmap});
-    }
+    std::erase_if(found, [](const Bits& bits) { return bits.size == 0; });
     return found;
 }
 
 std::optional<UsageMap::Bits> UsageMap::stretchOf(PageNumber page) const {
-    for (const Bits& bits : stretches()) {
-        if (page >= bits.first && (page - bits.first) / 8 < bits.size) return bits;
-    }
-    return std::nullopt;
+    PagePointer keep;
+    const Reader bytes = row(keep);
+    const Bits bits =
+        bytes.u8(0) == kInline ? inlineBits(bytes) : bitmap(bytes, page / kPagesABitmap);
+    if (page < bits.first || (page - bits.first) / 8 >= bits.size) return std::nullopt;
+    return bits;
 }
 
 std::vector<PageNumber> UsageMap::bitmapPages() const {

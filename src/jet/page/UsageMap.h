@@ -47,6 +47,9 @@ class UsageMap {
 
     bool inlineForm() const;
     Reader row(PagePointer& keep) const;
+    /// Empty (of size 0) where the row has none.
+    Bits inlineBits(const Reader& row) const;
+    Bits bitmap(const Reader& row, std::size_t number) const;
     std::vector<Bits> stretches() const;
     std::optional<Bits> stretchOf(PageNumber page) const;
     void setBit(PageNumber page, bool value);
