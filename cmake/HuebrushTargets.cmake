@@ -11,15 +11,15 @@ if(NOT HUEBRUSH_FULL_DEBUG_INFO)
   target_compile_options(huebrush_flags INTERFACE -g1)
 endif()
 if(HUEBRUSH_SANITIZE)
+  if(NOT CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+    message(FATAL_ERROR "HUEBRUSH_SANITIZE needs clang, with which libFuzzer comes")
+  endif()
+  # One build for the tests and the fuzzers: what fuzzers want to know of the code costs tests little.
   target_compile_options(huebrush_flags INTERFACE
-    -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    -fsanitize=address,undefined,fuzzer-no-link -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_link_options(huebrush_flags INTERFACE -fsanitize=address,undefined)
-endif()
-
-if(HUEBRUSH_FUZZ)
-  target_compile_options(huebrush_flags INTERFACE -fsanitize=fuzzer-no-link)
   # Places in the standard library's containers are checked, too.
-  target_compile_definitions(huebrush_flags INTERFACE _GLIBCXX_ASSERTIONS)
+  target_compile_definitions(huebrush_flags INTERFACE HUEBRUSH_SANITIZED _GLIBCXX_ASSERTIONS)
 endif()
 
 # huebrush_library(NAME USES library... SOURCES file...)

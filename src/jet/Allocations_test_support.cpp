@@ -19,7 +19,7 @@ Counters counters;
 
 }  // namespace
 
-#if !defined(__SANITIZE_ADDRESS__)
+#if !defined(HUEBRUSH_SANITIZED)
 
 void* operator new(std::size_t size) {
     void* const memory = std::malloc(std::max<std::size_t>(size, 1));

@@ -8,7 +8,7 @@ namespace huebrush::jet {
 /// and the work of what it calls, whatever the speed of the machine. Counted where the sanitizers
 /// do not allocate themselves.
 struct Allocations {
-#if defined(__SANITIZE_ADDRESS__)
+#if defined(HUEBRUSH_SANITIZED)
     static constexpr bool kCounted = false;
 #else
     static constexpr bool kCounted = true;

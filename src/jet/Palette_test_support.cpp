@@ -50,7 +50,8 @@ std::int32_t addPalette(Database& database, const std::string& name,
             Table table(database, "TFillElementParameter");
             table.insert({{&table.column("GroupID"), id},
                           {&table.column("OrderNumber"), order},
-                          {&table.column("TextureName"), std::string(order % 7U * 9U, 't') + "ěšč"},
+                          {&table.column("TextureName"),
+                           std::string(static_cast<std::size_t>(order) % 7 * 9, 't') + "ěšč"},
                           {&table.column("FillPreview"),
                            patternBytes(size, static_cast<std::uint32_t>(order))}});
         });

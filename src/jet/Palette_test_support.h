@@ -10,7 +10,7 @@
 namespace huebrush::jet {
 
 /// Under the sanitizers large tests do a part of their work.
-#if defined(__SANITIZE_ADDRESS__)
+#if defined(HUEBRUSH_SANITIZED)
 inline constexpr std::uint32_t kShare = 20;
 #else
 inline constexpr std::uint32_t kShare = 1;

@@ -96,8 +96,7 @@ TEST_F(Volumes, MuchMakesDeepIndexesAndMapsOfBitmapPages) {
 }
 
 TEST_F(Volumes, ErasingHalfAndAddingAgainDoesNotMakeTheFileGrow) {
-    std::vector<std::size_t> previews;
-    for (const std::size_t size : {0, 100, 2000, 5000, 3, 900}) previews.push_back(size);
+    std::vector<std::size_t> previews{0, 100, 2000, 5000, 3, 900};
     previews.resize(20, 0);
     std::vector<std::int32_t> ids(casesOf(2000, 100));
     file.database->inOneCommit([&] {

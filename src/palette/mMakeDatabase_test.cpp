@@ -47,7 +47,7 @@ class Making : public ::testing::Test {
     }
     /// Lets the n-th call of the system from now on fail, once.
     void failOnce(const std::string& call, std::size_t number = 1) {
-        files.onCall = [this, call, number, seen = std::size_t{0}](const char* what) mutable {
+        files.onCall = [call, number, seen = std::size_t{0}](const char* what) mutable {
             if (what == call && ++seen == number) {
                 throw base::Error(jet::ErrorNumber::kOutOfSpace, "Disk je plný.");
             }
