@@ -11,7 +11,9 @@
 #include <com/sun/star/drawing/XControlShape.hpp>
 #include <com/sun/star/frame/XStorable.hpp>
 #include <com/sun/star/lang/XMultiServiceFactory.hpp>
+#include <com/sun/star/style/BreakType.hpp>
 #include <com/sun/star/style/XStyleFamiliesSupplier.hpp>
+#include <com/sun/star/text/ControlCharacter.hpp>
 #include <com/sun/star/text/TextContentAnchorType.hpp>
 #include <com/sun/star/text/XTextDocument.hpp>
 #include <com/sun/star/util/XModifiable.hpp>
@@ -480,6 +482,48 @@ TEST_F(DocumentsTest, ASelectedMemberIsKnownAsTheSameShape) {
     EXPECT_EQ(selected->Item(1)->Fill().ForeColorRGB(), kBlue);
     pageOf(open.model())->remove(group);
     EXPECT_THROW(selected->Item(1)->Fill().Visible(), base::Error);
+}
+
+/// Ends the text with a paragraph of its own page, and ties a rectangle to it.
+void addPageWithRectangle(const ModelReference& model) {
+    const Reference<css::text::XText> text(
+        Reference<css::text::XTextDocument>(model, UNO_QUERY_THROW)->getText());
+    text->insertControlCharacter(text->getEnd(), css::text::ControlCharacter::PARAGRAPH_BREAK,
+                                 false);
+    const Reference<css::beans::XPropertySet> paragraph(
+        text->createTextCursorByRange(text->getEnd()), UNO_QUERY_THROW);
+    paragraph->setPropertyValue("BreakType", Any(css::style::BreakType_PAGE_BEFORE));
+    const ShapeReference shape = newShape(model, "RectangleShape");
+    setProperty(shape, "AnchorType", css::text::TextContentAnchorType_AT_PARAGRAPH);
+    text->insertTextContent(text->getEnd(),
+                            Reference<css::text::XTextContent>(shape, UNO_QUERY_THROW), false);
+}
+
+TEST_F(DocumentsTest, ShapesOnPagesThatAreNotLaidOutYetAreSelectedToo) {
+    constexpr std::int32_t kPages = 60;
+    for (std::int32_t i = 0; i < kPages; ++i) addPageWithRectangle(open.model());
+    const StoredFile file(".odt");
+    file.store(open.model(), "writer8");
+    OpenDocument again(OpenDocument::Window::shown, file.url());
+    // What the office by itself takes into the selection.
+    const Reference<css::view::XSelectionSupplier> window(again.model()->getCurrentController(),
+                                                          UNO_QUERY_THROW);
+    const auto all = libreoffice::createService<css::drawing::XShapes>(
+        officeContext(), "com.sun.star.drawing.ShapeCollection");
+    const auto page = pageOf(again.model());
+    for (std::int32_t i = 0; i < page->getCount(); ++i) {
+        all->add(ShapeReference(page->getByIndex(i), UNO_QUERY_THROW));
+    }
+    window->select(Any(all));
+    const auto shapesOf = documents.documentOf(again.model());
+    ASSERT_LT(shapesOf->Selection()->ShapeRange()->Count(), kPages);
+
+    std::vector<std::string> names;
+    const auto enumerator = shapesOf->Shapes()->enumerate();
+    while (const auto next = enumerator->next()) names.push_back(next->Name());
+    ASSERT_EQ(names.size(), static_cast<std::size_t>(kPages));
+    shapesOf->Shapes()->Range(names)->Select();
+    EXPECT_EQ(shapesOf->Selection()->ShapeRange()->Count(), kPages);
 }
 
 TEST_F(DocumentsTest, SelectedTextIsNoShape) {

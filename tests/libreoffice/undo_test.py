@@ -12,7 +12,7 @@ import tempfile
 import unittest
 from pathlib import Path
 
-import uno
+import uno  # pylint: disable=unused-import  # The modules of the office come with it.
 from com.sun.star.beans import NamedValue
 
 from screen import Screen, wait_until
@@ -60,9 +60,8 @@ class UndoTest(unittest.TestCase):
                         "--shapes", str(SHAPES), "--fills", "8", "--nested"], check=True)
         self.writer = self.enter(Writer(self.screen, options.office, folder.name,
                                         options.extensions, "gen", has_bar=False))
-        self.document = self.writer.desktop.loadComponentFromURL(
-            uno.systemPathToFileUrl(self.path), "_default", 0, ())
-        self.frame = self.document.CurrentController.Frame
+        self.frame = self.writer.open_document(self.path)
+        self.document = self.frame.Controller.Model
 
     def enter(self, context):
         value = context.__enter__()

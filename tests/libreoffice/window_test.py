@@ -171,11 +171,9 @@ class WindowTest(WriterCase):
         subprocess.run([sys.executable, str(maker), path, "--shapes", "4000", "--fills", "8"],
                        check=True)
         writer = self.start()
-        document = writer.desktop.loadComponentFromURL(uno.systemPathToFileUrl(path),
-                                                       "_default", 0, ())
-        frame = document.CurrentController.Frame
+        frame = writer.open_document(path)
         wait_until(lambda: writer.bar(frame), "the window has the bar")
-        writer.select(frame, document.DrawPage.getByIndex(0))
+        writer.select(frame, frame.Controller.Model.DrawPage.getByIndex(0))
         writer.click_button(BY_FILL, frame)
         wait_until(lambda: len(writer.selected_names(frame)) == 500, "an eighth is selected")
 

@@ -98,14 +98,21 @@ class Writer(Office):
 
     def new_document(self, hidden=False):
         """A further document; its frame."""
-        document = self.desktop.loadComponentFromURL(
-            "private:factory/swriter", "_blank", 0,
-            # A window made on another thread can wait for the clipboard for ever.
-            (PropertyValue("Hidden", 0, hidden, 0), PropertyValue("OnMainThread", 0, True, 0)))
-        frame = document.CurrentController.Frame
+        frame = self._open("private:factory/swriter", hidden)
         if not hidden:
             self.maximise(frame)
         return frame
+
+    def open_document(self, path):
+        """A further document, from a file; its frame, of which the contents may not be laid out."""
+        return self._open(uno.systemPathToFileUrl(path))
+
+    def _open(self, url, hidden=False):
+        document = self.desktop.loadComponentFromURL(
+            url, "_blank", 0,
+            # A window made on another thread can wait for the clipboard for ever.
+            (PropertyValue("Hidden", 0, hidden, 0), PropertyValue("OnMainThread", 0, True, 0)))
+        return document.CurrentController.Frame
 
     def add_shape(self, frame, place, fill=None, line=None, kind="Rectangle"):
         """A shape in column and row `place` of a grid, with solid colours (0xRRGGBB) or without

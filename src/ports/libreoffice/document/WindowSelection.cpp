@@ -1,10 +1,9 @@
 #include "ports/libreoffice/document/WindowSelection.h"
 
-#include <com/sun/star/awt/XToolkitExperimental.hpp>
+#include <com/sun/star/beans/XPropertySet.hpp>
 #include <com/sun/star/container/XIndexAccess.hpp>
 #include <com/sun/star/drawing/XShapes.hpp>
 #include <com/sun/star/view/XSelectionSupplier.hpp>
-#include <utility>
 
 #include "ports/libreoffice/document/Anchors.h"
 #include "ports/libreoffice/uno/Properties.h"
@@ -29,10 +28,10 @@ std::size_t countSelected(const Reference<css::view::XSelectionSupplier>& suppli
 }
 
 /// The office lays out a newly opened document bit by bit, in its idle time, and leaves a shape
-/// that has no place yet out of a selection without a word.
-void layOutMore(const ContextReference& context) {
-    createService<css::awt::XToolkitExperimental>(context, "com.sun.star.awt.Toolkit")
-        ->processEventsToIdle();
+/// that has no place yet out of a selection without a word. To count the pages it lays out all.
+void layOutAll(const Reference<css::view::XSelectionSupplier>& controller) {
+    const Reference<css::beans::XPropertySet> properties(controller, UNO_QUERY);
+    if (properties.is()) properties->getPropertyValue("PageCount");
 }
 
 bool isInBody(const ShapeReference& shape) {
@@ -77,13 +76,10 @@ bool selectInWindow(const ContextReference& context, const ModelReference& model
     for (const ShapeReference& shape : shapes) collection->add(shape);
     supplier->select(Any(collection));
     if (isHidden(model)) return false;
-    std::size_t selected = countSelected(supplier);
-    const bool complete = selected >= shapes.size();
-    for (bool growing = true; growing && selected < shapes.size();) {
-        layOutMore(context);
+    const bool complete = countSelected(supplier) >= shapes.size();
+    if (!complete) {
+        layOutAll(supplier);
         supplier->select(Any(collection));
-        const std::size_t before = std::exchange(selected, countSelected(supplier));
-        growing = selected > before;
     }
     return !complete;
 }

@@ -17,9 +17,9 @@ bool isHidden(const ModelReference& model);
 /// selected. Those in headers and footers are left out.
 std::vector<ShapeReference> selectionInWindow(const ModelReference& model);
 
-/// Makes these the selection, in one call of the office; in as many as it takes, with its events
-/// run in between, while it is still laying the document out. Whether events have run. REQUIRES:
-/// not empty.
+/// Makes these the selection, in one call of the office; in two where it has not laid out all of
+/// the document yet, which it is made to do in between. Whether that was so, and with it events of
+/// the office may have run. REQUIRES: not empty.
 bool selectInWindow(const ContextReference& context, const ModelReference& model,
                     const std::vector<ShapeReference>& shapes);
 
