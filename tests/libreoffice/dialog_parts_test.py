@@ -225,6 +225,8 @@ class DialogPartsTest(DialogCase):
         self.assertTrue(dialog.is_open())
         self.wait_for_ticked(0)
         wait_until(lambda: not self.logo_is_coloured(dialog), "the logo is grey")
+        dialog.click_row(2, BOX)
+        self.wait_for_ticked(1)
 
     def test_the_about_box_starts_a_tool_that_tells_about_the_system(self):
         tool = os.path.join(self._folder.name, "hardinfo2")
