@@ -1,5 +1,9 @@
 #include "cli/Interrupt.h"
 
+#include <poll.h>
+
+#include <array>
+#include <cerrno>
 #include <csignal>
 
 #include "cli/Failure.h"
@@ -15,13 +19,44 @@ extern "C" void noteInterrupt(int) {
     interruptSeen = 1;
 }
 
+constexpr std::array kInterrupts{SIGINT, SIGTERM, SIGHUP};
+
+/// Holds the signals back for a lifetime, so that none comes between a look and a wait.
+class InterruptsHeldBack {
+ public:
+    InterruptsHeldBack() {
+        sigset_t held;
+        sigemptyset(&held);
+        for (const int signal : kInterrupts) sigaddset(&held, signal);
+        sigprocmask(SIG_BLOCK, &held, &former_);
+    }
+    InterruptsHeldBack(const InterruptsHeldBack&) = delete;
+    InterruptsHeldBack& operator=(const InterruptsHeldBack&) = delete;
+    ~InterruptsHeldBack() { sigprocmask(SIG_SETMASK, &former_, nullptr); }
+
+    const sigset_t& former() const { return former_; }
+
+ private:
+    sigset_t former_;
+};
+
 }  // namespace
 
 void catchInterrupts() {
     struct sigaction action = {};
     action.sa_handler = noteInterrupt;
     sigemptyset(&action.sa_mask);
-    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) sigaction(signal, &action, nullptr);
+    for (const int signal : kInterrupts) sigaction(signal, &action, nullptr);
+}
+
+bool waitForInput(int descriptor) {
+    const InterruptsHeldBack held;
+    pollfd awaited{descriptor, POLLIN, 0};
+    while (interruptSeen == 0) {
+        // The signals come through while it waits, and only then.
+        if (ppoll(&awaited, 1, nullptr, &held.former()) >= 0 || errno != EINTR) return true;
+    }
+    return false;
 }
 
 void throwIfInterrupted() {

@@ -6,6 +6,10 @@ namespace huebrush::cli {
 /// that whoever waits can clean up first.
 void catchInterrupts();
 
+/// Waits until a file descriptor has something to read or has come to its end. False when a signal
+/// of these has come before or meanwhile.
+bool waitForInput(int descriptor);
+
 /// Throws Interrupted if such a signal has come.
 void throwIfInterrupted();
 

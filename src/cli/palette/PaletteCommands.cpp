@@ -12,6 +12,7 @@
 #include "cli/FillText.h"
 #include "cli/InputFile.h"
 #include "cli/Interrupt.h"
+#include "cli/InterruptibleInput.h"
 #include "cli/palette/PaletteJson.h"
 #include "jet/check/Check.h"
 #include "palette/PaletteFile.h"
@@ -47,7 +48,9 @@ class FileBeside {
 
 /// Whether the whole database was made; the user may have chosen to abort.
 bool makeDatabase(const std::string& name) {
-    ConsoleRuntime runtime(std::cin, std::cerr, isatty(STDIN_FILENO) != 0);
+    InterruptibleInput keys(STDIN_FILENO);
+    std::istream answers(&keys);
+    ConsoleRuntime runtime(answers, std::cerr, isatty(STDIN_FILENO) != 0);
     const forms::RuntimeScope scope(runtime);
     const bool made = palette::MakeDatabase(name);
     throwIfInterrupted();

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <array>
+#include <streambuf>
+
+namespace huebrush::cli {
+
+/// What somebody types at a terminal, byte by byte as it comes. An interrupt is its end (see
+/// Interrupt.h), also one that comes just before the wait for a key begins.
+class InterruptibleInput final : public std::streambuf {
+ public:
+    explicit InterruptibleInput(int descriptor) : descriptor_(descriptor) {}
+
+ private:
+    int_type underflow() override;
+
+    int descriptor_;
+    std::array<char, 256> bytes_{};
+};
+
+}  // namespace huebrush::cli
