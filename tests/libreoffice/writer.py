@@ -19,6 +19,7 @@ from office import Office
 from screen import wait_until
 
 BAR_NAME = "Huebrush"
+ASK_TO_QUIT_AGAIN = 10.0
 STATUS_BAR = "private:resource/statusbar/statusbar"
 
 
@@ -150,17 +151,24 @@ class Writer(Office):
         return sorted(selection.getByIndex(i).Name for i in range(selection.Count))
 
     def quit(self, limit=30.0):
-        """Ends Writer the way its menu does, giving up unsaved changes; the exit code."""
-        for frame in self.frames():
-            frame.Controller.Model.setModified(False)
-        try:
-            self.dispatch(self.frame(), ".uno:Quit")
-        except (DisposedException, RuntimeException, SystemError):
-            pass  # It was gone before it could answer.
+        """Ends Writer the way its menu does, giving up unsaved changes; the exit code. While
+        something of ours is still closing Writer stays, and the user asks again."""
+        ended = any(self._ends_when_asked() for _ in range(int(limit / ASK_TO_QUIT_AGAIN)))
         self.context = self.desktop = None
-        if not self.wait_for_end(limit):
+        if not ended:
             raise AssertionError("Writer does not end")
         return self.exit_code
+
+    def _ends_when_asked(self):
+        try:
+            frames = self.frames()
+            for frame in frames:
+                frame.Controller.Model.setModified(False)
+            for frame in frames[:1]:
+                self.dispatch(frame, ".uno:Quit")
+        except (DisposedException, RuntimeException, SystemError):
+            pass  # It was gone before it could answer.
+        return self.wait_for_end(ASK_TO_QUIT_AGAIN)
 
     def dispatch(self, frame, command):
         """Runs a command of a menu. A modal box that it opens does not hold this call up."""
