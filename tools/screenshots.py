@@ -56,9 +56,9 @@ class Stage:
             source, new = (self.dialog.colours(row, x)[-1] for x in (SOURCE, DESTINATION))
             return source != new
 
-        self.dialog.click_row(row, MENU)
-        wait_until_still(self.screen)
+        menu = self.dialog.open_row_menu(row)
         self.screen.key(*keys, "Return")
+        menu.wait_for_end()
         wait_until(differs, f"row {row} has a new fill")
 
     def picture(self, path, window=None, below=0):
