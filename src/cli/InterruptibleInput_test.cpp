@@ -7,6 +7,7 @@
 #include <csignal>
 #include <cstdlib>
 #include <istream>
+#include <string>
 
 #include "cli/Interrupt.h"
 
@@ -65,7 +66,7 @@ TEST(InterruptibleInputs, EndWithAnInterruptThatCameBeforeTheWait) {
     EXPECT_EXIT(readInterrupted([] { std::raise(SIGTERM); }), testing::ExitedWithCode(0), "");
 }
 
-TEST(InterruptibleInputs, EndWithAnInterruptThatComesWhileTheyWait) {
+TEST(InterruptibleInputs, EndWithAnInterruptOfAnotherProcess) {
     const auto childInterrupts = [] {
         const pid_t parent = ::getpid();
         if (::fork() == 0) {
