@@ -79,8 +79,11 @@ void tellWrongSelection(bool none, const Texts& texts) {
                                      forms::MsgBoxStyle::kExclamation, "Nesprávný výběr");
 }
 
+/// Lets events run after each candidate, so that the progress shows. A candidate that an event has
+/// changed is judged as it is then; one that is gone is an error.
 std::vector<host::ShapePointer> findMatches(host::Application& WApp, host::Shapes& candidates,
                                             const Match& matches) {
+    forms::Runtime& runtime = forms::Runtime::current();
     std::vector<host::ShapePointer> found;
     base::Count16 visited;
     const auto walk = candidates.enumerate();
@@ -88,6 +91,7 @@ std::vector<host::ShapePointer> findMatches(host::Application& WApp, host::Shape
         if (matches(*candidate)) found.push_back(candidate);
         ++visited;
         WApp.setStatusBar(text("Zpracovávám ", visited, ". objekt z ", candidates.Count(), "."));
+        runtime.DoEvents();
     }
     return found;
 }

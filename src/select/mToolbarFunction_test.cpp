@@ -98,6 +98,27 @@ TEST_F(SelectionTest, WithTwoSelectedTheFillCommandAsksForOnlyOneInWordsOfItsOwn
                    48, "Nesprávný výběr"}}));
 }
 
+TEST_F(SelectionTest, ASelectedInlinePictureIsNoSample) {
+    addSolid("A", kRed);
+    test.document->select({test.document->addInlinePicture("Photo")});
+    byLine();
+    byFill();
+    ASSERT_EQ(test.runtime.boxes.size(), 2U);
+    for (const ShownBox& box : test.runtime.boxes) {
+        EXPECT_TRUE(box.text.starts_with("Není vybrán vzorový grafický prvkek!\r\n\r\n"));
+        EXPECT_EQ(box.title, "Nesprávný výběr");
+    }
+}
+
+TEST_F(SelectionTest, AnInlinePictureIsNeverACandidate) {
+    test.document->addInlinePicture("Photo");
+    addSolid("A", kRed);
+    selectLike(addSolid("B", kRed));
+    byFill();
+    EXPECT_EQ(selectedNames(), (Calls{"A", "B"}));
+    EXPECT_EQ(test.runtime.pumps, 2U);
+}
+
 TEST_F(SelectionTest, AWrongSelectionTouchesNeitherPointerNorStatusBar) {
     test.document->select({addLine("A", kRed), addLine("B", kRed)});
     test.startLog();
@@ -139,6 +160,30 @@ TEST_F(SelectionTest, ASampleWithoutLineSelectsAllWithoutLineWhateverTheirColour
     EXPECT_EQ(selectedNames(), (Calls{"A", "B"}));
 }
 
+TEST_F(SelectionTest, ALineOfMixedVisibilityIsAVisibleOneAndMatchesItsLikeOnly) {
+    const auto mixed = [this](const std::string& name, std::int32_t color) {
+        auto shape = addLine(name, color);
+        shape->lineVisible = MsoTriState::msoTriStateMixed;
+        return shape;
+    };
+    mixed("A", kRed);
+    mixed("B", kBlue);
+    addLine("Visible", kRed);
+    addLine("Hidden", kRed)->lineVisible = MsoTriState::msoFalse;
+    selectLike(mixed("C", kRed));
+    byLine();
+    EXPECT_EQ(selectedNames(), (Calls{"A", "C"}));
+}
+
+TEST_F(SelectionTest, ALineOfMixedVisibilityIsNoMatchForAHiddenOne) {
+    addLine("Mixed", kRed)->lineVisible = MsoTriState::msoTriStateMixed;
+    const auto sample = addLine("A", kRed);
+    sample->lineVisible = MsoTriState::msoFalse;
+    selectLike(sample);
+    byLine();
+    EXPECT_EQ(selectedNames(), Calls{"A"});
+}
+
 TEST_F(SelectionTest, ALineThatNoOtherSharesSelectsTheSampleAgain) {
     addLine("A", kBlue);
     selectLike(addLine("B", kRed));
@@ -171,6 +216,7 @@ TEST_F(SelectionTest, TheLineCommandAsksTheHostInThisOrder) {
                      "read B.Line.Visible",
                      "read Picture.Shapes.Count",
                      "write StatusBar Zpracovávám 1. objekt z 2.",
+                     "call DoEvents",
                      "call Shapes.next",
                      "read B.Line.ForeColor.RGB",
                      "read B.Line.ForeColor.RGB",
@@ -178,6 +224,7 @@ TEST_F(SelectionTest, TheLineCommandAsksTheHostInThisOrder) {
                      "read B.Line.Visible",
                      "read Picture.Shapes.Count",
                      "write StatusBar Zpracovávám 2. objekt z 2.",
+                     "call DoEvents",
                      "call Shapes.next",
                      "read B.Name",
                      "call Picture.Shapes.Range",
@@ -212,6 +259,30 @@ TEST_F(SelectionTest, ASampleWithoutFillSelectsAllWithoutFillAndReadsTheirVisibi
     EXPECT_EQ(test.log().beginningWith("read B.Fill"), Calls{"read B.Fill.Visible"});
 }
 
+TEST_F(SelectionTest, AFillOfMixedVisibilityIsAFillAndMatchesItsLikeOnly) {
+    const auto mixed = [this](const std::string& name, std::int32_t color) {
+        auto shape = addSolid(name, color);
+        shape->fill.Visible = MsoTriState::msoTriStateMixed;
+        return shape;
+    };
+    mixed("A", kRed);
+    mixed("B", kBlue);
+    addSolid("Visible", kRed);
+    addSolid("Hidden", kRed)->fill.Visible = MsoTriState::msoFalse;
+    selectLike(mixed("C", kRed));
+    byFill();
+    EXPECT_EQ(selectedNames(), (Calls{"A", "C"}));
+}
+
+TEST_F(SelectionTest, AFillOfMixedVisibilityIsNoMatchForASampleWithoutFill) {
+    addSolid("Mixed", kRed)->fill.Visible = MsoTriState::msoTriStateMixed;
+    const auto sample = addSolid("A", kRed);
+    sample->fill.Visible = MsoTriState::msoFalse;
+    selectLike(sample);
+    byFill();
+    EXPECT_EQ(selectedNames(), Calls{"A"});
+}
+
 TEST_F(SelectionTest, AFillThatNoOtherSharesSelectsTheSampleAgain) {
     addSolid("A", kBlue);
     selectLike(addSolid("B", kRed));
@@ -244,6 +315,29 @@ TEST_F(SelectionTest, ACandidateWhoseFillCannotBeReadIsNoMatchAndNoError) {
 }
 
 // Both.
+
+TEST_F(SelectionTest, AGroupIsOneShapeByItsOwnLineAndNeverByItsMembers) {
+    test.document->addGroup("Same", {addLine("A", kRed), addLine("B", kRed)});
+    test.document->addGroup("Mixed", {addLine("C", kBlue), addLine("D", kRed)});
+    const auto hidden = addLine("E", kRed);
+    hidden->lineVisible = MsoTriState::msoFalse;
+    test.document->addGroup("Hidden", {hidden});
+    selectLike(addLine("Sample", kRed));
+    test.startLog();
+    byLine();
+    EXPECT_EQ(selectedNames(), (Calls{"Same", "Sample"}));
+    EXPECT_TRUE(test.log().beginningWith("read A.").empty());
+    EXPECT_TRUE(test.log().beginningWith("read Same.GroupItems").empty());
+}
+
+TEST_F(SelectionTest, AGroupThatIsTheSampleMatchesShapesAndGroupsOfItsValue) {
+    const auto group = test.document->addGroup("Group", {addLine("A", kRed), addLine("B", kRed)});
+    addLine("C", kRed);
+    addLine("D", kBlue);
+    selectLike(group);
+    byLine();
+    EXPECT_EQ(selectedNames(), (Calls{"Group", "C"}));
+}
 
 TEST_F(SelectionTest, AGroupIsOneShapeByItsOwnValueAndNeverByItsMembers) {
     const auto first = addSolid("A", kRed);
@@ -383,6 +477,119 @@ TEST_F(SelectionTest, The32768thShapeIsAnOverflowErrorThatLeavesTheSelection) {
     EXPECT_EQ(test.runtime.boxes[0].title, "Chyba č. 6");
     EXPECT_EQ(selectedNames(), Calls{"S1"});
     EXPECT_EQ(test.application.statusBar, "Zpracovávám 32767. objekt z 32768.");
+}
+
+// What may happen in the pump.
+
+TEST_F(SelectionTest, EventsRunAfterEachShapeWithItsProgressShown) {
+    for (int i = 1; i <= 3; ++i) addLine(text("Shape ", i), kRed);
+    const auto expectProgress = [this](const std::function<void()>& command) {
+        selectLike(test.document->shapes.front());
+        Calls seen;
+        test.runtime.onPump = [&](std::size_t) { seen.push_back(test.application.statusBar); };
+        command();
+        EXPECT_EQ(seen, (Calls{"Zpracovávám 1. objekt z 3.", "Zpracovávám 2. objekt z 3.",
+                               "Zpracovávám 3. objekt z 3."}));
+    };
+    expectProgress([this] { byLine(); });
+    expectProgress([this] { byFill(); });
+}
+
+TEST_F(SelectionTest, AWrongSelectionLetsNoEventsRun) {
+    byLine();
+    byFill();
+    EXPECT_EQ(test.runtime.pumps, 0U);
+}
+
+/// Three red shapes, the first of them the sample, with something happening in the first pump.
+class SelectionPumpTest : public SelectionTest {
+ protected:
+    SelectionPumpTest() {
+        for (const char* name : {"A", "B", "C"}) addSolid(name, kRed)->lineColor = kRed;
+        selectLike(shape("A"));
+    }
+    MemoryShapePointer shape(const std::string& name) { return test.document->find(name); }
+    void inTheFirstPump(const std::function<void()>& happening) {
+        test.runtime.onPump = [this, happening, first = test.runtime.pumps + 1](std::size_t pump) {
+            if (pump == first) happening();
+        };
+    }
+    /// The previous selection stands, and the cursor still waits.
+    void expectReported() {
+        ASSERT_EQ(test.runtime.boxes.size(), 1U);
+        EXPECT_TRUE(onlyBox().starts_with("Chyba v modulu \"Huebrush.mToolbarFunction.VseDle"))
+            << onlyBox();
+        EXPECT_EQ(test.application.cursor, host::WdCursorType::wdCursorWait);
+    }
+};
+
+TEST_F(SelectionPumpTest, AShapeIsJudgedAsItIsWhenItsTurnComes) {
+    inTheFirstPump([this] { shape("C")->fill.ForeColorRGB = kBlue; });
+    byFill();
+    EXPECT_EQ(selectedNames(), (Calls{"A", "B"}));
+    inTheFirstPump([this] { shape("B")->lineColor = kBlue; });
+    selectLike(shape("A"));
+    byLine();
+    EXPECT_EQ(selectedNames(), (Calls{"A", "C"}));
+}
+
+TEST_F(SelectionPumpTest, ShapesAreComparedWithTheSampleAsItIsThen) {
+    inTheFirstPump([this] {
+        shape("A")->fill.ForeColorRGB = kBlue;
+        shape("C")->fill.ForeColorRGB = kBlue;
+    });
+    byFill();
+    EXPECT_EQ(selectedNames(), (Calls{"A", "C"}));
+}
+
+TEST_F(SelectionPumpTest, ADeletedCandidateIsAnErrorByLine) {
+    inTheFirstPump([this] { test.document->remove(shape("B")); });
+    byLine();
+    expectReported();
+    EXPECT_EQ(selectedNames(), Calls{"A"});
+}
+
+TEST_F(SelectionPumpTest, ADeletedCandidateIsNoMatchByFill) {
+    inTheFirstPump([this] { test.document->remove(shape("B")); });
+    byFill();
+    EXPECT_EQ(selectedNames(), (Calls{"A", "C"}));
+    EXPECT_TRUE(test.runtime.boxes.empty());
+}
+
+TEST_F(SelectionPumpTest, AMatchThatIsDeletedBeforeTheSelectionIsAnError) {
+    inTheFirstPump([this] { test.document->remove(shape("A")); });
+    selectLike(shape("C"));
+    byFill();
+    expectReported();
+    EXPECT_EQ(selectedNames(), Calls{"C"});
+}
+
+TEST_F(SelectionPumpTest, ADocumentThatIsClosedEndsTheCommandWithAReport) {
+    inTheFirstPump([this] { test.document->Close(); });
+    byLine();
+    expectReported();
+}
+
+TEST_F(SelectionPumpTest, WhatIsSelectedMeanwhileIsReplacedInTheDocumentOfTheSample) {
+    std::shared_ptr<memory::MemoryDocument> other;
+    inTheFirstPump([&] {
+        test.document->select({});
+        other = test.application.open("Other");
+        other->select({other->addSolid("D", kRed)});
+    });
+    byFill();
+    EXPECT_EQ(selectedNames(), (Calls{"A", "B", "C"}));
+    ASSERT_EQ(other->selected.size(), 1U);
+    EXPECT_EQ(other->selected[0]->name(), "D");
+}
+
+TEST_F(SelectionPumpTest, TheOtherCommandMayRunInsideOne) {
+    shape("B")->fill.ForeColorRGB = kBlue;
+    inTheFirstPump([this] { byLine(); });
+    byFill();
+    EXPECT_EQ(selectedNames(), (Calls{"A", "C"}));
+    EXPECT_EQ(test.application.cursor, host::WdCursorType::wdCursorNormal);
+    EXPECT_TRUE(test.runtime.boxes.empty());
 }
 
 TEST_F(SelectionTest, EachRunCountsAnew) {

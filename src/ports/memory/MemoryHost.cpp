@@ -1,6 +1,7 @@
 #include "ports/memory/MemoryHost.h"
 
 #include <algorithm>
+#include <iterator>
 #include <unordered_map>
 #include <utility>
 
@@ -81,7 +82,8 @@ class MemorySelection final : public host::Selection {
     std::shared_ptr<host::ShapeRange> ShapeRange() override {
         document_.log().note(
             [&] { return text("read ", document_.name(), ".Selection.ShapeRange"); });
-        return std::make_shared<MemoryRange>(document_, "Selection.ShapeRange", document_.selected);
+        return std::make_shared<MemoryRange>(document_, "Selection.ShapeRange",
+                                             document_.selectedShapes());
     }
     std::shared_ptr<host::Document> Document() override {
         document_.log().note(
@@ -227,6 +229,21 @@ MemoryShapePointer MemoryDocument::addGroup(const std::string& name,
     auto group = addShape(name, host::MsoShapeType::msoGroup);
     group->members = std::move(members);
     return group;
+}
+
+MemoryShapePointer MemoryDocument::addInlinePicture(const std::string& name) {
+    return inlinePictures.emplace_back(
+        std::make_shared<MemoryShape>(*this, uniqueName(name), host::MsoShapeType::msoAutoShape));
+}
+
+std::vector<MemoryShapePointer> MemoryDocument::selectedShapes() const {
+    std::vector<MemoryShapePointer> floating;
+    std::copy_if(selected.begin(), selected.end(), std::back_inserter(floating),
+                 [this](const MemoryShapePointer& shape) {
+                     return std::find(inlinePictures.begin(), inlinePictures.end(), shape) ==
+                            inlinePictures.end();
+                 });
+    return floating;
 }
 
 void MemoryDocument::remove(const MemoryShapePointer& shape) {

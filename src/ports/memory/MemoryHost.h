@@ -40,6 +40,8 @@ class MemoryDocument final : public host::Document,
                                 host::MsoShapeType type = host::MsoShapeType::msoAutoShape);
     MemoryShapePointer addSolid(const std::string& name, std::int32_t color);
     MemoryShapePointer addGroup(const std::string& name, std::vector<MemoryShapePointer> members);
+    /// A picture in the text: it can be selected, but is neither in Shapes nor in a ShapeRange.
+    MemoryShapePointer addInlinePicture(const std::string& name);
     void remove(const MemoryShapePointer& shape);
 
     /// Makes these shapes the selection, as a user would.
@@ -51,11 +53,15 @@ class MemoryDocument final : public host::Document,
     /// Several by name, as find does, in linear time.
     std::vector<MemoryShapePointer> findAll(const std::vector<std::string>& names) const;
 
+    /// What is selected, without inline pictures.
+    std::vector<MemoryShapePointer> selectedShapes() const;
+
     CallLog& log() const;
     MemoryApplication& application() { return application_; }
     const std::string& name() const { return name_; }
 
     std::vector<MemoryShapePointer> shapes;
+    std::vector<MemoryShapePointer> inlinePictures;
     std::vector<MemoryShapePointer> selected;
     std::vector<std::string> undoTitles;
     bool modified = false;
