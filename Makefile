@@ -46,7 +46,7 @@ lint: build
 	@tools/lint.sh
 
 format:
-	@tools/sources.sh | xargs clang-format -i
+	@tools/sources.sh | xargs clang-format-14 -i
 
 bench: build
 	@/usr/bin/python3 bench/run.py --json build/bench.json

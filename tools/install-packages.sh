@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Installs what building, testing and the demo need on Debian 12. Does nothing when all is there.
+# Installs what building, testing and the demo need on Debian 12 and 13. Does nothing when all is there.
 set -euo pipefail
 
 packages=(
@@ -11,11 +11,16 @@ packages=(
   libreoffice-style-colibre adwaita-icon-theme fonts-dejavu fonts-liberation
   # another reader of database files, to compare with
   mdbtools
-  # checks
-  clang clang-format clang-tidy libclang-rt-dev
+  # the sanitizers
+  clang libclang-rt-dev
   # tests in the host's windows, and pictures of its documents
   python3 python3-uno xvfb xauth xdotool openbox wmctrl x11-utils imagemagick poppler-utils procps
 )
+
+# tools/lint.sh needs these very versions. Debian 13 has only later ones.
+if (. /etc/os-release && [ "$ID ${VERSION_ID:-}" = "debian 12" ]); then
+  packages+=(clang-format-14 clang-tidy-14)
+fi
 
 # What runs the other reader may have come from elsewhere than from a package.
 command -v node >/dev/null || packages+=(nodejs)

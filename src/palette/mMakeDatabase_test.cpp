@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "jet/check/Check.h"
 #include "jet/database/Relation.h"
 #include "jet/database/Table.h"

@@ -94,8 +94,8 @@ class DialogCase(WriterCase):
     def wait_for_select_all(self, state):
         """Waits until the box for all rows is ticked, grey or clear."""
         def states():
-            box = self.part("Vše", AccessibleRole.CHECK_BOX).getAccessibleStateSet()
-            return [box.contains(one)
+            box = self.part("Vše", AccessibleRole.CHECK_BOX)
+            return [self.writer.has_state(box, one)
                     for one in (AccessibleStateType.CHECKED, AccessibleStateType.INDETERMINATE)]
 
         wanted = {"ticked": [True, False], "grey": [False, True], "clear": [False, False]}[state]

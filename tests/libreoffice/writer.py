@@ -224,8 +224,14 @@ class Writer(Office):
         return {child.getAccessibleName(): child for child in children}
 
     @staticmethod
-    def is_enabled(accessible):
-        return accessible.getAccessibleStateSet().contains(AccessibleStateType.ENABLED)
+    def has_state(accessible, state):
+        """Whether an accessible object has a state, one of AccessibleStateType."""
+        states = accessible.getAccessibleStateSet()
+        # A number with a bit for each state since LibreOffice 7.5, an object before.
+        return bool(states & state) if isinstance(states, int) else states.contains(state)
+
+    def is_enabled(self, accessible):
+        return self.has_state(accessible, AccessibleStateType.ENABLED)
 
     def click_button(self, caption, frame=None):
         """Clicks a button of our bar with the mouse."""

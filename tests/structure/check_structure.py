@@ -49,6 +49,14 @@ LIBRARIES = {
 }
 
 INCLUDE = re.compile(r'^\s*#\s*include\s+(["<])([^">]+)[">]', re.MULTILINE)
+# A standard library that does not happen to include <algorithm> elsewhere must do, too.
+ALGORITHM = re.compile(
+    r"\bstd::(?:ranges::)?((?:stable_|partial_|is_)?sort|find(?:_if|_if_not|_end|_first_of)?"
+    r"|search|mismatch|(?:any|all|none)_of|count(?:_if)?|for_each|(?:min|max|minmax)(?:_element)?"
+    r"|clamp|equal|reverse|rotate|shuffle|unique|remove_if|replace(?:_if)?"
+    r"|copy(?:_if|_n|_backward)?|fill(?:_n)?|generate(?:_n)?|transform|(?:lower|upper)_bound"
+    r"|equal_range|binary_search|adjacent_find|swap_ranges|nth_element|lexicographical_compare"
+    r"|is_permutation|next_permutation)\s*[(<]")
 # A test's fixture may stand in a header beside it.
 TEST_FILE = re.compile(r"(_test\.cpp|Contract\.(h|cpp)|TestHost\.h|_test_support\.(h|cpp))$")
 
@@ -89,6 +97,14 @@ def forbidden_includes(source_root):
     return found
 
 
+def missing_algorithm(folders):
+    """Every file that uses what <algorithm> has and does not include it."""
+    files = (p for folder in folders for p in folder.rglob("*") if p.suffix in (".h", ".cpp"))
+    texts = ((p, p.read_text(encoding="utf-8")) for p in sorted(files))
+    return [p.as_posix() for p, text in texts
+            if ALGORITHM.search(text) and ("<", "algorithm") not in INCLUDE.findall(text)]
+
+
 def unbuilt_tests(root):
     """Every *_test.cpp that no CMake file names."""
     lists = [p for p in root.rglob("*") if p.name == "CMakeLists.txt" or p.suffix == ".cmake"]
@@ -110,6 +126,9 @@ class Structure(unittest.TestCase):
 
     def test_every_test_file_is_built(self):
         self.assertEqual(unbuilt_tests(ROOT), [])
+
+    def test_algorithms_are_included_where_they_are_used(self):
+        self.assertEqual(missing_algorithm([ROOT / "src", ROOT / "tests", ROOT / "bench"]), [])
 
     def test_every_folder_of_the_architecture_exists(self):
         for folder in USES:
@@ -158,6 +177,11 @@ class TheChecksThemselves(unittest.TestCase):
     def test_production_code_may_not_include_the_memory_port(self):
         self.write("fill/CFill.cpp", '#include "ports/memory/MemoryHost.h"\n')
         self.assertEqual(len(forbidden_includes(self.root)), 1)
+
+    def test_an_algorithm_without_its_header_is_found(self):
+        self.write("a.cpp", "#include <algorithm>\nint a = std::max(1, 2);\n")
+        self.write("b.cpp", "#include <vector>\nint b = std::max<int>(1, 2);\n")
+        self.assertEqual(missing_algorithm([self.root]), [(self.root / "b.cpp").as_posix()])
 
     def test_a_test_that_no_target_builds_is_found(self):
         self.write("CMakeLists.txt", "huebrush_test(a SOURCES a_test.cpp)\n# b_test.cpp\n")

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "jet/Palette_test_support.h"
 #include "jet/table/Index.h"
 

@@ -1,5 +1,7 @@
 #include "jet/records/Recordset.h"
 
+#include <algorithm>
+
 #include "jet/records/Records_test_support.h"
 
 namespace huebrush::jet {

@@ -1,5 +1,6 @@
 #include "ports/libreoffice/document/FillTables.h"
 
+#include <algorithm>
 #include <com/sun/star/awt/XBitmap.hpp>
 #include <com/sun/star/graphic/GraphicProvider.hpp>
 #include <com/sun/star/io/SequenceInputStream.hpp>

@@ -1,5 +1,6 @@
 #include "ports/libreoffice/window/Painter.h"
 
+#include <algorithm>
 #include <com/sun/star/awt/XFont.hpp>
 
 #include "forms/Controls.h"
