@@ -13,6 +13,7 @@
 #include <thread>
 
 #include "cli/Failure.h"
+#include "cli/OfficeSearch.h"
 
 namespace huebrush::cli {
 
@@ -25,34 +26,9 @@ using namespace std::chrono_literals;
 constexpr auto kEndingTime = 10s;
 constexpr auto kPollInterval = 20ms;
 
-bool isProgram(const fs::path& path) {
-    return access(path.c_str(), X_OK) == 0 && fs::is_regular_file(path);
-}
-
-std::optional<fs::path> inPath(std::string_view name) {
-    const char* const variable = std::getenv("PATH");
-    std::istringstream folders(variable == nullptr ? "" : variable);
-    for (std::string folder; std::getline(folders, folder, ':');) {
-        if (!folder.empty() && isProgram(fs::path(folder) / name)) return fs::path(folder) / name;
-    }
-    return std::nullopt;
-}
-
-fs::path findOffice() {
-    if (const char* const given = std::getenv("HUEBRUSH_OFFICE")) {
-        if (isProgram(given)) return given;
-        throw Failure(std::string("HUEBRUSH_OFFICE names no program: ") + given);
-    }
-    for (const char* const name : {"soffice", "libreoffice"}) {
-        if (const auto found = inPath(name)) return *found;
-    }
-    for (const char* const place :
-         {"/usr/lib/libreoffice/program/soffice", "/opt/libreoffice/program/soffice"}) {
-        if (isProgram(place)) return place;
-    }
-    throw Failure(
-        "LibreOffice is missing: install libreoffice-writer, or name its soffice in "
-        "HUEBRUSH_OFFICE");
+std::string environment(const char* name) {
+    const char* const value = std::getenv(name);
+    return value == nullptr ? "" : value;
 }
 
 fs::path findExtensions() {
@@ -123,7 +99,7 @@ std::vector<std::string> commandOf(const Installation& installation, const fs::p
 }  // namespace
 
 Installation findInstallation() {
-    return {findOffice(), findExtensions()};
+    return {findOffice({environment("HUEBRUSH_OFFICE"), environment("PATH")}), findExtensions()};
 }
 
 OfficeProcess::OfficeProcess(const Installation& installation, const fs::path& profile,
