@@ -17,9 +17,8 @@ demo: build
 	@tools/demo.sh
 
 # The sanitizers first: what they find explains the rest.
-check: asan build lint
-	$(CTEST) --test-dir build/release -j2 -L unit
-	$(CTEST) --test-dir build/release -j2 -L libreoffice
+check: asan build
+	$(CTEST) --test-dir build/release -j3 -L 'unit|libreoffice|lint'
 
 asan: packages
 	@cmake --preset asan >/dev/null
