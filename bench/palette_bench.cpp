@@ -5,6 +5,10 @@
 //     palette_bench load FILE ID RUNS   opens the file and loads the palette with that ID
 //     palette_bench scan FILE RUNS      opens the file and reads each value of each fill
 //     palette_bench save FOLDER RUNS    saves a palette of 100 fills in a new file
+//     palette_bench insert FOLDER ROWS rising|random
+//                                       adds rows of 20 columns, in one commit, to a table with three
+//                                       indexes: a key that rises, one that many rows share, and one
+//                                       that rises or comes in no order
 
 #include <algorithm>
 #include <chrono>
@@ -16,6 +20,7 @@
 #include <numeric>
 #include <vector>
 
+#include "jet/database/Schema.h"
 #include "jet/database/Table.h"
 #include "palette/PaletteFile.h"
 #include "palette/mMakeDatabase.h"
@@ -204,6 +209,52 @@ void measureSaving(const std::string& folder, int runs) {
               << R"(,"removal_ms":)" << median(removals) << "}\n";
 }
 
+constexpr int kColumns = 20;
+
+void createWideTable(jet::Database& database) {
+    jet::NewTable wide{"Wide", {{"ID", jet::ColumnType::longInteger, 0, false, true}}, {}};
+    while (wide.columns.size() < kColumns - 1) {
+        wide.columns.push_back(
+            {"Number" + std::to_string(wide.columns.size()), jet::ColumnType::longInteger});
+    }
+    wide.columns.push_back({"Text", jet::ColumnType::text, 255, true});
+    wide.indexes = {{"PrimaryKey", {"ID"}, true, true},
+                    {"Shared", {"Number1"}, false, false},
+                    {"Own", {"Number2"}, true, false}};
+    database.change([&] { jet::createTable(database, wide); });
+}
+
+/// Takes every number below 2^32 once, in no order.
+std::int32_t scattered(std::int32_t number) {
+    return static_cast<std::int32_t>(static_cast<std::uint32_t>(number) * 2654435761U);
+}
+
+void measureInserting(const std::string& folder, std::int32_t rows, bool rising) {
+    TimedFiles files;
+    const auto database = makeFile(folder + "/wide.mdb", files);
+    createWideTable(*database);
+    files.syncs = 0;
+    const double whole = milliseconds([&] {
+        database->change([&] {
+            jet::Table table(*database, "Wide");
+            jet::Table::Values values;
+            for (const jet::Column& column : table.definition().columns) {
+                if (!column.autonumber) values.emplace_back(&column, std::string("Žula"));
+            }
+            for (std::int32_t row = 0; row < rows; ++row) {
+                for (std::size_t i = 0; i + 1 < values.size(); ++i) {
+                    values[i].second = row + static_cast<std::int32_t>(i);
+                }
+                values[0].second = row / kFills;
+                values[1].second = rising ? row : scattered(row);
+                table.insert(values);
+            }
+        });
+    });
+    std::cout << R"({"us_a_row":)" << (whole - files.syncs) * 1000 / rows << R"(,"memory_kb":)"
+              << kilobytes("VmHWM") << "}\n";
+}
+
 int run(const std::vector<std::string>& arguments) {
     const std::string command = arguments.empty() ? "" : arguments[0];
     if (command == "make" && arguments.size() == 3) {
@@ -215,8 +266,10 @@ int run(const std::vector<std::string>& arguments) {
         measureReading(std::stoi(arguments[2]), [&] { return scan(arguments[1]); });
     } else if (command == "save" && arguments.size() == 3) {
         measureSaving(arguments[1], std::stoi(arguments[2]));
+    } else if (command == "insert" && arguments.size() == 4) {
+        measureInserting(arguments[1], std::stoi(arguments[2]), arguments[3] == "rising");
     } else {
-        std::cerr << "palette_bench make|load|scan|save …\n";
+        std::cerr << "palette_bench make|load|scan|save|insert …\n";
         return 2;
     }
     return 0;

@@ -252,10 +252,10 @@ void Table::addToIndexes(RowId id, const Fields& fields, const Fields* before) {
         if (!inTree(tree, key)) continue;
         if (before != nullptr && sameKey(key, keyOf(tree, *before))) continue;
         Index index(pages, tree, table_->page, &database_->space());
-        const bool known = index.contains(key.bytes);
-        if (known && tree.unique && !key.anyNull) throwDuplicate(*table_, tree);
-        index.insert(key.bytes, id);
-        if (known) continue;
+        const bool mayRepeat = !tree.unique || key.anyNull;
+        const bool repeats = index.insert(key.bytes, id, mayRepeat);
+        if (repeats && !mayRepeat) throwDuplicate(*table_, tree);
+        if (repeats) continue;
         const std::size_t at =
             DefinitionLayout::kHeader + DefinitionLayout::kTreeCounters * i + kDistinctKeys;
         const std::uint32_t distinct = Reader(*pages.read(table_->page), table_->page).u32(at);

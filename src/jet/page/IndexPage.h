@@ -57,6 +57,45 @@ class IndexPage {
     std::vector<std::size_t> ends_;
 };
 
+/// A page of a B-tree as it is stored, searched without being taken apart. An entry's place is the
+/// byte at which it begins; behind the last one is `end()`.
+class StoredIndexPage {
+ public:
+    /// Damage when the page breaks a rule.
+    static StoredIndexPage open(Pages& pages, PageNumber number);
+
+    PageNumber number() const { return number_; }
+    bool leaf() const;
+    PageNumber previous() const;
+    PageNumber next() const;
+    std::size_t end() const { return end_; }
+    /// The first entry that is not less than the wanted bytes.
+    std::size_t lowerBound(ByteView wanted) const;
+    /// The entry before another one. REQUIRES: it is not the first.
+    std::size_t before(std::size_t at) const;
+    bool startsWith(std::size_t at, ByteView start) const;
+    /// Of a node: the page below the entry at a place.
+    PageNumber child(std::size_t at) const;
+    /// Whether an entry can be put into a leaf at a place with nothing else changing its form.
+    bool takes(std::size_t at, ByteView entry) const;
+
+ private:
+    StoredIndexPage(PagePointer page, PageNumber number);
+
+    std::size_t nextEnd(std::size_t at) const;
+    ByteView stored(std::size_t at) const;
+    ByteView shared(std::size_t at) const;
+    int compare(std::size_t at, ByteView wanted) const;
+
+    PagePointer page_;
+    PageNumber number_;
+    std::size_t prefix_;
+    std::size_t end_;
+};
+
+/// Puts an entry into a leaf, at a place where StoredIndexPage::takes it.
+void insertStored(Pages& pages, PageNumber number, std::size_t at, ByteView entry);
+
 /// The row that an entry is for, and its key.
 RowId rowOfEntry(ByteView entry);
 ByteView keyOfEntry(ByteView entry);

@@ -1,19 +1,49 @@
 #include "jet/page/Pages.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace huebrush::jet {
 
 namespace {
 
-constexpr std::size_t kCachedPages = 4096;
 /// 2 GB less one page, so that every offset fits a signed 32-bit number.
 constexpr PageNumber kLargestFile = 524287;
 constexpr std::size_t kPagesAWrite = 64;
+/// Of the pages in memory, as many more may be versions that undo needs.
+constexpr std::size_t kShareOfVersions = 4;
 
 }  // namespace
 
-Pages::Pages(std::shared_ptr<File> file) : file_(std::move(file)) {
+PageStore::Slot PageStore::put(const Page& page, Slot slot) {
+    if (!file_) file_ = makeFile_();
+    Slot where = slot;
+    if (where == 0) where = free_.empty() ? slots_ + 1 : free_.back();
+    file_->write(std::uint64_t{where - 1} * kPageSize, page);
+    if (where > slots_) {
+        slots_ = where;
+    } else if (slot == 0) {
+        free_.pop_back();
+    }
+    return where;
+}
+
+void PageStore::get(Slot slot, Page& page) {
+    file_->read(std::uint64_t{slot - 1} * kPageSize, page);
+}
+
+void PageStore::release(Slot slot) {
+    if (slot != 0) free_.push_back(slot);
+}
+
+void PageStore::clear() {
+    file_.reset();
+    slots_ = 0;
+    free_.clear();
+}
+
+Pages::Pages(std::shared_ptr<File> file, PageStore::MakeFile scratch, std::size_t memory)
+    : file_(std::move(file)), memory_(memory), limit_(memory), store_(std::move(scratch)) {
     const std::uint64_t size = file_->size();
     if (size % kPageSize != 0 || size / kPageSize > kLargestFile) {
         throwDamage(static_cast<PageNumber>(size / kPageSize), size % kPageSize, rule::kFileSize);
@@ -23,16 +53,42 @@ Pages::Pages(std::shared_ptr<File> file) : file_(std::move(file)) {
     mark();
 }
 
-PagePointer Pages::read(PageNumber number) {
+Pages::Frame& Pages::load(PageNumber number) {
     if (number >= count_) throwDamage(number, 0, rule::kPageExists);
-    if (const auto changed = changed_.find(number); changed != changed_.end()) {
-        return changed->second;
-    }
-    if (const auto cached = cache_.find(number); cached != cache_.end()) return cached->second;
+    if (const auto found = frames_.find(number); found != frames_.end()) return found->second;
     auto page = std::make_shared<Page>();
-    file_->read(std::uint64_t{number} * kPageSize, *page);
-    remember(number, page);
-    return page;
+    if (number < slots_.size() && slots_[number] != 0) {
+        store_.get(slots_[number], *page);
+    } else {
+        file_->read(std::uint64_t{number} * kPageSize, *page);
+    }
+    return keep(number, std::move(page));
+}
+
+Pages::Frame& Pages::keep(PageNumber number, std::shared_ptr<Page> page) {
+    if (frames_.size() >= limit_) putAllAway();
+    Frame& frame = frames_[number];
+    frame.page = std::move(page);
+    return frame;
+}
+
+/// Which pages leave the memory does not matter much: those in use are soon back. All of them at
+/// once need no book of their use.
+void Pages::putAllAway() {
+    if (store_.usable()) {
+        slots_.resize(count_);
+        for (auto& [number, frame] : frames_) {
+            if (!frame.changed) continue;
+            slots_[number] = store_.put(*frame.page, slots_[number]);
+            frame.changed = false;
+        }
+    }
+    std::erase_if(frames_, [](const auto& each) { return !each.second.changed; });
+    limit_ = frames_.size() + memory_;
+}
+
+PagePointer Pages::read(PageNumber number) {
+    return load(number).page;
 }
 
 PagePointer Pages::read(PageNumber number, std::uint8_t type) {
@@ -41,25 +97,21 @@ PagePointer Pages::read(PageNumber number, std::uint8_t type) {
     return page;
 }
 
-void Pages::remember(PageNumber number, PagePointer page) {
-    // Which page goes does not matter much; dropping all keeps the memory bounded at no cost.
-    if (cache_.size() >= kCachedPages) cache_.clear();
-    cache_[number] = std::move(page);
+PagePointer Pages::readSound(PageNumber number, Check check) {
+    Frame& frame = load(number);
+    if (!frame.sound) check(*frame.page, number);
+    frame.sound = true;
+    return frame.page;
 }
 
 Page& Pages::change(PageNumber number) {
-    const auto changed = changed_.find(number);
-    if (!before_.contains(number)) {
-        before_[number] = changed == changed_.end() ? nullptr : changed->second;
-    } else if (changed->second.use_count() == 1) {
-        return *changed->second;
-    }
+    Frame& frame = load(number);
+    touch(number, frame);
     // Whoever holds the page goes on seeing it as it was.
-    const PagePointer now = read(number);
-    auto copy = std::make_shared<Page>(*now);
-    changed_[number] = copy;
-    cache_.erase(number);
-    return *copy;
+    if (frame.page.use_count() > 1) frame.page = std::make_shared<Page>(*frame.page);
+    frame.changed = true;
+    frame.sound = false;
+    return *frame.page;
 }
 
 PageNumber Pages::append() {
@@ -67,32 +119,85 @@ PageNumber Pages::append() {
         throw base::Error(ErrorNumber::kOutOfSpace,
                           "Databáze dosáhla své největší velikosti 2 GB.");
     }
+    Frame& frame = keep(count_, std::make_shared<Page>(Page{}));
     const PageNumber number = count_++;
-    before_[number] = nullptr;
-    changed_[number] = std::make_shared<Page>(Page{});
+    touch(number, frame);
+    frame.changed = true;
     return number;
 }
 
+bool Pages::differsFromFile(PageNumber number) const {
+    if (number < slots_.size() && slots_[number] != 0) return true;
+    const auto found = frames_.find(number);
+    return found != frames_.end() && found->second.changed;
+}
+
+/// Keeps, at the first change since the mark, what undo needs.
+void Pages::touch(PageNumber number, const Frame& frame) {
+    if (isTouched_.size() < count_) isTouched_.resize(count_);
+    if (isTouched_[number]) return;
+    if (differsFromFile(number)) {
+        rememberVersion(number, frame);
+    } else {
+        ++changedPages_;
+    }
+    isTouched_[number] = true;
+    touched_.push_back(number);
+}
+
+void Pages::rememberVersion(PageNumber number, const Frame& frame) {
+    Version version;
+    if (!frame.changed) {
+        // The slot has it; the page gets another one when it is put away.
+        version.slot = std::exchange(slots_[number], 0);
+    } else if (versionsInMemory_ < memory_ / kShareOfVersions || !store_.usable()) {
+        forgetSlot(number);
+        version.page = frame.page;
+        ++versionsInMemory_;
+    } else {
+        slots_.resize(std::max<std::size_t>(slots_.size(), number + std::size_t{1}));
+        version.slot = store_.put(*frame.page, slots_[number]);
+        slots_[number] = 0;
+    }
+    before_[number] = std::move(version);
+}
+
+void Pages::forgetSlot(PageNumber number) {
+    if (number < slots_.size()) store_.release(std::exchange(slots_[number], 0));
+}
+
 void Pages::mark() {
+    for (const auto& [number, version] : before_) store_.release(version.slot);
     before_.clear();
+    versionsInMemory_ = 0;
+    for (const PageNumber number : touched_) isTouched_[number] = false;
+    touched_.clear();
     countBefore_ = count_;
 }
 
 void Pages::undo() {
-    for (auto& [number, page] : before_) {
-        if (page) {
-            changed_[number] = page;
-        } else {
-            changed_.erase(number);
-        }
-    }
-    count_ = countBefore_;
+    for (const PageNumber number : touched_) restore(number);
     before_.clear();
+    count_ = countBefore_;
+    mark();
+}
+
+void Pages::restore(PageNumber number) {
+    frames_.erase(number);
+    forgetSlot(number);
+    const auto before = before_.find(number);
+    if (before == before_.end()) {
+        --changedPages_;
+    } else if (before->second.page) {
+        frames_[number] = {before->second.page, true};
+    } else {
+        slots_[number] = before->second.slot;
+    }
 }
 
 void Pages::writeTo(File& file) {
     Bytes buffer;
-    std::uint64_t at = 0;
+    Page page;
     for (PageNumber number = 0; number < count_;) {
         const PageNumber next =
             std::min<PageNumber>(count_, number + static_cast<PageNumber>(kPagesAWrite));
@@ -102,22 +207,25 @@ void Pages::writeTo(File& file) {
             file_->read(std::uint64_t{number} * kPageSize,
                         std::span(buffer).first(onFile * kPageSize));
         }
-        for (auto each = changed_.lower_bound(number); each != changed_.end() && each->first < next;
-             ++each) {
-            std::copy(
-                each->second->begin(), each->second->end(),
-                buffer.begin() + static_cast<std::ptrdiff_t>((each->first - number) * kPageSize));
+        for (PageNumber each = number; each < next; ++each) {
+            if (!differsFromFile(each)) continue;
+            const auto frame = frames_.find(each);
+            if (frame == frames_.end()) store_.get(slots_[each], page);
+            const Page& content = frame == frames_.end() ? page : *frame->second.page;
+            std::copy(content.begin(), content.end(),
+                      buffer.begin() + static_cast<std::ptrdiff_t>((each - number) * kPageSize));
         }
-        file.write(at, buffer);
-        at += buffer.size();
+        file.write(std::uint64_t{number} * kPageSize, buffer);
         number = next;
     }
 }
 
 void Pages::adopt(std::shared_ptr<File> file) {
-    for (auto& [number, page] : changed_) remember(number, std::move(page));
-    changed_.clear();
+    for (auto& [number, frame] : frames_) frame.changed = false;
+    slots_.clear();
     mark();
+    store_.clear();
+    changedPages_ = 0;
     file_ = std::move(file);
     countOnFile_ = count_;
 }

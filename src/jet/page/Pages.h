@@ -1,9 +1,10 @@
 #pragma once
 
 #include <array>
-#include <map>
+#include <functional>
 #include <memory>
 #include <unordered_map>
+#include <vector>
 
 #include "jet/file/Bytes.h"
 #include "jet/file/FileSystem.h"
@@ -25,16 +26,47 @@ inline constexpr std::uint8_t kFreedDefinition = 8;
 inline constexpr std::uint8_t kFreedData = 9;
 }  // namespace PageType
 
-/// The pages of a file, with changes held in memory until they are written out. Clean pages are
-/// cached, up to a bound; a page pointer stays valid and unchanged however long it is held.
+/// Pages put away into a file of their own, each in a slot.
+class PageStore {
+ public:
+    /// Where a page is; 0 is nowhere.
+    using Slot = std::uint32_t;
+    using MakeFile = std::function<std::unique_ptr<File>()>;
+
+    /// The file is made when the first page is put away.
+    explicit PageStore(MakeFile makeFile) : makeFile_(std::move(makeFile)) {}
+
+    bool usable() const { return makeFile_ != nullptr; }
+    /// Writes a page over what its slot holds; slot 0 means a new one, which is returned.
+    Slot put(const Page& page, Slot slot);
+    void get(Slot slot, Page& page);
+    void release(Slot slot);
+    /// Forgets all pages.
+    void clear();
+
+ private:
+    MakeFile makeFile_;
+    std::unique_ptr<File> file_;
+    Slot slots_ = 0;
+    std::vector<Slot> free_;
+};
+
+/// The pages of a file, with changes that are not written out yet. A bounded number of pages is
+/// kept in memory; beyond it, changed ones are put away into a scratch file, so a change may be of
+/// any size. A page pointer stays valid and unchanged however long it is held.
 ///
 /// Whatever changes pages runs inside Database::change, which locks the file against other writers
 /// and takes back what an error has left unfinished.
 class Pages {
  public:
-    explicit Pages(std::shared_ptr<File> file);
+    static constexpr std::size_t kUsualMemory = 4096;
+
+    /// `scratch` makes the scratch file; without it all changed pages stay in memory. `memory`: as
+    /// many pages are kept there.
+    explicit Pages(std::shared_ptr<File> file, PageStore::MakeFile scratch = nullptr,
+                   std::size_t memory = kUsualMemory);
     /// A file to be: no page yet.
-    Pages() = default;
+    explicit Pages(PageStore::MakeFile scratch = nullptr) : store_(std::move(scratch)) {}
 
     PageNumber count() const { return count_; }
 
@@ -42,12 +74,19 @@ class Pages {
     PagePointer read(PageNumber number);
     /// The same, which must be of a type; the place that refers to it is told when it is not.
     PagePointer read(PageNumber number, std::uint8_t type);
-    /// A page to change.
+    /// A page to change, at once: the reference holds until the next call of this object.
     Page& change(PageNumber number);
     /// A new page of zeros at the end. An error beyond 2 GB.
     PageNumber append();
 
-    bool changed() const { return !changed_.empty(); }
+    /// A page that was found sound since it was last changed or brought into memory: `check`, which
+    /// throws if it is not, looks at it only once. All users of a page use the same check.
+    using Check = void (*)(const Page& page, PageNumber number);
+    PagePointer readSound(PageNumber number, Check check);
+    /// Says of a page that was just changed that it is still sound.
+    void noteSound(PageNumber number) { load(number).sound = true; }
+
+    bool changed() const { return changedPages_ != 0; }
 
     /// From here on, undo takes back what is changed until the next mark.
     void mark();
@@ -61,15 +100,44 @@ class Pages {
     File* file() const { return file_.get(); }
 
  private:
-    void remember(PageNumber number, PagePointer page);
+    using Slot = PageStore::Slot;
+    /// A page in memory.
+    struct Frame {
+        std::shared_ptr<Page> page;
+        bool changed = false;  ///< it differs from what its slot or else the file has
+        bool sound = false;
+    };
+    /// What a changed page was before it was changed again: in memory, else in a slot.
+    struct Version {
+        std::shared_ptr<Page> page;
+        Slot slot = 0;
+    };
+
+    Frame& load(PageNumber number);
+    Frame& keep(PageNumber number, std::shared_ptr<Page> page);
+    void putAllAway();
+    void touch(PageNumber number, const Frame& frame);
+    void rememberVersion(PageNumber number, const Frame& frame);
+    void restore(PageNumber number);
+    void forgetSlot(PageNumber number);
+    bool differsFromFile(PageNumber number) const;
 
     std::shared_ptr<File> file_;
     PageNumber count_ = 0;
     PageNumber countOnFile_ = 0;
-    std::map<PageNumber, std::shared_ptr<Page>> changed_;
-    std::map<PageNumber, std::shared_ptr<Page>> before_;
+    std::size_t memory_ = kUsualMemory;
+    std::size_t limit_ = kUsualMemory;  ///< of frames; more than `memory_` without a scratch file
+    std::unordered_map<PageNumber, Frame> frames_;
+    PageStore store_;
+    std::vector<Slot> slots_;  ///< by page: where a changed one was put away
+    std::size_t changedPages_ = 0;
+
+    // Since the mark.
     PageNumber countBefore_ = 0;
-    std::unordered_map<PageNumber, PagePointer> cache_;
+    std::vector<bool> isTouched_;  ///< by page
+    std::vector<PageNumber> touched_;
+    std::unordered_map<PageNumber, Version> before_;  ///< of pages that were changed already
+    std::size_t versionsInMemory_ = 0;
 };
 
 }  // namespace huebrush::jet

@@ -62,13 +62,35 @@ std::vector<RowId> Index::find(ByteView key) const {
     return found;
 }
 
+/// The first entry that is not less than the wanted bytes, or the end of the leaf before it.
+Index::Place Index::placeOf(ByteView wanted) const {
+    StoredIndexPage page = StoredIndexPage::open(*pages_, tree_->root);
+    for (int depth = 0; !page.leaf(); ++depth) {
+        checkDepth(page.number(), depth);
+        page = StoredIndexPage::open(*pages_, page.child(page.lowerBound(wanted)));
+    }
+    const std::size_t at = page.lowerBound(wanted);
+    return {std::move(page), at};
+}
+
 bool Index::contains(ByteView key) const {
-    bool found = false;
-    walkFrom(key, [&](ByteView each, RowId) {
-        found = startsWith(each, key);
-        return false;
-    });
-    return found;
+    return hasBeside(placeOf(key), key);
+}
+
+/// Whether an entry with the key is next to where one belongs.
+bool Index::hasBeside(const Place& place, ByteView key) const {
+    const auto& [leaf, at] = place;
+    const auto has = [&](const StoredIndexPage& page, bool last) {
+        if (!page.leaf()) throwDamage(page.number(), 0, rule::kLeafChain);
+        return page.end() > 0 && page.startsWith(last ? page.before(page.end()) : 0, key);
+    };
+    if (at < leaf.end()) {
+        if (leaf.startsWith(at, key)) return true;
+    } else if (leaf.next() != 0 && has(StoredIndexPage::open(*pages_, leaf.next()), false)) {
+        return true;
+    }
+    if (at > 0) return leaf.startsWith(leaf.before(at), key);
+    return leaf.previous() != 0 && has(StoredIndexPage::open(*pages_, leaf.previous()), true);
 }
 
 PageNumber Index::newPage() {
@@ -192,13 +214,29 @@ void Index::growRoot(const Change& change) {
     root.write(*pages_, table_);
 }
 
-void Index::insert(ByteView key, RowId row) {
+bool Index::insert(ByteView key, RowId row, bool mayRepeat) {
     const Bytes entry = makeEntry(key, row);
     if (entry.size() > kLongestEntry) {
         throw base::Error(ErrorNumber::kTooLong, "Klíč indexu je příliš dlouhý.");
     }
-    const Change change = insertBelow(tree_->root, entry, 0);
-    if (change.splitLast) growRoot(change);
+    PageNumber leaf = 0;
+    std::size_t at = 0;
+    bool repeats = false;
+    {
+        const Place place = placeOf(entry);
+        repeats = hasBeside(place, key);
+        if (repeats && !mayRepeat) return true;
+        at = place.at;
+        const bool known = at < place.leaf.end() && place.leaf.startsWith(at, entry);
+        if (!known && place.leaf.takes(at, entry)) leaf = place.leaf.number();
+    }
+    if (leaf != 0) {
+        insertStored(*pages_, leaf, at, entry);
+    } else {
+        const Change change = insertBelow(tree_->root, entry, 0);
+        if (change.splitLast) growRoot(change);
+    }
+    return repeats;
 }
 
 /// Joins a node's child with the one on its right, if both fit on a page.

@@ -23,8 +23,9 @@ class Index {
     using Visit = std::function<bool(ByteView key, RowId row)>;
     void walk(const Visit& visit) const;
 
-    /// REQUIRES: this key and row are not in the tree yet.
-    void insert(ByteView key, RowId row);
+    /// Adds a key of a row. Whether the tree had the key already; then nothing is added, unless the
+    /// key may repeat. REQUIRES: this key and row are not in the tree yet.
+    bool insert(ByteView key, RowId row, bool mayRepeat = true);
     /// Damage when the tree does not have them.
     void remove(ByteView key, RowId row);
 
@@ -37,6 +38,14 @@ class Index {
         PageNumber right = 0;            ///< the page with the other half
     };
 
+    /// Where an entry belongs.
+    struct Place {
+        StoredIndexPage leaf;
+        std::size_t at;
+    };
+
+    Place placeOf(ByteView wanted) const;
+    bool hasBeside(const Place& place, ByteView key) const;
     void walkFrom(ByteView key, const Visit& visit) const;
     Change insertBelow(PageNumber number, ByteView entry, int depth);
     Change removeBelow(PageNumber number, ByteView entry, int depth);

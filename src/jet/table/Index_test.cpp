@@ -24,8 +24,14 @@ class Trees : public ::testing::Test {
     }
 
     void insert(const Bytes& key, RowId row) {
-        index.insert(key, row);
+        ASSERT_EQ(index.insert(key, row), inModel(key));
         model.insert(makeEntry(key, row));
+    }
+    bool inModel(const Bytes& key) const {
+        const auto found = model.lower_bound(key);
+        return found != model.end() &&
+               std::equal(key.begin(), key.end(), keyOfEntry(*found).begin(),
+                          keyOfEntry(*found).end());
     }
     void remove(const Bytes& entry) {
         index.remove(keyOfEntry(entry), rowOfEntry(entry));
@@ -62,6 +68,10 @@ class Trees : public ::testing::Test {
         ASSERT_TRUE(seen.insert(number).second);
         const IndexPage page = IndexPage::read(pages, number);
         EXPECT_TRUE(page.fits());
+        // What was put into a page in its place is as if the page had been written anew.
+        const Page stored = *pages.read(number);
+        page.write(pages, kTable);
+        EXPECT_EQ(stored, *pages.read(number)) << number;
         if (page.leaf) {
             if (depthOfLeaves < 0) depthOfLeaves = depth;
             EXPECT_EQ(depthOfLeaves, depth);
@@ -168,6 +178,72 @@ TEST_F(Trees, EqualKeysAreOrderedByTheirRows) {
     const std::vector<RowId> rows = index.find(numberKey(5));
     EXPECT_EQ(rows.size(), kRows);
     EXPECT_TRUE(std::is_sorted(rows.begin(), rows.end()));
+}
+
+TEST_F(Trees, FallingKeysComeBeforeAllOthers) {
+    constexpr std::uint32_t kRows = 5000 / kShare;
+    for (std::uint32_t i = kRows; i > 0; --i) insert(numberKey(i), rowFor(i));
+    EXPECT_EQ(verify(), 1);
+}
+
+TEST_F(Trees, AKeyThatMayNotRepeatIsToldAndNotAdded) {
+    // So many rows of one key that they lie in several leaves, between keys of one row each.
+    for (std::uint32_t i = 0; i < 1500; ++i) insert(numberKey(50), {1000 + i, 7});
+    for (std::uint32_t i = 0; i < 100; i += 2) {
+        if (i != 50) insert(numberKey(i), rowFor(i));
+    }
+    ASSERT_GT(UsageMap(pages, tree.map).all().size(), 4U);
+    for (std::uint32_t i = 0; i < 100; ++i) {
+        for (const PageNumber page : {1U, 1700U, 100000U}) {
+            const bool isThere = inModel(numberKey(i));
+            ASSERT_EQ(index.insert(numberKey(i), {page, 9}, false), isThere) << i;
+            if (!isThere) index.remove(numberKey(i), {page, 9});
+        }
+    }
+    verify();
+}
+
+TEST_F(Trees, WhatOthersChangeAndUndoTakesBackIsSeen) {
+    std::mt19937 random(6);
+    Index other{pages, tree, kTable, &space};
+    for (std::uint32_t i = 0; i < 6000 / kShare; ++i) {
+        const std::set<Bytes> before = model;
+        pages.mark();
+        for (std::size_t steps = random() % 8; steps > 0; --steps) {
+            const std::size_t kind = random() % 6;
+            const auto number = static_cast<std::uint32_t>(random() % 3000);
+            if (kind == 0 && !model.empty()) {
+                const Bytes entry = any(random);
+                other.remove(keyOfEntry(entry), rowOfEntry(entry));
+                model.erase(entry);
+            } else if (kind < 3) {
+                // Rising keys, which go to the last leaf.
+                insert(numberKey(10000 + i), {i + 1, static_cast<std::uint8_t>(steps)});
+            } else {
+                const RowId row{i + 1, static_cast<std::uint8_t>(steps)};
+                ASSERT_EQ(other.insert(numberKey(number), row), inModel(numberKey(number)));
+                model.insert(makeEntry(numberKey(number), row));
+            }
+        }
+        if (random() % 3 == 0) {
+            pages.undo();
+            space.restart();
+            model = before;
+        }
+        if (i % 500 == 0) verify();
+    }
+    verify();
+}
+
+TEST_F(Trees, APageThatWasDamagedSinceItWasLastUsedIsNotWritten) {
+    for (std::uint32_t i = 0; i < 900; ++i) insert(numberKey(i), rowFor(i));
+    verify();
+    // Two entries become one too short, a byte beside the entry that will be looked at.
+    Page& page = pages.change(leaves.back());
+    page[27] |= 0x06;
+    const Page damaged = page;
+    EXPECT_THROW(index.insert(numberKey(900), rowFor(900)), Damage);
+    EXPECT_EQ(*pages.read(leaves.back()), damaged);
 }
 
 TEST_F(Trees, WhatIsNotThereCannotBeRemoved) {

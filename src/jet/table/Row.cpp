@@ -48,9 +48,8 @@ std::size_t sizeOf(ColumnType type) {
 }
 
 Bytes numberBytes(std::uint64_t bits, std::size_t size) {
-    Bytes out;
-    append64(out, bits);
-    out.resize(size);
+    Bytes out(size);
+    for (std::size_t i = 0; i < size; ++i) out[i] = static_cast<std::uint8_t>(bits >> (8 * i));
     return out;
 }
 
