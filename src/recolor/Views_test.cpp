@@ -97,6 +97,23 @@ TEST_F(ViewsTest, OpensInTheViewOfAllRowsWithNothingToRecolour) {
     EXPECT_FALSE(dialog->imgBW.Visible);
 }
 
+TEST_F(ViewsTest, OpensWithAScrollBarThatHasNothingToScroll) {
+    EXPECT_FALSE(dialog->vs.Enabled);
+}
+
+TEST_F(ViewsTest, TheProgressBoxTakesTheWidthOfTheListBelowTheStripOfControls) {
+    for (const double height : {7365.0, 9000.0}) {
+        user.resize(dialog->Width, height);
+        const forms::PictureBox& box = dialog->picLoadStatus;
+        EXPECT_EQ(box.Left, dialog->picMain.Left);
+        EXPECT_EQ(box.Width, dialog->picMain.Width + dialog->vs.Width);
+        EXPECT_GE(dialog->chkSelAll.Top, dialog->picMain.Top + dialog->picMain.Height);
+        EXPECT_GE(box.Top, dialog->chkSelAll.Top + dialog->chkSelAll.Height);
+        EXPECT_GE(box.Top, dialog->nfbUP.Top + dialog->nfbUP.Height);
+        EXPECT_LE(box.Top + box.Height, height);
+    }
+}
+
 TEST_F(ViewsTest, AnErrorOfTheOpeningIsReported) {
     test.log().failAt("call frmEditGraphic.Raise", base::Error(7, "popis"));
     const auto opened = frmEditGraphic::create();
@@ -208,6 +225,17 @@ TEST_F(ViewsTest, TheOverflowIsRoundedToWholeTwips) {
     user.resize(dialog->Width, dialog->Height + 0.2);
     EXPECT_EQ(dialog->vs.Max.get(), 130);
 }
+TEST_F(ViewsTest, WhereNothingIsLeftToScrollTheRowsAreBackAtTheTop) {
+    addRows(12);
+    user.scrollTo(dialog->vs, 700);
+    tick({12});
+    user.scrollTo(dialog->vs, 700);
+    chooseView(1);
+    EXPECT_FALSE(dialog->vs.Enabled);
+    EXPECT_EQ(dialog->vs.value(), 0);
+    EXPECT_EQ(areaTop(), 0);
+}
+
 
 TEST_F(ViewsTest, ScrollingMovesTheRowAreaUp) {
     addRows(12);
@@ -412,3 +440,7 @@ TEST_F(ViewsTest, AClickOnTheLogoOpensTheAboutBoxAndThenShowsItInBlackAndWhite) 
 
 }  // namespace
 }  // namespace huebrush::recolor
+    // A band that the mouse finds.
+    EXPECT_TRUE(isColoured(width / 2, 230));
+    EXPECT_TRUE(isColoured(width / 2, 600));
+    EXPECT_FALSE(isColoured(10, height / 2));

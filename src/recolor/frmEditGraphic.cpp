@@ -51,12 +51,17 @@ constexpr double kListWidth = ColorElement::kWidth;
 constexpr double kScrollBarWidth = 255;
 /// What stays free under the list.
 constexpr double kBelowList = 700;
-constexpr double kStripHeight = 360;
-/// From the bottom of the dialog to the top of the controls under the list.
-constexpr double kStripFromBottom = 555;
+/// The strip of controls under the list, and the progress box under that: their heights, and from
+/// the bottom of the dialog to their tops.
+constexpr double kStripHeight = 330;
+constexpr double kStripFromBottom = 670;
+constexpr double kProgressHeight = 300;
+constexpr double kProgressFromBottom = 320;
 constexpr double kRightLeft = 5190;
 constexpr double kRightWidth = 2985;
 constexpr double kButtonHeight = 420;
+constexpr double kLogoWidth = 2090;
+constexpr double kLogoHeight = 900;
 constexpr double kLogoMargin = 200;
 }  // namespace design
 
@@ -148,9 +153,10 @@ void frmEditGraphic::layOut() {
     cmdFromDatabase.Move(180, 330, 2625, kButtonHeight);
     cmdToDatabase.Move(180, 930, 2625, kButtonHeight);
     cmdClose.Move(kRightLeft, 5670, kRightWidth, kButtonHeight);
-    picLoadStatus.Move(kRightLeft, 6210, kRightWidth, 405);
-    lblLoadStatus.Move(120, 90, kRightWidth - 240, 240);
-    imgQXLogo.Move(kRightLeft, 6735, 975, 420);
+    picLoadStatus.Move(kMargin, kHeight - kProgressFromBottom, kListWidth + kScrollBarWidth,
+                       kProgressHeight);
+    lblLoadStatus.Move(120, 30, kListWidth + kScrollBarWidth - 240, 240);
+    imgQXLogo.Move(kRightLeft, 6255, kLogoWidth, kLogoHeight);
     imgHorn.Move(8025, 6990, 375, 375);
     ColorElement& pattern = Element[0];
     pattern.Top = -ColorElement::kHeight;
@@ -160,6 +166,7 @@ void frmEditGraphic::layOut() {
 void frmEditGraphic::setInitialStates() {
     optView0.Value.initialize(true);
     optView0.Tag = std::string("0");
+    vs.Enabled = false;
     cmdDiscolour.Enabled = false;
     cmdFromDatabase.Enabled = false;
     cmdToDatabase.Enabled = false;
@@ -285,6 +292,7 @@ void frmEditGraphic::Form_Resize() {
 void frmEditGraphic::SetScroll() {
     error::trap(place("SetScroll", kLayoutFailed), [this] {
         if (picElementGroup.Height > picMain.Height) {
+        picLoadStatus.Top = NonNegative(ScaleHeight() - design::kProgressFromBottom);
             vs.Enabled = true;
             vs.Max = wholeTwips(picElementGroup.Height - picMain.ScaleHeight());
             vs.LargeChange = wholeTwips(picElementGroup.Height);
