@@ -47,7 +47,8 @@ class Selection {
 
     virtual std::shared_ptr<host::ShapeRange> ShapeRange() = 0;
     virtual std::shared_ptr<class Document> Document() = 0;
-    /// Puts a picture of the selected shape onto the clipboard of the forms runtime.
+    /// Puts a picture of the selected shape onto the clipboard of the forms runtime; no picture for
+    /// a shape of which nothing shows, neither fill nor outline.
     virtual void Copy() = 0;
 };
 

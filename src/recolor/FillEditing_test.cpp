@@ -306,12 +306,13 @@ TEST_F(FillEditingTest, AMixedVisibilityCountsAsAFill) {
     EXPECT_EQ(destination(1).Visible, MsoTriState::msoFalse);
 }
 
-TEST_F(FillEditingTest, TheTransparencyOfARowWithoutFillIsRenderedToo) {
+TEST_F(FillEditingTest, ARowWithoutFillShowsNoPictureWhateverItsTransparencyIs) {
     addRows(1);
     choose(kNoFill);
     choose(kTransparency);
     EXPECT_EQ(destination(1).Visible, MsoTriState::msoFalse);
-    EXPECT_EQ(preview(1), "fill 0 1 16777215 1 500");
+    EXPECT_EQ(destination(1).Transparency, 0.5F);
+    EXPECT_TRUE(row(1).DestinationPicture().empty());
 }
 
 TEST_F(FillEditingTest, AnUnknownTextureLeavesTheScratchShapeThePlainFillThatTheToolStartsFrom) {

@@ -689,6 +689,9 @@ TEST_F(DocumentsTest, AScratchDocumentGivesPreviews) {
     ASSERT_EQ(image.width(), 81);
     ASSERT_EQ(image.height(), 25);
     EXPECT_EQ(image.at(40, 12), base::swapRedAndBlue(kBlue));
+    rectangle->Fill().setVisible(MsoTriState::msoFalse);
+    scratch->Selection()->Copy();
+    EXPECT_TRUE(runtime.Clipboard().GetData().empty());
     scratch->Close();
     EXPECT_THROW(rectangle->Fill().Visible(), base::Error);
 }

@@ -95,7 +95,11 @@ class MemorySelection final : public host::Selection {
         if (document_.selected.empty()) {
             throw base::Error(kNoDocument, "Není co kopírovat.");
         }
-        forms::Runtime::current().Clipboard().SetData(pictureOf(document_.selected.front()->fill));
+        const MemoryShape& shape = *document_.selected.front();
+        const bool shows = shape.fill.Visible != host::MsoTriState::msoFalse ||
+                           shape.lineVisible != host::MsoTriState::msoFalse;
+        forms::Runtime::current().Clipboard().SetData(shows ? pictureOf(shape.fill)
+                                                            : base::Picture());
     }
 
  private:

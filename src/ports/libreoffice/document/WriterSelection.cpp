@@ -22,9 +22,14 @@ void WriterSelection::Copy() {
     if (selected.empty()) {
         throw base::Error(HostErrorNumber::kCommandFailed, "Není vybrán žádný objekt.");
     }
-    const base::Picture picture = officeCalls([&] {
-        return pictureOf(document_->context(), document_->tree().shapeOf(*selected.front()));
-    });
+    ShapeNode& shape = *selected.front();
+    const bool shows = document_->fillOf(shape).shown() ||
+                       document_->lineOf(shape).visible != host::MsoTriState::msoFalse;
+    base::Picture picture;
+    if (shows) {
+        picture = officeCalls(
+            [&] { return pictureOf(document_->context(), document_->tree().shapeOf(shape)); });
+    }
     forms::Runtime::current().Clipboard().SetData(picture);
 }
 
