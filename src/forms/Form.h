@@ -42,6 +42,8 @@ class Form : public Control, public std::enable_shared_from_this<Form> {
     /// what they touch of the arrays missing.
     void Unload();
     bool isUnloaded() const { return unloaded_; }
+    /// Whether Escape ends the form: a form in which that would lose the user's work says no.
+    virtual bool endsByEscape() const { return true; }
 
     /// The control that has the focus, or nothing.
     Control* focused() const { return focused_; }

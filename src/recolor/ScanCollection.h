@@ -22,15 +22,17 @@ class ScanCollection {
     /// Takes the first shape out.
     host::ShapePointer takeFirst();
     /// Offers every shape that is left, in order, and takes those out that `belongs` accepts;
-    /// `taken` is called after each of them, with the number of shapes still left.
+    /// `taken` is called after each of them, with the number of shapes still left, and says whether
+    /// to go on.
     template <class Belongs, class Taken>
     void takeWhere(const Belongs& belongs, const Taken& taken) {
         // Those that stay close up on the way: a gap closed at each removal would not be linear.
         const std::size_t total = left_.size();
         std::size_t staying = 0;
+        bool goesOn = true;
         for (std::size_t at = first_; at < total; ++at) {
-            if (belongs(std::as_const(left_[at]))) {
-                taken(std::as_const(left_[at]), staying + (total - at - 1));
+            if (goesOn && belongs(std::as_const(left_[at]))) {
+                goesOn = taken(std::as_const(left_[at]), staying + (total - at - 1));
             } else {
                 if (staying != at) left_[staying] = std::move(left_[at]);
                 ++staying;

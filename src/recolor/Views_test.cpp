@@ -130,6 +130,20 @@ TEST_F(ViewsTest, ShowDialogKeepsTheHostAndShowsTheFormBesideTheDocument) {
     opened->Unload();
 }
 
+TEST_F(ViewsTest, EscapeEndsItWhileNoRowsNewFillIsChanged) {
+    EXPECT_TRUE(dialog->endsByEscape());
+    addRows(3);
+    user.click(dialog->chkSelAll);
+    EXPECT_TRUE(dialog->endsByEscape());
+    row(3).FillObject().setDesTransparency(0.5F);
+    EXPECT_FALSE(dialog->endsByEscape());
+    tick({3});
+    EXPECT_FALSE(dialog->endsByEscape());
+    tick({3});
+    user.click(dialog->cmdDiscolour);
+    EXPECT_TRUE(dialog->endsByEscape());
+}
+
 TEST_F(ViewsTest, TheCloseButtonClosesIt) {
     user.click(dialog->cmdClose);
     EXPECT_TRUE(dialog->isUnloaded());
@@ -211,6 +225,17 @@ TEST_F(ViewsTest, WithManyRowsItCoversTheOverflow) {
     EXPECT_EQ(dialog->vs.SmallChange.get(), 630);
 }
 
+TEST_F(ViewsTest, WhereNothingIsLeftToScrollTheRowsAreBackAtTheTop) {
+    addRows(12);
+    user.scrollTo(dialog->vs, 700);
+    tick({12});
+    user.scrollTo(dialog->vs, 700);
+    chooseView(1);
+    EXPECT_FALSE(dialog->vs.Enabled);
+    EXPECT_EQ(dialog->vs.value(), 0);
+    EXPECT_EQ(areaTop(), 0);
+}
+
 TEST_F(ViewsTest, RowsThatFitExactlyNeedNoScrollBar) {
     addRows(9);
     user.resize(dialog->Width, dialog->Height - (kViewport - 9 * 630));
@@ -225,17 +250,6 @@ TEST_F(ViewsTest, TheOverflowIsRoundedToWholeTwips) {
     user.resize(dialog->Width, dialog->Height + 0.2);
     EXPECT_EQ(dialog->vs.Max.get(), 130);
 }
-TEST_F(ViewsTest, WhereNothingIsLeftToScrollTheRowsAreBackAtTheTop) {
-    addRows(12);
-    user.scrollTo(dialog->vs, 700);
-    tick({12});
-    user.scrollTo(dialog->vs, 700);
-    chooseView(1);
-    EXPECT_FALSE(dialog->vs.Enabled);
-    EXPECT_EQ(dialog->vs.value(), 0);
-    EXPECT_EQ(areaTop(), 0);
-}
-
 
 TEST_F(ViewsTest, ScrollingMovesTheRowAreaUp) {
     addRows(12);
@@ -428,6 +442,10 @@ TEST_F(ViewsTest, TheLogoShowsItsColoursInsideItsBorderOf200Twips) {
     EXPECT_FALSE(isColoured(210, 200));
     EXPECT_FALSE(isColoured(width - 200, height / 2));
     EXPECT_FALSE(isColoured(width / 2, height - 200));
+    // A band that the mouse finds.
+    EXPECT_TRUE(isColoured(width / 2, 230));
+    EXPECT_TRUE(isColoured(width / 2, 600));
+    EXPECT_FALSE(isColoured(10, height / 2));
     EXPECT_EQ(dialog->imgQXLogo.Picture.get(), component.icon(400));
 }
 
@@ -440,7 +458,3 @@ TEST_F(ViewsTest, AClickOnTheLogoOpensTheAboutBoxAndThenShowsItInBlackAndWhite) 
 
 }  // namespace
 }  // namespace huebrush::recolor
-    // A band that the mouse finds.
-    EXPECT_TRUE(isColoured(width / 2, 230));
-    EXPECT_TRUE(isColoured(width / 2, 600));
-    EXPECT_FALSE(isColoured(10, height / 2));

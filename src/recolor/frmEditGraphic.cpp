@@ -263,6 +263,13 @@ void frmEditGraphic::Form_Load() {
     });
 }
 
+bool frmEditGraphic::endsByEscape() const {
+    for (std::int16_t i = 1; i <= Element.ubound(); ++i) {
+        if (Element[i].FillObject().Change()) return false;
+    }
+    return true;
+}
+
 void frmEditGraphic::unloadElements() {
     ActiveElement_ = nullptr;
     Element.clear();
@@ -285,6 +292,7 @@ void frmEditGraphic::Form_Resize() {
         chkSelAll.Top = strip;
         nfbUP.Top = strip;
         nfbDown.Top = strip;
+        picLoadStatus.Top = NonNegative(ScaleHeight() - design::kProgressFromBottom);
         SetScroll();
     });
 }
@@ -292,7 +300,6 @@ void frmEditGraphic::Form_Resize() {
 void frmEditGraphic::SetScroll() {
     error::trap(place("SetScroll", kLayoutFailed), [this] {
         if (picElementGroup.Height > picMain.Height) {
-        picLoadStatus.Top = NonNegative(ScaleHeight() - design::kProgressFromBottom);
             vs.Enabled = true;
             vs.Max = wholeTwips(picElementGroup.Height - picMain.ScaleHeight());
             vs.LargeChange = wholeTwips(picElementGroup.Height);

@@ -86,6 +86,9 @@ class frmEditGraphic final : public forms::Form {
     };
     Progress progress() const { return progress_; }
 
+    /// Not while the new fill of any row has been changed.
+    bool endsByEscape() const override;
+
     /// Exchanges what two rows hold; rows themselves never move.
     void ReplaceColorElement(ColorElement& first, ColorElement& second);
 
@@ -116,14 +119,14 @@ class frmEditGraphic final : public forms::Form {
     // The scan.
     void cmdAdd_Click();
     void groupByFill(ScanCollection& shapes, const ScratchShape& scratch);
-    void showScanned(std::size_t taken, base::Count16 total);
+    bool showScanned(std::size_t taken, base::Count16 total);
     void addRow(const host::ShapePointer& firstShape, std::shared_ptr<const ShapeGroup> group,
                 const ScratchShape& scratch);
     void placeRow(std::int16_t index);
 
     // The recolour.
     void cmdDiscolour_Click();
-    void discolourRows();
+    bool discolourRows();
 
     // The new fill of a row.
     void Element_mnuChDColor(std::int16_t Index);

@@ -18,6 +18,8 @@ using base::text;
 constexpr const char* kUndoTitle = "Přebarvení grafických objektů";
 constexpr const char* kScanning = "Prohledávám označené objekty...";
 constexpr const char* kNothingSelected = "Nejsou vybrány žádné grafické objekty.";
+constexpr const char* kReadOnly =
+    "Dokument je otevřen jen pro čtení, výplně jeho objektů proto nelze změnit.";
 constexpr const char* kScanDone = "Zpracování je dokončeno...";
 constexpr const char* kFillsFound = "Celkový počet nalezených výplní.. ";
 constexpr const char* kScanFailed =
@@ -45,8 +47,15 @@ void frmEditGraphic::cmdAdd_Click() {
         for (std::int32_t i = 1; i <= count; ++i) shapes.add(selected->Item(i));
         groupByFill(shapes, scratch);
         runtime.Clipboard().Clear();
-        runtime.MsgBox(text(kFillsFound, Element.ubound(), "."), forms::MsgBoxStyle::kInformation,
-                       kScanDone);
+        if (!isUnloaded()) {
+            runtime.MsgBox(text(kFillsFound, Element.ubound(), "."),
+                           forms::MsgBoxStyle::kInformation, kScanDone);
+        }
+        if (isUnloaded()) {
+            // A host may have closed the scratch document along with the dialog.
+            error::ignoring([&] { scratch.close(); });
+            return;
+        }
         scratch.close();
         SetScroll();
         if (Element.ubound() != 0) cmdRemove.Enabled = true;
@@ -59,7 +68,7 @@ void frmEditGraphic::groupByFill(ScanCollection& shapes, const ScratchShape& scr
     const base::Count16 total = base::Count16::of(shapes.size());
     const auto taken = [total](std::size_t left) { return static_cast<std::size_t>(total) - left; };
     while (!shapes.empty()) {
-        showScanned(taken(shapes.size()), total);
+        if (!showScanned(taken(shapes.size()), total)) return;
         const host::ShapePointer firstShape = shapes.takeFirst();
         const auto group = std::make_shared<ShapeGroup>(1, firstShape);
         shapes.takeWhere(
@@ -68,16 +77,19 @@ void frmEditGraphic::groupByFill(ScanCollection& shapes, const ScratchShape& scr
             },
             [&](const host::ShapePointer& shape, std::size_t left) {
                 group->push_back(shape);
-                showScanned(taken(left), total);
+                return showScanned(taken(left), total);
             });
+        if (isUnloaded()) return;
         addRow(firstShape, group, scratch);
     }
 }
 
-void frmEditGraphic::showScanned(std::size_t taken, base::Count16 total) {
+/// Lets events run. Whether the dialog is still open afterwards.
+bool frmEditGraphic::showScanned(std::size_t taken, base::Count16 total) {
     progress_ = {taken, static_cast<std::size_t>(total)};
     lblLoadStatus.Caption = text("Zpracováno ", taken, " ze ", total, " objektů...");
     forms::Runtime::current().DoEvents();
+    return !isUnloaded();
 }
 
 void frmEditGraphic::addRow(const host::ShapePointer& firstShape,
@@ -114,14 +126,17 @@ void frmEditGraphic::cmdDiscolour_Click() {
     error::trap(place("cmdDiscolour_Click", kRecolourFailed), [this] {
         cmdDiscolour.Enabled = false;
         picLoadStatus.Visible = true;
-        discolourRows();
+        const bool done = discolourRows();
+        if (isUnloaded()) return;
         picLoadStatus.Visible = false;
         cmdDiscolour.Enabled = true;
-        cmdClose.Default = true;
+        if (done) cmdClose.Default = true;
     });
 }
 
-void frmEditGraphic::discolourRows() {
+/// Whether it came to the last row: the closing of the dialog ends it before, and so does a
+/// document that cannot be saved.
+bool frmEditGraphic::discolourRows() {
     std::shared_ptr<host::Document> document;
     std::unique_ptr<host::UndoGroup> undo;
     for (base::Count16 i = 1, last = Element.ubound(); i <= last; ++i) {
@@ -129,15 +144,23 @@ void frmEditGraphic::discolourRows() {
         lblLoadStatus.Caption =
             text("Upravuji ", i, ". skupinu objektů ze ", Element.ubound(), " výplní...");
         forms::Runtime::current().DoEvents();
+        if (isUnloaded()) return false;
         ColorElement& row = Element[i];
         const auto current = requireHost().Selection()->Document();
         if (!document || !document->isSame(*current)) {
             undo.reset();
+            if (current->isReadOnly()) {
+                forms::Runtime::current().MsgBox(kReadOnly, forms::MsgBoxStyle::kExclamation,
+                                                 "Huebrush");
+                return false;
+            }
             undo = current->undoGroup(kUndoTitle);
             document = current;
         }
         row.Discolour(*current);
+        if (isUnloaded()) return false;
     }
+    return true;
 }
 
 }  // namespace huebrush::recolor

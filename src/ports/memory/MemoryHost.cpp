@@ -193,6 +193,11 @@ void MemoryDocument::Close() {
     }
 }
 
+bool MemoryDocument::isReadOnly() {
+    log().note([&] { return text("read ", name_, ".isReadOnly"); });
+    return readOnly;
+}
+
 void MemoryDocument::markModified() {
     log().note([&] { return text("call ", name_, ".markModified"); });
     modified = true;

@@ -31,6 +31,7 @@ class MemoryDocument final : public host::Document,
     std::shared_ptr<host::Selection> Selection() override;
     void Close() override;
     bool isSame(const host::Document& other) const override { return this == &other; }
+    bool isReadOnly() override;
     std::unique_ptr<host::UndoGroup> undoGroup(const std::string& title) override;
     void markModified() override;
 
@@ -64,6 +65,7 @@ class MemoryDocument final : public host::Document,
     std::vector<MemoryShapePointer> inlinePictures;
     std::vector<MemoryShapePointer> selected;
     std::vector<std::string> undoTitles;
+    bool readOnly = false;
     bool modified = false;
     bool closed = false;
 

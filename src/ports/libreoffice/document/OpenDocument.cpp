@@ -1,6 +1,7 @@
 #include "ports/libreoffice/document/OpenDocument.h"
 
 #include <com/sun/star/document/XUndoManagerSupplier.hpp>
+#include <com/sun/star/frame/XStorable.hpp>
 #include <com/sun/star/util/XModifiable.hpp>
 #include <optional>
 
@@ -357,6 +358,13 @@ void OpenDocument::endUndoGroup(const std::string& title) {
         });
     });
     ignoring([&] { markModified(); });
+}
+
+bool OpenDocument::isReadOnly() {
+    if (!parts().hasWindow) return false;
+    return officeCalls([&] {
+        return bool(Reference<css::frame::XStorable>(model(), UNO_QUERY_THROW)->isReadonly());
+    });
 }
 
 void OpenDocument::markModified() {

@@ -89,6 +89,9 @@ class OpenDocument : public std::enable_shared_from_this<OpenDocument> {
     /// Runs a change of many fills that goes to the office's objects directly.
     void changeFills(const std::function<void()>& change, std::size_t count);
 
+    /// Whether it is shown to a user who may not change it. A document without a window is never
+    /// read-only: it is stored elsewhere, if at all.
+    bool isReadOnly();
     std::unique_ptr<host::UndoGroup> undoGroup(const std::string& title);
     void markModified();
 

@@ -29,6 +29,10 @@ bool WriterDocument::isSame(const host::Document& other) const {
     return document != nullptr && document->document_ == document_;
 }
 
+bool WriterDocument::isReadOnly() {
+    return document_->isReadOnly();
+}
+
 std::unique_ptr<host::UndoGroup> WriterDocument::undoGroup(const std::string& title) {
     return document_->undoGroup(title);
 }

@@ -17,6 +17,7 @@ class WriterDocument final : public host::Document {
     std::shared_ptr<host::Selection> Selection() override;
     void Close() override;
     bool isSame(const host::Document& other) const override;
+    bool isReadOnly() override;
     std::unique_ptr<host::UndoGroup> undoGroup(const std::string& title) override;
     void markModified() override;
 

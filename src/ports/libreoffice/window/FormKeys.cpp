@@ -88,7 +88,12 @@ Deed deedOfLetter(forms::Form& form, sal_Int16 code) {
 
 Deed cancel(const forms::Form& form) {
     if (form.dragged() != nullptr) return [](forms::Form&) {};
-    return [](forms::Form& closed) { closed.handle([&] { closed.Unload(); }); };
+    // A form that stays has the key all the same: the office's dialog would end by it.
+    return [](forms::Form& escaped) {
+        escaped.handle([&] {
+            if (escaped.endsByEscape()) escaped.Unload();
+        });
+    };
 }
 
 /// The classic number of a key; 0 for one that means nothing here.
