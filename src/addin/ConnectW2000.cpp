@@ -41,14 +41,14 @@ std::string boxTitle() {
     return text("Doplněk \"", kProduct, "\"");
 }
 
-void tellTooOld() {
+void refuseOldHost() {
     forms::Runtime::current().MsgBox(
         text("Doplněk nemůže být zaveden...", kLineBreak, kLineBreak, kTestedWith, kLineBreak,
              "Nainstalujte si novější verzi aplikace MS Word."),
         forms::MsgBoxStyle::kCritical, boxTitle());
 }
 
-void tellTooNew() {
+void warnOfNewHost() {
     forms::Runtime::current().MsgBox(
         text("Doplněk očekává starší verzi aplikace MS Word. Některé funkce nebudou povoleny či "
              "nebudou fungovat správně...",
@@ -112,19 +112,35 @@ void ConnectW2000::connect(host::Application& application) {
     if (application.Name() != kHostName) return;
     const double version = versionNumber(application);
     if (version < kOldestVersion) {
-        tellTooOld();
+        refuseOldHost();
         return;
     }
     WApp_ = &application;
-    cbToolbar_ = CreateToolbar(application);
-    if (version > kNewestVersion) {
-        tellTooNew();
+    // The host may disconnect while events run, and even connect anew.
+    const auto isConnected = [this, connection = ++connection_] {
+        return connection_ == connection;
+    };
+    CreateToolbar(application, isConnected);
+    if (version > kNewestVersion && isConnected()) {
+        warnOfNewHost();
+        if (!isConnected()) return;
         if (!tbChangeFillWizard_) base::throwObjectNotSet();
         tbChangeFillWizard_->setEnabled(false);
     }
 }
 
-host::CommandBarPointer ConnectW2000::CreateToolbar(host::Application& application) {
+/// CreateToolbar at work.
+struct ConnectW2000::Construction {
+    /// A step gives its line, which reports name.
+    error::Steps& step;
+    /// The number of the icon in work is also whether the user is asked about an error.
+    std::int16_t& icon;
+    host::CommandBarPointer bar{};
+    bool changed = false;
+};
+
+void ConnectW2000::CreateToolbar(host::Application& application,
+                                 const std::function<bool()>& isConnected) {
     static constexpr std::array<ButtonDesign, 3> kButtons{{
         {&ConnectW2000::tbSellFill_, "SellFill", "Dle výplne",
          "Vybere všechny ostatní grafické objekty se shodným typem výplně jako je právě zvolený "
@@ -139,97 +155,104 @@ host::CommandBarPointer ConnectW2000::CreateToolbar(host::Application& applicati
          &ConnectW2000::tbChangeFillWizard_Click},
     }};
 
-    host::CommandBarPointer result;
-    // The number of the icon in work is also whether the user is asked about an error.
     std::int16_t icon = 0;
     error::Steps::run(
-        {kModule, "CreateToolbar", kToolbarFailed}, [&icon] { return icon; },
+        {kModule, "CreateToolbar", kToolbarFailed}, [&icon] { return icon; }, isConnected,
         [&](error::Steps& step) {
-            host::CommandBarPointer bar;
-            bool changed = false;
-            createBar(step, application, bar, changed);
-            primeFaces(step, bar, icon);
-            for (const ButtonDesign& design : kButtons) {
-                createButton(step, *bar, design, icon, changed);
-            }
-            std::int32_t position = kNoPosition;
-            step([&] {
-                position = base::toInteger(storedPosition("Position").value_or(text(kNoPosition)));
-            });
-            if (position != kNoPosition) {
-                step([&] { bar->setPosition(storedNumber("Position")); });
-                step([&] { bar->setLeft(storedNumber("Left")); });
-                step([&] { bar->setTop(storedNumber("Top")); });
-                step([&] { bar->setRowIndex(storedNumber("RowIndex")); });
-            }
-            result = bar;
-            if (changed) {
+            Construction toolbar{step, icon};
+            findOrAddBar(toolbar, application);
+            primeFaces(toolbar);
+            for (const ButtonDesign& design : kButtons) findOrAddButton(toolbar, design);
+            restorePosition(toolbar);
+            if (toolbar.changed) {
                 error::ignoring([&] { application.NormalTemplate().Save(); });
             }
         });
-    return result;
 }
 
-void ConnectW2000::createBar(error::Steps& step, host::Application& application,
-                             host::CommandBarPointer& bar, bool& changed) {
-    step([&] {
+void ConnectW2000::findOrAddBar(Construction& toolbar, host::Application& application) {
+    toolbar.step(101, [&] {
         host::CommandBars& bars = application.CommandBars();
         const std::int32_t count = bars.Count();
-        for (std::int32_t i = 1; i <= count && !bar; ++i) {
+        for (std::int32_t i = 1; i <= count && !toolbar.bar; ++i) {
             const host::CommandBarPointer candidate = bars.Item(i);
-            if (candidate->Name() == kProduct) bar = candidate;
+            if (candidate->Name() == kProduct) toolbar.bar = candidate;
         }
+        cbToolbar_ = toolbar.bar;
     });
-    if (bar) return;
-    step([&] { bar = application.CommandBars().Add(kProduct); });
-    step([&] { bar->setVisible(true); });
-    createdBar_ = true;
-    changed = true;
+    if (toolbar.bar) return;
+    toolbar.step(102, [&] {
+        toolbar.bar = application.CommandBars().Add(kProduct);
+        cbToolbar_ = toolbar.bar;
+        createdBar_ = true;
+        toolbar.changed = true;
+    });
+    toolbar.step(103, [&] { toolbar.bar->setVisible(true); });
 }
 
-void ConnectW2000::primeFaces(error::Steps& step, const host::CommandBarPointer& bar,
-                              std::int16_t& icon) {
+void ConnectW2000::primeFaces(Construction& toolbar) {
+    toolbar.icon = kPrimingIcon;
     host::CommandBarControlPointer button;
-    icon = kPrimingIcon;
-    step([&] { button = bar->addButton(); });
-    step([&] { SetButtonFace(button.get(), icon); });
-    step([&] {
+    toolbar.step(104, [&] { primingButton_ = button = toolbar.bar->addButton(); });
+    toolbar.step(105, [&] { SetButtonFace(button.get(), toolbar.icon); });
+    toolbar.step(106, [&] {
         if (!button) base::throwObjectNotSet();
         button->Delete();
+        primingButton_.reset();
     });
 }
 
-void ConnectW2000::createButton(error::Steps& step, host::CommandBar& bar,
-                                const ButtonDesign& design, std::int16_t& icon, bool& changed) {
-    host::CommandBarControlPointer& button = this->*design.member;
-    icon = design.icon;
-    step([&] { button = bar.FindControl(design.tag); });
-    if (!button) {
-        step([&] { button = bar.addButton(); });
-        const auto set = [&](const auto& change) {
-            step([&] {
-                if (!button) base::throwObjectNotSet();
-                change(*button);
-            });
-        };
-        set([&](host::CommandBarControl& control) { control.setTag(design.tag); });
-        set([&](host::CommandBarControl& control) { control.setCaption(design.caption); });
-        set([&](host::CommandBarControl& control) { control.setTooltipText(design.tooltip); });
-        step([&] { SetButtonFace(button.get(), icon); });
-        changed = true;
-    }
-    if (button) connectButton(design, *button);
+void ConnectW2000::findOrAddButton(Construction& toolbar, const ButtonDesign& design) {
+    toolbar.icon = design.icon;
+    host::CommandBarControlPointer button;
+    toolbar.step(107, [&] {
+        button = toolbar.bar->FindControl(design.tag);
+        keepButton(design, button);
+    });
+    if (button) return;
+    toolbar.step(108, [&] {
+        button = toolbar.bar->addButton();
+        keepButton(design, button);
+    });
+    const auto set = [&](std::int32_t line, const auto& change) {
+        toolbar.step(line, [&] {
+            if (!button) base::throwObjectNotSet();
+            change(*button);
+        });
+    };
+    set(109, [&](host::CommandBarControl& control) { control.setTag(design.tag); });
+    set(110, [&](host::CommandBarControl& control) { control.setCaption(design.caption); });
+    set(111, [&](host::CommandBarControl& control) { control.setTooltipText(design.tooltip); });
+    toolbar.step(112, [&] { SetButtonFace(button.get(), toolbar.icon); });
+    toolbar.changed = true;
 }
 
-void ConnectW2000::connectButton(const ButtonDesign& design, host::CommandBarControl& button) {
+/// Keeps a button in its member, with its click connected; nothing is kept for no button.
+void ConnectW2000::keepButton(const ButtonDesign& design, host::CommandBarControlPointer button) {
+    host::CommandBarControlPointer& kept = this->*design.member;
+    if (kept) kept->Click.disconnect(this);
+    kept = std::move(button);
+    if (!kept) return;
     const auto click = design.click;
-    button.Click.disconnect(this);
-    button.Click.connect([this, click] { (this->*click)(); }, this);
+    kept->Click.connect([this, click] { (this->*click)(); }, this);
+}
+
+void ConnectW2000::restorePosition(Construction& toolbar) {
+    std::int32_t position = kNoPosition;
+    toolbar.step(113, [&] {
+        position = base::toInteger(storedPosition("Position").value_or(text(kNoPosition)));
+    });
+    if (position == kNoPosition) return;
+    toolbar.step(114, [&] { toolbar.bar->setPosition(storedNumber("Position")); });
+    toolbar.step(115, [&] { toolbar.bar->setLeft(storedNumber("Left")); });
+    toolbar.step(116, [&] { toolbar.bar->setTop(storedNumber("Top")); });
+    toolbar.step(117, [&] { toolbar.bar->setRowIndex(storedNumber("RowIndex")); });
 }
 
 void ConnectW2000::OnDisconnection() {
     closeDialogs();
     if (WApp_ == nullptr) return;
+    ++connection_;
     savePosition();
     removeFromBar();
     releaseBar();
@@ -249,6 +272,7 @@ void ConnectW2000::releaseBar() {
         if (*button) (*button)->Click.disconnect(this);
         button->reset();
     }
+    primingButton_.reset();
 }
 
 void ConnectW2000::savePosition() {
@@ -270,7 +294,7 @@ void ConnectW2000::removeFromBar() {
         if (cbToolbar_) error::ignoring([this] { cbToolbar_->Delete(); });
         return;
     }
-    for (const auto& button : {tbSellFill_, tbSellLine_, tbChangeFillWizard_}) {
+    for (const auto& button : {tbSellFill_, tbSellLine_, tbChangeFillWizard_, primingButton_}) {
         if (button) error::ignoring([&] { button->Delete(); });
     }
 }

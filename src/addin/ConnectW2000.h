@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 
 #include "addin/frmAbout.h"
@@ -37,15 +38,15 @@ class ConnectW2000 {
 
  private:
     struct ButtonDesign;
+    struct Construction;
 
     void connect(host::Application& application);
-    host::CommandBarPointer CreateToolbar(host::Application& application);
-    void createBar(error::Steps& step, host::Application& application, host::CommandBarPointer& bar,
-                   bool& changed);
-    void primeFaces(error::Steps& step, const host::CommandBarPointer& bar, std::int16_t& icon);
-    void createButton(error::Steps& step, host::CommandBar& bar, const ButtonDesign& design,
-                      std::int16_t& icon, bool& changed);
-    void connectButton(const ButtonDesign& design, host::CommandBarControl& button);
+    void CreateToolbar(host::Application& application, const std::function<bool()>& isConnected);
+    void findOrAddBar(Construction& toolbar, host::Application& application);
+    void primeFaces(Construction& toolbar);
+    void findOrAddButton(Construction& toolbar, const ButtonDesign& design);
+    void keepButton(const ButtonDesign& design, host::CommandBarControlPointer button);
+    static void restorePosition(Construction& toolbar);
     void savePosition();
     void removeFromBar();
     void releaseBar();
@@ -57,10 +58,17 @@ class ConnectW2000 {
     void showAbout();
 
     host::Application* WApp_ = nullptr;
+    /// Counts connections and disconnections: who waits for events sees by it what has become of
+    /// its connection.
+    std::uint32_t connection_ = 0;
+    // Bar and buttons are kept as soon as they exist, so that a disconnection removes them however
+    // far the construction has come.
     host::CommandBarPointer cbToolbar_;
     host::CommandBarControlPointer tbSellFill_;
     host::CommandBarControlPointer tbSellLine_;
     host::CommandBarControlPointer tbChangeFillWizard_;
+    /// The button of the priming pass, while it is there.
+    host::CommandBarControlPointer primingButton_;
     bool createdBar_ = false;
     std::shared_ptr<recolor::frmEditGraphic> dialog_;
     std::shared_ptr<frmAbout> about_;

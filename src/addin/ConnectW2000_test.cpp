@@ -3,8 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <functional>
 #include <memory>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "base/Text.h"
@@ -141,6 +143,27 @@ TEST_F(ConnectTest, Version10WarnsAndDisablesTheFillButtonAlone) {
     EXPECT_TRUE(button("SellFill")->enabled);
     EXPECT_TRUE(button("SellLine")->enabled);
     EXPECT_FALSE(button("ChangeFillWizard")->enabled);
+}
+
+TEST_F(ConnectTest, VersionsBetweenTheWholeOnesAreNewerThan9AndOlderThan8Too) {
+    for (const char separator : {'.', ','}) {
+        for (const auto& [version, isRefused, isWarnedOf] :
+             {std::tuple("7.9", true, false), std::tuple("7.99", true, false),
+              std::tuple("8.1", false, false), std::tuple("8.9", false, false),
+              std::tuple("9.1", false, true), std::tuple("9.01", false, true)}) {
+            SCOPED_TRACE(text(version, " under ", std::string(1, separator)));
+            memory::TestHost host;
+            host.application.version = version;
+            host.runtime.separator = separator;
+            ConnectW2000 connecting;
+            connecting.OnConnection(host.application);
+            EXPECT_EQ(connecting.WApp() == nullptr, isRefused);
+            EXPECT_EQ(host.application.bars.bars.empty(), isRefused);
+            EXPECT_EQ(host.runtime.boxes.size(), isRefused || isWarnedOf ? 1U : 0U);
+            if (isRefused) continue;
+            EXPECT_EQ(host.application.bars.bars[0]->buttons.at(2)->enabled, !isWarnedOf);
+        }
+    }
 }
 
 TEST_F(ConnectTest, TheSelectionButtonsOfANewerHostWork) {
@@ -280,6 +303,17 @@ TEST_F(ConnectTest, ABarIsFoundByItsExactNameAmongOthers) {
     EXPECT_EQ(test.application.bars.bars.size(), 3U);
 }
 
+TEST_F(ConnectTest, OfTwoBarsOfItsNameTheFirstIsTaken) {
+    const auto first = test.application.bars.addExisting("Huebrush");
+    const auto second = test.application.bars.addExisting("Huebrush");
+    connect();
+    EXPECT_EQ(first->buttons.size(), 3U);
+    EXPECT_TRUE(second->buttons.empty());
+    addin.OnDisconnection();
+    EXPECT_EQ(test.application.bars.bars.size(), 2U);
+    EXPECT_TRUE(first->buttons.empty());
+}
+
 TEST_F(ConnectTest, ThePrimingPassRunsEvenWhenNothingElseIsToDo) {
     connect();
     ConnectW2000 second;
@@ -329,8 +363,8 @@ TEST_F(ConnectTest, AMissingKeyOfThePlaceIsReportedAndTheBarKeepsWhatItHasReache
     EXPECT_EQ(test.runtime.boxes[0].style, 50);
     EXPECT_EQ(test.runtime.boxes[0].title, "Chyba č. 13");
     EXPECT_TRUE(test.runtime.boxes[0].text.starts_with(
-        "Chyba v modulu \"Huebrush.Connect2000.CreateToolbar\"...\r\n\r\nPři vytváření "
-        "nástrojového panelu došlo k chybě.\r\n\r\n"));
+        "Chyba v modulu \"Huebrush.Connect2000.CreateToolbar\" na řádku č.116...\r\n\r\nPři "
+        "vytváření nástrojového panelu došlo k chybě.\r\n\r\n"));
     EXPECT_EQ(bar()->position, 4);
     EXPECT_EQ(bar()->left, 100);
     EXPECT_EQ(bar()->rowIndex, 0);
@@ -417,10 +451,119 @@ TEST_F(FailingToolbarTest, ALaterErrorAsks) {
         const Outcome outcome = run(n, MsgBoxResult::abort);
         ASSERT_FALSE(outcome.boxes.empty()) << calls[n - 1];
         EXPECT_EQ(outcome.boxes[0].style, 50) << calls[n - 1];
-        EXPECT_EQ(outcome.boxes[0].text,
-                  "Chyba v modulu \"Huebrush.Connect2000.CreateToolbar\"...\r\n\r\nPři vytváření "
-                  "nástrojového panelu došlo k chybě.\r\n\r\nSystémový popis výjimky:\r\npopis");
+        EXPECT_TRUE(outcome.boxes[0].text.starts_with(
+            "Chyba v modulu \"Huebrush.Connect2000.CreateToolbar\" na řádku č."))
+            << calls[n - 1];
+        EXPECT_TRUE(outcome.boxes[0].text.ends_with(
+            "...\r\n\r\nPři vytváření nástrojového panelu došlo k chybě.\r\n\r\nSystémový popis "
+            "výjimky:\r\npopis"))
+            << calls[n - 1];
     }
+}
+
+TEST_F(FailingToolbarTest, EachReportNamesTheLineOfItsStep) {
+    const Calls calls = run(0, MsgBoxResult::ok).calls;
+    std::vector<int> lines;
+    for (std::size_t n = 1; n <= calls.size(); ++n) {
+        if (isSave(calls[n - 1])) continue;
+        const Outcome outcome = run(n, MsgBoxResult::abort);
+        const std::string& shown = outcome.boxes.at(0).text;
+        const auto at = shown.find("č.");
+        ASSERT_NE(at, std::string::npos) << shown;
+        const int line = std::stoi(shown.substr(at + std::string("č.").size()));
+        if (lines.empty() || lines.back() != line) lines.push_back(line);
+    }
+    EXPECT_EQ(lines, (std::vector<int>{101, 102, 103, 104, 105, 106, 107, 108, 109, 110,
+                                       111, 112, 107, 108, 109, 110, 111, 112, 107, 108,
+                                       109, 110, 111, 112, 113, 114, 115, 116, 117}));
+}
+
+TEST_F(FailingToolbarTest, WhatAnEndedProcedureHasBuiltIsRemovedAtTheDisconnection) {
+    for (const bool kept : {false, true}) {
+        const std::size_t calls = run(0, MsgBoxResult::ok).calls.size();
+        for (std::size_t n = 1; n <= calls; ++n) {
+            SCOPED_TRACE(text(n, kept ? " on a bar that is there" : ""));
+            memory::TestHost test;
+            if (kept) test.application.bars.addExisting("Huebrush");
+            test.application.log.on = true;
+            test.log().failAt("", base::Error(7, "popis"), kBefore + n, 1);
+            ConnectW2000 addin;
+            addin.OnConnection(test.application);
+            test.log().failNoMore();
+            test.startLog();
+            addin.OnDisconnection();
+            const auto bar = test.application.bars.find("Huebrush");
+            EXPECT_EQ(bar != nullptr, kept);
+            if (bar) {
+                EXPECT_TRUE(bar->buttons.empty());
+            }
+            EXPECT_EQ(test.calls().back(), "call NormalTemplate.Save");
+            EXPECT_EQ(addin.WApp(), nullptr);
+        }
+    }
+}
+
+TEST_F(FailingToolbarTest, AButtonWhoseLaterStepWasAbortedRunsItsCommand) {
+    for (const char* failing :
+         {"write Button2.Tag", "write Button2.Caption", "write Button2.TooltipText",
+          "call Button2.CopyFace", "call Button2.PasteFace"}) {
+        memory::TestHost test;
+        test.log().failAt(failing, base::Error(7, "popis"));
+        ConnectW2000 addin;
+        addin.OnConnection(test.application);
+        ASSERT_EQ(test.runtime.boxes.size(), 1U) << failing;
+        test.runtime.boxes.clear();
+        test.application.bars.find("Huebrush")->buttons.at(0)->Execute();
+        ASSERT_EQ(test.runtime.boxes.size(), 1U) << failing;
+        EXPECT_EQ(test.runtime.boxes[0].title, "Nesprávný výběr");
+    }
+}
+
+/// Ignore in the priming pass, whose button is the first one that is made.
+class IgnoredPrimingTest : public FailingToolbarTest {
+ protected:
+    /// Connects to a bar that is there, with one call failing and every report answered by Ignore.
+    void connect(const std::string& failing) {
+        kept = test.application.bars.addExisting("Huebrush");
+        test.runtime.answers.assign(5, MsgBoxResult::ignore);
+        test.log().failAt(failing, base::Error(7, "popis"), 1, 1);
+        addin.OnConnection(test.application);
+        for (const auto& button : kept->buttons) tags.push_back(button->tag);
+    }
+    /// The errors reported, as the title's number and the line.
+    Calls reports() {
+        Calls found;
+        for (const ShownBox& box : test.runtime.boxes) {
+            const auto line = box.text.find("č.") + std::string("č.").size();
+            found.push_back(text(box.title, " ", box.text.substr(line, 3)));
+        }
+        return found;
+    }
+    memory::TestHost test;
+    ConnectW2000 addin;
+    std::shared_ptr<MemoryBar> kept;
+    Calls tags;
+};
+
+TEST_F(IgnoredPrimingTest, WithoutItsButtonNoFaceIsPaintedAndTheDeletionIsAnErrorOfItsOwn) {
+    connect("call Bar.Controls.Add");
+    EXPECT_EQ(reports(), (Calls{"Chyba č. 7 104", "Chyba č. 91 106"}));
+    EXPECT_EQ(test.runtime.pumps, 3U);
+    EXPECT_EQ(tags, (Calls{"SellFill", "SellLine", "ChangeFillWizard"}));
+}
+
+TEST_F(IgnoredPrimingTest, AButtonWithoutItsFaceIsDeletedAllTheSame) {
+    connect("call Button1.PasteFace");
+    EXPECT_EQ(reports(), Calls{"Chyba č. 7 105"});
+    EXPECT_EQ(tags, (Calls{"SellFill", "SellLine", "ChangeFillWizard"}));
+}
+
+TEST_F(IgnoredPrimingTest, AButtonThatCannotBeDeletedStaysUntilTheDisconnection) {
+    connect("call Button1.Delete");
+    EXPECT_EQ(reports(), Calls{"Chyba č. 7 106"});
+    EXPECT_EQ(tags, (Calls{"", "SellFill", "SellLine", "ChangeFillWizard"}));
+    addin.OnDisconnection();
+    EXPECT_TRUE(kept->buttons.empty());
 }
 
 TEST_F(FailingToolbarTest, AbortEndsTheProcedureWithWhatIsBuiltSoFar) {
@@ -615,6 +758,26 @@ TEST_F(ConnectTest, EachOperationOfTheDisconnectionStandsAlone) {
     }
 }
 
+TEST_F(ConnectTest, ABarThatTheUserMadeBetweenTwoConnectionsStaysAtTheSecondDisconnection) {
+    connect();
+    addin.OnDisconnection();
+    const auto kept = addKeptBar();
+    connect();
+    addin.OnDisconnection();
+    EXPECT_EQ(bar(), kept);
+    EXPECT_TRUE(kept->buttons.empty());
+}
+
+TEST_F(ConnectTest, ABarThatWasMadeByTheSecondOfTwoConnectionsIsDeleted) {
+    const auto kept = addKeptBar();
+    connect();
+    addin.OnDisconnection();
+    kept->Delete();
+    connect();
+    addin.OnDisconnection();
+    EXPECT_EQ(bar(), nullptr);
+}
+
 TEST_F(ConnectTest, UnconnectedTheDisconnectionWritesNothing) {
     test.startLog();
     addin.OnDisconnection();
@@ -681,17 +844,133 @@ TEST_F(ConnectTest, AnEntryObjectThatEndsWithoutDisconnectionLeavesNoHandlerBehi
     EXPECT_EQ(test.runtime.windowCalls.back(), "close frmEditGraphic");
 }
 
-TEST_F(ConnectTest, TheHostMayDisconnectInTheMiddleOfTheCreationOfTheBar) {
-    const std::size_t pumps = 4;
-    for (std::size_t at = 1; at <= pumps; ++at) {
+/// The host disconnects while the bar is made.
+class DisconnectedToolbarTest : public ::testing::Test {
+ protected:
+    static constexpr std::size_t kPumps = 4;
+
+    /// Every pump of the creation, of a bar that is made and of one that is there.
+    static void inEachPump(
+        const std::function<void(memory::TestHost&, ConnectW2000&)>& happening,
+        const std::function<void(memory::TestHost&, ConnectW2000&,
+                                 const std::shared_ptr<MemoryBar>& kept)>& check) {
+        for (const bool isKept : {false, true}) {
+            for (std::size_t at = 1; at <= kPumps; ++at) {
+                SCOPED_TRACE(text("pump ", at, isKept ? " on a bar that is there" : ""));
+                memory::TestHost host;
+                ConnectW2000 connecting;
+                const auto kept = isKept ? host.application.bars.addExisting("Huebrush") : nullptr;
+                host.application.version = "10.0";
+                host.runtime.onPump = [&](std::size_t pump) {
+                    if (pump == at) happening(host, connecting);
+                };
+                connecting.OnConnection(host.application);
+                host.runtime.onPump = nullptr;
+                check(host, connecting, kept);
+            }
+        }
+    }
+};
+
+TEST_F(DisconnectedToolbarTest, InAPumpItEndsTheCreationWithNothingLeftAndNothingSaid) {
+    std::vector<std::shared_ptr<MemoryButton>> held;
+    inEachPump(
+        [&](memory::TestHost& host, ConnectW2000& connecting) {
+            held = host.application.bars.find("Huebrush")->buttons;
+            host.startLog();
+            connecting.OnDisconnection();
+        },
+        [&](memory::TestHost& host, ConnectW2000& connecting,
+            const std::shared_ptr<MemoryBar>& kept) {
+            EXPECT_EQ(connecting.WApp(), nullptr);
+            EXPECT_EQ(host.application.bars.find("Huebrush"), kept);
+            if (kept) {
+                EXPECT_TRUE(kept->buttons.empty());
+            }
+            EXPECT_TRUE(host.runtime.boxes.empty()) << "not even the newer host's";
+            EXPECT_TRUE(host.log().beginningWith("call Bar.Controls.Add").empty());
+            EXPECT_EQ(host.log().beginningWith("call NormalTemplate.Save").size(), 1U);
+            // The user clicks on what still shows.
+            ASSERT_FALSE(held.empty());
+            for (const auto& button : held) button->Execute();
+            EXPECT_TRUE(host.runtime.boxes.empty());
+        });
+}
+
+TEST_F(DisconnectedToolbarTest, AFaceThatFailsAfterItIsNotReported) {
+    inEachPump(
+        [](memory::TestHost& host, ConnectW2000& connecting) {
+            connecting.OnDisconnection();
+            host.log().failAt("call Button", base::Error(7, "popis"));
+        },
+        [](memory::TestHost& host, ConnectW2000&, const std::shared_ptr<MemoryBar>&) {
+            EXPECT_TRUE(host.runtime.boxes.empty());
+        });
+}
+
+TEST_F(DisconnectedToolbarTest, AConnectionAnewInThePumpIsTheOneThatCounts) {
+    inEachPump(
+        [](memory::TestHost& host, ConnectW2000& connecting) {
+            connecting.OnDisconnection();
+            host.application.version = "9.0";
+            connecting.OnConnection(host.application);
+        },
+        [](memory::TestHost& host, ConnectW2000& connecting,
+           const std::shared_ptr<MemoryBar>& kept) {
+            const auto bar = host.application.bars.find("Huebrush");
+            ASSERT_NE(bar, nullptr);
+            ASSERT_EQ(bar->buttons.size(), 3U);
+            EXPECT_TRUE(bar->buttons[2]->enabled);
+            EXPECT_TRUE(host.runtime.boxes.empty());
+            bar->buttons[0]->Execute();
+            EXPECT_EQ(host.runtime.boxes.size(), 1U);
+            connecting.OnDisconnection();
+            EXPECT_EQ(host.application.bars.find("Huebrush"), kept);
+            if (kept) {
+                EXPECT_TRUE(kept->buttons.empty());
+            }
+        });
+}
+
+TEST_F(DisconnectedToolbarTest, UnderAReportItEndsTheCreationWhateverTheAnswer) {
+    for (const auto answer : {MsgBoxResult::abort, MsgBoxResult::retry, MsgBoxResult::ignore}) {
         memory::TestHost host;
         ConnectW2000 connecting;
-        host.runtime.onPump = [&](std::size_t pump) {
-            if (pump == at) connecting.OnDisconnection();
-        };
+        host.runtime.answers.assign(5, answer);
+        host.runtime.onBox = [&] { connecting.OnDisconnection(); };
+        host.log().failAt("write Button2.Caption", base::Error(7, "popis"), 1, 1);
         connecting.OnConnection(host.application);
-        EXPECT_EQ(host.runtime.pumps, pumps);
+        EXPECT_EQ(host.runtime.boxes.size(), 1U);
         EXPECT_EQ(connecting.WApp(), nullptr);
+        EXPECT_TRUE(host.application.bars.bars.empty());
+    }
+}
+
+TEST_F(DisconnectedToolbarTest, UnderTheWarningOfANewerHostItDisablesNothingAndReportsNothing) {
+    memory::TestHost host;
+    ConnectW2000 connecting;
+    host.application.version = "10.0";
+    host.runtime.onBox = [&] { connecting.OnDisconnection(); };
+    connecting.OnConnection(host.application);
+    EXPECT_EQ(host.runtime.boxes.size(), 1U);
+    EXPECT_EQ(connecting.WApp(), nullptr);
+    EXPECT_TRUE(host.application.bars.bars.empty());
+}
+
+TEST_F(ConnectTest, TheHostMayDisconnectInThePumpOfASelectionCommand) {
+    for (const char* tag : {"SellFill", "SellLine"}) {
+        memory::TestHost host;
+        ConnectW2000 connected;
+        connected.OnConnection(host.application);
+        host.document->addSolid("A", 1);
+        host.document->addSolid("B", 1);
+        host.document->select({host.document->find("A")});
+        host.runtime.onPump = [&](std::size_t) { connected.OnDisconnection(); };
+        const auto clicked = host.application.bars.find("Huebrush")->FindControl(tag);
+        clicked->Execute();
+        EXPECT_EQ(connected.WApp(), nullptr);
+        EXPECT_EQ(host.document->selected.size(), 2U) << "the command comes to its end";
+        EXPECT_TRUE(host.runtime.boxes.empty());
     }
 }
 

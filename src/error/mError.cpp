@@ -44,9 +44,9 @@ std::int16_t ReportError(const PendingError& error, std::string& message, const 
     return static_cast<std::int16_t>(runtime.MsgBox(box, kAskStyle, title));
 }
 
-void report(const Place& place, const base::Error& error) {
+void report(const Place& place, const base::Error& error, std::int32_t line) {
     std::string message = place.message;
-    ReportError({error.number(), error.description(), 0}, message, place.source(), 0);
+    ReportError({error.number(), error.description(), line}, message, place.source(), 0);
 }
 
 void reportUnhandled(const base::Error& error) {
@@ -56,7 +56,7 @@ void reportUnhandled(const base::Error& error) {
 bool Steps::decide(const base::Error& error) {
     std::string message = place_.message;
     const std::int16_t answer =
-        ReportError({error.number(), error.description(), 0}, message, place_.source(), ask_());
+        ReportError({error.number(), error.description(), line_}, message, place_.source(), ask_());
     switch (static_cast<forms::MsgBoxResult>(answer)) {
         case forms::MsgBoxResult::retry:
             return false;

@@ -35,13 +35,14 @@ struct Place {
     std::string source() const { return module + procedure; }
 };
 
-/// Reports an error at a place, without a choice.
-void report(const Place& place, const base::Error& error);
+/// Reports an error at a place, without a choice. `line` is the procedure's current line; 0 when it
+/// keeps none.
+void report(const Place& place, const base::Error& error, std::int32_t line = 0);
 
 /// What the port's event entries do with an error that no trap has caught.
 void reportUnhandled(const base::Error& error);
 
-/// A procedure's error trap: runs the body, reports what it throws and ends quietly.
+/// A procedure's error trap: runs the body, reports what it throws, and ends.
 template <std::invocable Body>
 void trap(const Place& place, Body&& body) {
     try {
@@ -69,17 +70,25 @@ class Steps {
  public:
     /// `ask` says, when an error occurs, whether the user is to choose.
     using Ask = std::function<std::int16_t()>;
+    /// Says after each step, and after each report, whether there is anything left to do. Where
+    /// there is not, the procedure ends, and an error of the step is not reported.
+    using GoesOn = std::function<bool()>;
 
     /// Runs a procedure made of steps.
     template <std::invocable<Steps&> Procedure>
     static void run(const Place& place, Ask ask, Procedure&& procedure) {
-        Steps steps(place, std::move(ask));
+        run(
+            place, std::move(ask), [] { return true; }, std::forward<Procedure>(procedure));
+    }
+    template <std::invocable<Steps&> Procedure>
+    static void run(const Place& place, Ask ask, GoesOn goesOn, Procedure&& procedure) {
+        Steps steps(place, std::move(ask), std::move(goesOn));
         try {
             std::forward<Procedure>(procedure)(steps);
         } catch (const Left&) {
             return;
         } catch (...) {
-            report(place, base::currentError());
+            report(place, base::currentError(), steps.line_);
         }
     }
 
@@ -88,26 +97,37 @@ class Steps {
         while (!attempt(step)) {
         }
     }
+    /// A step of a procedure that keeps a current line: sets it first.
+    template <std::invocable Step>
+    void operator()(std::int32_t line, Step&& step) {
+        line_ = line;
+        (*this)(std::forward<Step>(step));
+    }
 
  private:
     struct Left {};
 
-    Steps(Place place, Ask ask) : place_(std::move(place)), ask_(std::move(ask)) {}
+    Steps(Place place, Ask ask, GoesOn goesOn)
+        : place_(std::move(place)), ask_(std::move(ask)), goesOn_(std::move(goesOn)) {}
 
     /// Whether the procedure is to go on with the next step; false to repeat this one.
     template <std::invocable Step>
     bool attempt(Step& step) {
+        bool done = true;
         try {
             step();
-            return true;
         } catch (...) {
-            return decide(base::currentError());
+            if (goesOn_()) done = decide(base::currentError());
         }
+        if (!goesOn_()) throw Left{};
+        return done;
     }
     bool decide(const base::Error& error);
 
     Place place_;
     Ask ask_;
+    GoesOn goesOn_;
+    std::int32_t line_ = 0;
 };
 
 }  // namespace huebrush::error

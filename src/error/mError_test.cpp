@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -213,6 +214,92 @@ TEST_F(StepsTest, WhetherToAskIsDecidedWhenTheErrorOccurs) {
     EXPECT_EQ(runtime.boxes[0].style, 50);
     EXPECT_EQ(runtime.boxes[1].style, 16);
     EXPECT_TRUE(done.empty());
+}
+
+TEST_F(StepsTest, TheReportOfAStepNamesItsLineAndThatOfOneWithoutTheLastLinePassed) {
+    // The source has 24 characters: the line shows where it shares a bit with that.
+    runtime.answers = {MsgBoxResult::ignore, MsgBoxResult::ignore, MsgBoxResult::ignore};
+    Steps::run(
+        kPlace, [] { return std::int16_t{1}; },
+        [](Steps& step) {
+            const auto fail = [] { throw base::Error(5, "popis"); };
+            step(fail);
+            step(8, fail);
+            step(fail);
+            step(16, fail);
+        });
+    const auto prefix = [this](std::size_t box) {
+        const std::string& shown = runtime.boxes.at(box).text;
+        return shown.substr(0, shown.find("\r\n"));
+    };
+    EXPECT_EQ(kPlace.source().size(), 24U);
+    EXPECT_EQ(prefix(0), "Chyba v modulu \"Huebrush.CFill.SetFormat\"...");
+    EXPECT_EQ(prefix(1), "Chyba v modulu \"Huebrush.CFill.SetFormat\" na řádku č.8...");
+    EXPECT_EQ(prefix(2), "Chyba v modulu \"Huebrush.CFill.SetFormat\" na řádku č.8...");
+    EXPECT_EQ(prefix(3), "Chyba v modulu \"Huebrush.CFill.SetFormat\" na řádku č.16...");
+    EXPECT_EQ(runtime.boxes.size(), 4U) << "the last question was answered by Abort";
+}
+
+TEST_F(StepsTest, AnErrorBetweenTheStepsNamesTheLastLinePassed) {
+    Steps::run(
+        kPlace, [] { return std::int16_t{1}; },
+        [](Steps& step) {
+            step(16, [] {});
+            throw base::Error(5, "popis");
+        });
+    EXPECT_TRUE(runtime.boxes.at(0).text.starts_with(
+        "Chyba v modulu \"Huebrush.CFill.SetFormat\" na řádku č.16...\r\n"));
+    EXPECT_EQ(runtime.boxes.at(0).style, 16);
+}
+
+/// A procedure that ends when there is nothing left to do.
+class EndingStepsTest : public StepsTest {
+ protected:
+    void run(const std::function<void(Steps&)>& procedure) {
+        Steps::run(
+            kPlace, [] { return std::int16_t{1}; }, [this] { return goesOn; }, procedure);
+    }
+    bool goesOn = true;
+};
+
+TEST_F(EndingStepsTest, EndsAfterTheStepInWhichItsWorkHasBecomeVoid) {
+    run([this](Steps& step) {
+        step([this] { done.push_back(1); });
+        step([this] { goesOn = false; });
+        step([this] { done.push_back(3); });
+    });
+    EXPECT_EQ(done, std::vector<int>{1});
+    EXPECT_TRUE(runtime.boxes.empty());
+}
+
+TEST_F(EndingStepsTest, ReportsNoErrorOfThatStep) {
+    run([this](Steps& step) {
+        step([this] {
+            goesOn = false;
+            throw base::Error(5, "popis");
+        });
+        done.push_back(2);
+    });
+    EXPECT_TRUE(done.empty());
+    EXPECT_TRUE(runtime.boxes.empty());
+}
+
+TEST_F(EndingStepsTest, RepeatsNoStepWhenItsWorkHasBecomeVoidUnderTheQuestion) {
+    for (const auto answer : {MsgBoxResult::retry, MsgBoxResult::ignore}) {
+        goesOn = true;
+        int attempts = 0;
+        runtime.answers = {answer};
+        runtime.onBox = [this] { goesOn = false; };
+        run([&](Steps& step) {
+            step([&] {
+                ++attempts;
+                throw base::Error(5, "popis");
+            });
+            done.push_back(2);
+        });
+        EXPECT_EQ(attempts, 1);
+        EXPECT_TRUE(done.empty());
+    }
 }
 
 TEST_F(StepsTest, AnErrorBetweenTheStepsIsReportedAndEndsTheProcedure) {
