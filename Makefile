@@ -1,6 +1,6 @@
 # The everyday commands. `make demo` and `make check` do everything on a fresh machine.
 
-.PHONY: all packages build demo check unit long asan fuzz office lint format bench screenshots clean
+.PHONY: all packages build demo check unit long asan fuzz office lint format bench screenshots newer clean
 
 CTEST := ctest --output-on-failure
 
@@ -53,6 +53,10 @@ bench: build
 # The pictures of docs/manual.md.
 screenshots: build
 	@/usr/bin/python3 tools/screenshots.py
+
+# The build and the tests in a Debian 13 of its own, with the newer LibreOffice there. As root.
+newer:
+	@tools/newer.sh
 
 clean:
 	rm -rf build

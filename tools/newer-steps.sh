@@ -1,0 +1,40 @@
+#!/usr/bin/env bash
+# What `make newer` runs inside the newer system: all steps, and at the end what became of each.
+set -uo pipefail
+cd "$(dirname "$0")/.."
+
+report=$(mktemp -d)
+trap 'rm -rf "$report"' EXIT
+status=0
+
+# step NAME CMD...: runs a command and notes how it ended, a test run with its numbers.
+step() {
+  local name=$1 result=passed
+  shift
+  echo "== $name"
+  "$@" 2>&1 | tee "$report/output" || { result=FAILED; status=1; }
+  local numbers
+  numbers=$(sed -n 's/^[0-9]*% tests passed, \(.*\)$/: \1/p' "$report/output")
+  printf '  %-9s %s%s\n' "$name" "$result" "$numbers" >>"$report/summary"
+  [ "$result" = passed ]
+}
+
+tests() {
+  ctest --test-dir build/release --output-on-failure "$@"
+}
+
+build() {
+  cmake --preset release >/dev/null && cmake --build --preset release
+}
+
+if step packages tools/install-packages.sh && step build build; then
+  step demo tools/demo.sh
+  step unit tests -j2 -L unit
+  step office tests -j2 -L libreoffice
+  step gtk3 tests -j2 -L gtk3
+fi
+
+. /etc/os-release
+echo "== $PRETTY_NAME, $(g++ --version | head -n 1), $(/usr/bin/soffice --version 2>/dev/null)"
+cat "$report/summary"
+exit "$status"
