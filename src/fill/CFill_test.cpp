@@ -222,6 +222,66 @@ TEST_F(CFillTest, EveryReadOfACaptureMayFailAndIsReportedOnce) {
     EXPECT_FALSE(descriptor.Change());
 }
 
+TEST_F(CFillTest, ARefusedTextureNameTakesThePlaceOfOneThatWasCapturedBefore) {
+    makeUserTexture("wood.jpg");
+    descriptor.SaveOriginalFormat(fill());
+    descriptor.SaveNewFormat(fill());
+    state().UnknownTexture = true;
+    descriptor.SaveNewFormat(fill());
+    EXPECT_EQ(descriptor.destination().TextureName, "");
+    EXPECT_TRUE(descriptor.destination().UnknownTexture);
+    EXPECT_EQ(descriptor.original().TextureName, "wood.jpg");
+    descriptor.SaveOriginalFormat(fill());
+    EXPECT_EQ(descriptor.original().TextureName, "");
+    EXPECT_EQ(descriptor.destination().TextureName, "");
+}
+
+/// A kind of fill whose capture and copy read more than those of a solid fill.
+struct FillKind {
+    const char* name;
+    MsoFillType type;
+    MsoGradientColorType colors;
+    MsoTextureType texture;
+};
+constexpr FillKind kRichFills[] = {
+    {"pattern", MsoFillType::msoFillPatterned, MsoGradientColorType::msoGradientColorMixed,
+     MsoTextureType::msoTextureTypeMixed},
+    {"one colour", MsoFillType::msoFillGradient, MsoGradientColorType::msoGradientOneColor,
+     MsoTextureType::msoTextureTypeMixed},
+    {"two colours", MsoFillType::msoFillGradient, MsoGradientColorType::msoGradientTwoColors,
+     MsoTextureType::msoTextureTypeMixed},
+    {"preset colours", MsoFillType::msoFillGradient, MsoGradientColorType::msoGradientPresetColors,
+     MsoTextureType::msoTextureTypeMixed},
+    {"preset texture", MsoFillType::msoFillTextured, MsoGradientColorType::msoGradientColorMixed,
+     MsoTextureType::msoTexturePreset},
+    {"user texture", MsoFillType::msoFillTextured, MsoGradientColorType::msoGradientColorMixed,
+     MsoTextureType::msoTextureUserDefined},
+};
+
+TEST_F(CFillTest, EveryReadOfEveryKindOfFillMayFailAndOnlyTheTexturesNameIsNoError) {
+    for (const FillKind& kind : kRichFills) {
+        state().Type = kind.type;
+        state().GradientColorType = kind.colors;
+        state().TextureType = kind.texture;
+        const Calls calls = callsOf([&] { descriptor.SaveNewFormat(fill()); });
+        for (std::size_t call = 1; call <= calls.size(); ++call) {
+            SCOPED_TRACE(kind.name + (": " + calls[call - 1]));
+            for (const bool isNew : {false, true}) {
+                CFill fresh;
+                test.runtime.boxes.clear();
+                test.log().failAt("", base::Error(7, "popis"), call, 1);
+                isNew ? fresh.SaveNewFormat(fill()) : fresh.SaveOriginalFormat(fill());
+                test.log().failNoMore();
+                const bool isName = calls[call - 1] == "read Sun.Fill.TextureName";
+                EXPECT_EQ(test.runtime.boxes.size(), isName ? 0U : 1U);
+                EXPECT_EQ(fresh.Change(), isNew && isName);
+                const FillProperties& captured = isNew ? fresh.destination() : fresh.original();
+                EXPECT_EQ(captured.UnknownTexture, isName);
+            }
+        }
+    }
+}
+
 // The two copies.
 
 TEST_F(CFillTest, RestoreThrowsTheDestinationAway) {

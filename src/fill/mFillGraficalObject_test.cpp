@@ -238,6 +238,58 @@ TEST_F(IsSameFillTest, TwoPictureFillsOfEqualPropertiesAreTheSame) {
     EXPECT_TRUE(same());
 }
 
+TEST_F(IsSameFillTest, AMixedVisibilityIsAFillAndComparedWithTheRest) {
+    both([](FillState& state) { state.Visible = MsoTriState::msoTriStateMixed; });
+    EXPECT_TRUE(same());
+    tested->fill.ForeColorRGB = 1;
+    EXPECT_FALSE(same());
+    tested->fill.ForeColorRGB = sample->fill.ForeColorRGB;
+    for (const auto other : {MsoTriState::msoTrue, MsoTriState::msoFalse}) {
+        tested->fill.Visible = other;
+        EXPECT_FALSE(same());
+        std::swap(sample->fill, tested->fill);
+        EXPECT_FALSE(same()) << "the other way round";
+        std::swap(sample->fill, tested->fill);
+    }
+}
+
+TEST_F(IsSameFillTest, FillsOfMixedVisibilityAreReadInFull) {
+    both([](FillState& state) { state.Visible = MsoTriState::msoTriStateMixed; });
+    EXPECT_EQ(callsOfComparison(), allReads());
+}
+
+TEST_F(IsSameFillTest, ANameIsComparedOfAUserTextureOnly) {
+    both([](FillState& state) { makeUserTexture(state, "wood.jpg"); });
+    tested->fill.TextureName = "stone.jpg";
+    both([](FillState& state) { state.TextureType = MsoTextureType::msoTexturePreset; });
+    EXPECT_TRUE(same());
+    both([](FillState& state) {
+        state.TextureType = MsoTextureType::msoTextureUserDefined;
+        state.Type = MsoFillType::msoFillPicture;
+    });
+    EXPECT_TRUE(same());
+}
+
+TEST_F(IsSameFillTest, AHostErrorAtAnyReadOfAGradientOrTextureMakesTheResultFalse) {
+    const std::vector<std::function<void(FillState&)>> kinds{
+        [](FillState& state) {
+            makeGradient(state, MsoGradientColorType::msoGradientOneColor, 0.5F);
+        },
+        [](FillState& state) { makeUserTexture(state, "wood.jpg"); }};
+    for (const auto& kind : kinds) {
+        both(kind);
+        test.startLog();
+        ASSERT_TRUE(IsSameFill(sample->Fill(), tested->Fill()));
+        const std::size_t reads = test.calls().size();
+        for (std::size_t read = 1; read <= reads; ++read) {
+            test.log().failAt("", base::Error(7, "popis"), read, 1);
+            EXPECT_FALSE(IsSameFill(sample->Fill(), tested->Fill())) << read;
+            test.log().failNoMore();
+        }
+    }
+    EXPECT_TRUE(test.runtime.boxes.empty());
+}
+
 TEST_F(IsSameFillTest, AHostErrorAtAnyReadMakesTheResultFalseWithoutAReport) {
     test.startLog();
     same();
@@ -340,12 +392,45 @@ TEST_F(CopyFillTest, AUserTextureThatTheHostCannotLoadIsNoErrorEither) {
     EXPECT_EQ(test.calls().back(), "write Tested.Fill.Transparency 0");
 }
 
-TEST_F(CopyFillTest, AnyOtherHostErrorPassesToTheCaller) {
-    const std::size_t calls = callsOfCopy().size();
-    for (std::size_t call = 1; call <= calls; ++call) {
-        test.log().failAt("", base::Error(7, "popis"), call, 1);
-        EXPECT_THROW(CopyFill(sample->Fill(), tested->Fill()), base::Error) << call;
-        test.log().failNoMore();
+TEST_F(CopyFillTest, AMixedVisibilityIsCopiedAsItIs) {
+    sample->fill.Visible = MsoTriState::msoTriStateMixed;
+    callsOfCopy();
+    EXPECT_EQ(tested->fill.Visible, MsoTriState::msoTriStateMixed);
+}
+
+TEST_F(CopyFillTest, AnyOtherHostErrorOfAnyKindOfFillPassesToTheCaller) {
+    const std::vector<std::function<void(FillState&)>> kinds{
+        [](FillState&) {},
+        [](FillState& state) { state.Type = MsoFillType::msoFillPatterned; },
+        [](FillState& state) {
+            makeGradient(state, MsoGradientColorType::msoGradientOneColor, 0.5F);
+        },
+        [](FillState& state) {
+            makeGradient(state, MsoGradientColorType::msoGradientTwoColors, 0.5F);
+        },
+        [](FillState& state) {
+            makeGradient(state, MsoGradientColorType::msoGradientPresetColors, 0.5F);
+        },
+        [](FillState& state) {
+            makeUserTexture(state, "wood.jpg");
+            state.TextureType = MsoTextureType::msoTexturePreset;
+        },
+        [](FillState& state) { makeUserTexture(state, "wood.jpg"); }};
+    for (const auto& kind : kinds) {
+        kind(sample->fill);
+        const Calls calls = callsOfCopy();
+        for (std::size_t call = 1; call <= calls.size(); ++call) {
+            const std::string& failing = calls[call - 1];
+            const bool isOfUserTexture = failing == "read Sample.Fill.TextureName" ||
+                                         failing == "call Tested.Fill.UserTextured wood.jpg";
+            test.log().failAt("", base::Error(7, "popis"), call, 1);
+            if (isOfUserTexture) {
+                EXPECT_NO_THROW(CopyFill(sample->Fill(), tested->Fill())) << failing;
+            } else {
+                EXPECT_THROW(CopyFill(sample->Fill(), tested->Fill()), base::Error) << failing;
+            }
+            test.log().failNoMore();
+        }
     }
     EXPECT_TRUE(test.runtime.boxes.empty());
 }

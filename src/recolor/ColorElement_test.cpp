@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <initializer_list>
 #include <memory>
 #include <string>
@@ -100,6 +101,19 @@ TEST_F(ColorElementTest, FocusMarksAndDropFrameAreHiddenAtFirst) {
              &row.lineDragDes2, &row.lineDragDes3, &row.lineDragDes4}) {
         EXPECT_FALSE(part->Visible) << part->name();
     }
+}
+
+TEST_F(ColorElementTest, ALabelLiesUnderEachPreview) {
+    const auto expectUnder = [](const forms::Label& label, const forms::Image& preview) {
+        EXPECT_EQ(label.Left, preview.Left);
+        EXPECT_EQ(label.Width, preview.Width);
+        EXPECT_GT(label.Top, preview.Top);
+        EXPECT_LT(label.Top + label.Height, preview.Top + preview.Height);
+        EXPECT_EQ(label.Alignment, forms::Alignment::kCentre);
+    };
+    expectUnder(row.Label1, row.picSource);
+    expectUnder(row.Label2, row.picDestination);
+    EXPECT_LT(row.picSource.Left + row.picSource.Width, row.picDestination.Left);
 }
 
 TEST_F(ColorElementTest, AnyAttemptToResizeLeavesItAt4455By630Twips) {
@@ -240,6 +254,23 @@ TEST_F(ColorElementTest, TheTicksAreSetBeforeTheMenuOpens) {
     EXPECT_EQ(ticks(), "01");
     row.FillObject().setDesTransparency(0.25F);
     EXPECT_EQ(ticks(), "00");
+}
+
+TEST_F(ColorElementTest, NoFillIsTickedForNoOtherVisibilityThanNone) {
+    for (const int value : {-2, -1, 0, 1, 2}) {
+        row.FillObject().setDesVisible(static_cast<MsoTriState>(value));
+        user.click(row.cmdChangeDes);
+        EXPECT_EQ(test.runtime.menus.back().items[0].checked, value == 0) << value;
+    }
+}
+
+TEST_F(ColorElementTest, HalfTransparentIsTickedForExactlyOneHalf) {
+    for (const float value : {-1.0F, -0.5F, 0.0F, std::nextafter(0.5F, 0.0F), 0.5F,
+                              std::nextafter(0.5F, 1.0F), 1.0F, 2.0F}) {
+        row.FillObject().setDesTransparency(value);
+        user.click(row.cmdChangeDes);
+        EXPECT_EQ(test.runtime.menus.back().items[1].checked, value == 0.5F) << value;
+    }
 }
 
 TEST_F(ColorElementTest, EachItemRaisesItsEventWithItsValue) {
@@ -421,11 +452,13 @@ TEST_F(ColorElementTest, DiscolourSkipsARowWhoseFillIsNotChanged) {
     EXPECT_TRUE(test.runtime.boxes.empty());
 }
 
-TEST_F(ColorElementTest, AGreyBoxCountsAsSelected) {
-    prepareGroup();
-    row.setSelectValue(2);
-    row.Discolour(*test.document);
-    EXPECT_FALSE(row.FillObject().Change());
+TEST_F(ColorElementTest, AGreyBoxCountsAsSelectedAndSoDoesAnyOtherValueButZero) {
+    for (const std::int16_t value : {std::int16_t{2}, std::int16_t{-1}}) {
+        prepareGroup();
+        row.setSelectValue(value);
+        row.Discolour(*test.document);
+        EXPECT_FALSE(row.FillObject().Change()) << value;
+    }
 }
 
 TEST_F(ColorElementTest, AShapeThatIsGoneFailsItsWholeRowAndIsReported) {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <functional>
 #include <initializer_list>
 #include <memory>
 #include <string>
@@ -99,7 +100,12 @@ class DialogTest : public ::testing::Test {
 
     memory::TestHost test;
     int abouts = 0;
-    std::shared_ptr<frmEditGraphic> dialog = frmEditGraphic::create([this] { ++abouts; });
+    /// What happens while the about box is open.
+    std::function<void()> onAbout;
+    std::shared_ptr<frmEditGraphic> dialog = frmEditGraphic::create([this] {
+        ++abouts;
+        if (onAbout) onAbout();
+    });
     memory::Driver user{*dialog};
 
  private:

@@ -9,6 +9,7 @@ using base::text;
 using forms::KeyCode::kDelete;
 using forms::KeyCode::kDown;
 using forms::KeyCode::kUp;
+using forms::Shift::kAlt;
 using forms::Shift::kCtrl;
 using forms::Shift::kShift;
 
@@ -127,6 +128,7 @@ TEST_F(ElementListTest, AnErrorOnGainingTheFocusIsReported) {
     dialog->vs.setPeer(nullptr);
     EXPECT_EQ(onlyBox(), reported("7", "Element_GotFocus"));
     EXPECT_EQ(activeIndex(), 0);
+    EXPECT_EQ(moveButtons(), "disabled") << "they follow the scrolling";
 }
 
 // Select all.
@@ -283,6 +285,17 @@ TEST_F(ElementListTest, TheTopShownRowOfAFilteredViewDoesNotMoveUp) {
     user.click(dialog->nfbUP);
     EXPECT_EQ(order(), (Colors{1, 2, 3}));
     EXPECT_EQ(activeIndex(), 2);
+}
+
+TEST_F(ElementListTest, TheBottomShownRowOfAFilteredViewDoesNotMoveDown) {
+    addRows(4);
+    tick({1, 2});
+    chooseView(1);
+    focus(2);
+    user.click(dialog->nfbDown);
+    EXPECT_EQ(order(), (Colors{1, 2, 3, 4}));
+    EXPECT_EQ(activeIndex(), 2);
+    EXPECT_TRUE(test.runtime.boxes.empty());
 }
 
 TEST_F(ElementListTest, AMoveThatExchangesTicksRefreshesTheView) {
@@ -574,6 +587,29 @@ TEST_F(ElementListTest, ShiftDeleteRemovesEveryRowWithoutAQuestion) {
     EXPECT_EQ(rowCount(), 0);
     EXPECT_TRUE(test.runtime.boxes.empty());
     EXPECT_EQ(moveButtons(), "disabled");
+}
+
+TEST_F(ElementListTest, ShiftWithAnotherKeyRemovesTheActiveRowOnly) {
+    for (const int more : {kCtrl + 0, kAlt + 0, kCtrl | kAlt}) {
+        addRows(3);
+        focus(2);
+        user.key(kDelete, static_cast<std::int16_t>(kShift | more));
+        EXPECT_EQ(order(), (Colors{1, 3})) << more;
+        user.key(kDelete, kShift);
+        EXPECT_EQ(rowCount(), 0);
+    }
+}
+
+TEST_F(ElementListTest, ARowOfAnyOtherValueIsSelectedButRemovedWithNeitherSelection) {
+    for (const std::int16_t value : {std::int16_t{-1}, std::int16_t{2}, std::int16_t{3}}) {
+        addRows(1);
+        row(1).setSelectValue(value);
+        EXPECT_EQ(enabledItems(), (Names{"&Označené", "&Vše"})) << value;
+        remove("&Označené");
+        EXPECT_EQ(rowCount(), 1) << value;
+        remove("&Vše");
+        EXPECT_EQ(rowCount(), 0);
+    }
 }
 
 TEST_F(ElementListTest, TheMoveButtonsFollowTheFocusAfterEachRemoval) {

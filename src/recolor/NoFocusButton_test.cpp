@@ -314,6 +314,34 @@ TEST_F(NoFocusButtonTest, TheMouseSurfaceAndTheDisabledPictureCoverTheWholeFace)
     }
 }
 
+TEST_F(NoFocusButtonTest, TheEnabledPictureIsCentredOnTheFaceAtEachResizeAndEachPicture) {
+    const auto expectCentred = [this] {
+        EXPECT_EQ(button.imgE.Left, (button.Width - button.imgE.Width) / 2);
+        EXPECT_EQ(button.imgE.Top, (button.Height - button.imgE.Height) / 2);
+    };
+    EXPECT_EQ(button.imgE.Left, 320);
+    EXPECT_EQ(button.imgE.Top, 20);
+    button.Width = 2000;
+    expectCentred();
+    EXPECT_EQ(button.imgE.Left, 820);
+    button.Height = 900;
+    expectCentred();
+    EXPECT_EQ(button.imgE.Top, 270);
+    button.imgE.Width = 600.0;
+    button.imgE.Height = 200.0;
+    button.setPicture(first);
+    expectCentred();
+    EXPECT_EQ(button.imgE.Left, 700);
+}
+
+TEST_F(NoFocusButtonTest, TheDisabledPictureIsCentredOnTheFaceByItsSetter) {
+    button.imgD.Width = 600.0;
+    button.imgD.Height = 200.0;
+    button.setDisabledPicture(second);
+    EXPECT_EQ(button.imgD.Left, 200);
+    EXPECT_EQ(button.imgD.Top, 100);
+}
+
 TEST_F(NoFocusButtonTest, TheEdgesLieAlongTheFaceWithAnOffsetOf20Twips) {
     EXPECT_EQ(button.lineTop.Width, 980);
     EXPECT_EQ(button.lineLeft.Height, 380);

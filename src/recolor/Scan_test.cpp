@@ -225,6 +225,36 @@ TEST_F(ScanTest, TellsTheNumberOfRowsInAnInformationBoxWhileTheScratchDocumentIs
                                                           64, "Zpracování je dokončeno..."}}));
 }
 
+TEST_F(ScanTest, UntilTheFirstShapeIsTakenItSaysThatItSearches) {
+    add("A", kRed);
+    test.document->selectAll();
+    for (const char* call : {"call Documents.Add", "read A.Type"}) {
+        test.log().failAt(call, base::Error(7, "popis"));
+        dialog->picLoadStatus.Visible = false;
+        dialog->lblLoadStatus.Caption = std::string();
+        press();
+        test.log().failNoMore();
+        EXPECT_EQ(dialog->lblLoadStatus.Caption.get(), "Prohledávám označené objekty...") << call;
+        EXPECT_TRUE(dialog->picLoadStatus.Visible) << call;
+    }
+}
+
+TEST_F(ScanTest, ASelectedInlinePictureIsNoShape) {
+    add("A", kRed);
+    test.document->select({test.document->addInlinePicture("Photo")});
+    press();
+    EXPECT_EQ(test.runtime.boxes.at(0).text, "Nejsou vybrány žádné grafické objekty.");
+    EXPECT_EQ(rowCount(), 0);
+}
+
+TEST_F(ScanTest, AFillOfMixedVisibilityHasItsPreviews) {
+    add("A", kRed)->fill.Visible = MsoTriState::msoTriStateMixed;
+    test.document->selectAll();
+    press();
+    EXPECT_FALSE(row(1).SourcePicture().empty());
+    EXPECT_FALSE(row(1).DestinationPicture().empty());
+}
+
 TEST_F(ScanTest, SaysHowManyShapesAreTakenAtEveryGroupAndEveryMatch) {
     add("A", kRed);
     add("B", kBlue);

@@ -236,6 +236,25 @@ TEST_F(ViewsTest, WhereNothingIsLeftToScrollTheRowsAreBackAtTheTop) {
     EXPECT_EQ(areaTop(), 0);
 }
 
+TEST_F(ViewsTest, AListThatFitsAgainIsScrolledToItsTop) {
+    addRows(12);
+    user.scrollTo(dialog->vs, 700);
+    user.resize(dialog->Width, dialog->Height + 5000);
+    EXPECT_FALSE(dialog->vs.Enabled);
+    EXPECT_EQ(dialog->vs.value(), 0);
+    EXPECT_EQ(areaTop(), 0);
+}
+
+TEST_F(ViewsTest, AListThatFitsAfterARemovalIsScrolledToItsTop) {
+    addRows(12);
+    user.scrollTo(dialog->vs, 700);
+    row(5).SetFocus();
+    user.key(forms::KeyCode::kDelete, forms::Shift::kShift);
+    EXPECT_FALSE(dialog->vs.Enabled);
+    EXPECT_EQ(dialog->vs.value(), 0);
+    EXPECT_EQ(areaTop(), 0);
+}
+
 TEST_F(ViewsTest, RowsThatFitExactlyNeedNoScrollBar) {
     addRows(9);
     user.resize(dialog->Width, dialog->Height - (kViewport - 9 * 630));
@@ -417,6 +436,40 @@ TEST_F(ViewsTest, AScanInAFilteredViewShowsItsRowsUntilTheNextRefresh) {
     EXPECT_EQ(shown(), Colors{1});
 }
 
+TEST_F(ViewsTest, AScanInAFilteredViewPlacesItsRowUnderTheLastOneHiddenOrNot) {
+    addRows(4);
+    tick({2});
+    chooseView(1);
+    EXPECT_EQ(row(2).Top, 0);
+    EXPECT_EQ(row(4).Top, 3 * 630);
+    addRows(Colors{9});
+    EXPECT_EQ(row(5).Top, 4 * 630);
+    EXPECT_EQ(areaHeight(), 5 * 630);
+    chooseView(2);
+    EXPECT_EQ(row(5).Top, 3 * 630);
+    chooseView(1);
+    chooseView(2);
+    addRows(Colors{10});
+    EXPECT_EQ(row(6).Top, 4 * 630);
+    EXPECT_EQ(areaHeight(), 5 * 630);
+}
+
+TEST_F(ViewsTest, EveryValueButZeroCountsAsTicked) {
+    for (const std::int16_t value : {std::int16_t{-1}, std::int16_t{1}, std::int16_t{2}}) {
+        addRows(2);
+        row(2).setSelectValue(value);
+        EXPECT_EQ(dialog->selectedCount(), 1) << value;
+        chooseView(1);
+        EXPECT_EQ(shown(), Colors{2}) << value;
+        chooseView(2);
+        EXPECT_EQ(shown(), Colors{1}) << value;
+        chooseView(0);
+        row(1).SetFocus();
+        user.key(forms::KeyCode::kDelete, forms::Shift::kShift);
+        EXPECT_EQ(rowCount(), 0);
+    }
+}
+
 TEST_F(ViewsTest, AnErrorOfAViewIsReported) {
     addRows(2);
     row(1).setPeer(std::make_unique<FailingPeer>(forms::PropertyId::Visible));
@@ -446,6 +499,18 @@ TEST_F(ViewsTest, TheLogoShowsItsColoursInsideItsBorderOf200Twips) {
     EXPECT_TRUE(isColoured(width / 2, 230));
     EXPECT_TRUE(isColoured(width / 2, 600));
     EXPECT_FALSE(isColoured(10, height / 2));
+    EXPECT_EQ(dialog->imgQXLogo.Picture.get(), component.icon(400));
+}
+
+TEST_F(ViewsTest, TheLogoIsInBlackAndWhiteAfterTheAboutBoxWhateverThePointerDidMeanwhile) {
+    const auto& component = test.runtime.Component();
+    onAbout = [&] {
+        user.moveMouse(dialog->imgQXLogo, static_cast<float>(dialog->imgQXLogo.Width / 2),
+                       static_cast<float>(dialog->imgQXLogo.Height / 2));
+        EXPECT_EQ(dialog->imgQXLogo.Picture.get(), component.icon(401));
+    };
+    user.click(dialog->imgQXLogo);
+    EXPECT_EQ(abouts, 1);
     EXPECT_EQ(dialog->imgQXLogo.Picture.get(), component.icon(400));
 }
 
