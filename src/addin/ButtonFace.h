@@ -8,7 +8,7 @@
 namespace huebrush::addin {
 
 /// Gives a button the component's icon with a number, through the clipboard of the forms runtime,
-/// whose former content is lost: the button's own face is the canvas that the icon is drawn on.
+/// whose previous content is lost: the button's own face is the canvas that the icon is drawn on.
 /// Does nothing for no button.
 void SetButtonFace(host::CommandBarControl* button, const std::int16_t& icon);
 

@@ -57,8 +57,8 @@ void warnOfNewHost() {
         forms::MsgBoxStyle::kCritical, boxTitle());
 }
 
-/// Converts a text that uses the locale's decimal separator; a point is no part of a number where
-/// another separator is in use.
+/// Converts a text that uses the locale's decimal separator; a point does not belong to a number
+/// where another separator is used.
 double toLocaleNumber(std::string value, char separator) {
     constexpr char kNoDigit = '?';
     for (char& character : value) {
@@ -133,7 +133,8 @@ void ConnectW2000::connect(host::Application& application) {
 struct ConnectW2000::Construction {
     /// A step gives its line, which reports name.
     error::Steps& step;
-    /// The number of the icon in work is also whether the user is asked about an error.
+    /// The number of the icon being painted; 0 before the first one, while the user is not asked
+    /// about errors.
     std::int16_t& icon;
     host::CommandBarPointer bar{};
     bool changed = false;

@@ -9,8 +9,8 @@
 
 namespace huebrush::addin {
 
-/// The about box: the product, its version, what it is and its licence, and a way to the tool that
-/// tells about the system.
+/// The about box: the product, its version, what it is and its licence, and a button for the
+/// system information tool.
 class frmAbout final : public forms::Form {
  public:
     /// Makes and loads the box.

@@ -20,7 +20,7 @@ inline constexpr std::int32_t kFileNotFound = 53;
 inline constexpr std::int32_t kPathAccess = 75;
 inline constexpr std::int32_t kObjectNotSet = 91;
 inline constexpr std::int32_t kNoSuchControl = 340;
-/// A host refuses to tell a property.
+/// A host refuses to give a property.
 inline constexpr std::int32_t kNotAvailable = 4605;
 inline constexpr std::int32_t kUnloaded = 364;
 inline constexpr std::int32_t kInvalidPicture = 481;

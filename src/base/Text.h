@@ -38,8 +38,8 @@ std::string text(const Parts&... parts) {
     return out;
 }
 
-/// The text of the number `value` is converted from, without regard to the locale: a point is the
-/// decimal separator, the whole text must be used up. Type mismatch error (13) otherwise.
+/// The number that the text `value` shows, whatever the locale: a point is the decimal separator,
+/// and nothing else may stand in the text. Type mismatch error (13) otherwise.
 double toNumber(std::string_view value);
 
 /// As toNumber, rounded to a 32-bit integer (half to even); overflow error (6) beyond its range.

@@ -20,7 +20,7 @@ struct Message {
     std::size_t step = 0;
 };
 
-/// The forms runtime for work with nobody at the screen. Boxes are kept instead of shown: Abort,
+/// The forms runtime for work without a user at the screen. Boxes are kept instead of shown: Abort,
 /// Retry and Ignore is answered with Abort, any other question is an error of whoever asks it.
 /// No events are let through; a step in between only reports progress. Settings and component are
 /// those of the platform, the clipboard is its own.

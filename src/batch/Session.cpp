@@ -141,7 +141,7 @@ void Session::editRow(const RowEdit& rowEdit) {
 
 RecolorResult Session::result(const std::vector<bool>& wasChanged, std::size_t firstMessage,
                               std::size_t firstStep) const {
-    // The recolour makes one step before each row: that tells which row a message is about.
+    // The recolour makes one step before each row: that shows which row a message is about.
     std::vector<std::string> failures(wasChanged.size());
     for (std::size_t i = firstMessage; i < runtime_.messages().size(); ++i) {
         const Message& message = runtime_.messages()[i];

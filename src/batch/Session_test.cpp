@@ -109,7 +109,7 @@ TEST_F(BatchSession, RefusesADocumentWithoutShapes) {
     EXPECT_THROW(session.scan(), RequestError);
 }
 
-TEST_F(BatchSession, TellsTheFailureOfARowAndGoesOnWithTheNext) {
+TEST_F(BatchSession, ReportsTheFailureOfARowAndGoesOnWithTheNext) {
     addThreeRows();
     Session session(host, document, runtime);
     session.scan();

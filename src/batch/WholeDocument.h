@@ -22,7 +22,7 @@ class WholeDocument final : public host::Application {
     host::Dialogs& Dialogs() override { return host_.Dialogs(); }
     host::CommandBars& CommandBars() override { return host_.CommandBars(); }
     host::Template& NormalTemplate() override { return host_.NormalTemplate(); }
-    /// There is nobody to read it.
+    /// There is no user to read it.
     void setStatusBar(const std::string& text) override { static_cast<void>(text); }
     void setCursor(host::WdCursorType cursor) override { static_cast<void>(cursor); }
 

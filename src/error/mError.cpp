@@ -12,8 +12,8 @@ using base::text;
 
 std::string locationPrefix(const std::string& source, std::int32_t line) {
     const auto length = static_cast<std::int32_t>(base::lengthInCharacters(source));
-    // A bitwise AND of the two numbers, on purpose: a source and a line that share no set bit are
-    // told without the line.
+    // A bitwise AND of the two numbers, on purpose: a source and a line that share no set bit
+    // give a report without the line.
     if ((length & line) != 0) {
         return text("Chyba v modulu \"", source, "\" na řádku č.", line, "...", kLineBreak,
                     kLineBreak);
@@ -25,7 +25,7 @@ std::string locationPrefix(const std::string& source, std::int32_t line) {
 
 constexpr std::int32_t kAskStyle =
     forms::MsgBoxStyle::kAbortRetryIgnore | forms::MsgBoxStyle::kExclamation;
-constexpr std::int32_t kTellStyle = forms::MsgBoxStyle::kOk | forms::MsgBoxStyle::kCritical;
+constexpr std::int32_t kReportStyle = forms::MsgBoxStyle::kOk | forms::MsgBoxStyle::kCritical;
 
 }  // namespace
 
@@ -38,7 +38,7 @@ std::int16_t ReportError(const PendingError& error, std::string& message, const 
     const std::string title = text("Chyba č. ", error.number);
     auto& runtime = forms::Runtime::current();
     if (askUser == 0) {
-        runtime.MsgBox(box, kTellStyle, title);
+        runtime.MsgBox(box, kReportStyle, title);
         return 0;
     }
     return static_cast<std::int16_t>(runtime.MsgBox(box, kAskStyle, title));

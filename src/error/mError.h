@@ -17,7 +17,7 @@ struct PendingError {
     std::int32_t line = 0;  ///< The procedure's current line; 0 when it keeps none.
 };
 
-/// Tells the user of an error in a message box: where it happened, the caller's message, and the
+/// Reports an error to the user in a message box: where it happened, the caller's message, and the
 /// system's description. The location is put in front of `message` itself, too.
 ///
 /// `askUser` non-zero offers Abort, Retry and Ignore and returns the button (3, 4, 5); otherwise,

@@ -138,7 +138,7 @@ TEST_F(TrapTest, TheMessageIsBuiltAnewForEachError) {
     EXPECT_EQ(runtime.boxes.at(0), runtime.boxes.at(1));
 }
 
-TEST_F(TrapTest, IgnoringTellsWhetherTheBodyCameToItsEnd) {
+TEST_F(TrapTest, IgnoringReturnsWhetherTheBodyCameToItsEnd) {
     EXPECT_TRUE(ignoring([] {}));
     EXPECT_FALSE(ignoring([] { throw base::Error(5, "popis"); }));
     EXPECT_TRUE(runtime.boxes.empty());

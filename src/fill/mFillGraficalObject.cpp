@@ -8,7 +8,7 @@ namespace huebrush::fill {
 
 namespace {
 
-/// The properties of a fill, each asked of the host.
+/// The properties of a fill, each read from the host.
 class AskedFill {
  public:
     explicit AskedFill(host::FillFormat& fill) : fill_(fill) {}
@@ -21,7 +21,7 @@ class AskedFill {
     host::FillFormat& fill_;
 };
 
-/// The same of a fill whose host has told all of them.
+/// The properties of a fill whose host gives all of them at once.
 class KnownFill {
  public:
     explicit KnownFill(const FillProperties& fill) : fill_(fill) {}

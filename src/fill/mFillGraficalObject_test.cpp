@@ -25,12 +25,13 @@ class TwoFills : public ::testing::Test {
         sample = test.document->addSolid("Sample", 0x0000C0);
         tested = test.document->addSolid("Tested", 0x0000C0);
     }
-    /// The same for a host that is asked for each property as for one that tells all of them.
+    /// The result is the same for a host that is asked for each property and for one that gives
+    /// all of them at once.
     bool same() {
         const bool asked = IsSameFill(sample->Fill(), tested->Fill());
-        both([](FillState& state) { state.told = true; });
+        both([](FillState& state) { state.givenAtOnce = true; });
         EXPECT_EQ(IsSameFill(sample->Fill(), tested->Fill()), asked);
-        both([](FillState& state) { state.told = false; });
+        both([](FillState& state) { state.givenAtOnce = false; });
         return asked;
     }
     /// Makes the same change to both.

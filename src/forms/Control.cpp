@@ -12,7 +12,7 @@ Control::Control(std::string name) : name_(std::move(name)) {}
 Control::Control(Control& container, std::string name)
     : name_(std::move(name)), container_(&container) {
     container.children_.push_back(this);
-    container.tellOfChildren();
+    container.childrenChanged();
 }
 
 Control::~Control() {
@@ -23,10 +23,10 @@ void Control::removeChild(const Control& child) {
     // The youngest is the likeliest to go: rows are unloaded from the end.
     const auto found = std::find(children_.rbegin(), children_.rend(), &child);
     if (found != children_.rend()) children_.erase(std::next(found).base());
-    tellOfChildren();
+    childrenChanged();
 }
 
-void Control::tellOfChildren() const {
+void Control::childrenChanged() const {
     if (peer_) peer_->changed(PropertyId::Children);
 }
 

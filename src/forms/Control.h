@@ -102,14 +102,14 @@ class Control : public PropertyOwner {
     explicit Control(std::string name);
 
     virtual Form* asForm() { return nullptr; }
-    /// Whether the form is still loaded; touching a control of an unloaded one is harmless.
+    /// Whether the control, and all that contains it up to the form, is enabled.
     bool isEnabledInAll() const;
 
  private:
     friend class Form;
     Control* firstFocusable();
     void removeChild(const Control& child);
-    void tellOfChildren() const;
+    void childrenChanged() const;
 
     std::string name_;
     Control* container_ = nullptr;

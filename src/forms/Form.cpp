@@ -24,9 +24,9 @@ bool isIn(const std::vector<Control*>& chain, const Control* control) {
     return std::find(chain.begin(), chain.end(), control) != chain.end();
 }
 
-/// Hands on what a handler has thrown. Where even telling it fails, nobody is left to tell.
-/// REQUIRES: called inside a catch block.
-void tellUnhandled() noexcept {
+/// Passes on what a handler has thrown. Where reporting it fails too, there is nobody left to
+/// report to. REQUIRES: called inside a catch block.
+void reportUnhandled() noexcept {
     try {
         Runtime::current().UnhandledError(base::currentError());
     } catch (...) {
@@ -66,8 +66,8 @@ void Form::Unload() {
 
 void Form::moveFocus(Control* target) {
     if (unloaded_ || target == focused_) return;
-    Control* const former = std::exchange(focused_, target);
-    const std::vector<Control*> left = focusChain(former);
+    Control* const previous = std::exchange(focused_, target);
+    const std::vector<Control*> left = focusChain(previous);
     std::vector<Control*> entered = focusChain(target);
     for (Control* const control : left) {
         if (!isIn(entered, control)) control->LostFocus();
@@ -118,7 +118,7 @@ void Form::handle(const std::function<void()>& handlers) noexcept {
     try {
         handlers();
     } catch (...) {
-        tellUnhandled();
+        reportUnhandled();
     }
     if (--handlersRunning_ == 0) kept_.clear();
 }

@@ -47,7 +47,7 @@ class Form : public Control, public std::enable_shared_from_this<Form> {
 
     /// The control that has the focus, or nothing.
     Control* focused() const { return focused_; }
-    /// Moves the focus to the next control in the order of creation, or to the former one.
+    /// Moves the focus to the next control in the order of creation, or to the previous one.
     void focusNext(bool backwards = false);
 
     /// The control being dragged, or nothing.

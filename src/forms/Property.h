@@ -37,7 +37,7 @@ enum class PropertyId {
     Children,
 };
 
-/// What owns properties and hears of their changes.
+/// What owns properties and is notified of their changes.
 class PropertyOwner {
  public:
     PropertyOwner() = default;
@@ -45,12 +45,12 @@ class PropertyOwner {
     PropertyOwner& operator=(const PropertyOwner&) = delete;
     virtual ~PropertyOwner() = default;
 
-    /// Called after a property has taken a value that differs from its former one.
+    /// Called after a property has taken a value that differs from its previous one.
     virtual void propertyChanged(PropertyId id) = 0;
 };
 
-/// A property that reads and is assigned like a plain value and tells its owner of each change.
-/// Assigning the value that it has is no change.
+/// A property that reads and is assigned like a plain value and notifies its owner of each change.
+/// Assigning the value that it already has is not a change.
 template <class T>
 class Property {
  public:
@@ -73,7 +73,7 @@ class Property {
         return *this;
     }
 
-    /// Gives the value of design time: nobody is told.
+    /// Sets the value of design time, without a notification.
     void initialize(T value) { value_ = std::move(value); }
 
  private:

@@ -138,7 +138,7 @@ class Runtime {
     static Runtime*& slot();
 };
 
-/// Makes a runtime the current one for a lifetime, and the former one current again after it.
+/// Makes a runtime the current one for a lifetime, and the previous one current again after it.
 class RuntimeScope {
  public:
     explicit RuntimeScope(Runtime& runtime);

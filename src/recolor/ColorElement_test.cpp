@@ -308,9 +308,9 @@ TEST_F(ColorElementTest, AFillReadFromARecordShowsItsStoredPreview) {
 }
 
 TEST_F(ColorElementTest, OnlyTheDescriptorThatARowHoldsShowsItsPreviewThere) {
-    const auto former = row.fillReference();
+    const auto previous = row.fillReference();
     row.setFillObject(std::make_shared<fill::CFill>());
-    former->ReadFromRecordset(first);
+    previous->ReadFromRecordset(first);
     EXPECT_TRUE(row.DestinationPicture().empty());
     row.FillObject().ReadFromRecordset(second);
     EXPECT_EQ(row.DestinationPicture(), second);

@@ -16,8 +16,8 @@
 
 namespace huebrush::recolor {
 
-/// The recolour dialog on the memory port, with a user at it. Rows are told apart by the colour of
-/// their current fill.
+/// The recolour dialog on the memory port, with a user at it. Rows are distinguished by the colour
+/// of their current fill.
 class DialogTest : public ::testing::Test {
  protected:
     using Colors = std::vector<std::int32_t>;
@@ -32,7 +32,7 @@ class DialogTest : public ::testing::Test {
     ColorElement& row(std::int16_t index) { return dialog->Element[index]; }
     std::int16_t rowCount() const { return dialog->Element.ubound(); }
 
-    /// Scans what is selected now, and forgets the box that tells the result.
+    /// Scans what is selected now, and forgets the box with the result.
     void scan() {
         user.click(dialog->cmdAdd);
         test.runtime.boxes.clear();

@@ -210,7 +210,7 @@ TEST_F(ScanTest, MakesTheScrollBarFitTheRows) {
     EXPECT_EQ(dialog->vs.value(), 0);
 }
 
-TEST_F(ScanTest, TellsTheNumberOfRowsInAnInformationBoxWhileTheScratchDocumentIsOpen) {
+TEST_F(ScanTest, ShowsTheNumberOfRowsInAnInformationBoxWhileTheScratchDocumentIsOpen) {
     add("A", kRed);
     test.document->selectAll();
     std::size_t open = 0;
@@ -515,7 +515,7 @@ std::size_t scanWith(std::size_t pump, const Happening& happening,
     std::shared_ptr<frmEditGraphic> dialog = frmEditGraphic::create();
     dialog->connect(test.application);
     const memory::Driver user(*dialog);
-    test.document->addSolid("Former", 7);
+    test.document->addSolid("Earlier", 7);
     test.document->selectAll();
     user.click(dialog->cmdAdd);
     int number = 0;

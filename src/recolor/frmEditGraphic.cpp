@@ -189,7 +189,7 @@ void frmEditGraphic::connectHandlers() {
     cmdClose.Click.connect([this] { Unload(); });
     for (std::size_t i = 0; i < optView.size(); ++i) {
         optView[i]->Click.connect([this, i] {
-            // Being cleared by another option's choice is no choice of this one.
+            // An option that is cleared because another one was chosen has not been chosen itself.
             if (optView[i]->Value) optView_Click(static_cast<std::int16_t>(i));
         });
     }

@@ -29,7 +29,7 @@ class frmEditGraphic final : public forms::Form {
     /// Makes and loads the dialog. `showAbout` is what a click on the logo does.
     static std::shared_ptr<frmEditGraphic> create(std::function<void()> showAbout = {});
 
-    /// The way in: keeps the host application and shows the dialog beside its document.
+    /// The entry operation: keeps the host application and shows the dialog beside its document.
     void ShowDialog(host::Application& WApp);
     /// Keeps the host application without showing anything.
     void connect(host::Application& WApp) { WApp_ = &WApp; }

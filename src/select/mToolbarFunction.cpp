@@ -71,7 +71,7 @@ Match fillMatch(host::Shape& sample) {
     return [&fill](host::Shape& shape) { return fill::IsSameFill(shape.Fill(), fill); };
 }
 
-void tellWrongSelection(bool none, const Texts& texts) {
+void warnOfWrongSelection(bool none, const Texts& texts) {
     const char* const what = none ? "Není vybrán vzorový grafický prvkek!"
                                   : "Je vybráno více vzorových grafických prvků!";
     const char* const hint = none ? texts.selectOneHint : texts.onlyOneHint;
@@ -110,7 +110,7 @@ void selectAlike(host::Application& WApp, const Texts& texts, MatchFor matchFor)
         const auto selected = WApp.Selection()->ShapeRange();
         const std::int32_t count = selected->Count();
         if (count != 1) {
-            tellWrongSelection(count == 0, texts);
+            warnOfWrongSelection(count == 0, texts);
             return;
         }
         WApp.setCursor(host::WdCursorType::wdCursorWait);

@@ -10,7 +10,7 @@
 
 namespace huebrush::memory {
 
-/// Everything that the logic asks of the memory host and, where it is told to listen, of the memory
+/// Everything that the logic asks of the memory host and, where it is connected, of the memory
 /// runtime, call by call and in order: "read Sun.Fill.Visible", "write Sun.Fill.Visible -1", "call
 /// Sun.Fill.Solid". Off until it is switched on, so that large documents cost no more than the
 /// calls themselves.

@@ -170,15 +170,15 @@ void Driver::dragWithoutDrop(const std::function<void()>& grab,
     requireOpen();
     grab();
     if (form_.dragged() == nullptr) throwImpossible("Nothing started to drag");
-    Control* former = nullptr;
+    Control* previous = nullptr;
     for (Control* const target : over) {
         requireUsable(*target);
         form_.handle([&] {
-            if (former != nullptr) form_.dragOver(*former, 0, 0, forms::DragState::leave);
+            if (previous != nullptr) form_.dragOver(*previous, 0, 0, forms::DragState::leave);
             form_.dragOver(*target, 0, 0, forms::DragState::enter);
             form_.dragOver(*target, 0, 0, forms::DragState::over);
         });
-        former = target;
+        previous = target;
     }
 }
 

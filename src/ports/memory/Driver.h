@@ -12,7 +12,7 @@
 
 namespace huebrush::memory {
 
-/// The driver was told to do what no user can: a mistake of the test.
+/// The test asked the driver for what no user can do: a mistake of the test.
 class ImpossibleInput : public std::logic_error {
  public:
     using std::logic_error::logic_error;

@@ -143,7 +143,7 @@ std::int32_t MemoryFill::Pattern() {
 }
 const host::FillProperties* MemoryFill::known() {
     requireAlive();
-    return single_ != nullptr && single_->told ? single_ : nullptr;
+    return single_ != nullptr && single_->givenAtOnce ? single_ : nullptr;
 }
 
 void MemoryFill::Solid() {

@@ -27,8 +27,8 @@ struct FillState : host::FillProperties {
         PresetTexture = Pattern = host::kMixed;
     }
 
-    /// The host tells all properties at once, as some hosts do.
-    bool told = false;
+    /// The host gives all properties at once, as some hosts do.
+    bool givenAtOnce = false;
 
     friend bool operator==(const FillState&, const FillState&) = default;
 };
