@@ -158,7 +158,7 @@ Cells runMdbExport(const std::string& file, const std::string& table) {
 }
 
 bool sameCell(const std::string& ours, const std::string& theirs) {
-    if (ours == theirs) return true;
+    if (ours == theirs || (ours.empty() && theirs == kNull)) return true;
     double a = 0;
     double b = 0;
     return number(ours, a) && number(theirs, b) && std::abs(a - b) <= 1e-6 * std::abs(a);

@@ -17,7 +17,8 @@ Cells exportTable(Database& database, const TableDefinition& table);
 /// The same by mdb-export, run on a real file. An error when the program fails.
 Cells runMdbExport(const std::string& file, const std::string& table);
 
-/// Whether the two are the same value: numbers may be written in different ways.
+/// Whether the two are the same value: numbers may be written in different ways, and mdb-export
+/// prints an empty text as null.
 bool sameCell(const std::string& ours, const std::string& theirs);
 
 }  // namespace huebrush::jet

@@ -6,6 +6,7 @@
 #include <map>
 #include <random>
 
+#include "jet/MapLayouts_test_support.h"
 #include "jet/Palette_test_support.h"
 
 namespace huebrush::jet {
@@ -121,7 +122,7 @@ class Model : public ::testing::Test {
         removeElement();
     }
     void compare() {
-        ASSERT_EQ(faults(*file.database), "") << operations;
+        ASSERT_EQ(waste ? damage(*file.database) : faults(*file.database), "") << operations;
         const auto groupRows = allRows(*file.database, "TFillGroup");
         ASSERT_EQ(groupRows.size(), groups.size());
         for (const auto& row : groupRows) {
@@ -144,6 +145,7 @@ class Model : public ::testing::Test {
     std::map<std::int32_t, Element> elements;
     std::map<std::int32_t, std::size_t> elementsIn;  ///< by group
     std::size_t operations = 0;
+    bool waste = false;  ///< other programs lose pages
 };
 
 TEST_F(Model, RandomChangesDoWhatAPlainTableDoes) {
@@ -162,6 +164,26 @@ TEST_F(Model, RandomChangesDoWhatAPlainTableDoes) {
     compare();
     std::cout << operations << " operations, " << elements.size() << " elements left, "
               << file.database->pages().count() << " pages\n";
+}
+
+TEST_F(Model, RandomChangesDoSoInTurnWithOtherProgramsThatLayOutTheMapsAnew) {
+    waste = true;
+    const auto turns = static_cast<std::uint32_t>(casesOf(400, 60));
+    for (std::uint32_t turn = 0; turn < turns; ++turn) {
+        const Bytes content = *file.files.files.at(PaletteFile::kName);
+        *file.files.files.at(PaletteFile::kName) =
+            withOtherMaps(content, turn, Layouts::ofThisEngine);
+        file.database = Database::open(file.files, PaletteFile::kName);
+        compare();
+        file.database->inOneCommit([&] {
+            for (int i = 0; i < 300; ++i) step();
+        });
+        ASSERT_FALSE(HasFatalFailure()) << turn;
+        compare();
+        ASSERT_FALSE(HasFatalFailure()) << turn;
+    }
+    std::cout << operations << " operations, " << lostPages(*file.database) << " lost pages of "
+              << file.database->pages().count() << '\n';
 }
 
 }  // namespace

@@ -69,14 +69,32 @@ void erasePalette(Database& database, std::int32_t id) {
     });
 }
 
-std::string faults(Database& database) {
-    const CheckResult result = check(database);
+namespace {
+
+std::string linesOf(const CheckResult& result, bool withWaste) {
     std::string lines;
-    for (const Violation& each : result.violations) lines += each.text() + "\n";
-    for (const PageNumber page : result.unowned) {
-        lines += "strana " + std::to_string(page) + " nikomu nepatří\n";
+    for (const Violation& each : result.violations) {
+        if (withWaste || each.severity == Severity::damage) lines += each.text() + "\n";
     }
     return lines;
+}
+
+}  // namespace
+
+std::string faults(Database& database) {
+    return linesOf(check(database), true);
+}
+
+std::string damage(Database& database) {
+    return linesOf(check(database), false);
+}
+
+PageNumber lostPages(Database& database) {
+    PageNumber lost = 0;
+    for (const Violation& each : check(database).violations) {
+        if (each.rule == rule::kOwned) lost += each.pages;
+    }
+    return lost;
 }
 
 Bytes patternBytes(std::size_t size, std::uint32_t seed) {
@@ -90,14 +108,14 @@ Bytes patternBytes(std::size_t size, std::uint32_t seed) {
 }
 
 void makeMapPage(Pages& pages) {
-    pages.append();
+    while (pages.count() < 6) pages.append();
     Page& page = pages.change(0);
     clearDataPage(page, 0);
     Bytes free = emptyMap();
     std::fill(free.begin() + 5, free.end(), std::uint8_t{0xFF});
     addRow(page, 0, free, SlotFlag::kNone);
     addRow(page, 0, emptyMap(), SlotFlag::kNone);
-    UsageMap(pages, {0, 0}).drop(0);
+    for (PageNumber used = 0; used < pages.count(); ++used) UsageMap(pages, {0, 0}).drop(used);
 }
 
 std::vector<std::vector<Value>> allRows(Database& database, const std::string& name) {

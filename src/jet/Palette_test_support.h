@@ -30,7 +30,13 @@ std::int32_t addPalette(Database& database, const std::string& name,
 /// Erases a palette with its elements.
 void erasePalette(Database& database, std::int32_t id);
 
-/// All violations, a line each; and the pages that belong to nothing.
+/// All violations that are damage, a line each.
+std::string damage(Database& database);
+
+/// The pages that nothing owns and that are not free.
+PageNumber lostPages(Database& database);
+
+/// All violations, damage and waste, a line each.
 std::string faults(Database& database);
 
 /// Bytes that differ from place to place, so that mixed-up parts show.
@@ -39,8 +45,8 @@ Bytes patternBytes(std::size_t size, std::uint32_t seed);
 /// A table's rows with all values, by the order of its columns.
 std::vector<std::vector<Value>> allRows(Database& database, const std::string& name);
 
-/// Makes page 0 of two usage maps: of free pages in row 0, all but this one free; an empty one in
-/// row 1.
+/// Makes the six pages that are never given out. Page 0 has two usage maps: of free pages in row 0,
+/// all but these free; an empty one in row 1.
 void makeMapPage(Pages& pages);
 
 /// A palette file in memory, open.

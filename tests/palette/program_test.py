@@ -40,7 +40,7 @@ class Refusals(OnPaletteFiles):
         cut = self.folder / "cut.mdb"
         cut.write_bytes(self.file.read_bytes()[:40000])
         for command in ("list", "dump", "check"):
-            self.assert_refused("pravidlo F1", command, cut)
+            self.assert_refused("rule F1", command, cut)
 
     def test_new_where_a_file_is(self):
         self.assert_refused("exists already: say --force", "new", self.file)
@@ -273,10 +273,13 @@ class Check(OnPaletteFiles):
         violations = json.loads(result.stdout)["violations"]
         self.assertGreaterEqual(len(violations), broken)
         self.assertEqual([each["text"] for each in violations], lines[:len(violations)])
-        self.assertLess({"page", "offset", "rule", "object"}, set(violations[0]))
+        self.assertLess({"severity", "page", "offset", "rule", "object", "found"}, set(violations[0]))
+        self.assertEqual({each["severity"] for each in violations}, {"damage"})
+        self.assertRegex(lines[0], r"^damage: page \d+, byte \d+, table \w+: .* \(rule [A-Z]\d\)$")
+        self.assertEqual(lines[-1], f"{self.file} is damaged")
 
     def test_praises_a_good_file(self):
-        self.assertEqual(self.run_program("check", self.file), f"{self.file} keeps all rules\n")
+        self.assertEqual(self.run_program("check", self.file), f"{self.file} is sound\n")
 
 
 if __name__ == "__main__":

@@ -94,11 +94,18 @@ void printPalettes(const std::vector<Record>& palettes) {
     }
 }
 
+const char* nameOf(jet::Severity severity) {
+    return severity == jet::Severity::damage ? "damage" : "waste";
+}
+
 json violationToJson(const jet::Violation& violation) {
-    return {{"page", violation.page},
-            {"offset", violation.offset},
+    return {{"severity", nameOf(violation.severity)},
             {"rule", violation.rule.number},
+            {"page", violation.page},
+            {"pages", violation.pages},
+            {"offset", violation.offset},
             {"object", violation.object},
+            {"found", violation.found},
             {"text", violation.text()}};
 }
 
@@ -106,11 +113,10 @@ void printCheck(const std::string& file, const jet::CheckResult& result) {
     for (const jet::Violation& each : result.violations) {
         std::cout << oneLine(each.text()) << '\n';
     }
-    if (result.violations.empty()) std::cout << file << " keeps all rules\n";
-    if (!result.unowned.empty()) {
-        std::cout << countOf(result.unowned.size(), "page belongs", "pages belong")
-                  << " to nothing\n";
-    }
+    std::cout << file
+              << (result.violations.empty() ? " is sound\n"
+                  : result.isDamaged()      ? " is damaged\n"
+                                            : " is sound, but wastes space\n");
 }
 
 }  // namespace
@@ -195,17 +201,18 @@ int runPaletteCheck(const PaletteOptions& options) {
     const jet::CheckResult result = jet::check(*open(options));
     if (options.json) {
         json violations = json::array();
-        for (const jet::Violation& each : result.violations)
+        for (const jet::Violation& each : result.violations) {
             violations.push_back(violationToJson(each));
+        }
         std::cout << json{{"file", options.file},
-                          {"violations", std::move(violations)},
-                          {"unowned", result.unowned}}
+                          {"damaged", result.isDamaged()},
+                          {"violations", std::move(violations)}}
                          .dump(2)
                   << '\n';
     } else {
         printCheck(options.file, result);
     }
-    return result.violations.empty() ? ExitCode::kDone : ExitCode::kFailed;
+    return result.isDamaged() ? ExitCode::kFailed : ExitCode::kDone;
 }
 
 }  // namespace huebrush::cli

@@ -6,17 +6,28 @@
 #include <vector>
 
 #include "jet/database/Database.h"
+#include "jet/database/Owners.h"
 #include "jet/table/Key.h"
 #include "jet/table/TableScan.h"
 
 namespace huebrush::jet {
 
-/// One broken rule: where, and in which object of the database.
+/// What a broken rule costs.
+enum class Severity {
+    damage,  ///< data is lost, or will be when the file is written to
+    waste,   ///< space that nothing uses; other programs leave it, this engine does not
+};
+
+/// One broken rule: where, in which object of the database, and what was found there.
 struct Violation {
+    Severity severity = Severity::damage;
     PageNumber page = 0;
+    /// Of how many pages in a row this is said.
+    PageNumber pages = 1;
     std::size_t offset = 0;
     Rule rule;
     std::string object;
+    std::string found;
 
     /// One line, for a person.
     std::string text() const;
@@ -24,8 +35,8 @@ struct Violation {
 
 struct CheckResult {
     std::vector<Violation> violations;
-    /// Pages in use that belong to nothing. The platform leaves such; this engine does not.
-    std::vector<PageNumber> unowned;
+
+    bool isDamaged() const;
 };
 
 /// Checks everything that the rules of docs/jet4-format.md say. Never throws for a damaged file:
@@ -42,14 +53,27 @@ class CheckContext {
     /// Pages of usage-map rows are shared by many maps.
     void claimMapPage(PageNumber page);
     void claimMap(RowId where);
-    void violate(PageNumber page, std::size_t offset, const Rule& rule);
+    void violate(PageNumber page, std::size_t offset, const Rule& rule, std::string found = {});
+    void waste(PageNumber page, std::size_t offset, const Rule& rule, std::string found = {});
     /// Runs a part of the check; damage that ends it is a violation.
     void attempt(const std::function<void()>& part);
+    /// Where a row begins on its page, to name the place of what is wrong with it.
+    std::size_t offsetOf(RowId row);
 
     Database& database;
     CheckResult result;
     std::string object;
-    std::map<PageNumber, bool> claimed;  ///< by page: whether for maps
+
+    struct Claim {
+        std::string object;
+        bool map;  ///< for the rows of maps
+    };
+    std::map<PageNumber, Claim> claimed;
+    /// Something could not be read, so that not all pages are claimed that have an owner.
+    bool incomplete = false;
+
+ private:
+    void add(Violation violation);
 };
 
 void checkTable(CheckContext& context, const TableDefinition& table);
@@ -61,7 +85,7 @@ using RowKeys = std::map<RowId, std::optional<Key>>;
 void checkIndex(CheckContext& context, const TableDefinition& table, const IndexTree& tree,
                 const RowKeys& rows);
 
-/// Checks that relations are told alike in both tables and that children have parents.
+/// Checks that the four records of each relation agree and that children have parents.
 void checkRelations(CheckContext& context);
 
 }  // namespace huebrush::jet

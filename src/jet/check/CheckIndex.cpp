@@ -1,5 +1,6 @@
 // The trees of one table: their shape, their order, and that they hold the rows.
 
+#include "base/Text.h"
 #include "jet/check/Check.h"
 #include "jet/table/Index.h"
 
@@ -8,6 +9,8 @@ namespace huebrush::jet {
 namespace {
 
 constexpr int kDeepest = 12;
+
+using base::text;
 
 class IndexCheck {
  public:
@@ -27,7 +30,9 @@ class IndexCheck {
         for (const auto& [row, key] : rows_) {
             const bool exempt = tree_.ignoreNulls && key && key->allNull;
             if (!exempt && !seen_.contains(row)) {
-                context_.violate(row.page, row.slot, rule::kEntryForRow);
+                context_.violate(
+                    row.page, context_.offsetOf(row), rule::kEntryForRow,
+                    text("row ", int{row.slot}, " is not in the index with root ", tree_.root));
             }
         }
     }
@@ -42,7 +47,9 @@ class IndexCheck {
         context_.claim(number);
         const IndexPage page = IndexPage::read(pages_, number);
         if (Reader(*pages_.read(number), number).u32(4) != table_.page) {
-            context_.violate(number, 4, rule::kOwner);
+            context_.violate(
+                number, 4, rule::kOwner,
+                text(Reader(*pages_.read(number), number).u32(4), " instead of ", table_.page));
         }
         if (page.leaf) {
             visitLeaf(page, depth);
@@ -77,7 +84,8 @@ class IndexCheck {
         const RowId row = rowOfEntry(entry);
         const auto found = rows_.find(row);
         if (found == rows_.end() || !seen_.insert(row).second) {
-            context_.violate(page.number, 480, rule::kEntryForRow);
+            context_.violate(page.number, 480, rule::kEntryForRow,
+                             text("an entry for page ", row.page, ", row ", int{row.slot}));
         } else if (found->second) {
             const Key& key = *found->second;
             if (compareBytes(key.bytes, keyOfEntry(entry)) != 0) {
@@ -94,10 +102,14 @@ class IndexCheck {
     void checkMap() {
         const UsageMap map(pages_, tree_.map);
         for (const PageNumber page : map.all()) {
-            if (!treePages_.contains(page)) context_.violate(page, 0, rule::kTreeShape);
+            if (treePages_.contains(page) || page >= pages_.count()) continue;
+            context_.claim(page);
+            context_.waste(page, 0, rule::kMapOfTree, text("the index with root ", tree_.root));
         }
         for (const PageNumber page : treePages_) {
-            if (!map.has(page)) context_.violate(page, 0, rule::kMapPage);
+            if (map.has(page)) continue;
+            context_.violate(page, 0, rule::kMapPage,
+                             text("not in the map of the index with root ", tree_.root));
         }
     }
 

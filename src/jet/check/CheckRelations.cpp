@@ -1,4 +1,4 @@
-// Relations: told alike in both tables and in the catalogue, and kept by the rows.
+// Relations: the same in both tables and in the catalogue, and kept by the rows.
 
 #include <algorithm>
 
@@ -26,7 +26,8 @@ void checkChildren(CheckContext& context, const Relation& relation) {
         const auto key =
             keyInOther(relation, [&](const Column& column) { return valueOf(pages, row, column); });
         if (key && !parents.contains(*key)) {
-            context.violate(where.page, where.slot, rule::kParentExists);
+            context.violate(where.page, context.offsetOf(where), rule::kParentExists,
+                            relation.otherTable->name);
         }
         return true;
     });
@@ -49,7 +50,9 @@ void checkListed(CheckContext& context, const Relation& relation) {
                       relation.otherTable->name);
         return !listed;
     });
-    if (!object || !listed) context.violate(relation.table->page, 0, rule::kRelation);
+    if (object && listed) return;
+    context.violate(relation.table->page, 0, rule::kRelation,
+                    relation.here->name + " is not listed in the catalogue");
 }
 
 }  // namespace
@@ -58,7 +61,7 @@ void checkRelations(CheckContext& context) {
     Database& database = context.database;
     for (const StoredObject& object : database.objects()) {
         if (!object.isTable()) continue;
-        context.object = object.name;
+        context.object = "table " + object.name;
         context.attempt([&] {
             const auto table = database.definition(static_cast<PageNumber>(object.id));
             relationsOf(database, table, LogicalIndex::Side::parent);

@@ -2,12 +2,15 @@
 
 #include <algorithm>
 
+#include "base/Text.h"
 #include "jet/check/Check.h"
 #include "jet/table/LongValue.h"
 
 namespace huebrush::jet {
 
 namespace {
+
+using base::text;
 
 class TableCheck {
  public:
@@ -35,9 +38,15 @@ class TableCheck {
     void claimMaps() {
         context_.claimMap(table_.ownedMap);
         context_.claimMap(table_.freeMap);
-        const UsageMap owned(pages_, table_.ownedMap);
-        for (const PageNumber page : UsageMap(pages_, table_.freeMap).all()) {
-            if (!owned.has(page)) context_.violate(page, 0, rule::kMapPage);
+        checkRoom(table_.ownedMap, table_.freeMap);
+    }
+
+    /// Pages with room are pages of the object.
+    void checkRoom(RowId ownedMap, RowId freeMap) {
+        const UsageMap owned(pages_, ownedMap);
+        for (const PageNumber page : UsageMap(pages_, freeMap).all()) {
+            if (owned.has(page)) continue;
+            context_.violate(page, 0, rule::kMapPage, "listed as having room, but not as owned");
         }
     }
 
@@ -45,27 +54,36 @@ class TableCheck {
         if (!column.isLongValue() || column.ownedMap.page == 0) return;
         context_.attempt([&] {
             context_.claimMap(column.ownedMap);
-            if (column.freeMap.page != 0) context_.claimMap(column.freeMap);
+            if (column.freeMap.page != 0) {
+                context_.claimMap(column.freeMap);
+                checkRoom(column.ownedMap, column.freeMap);
+            }
             for (const PageNumber page : UsageMap(pages_, column.ownedMap).all()) {
                 if (page >= pages_.count()) continue;
                 context_.claim(page);
                 longPages_[page] = column.number;
                 const DataPage data = DataPage::open(pages_, page);
-                if (data.owner() != kLongValueOwner) context_.violate(page, 4, rule::kOwner);
+                checkOwner(page, data.owner(), kLongValueOwner);
                 checkFreeBytes(data);
             }
         });
     }
 
+    void checkOwner(PageNumber page, std::uint32_t named, std::uint32_t owner) {
+        if (named == owner) return;
+        context_.violate(page, 4, rule::kOwner, text(named, " instead of ", owner));
+    }
+
     void checkFreeBytes(const DataPage& page) {
         if (page.freeBytes() != page.statedFreeBytes()) {
-            context_.violate(page.number(), 2, rule::kFreeBytes);
+            context_.violate(page.number(), 2, rule::kFreeBytes,
+                             text(page.statedFreeBytes(), " instead of ", page.freeBytes()));
         }
     }
 
     void checkPage(PageNumber number) {
         const DataPage page = DataPage::open(pages_, number);
-        if (page.owner() != table_.page) context_.violate(number, 4, rule::kOwner);
+        checkOwner(number, page.owner(), table_.page);
         checkFreeBytes(page);
         for (std::size_t i = 0; i < page.slotCount(); ++i) {
             const DataPage::Slot slot = page.slot(i);
@@ -78,7 +96,9 @@ class TableCheck {
             if (slot.flags == SlotFlag::kMoved) {
                 const RowId target = RowId::of(page.row(slot).u32(0));
                 if (!reached_.insert(target).second) {
-                    context_.violate(number, slot.offset, rule::kMovedOnce);
+                    context_.violate(
+                        number, slot.offset, rule::kMovedOnce,
+                        text("a second pointer to page ", target.page, ", row ", int{target.slot}));
                 }
             }
             context_.attempt([&] {
@@ -91,7 +111,8 @@ class TableCheck {
         ++rows_;
         for (const Column& column : table_.columns) {
             if (column.required && !row.has(column) && column.type != ColumnType::boolean) {
-                context_.violate(id.page, row.bytes().origin(), rule::kRequired);
+                context_.violate(id.page, row.bytes().origin(), rule::kRequired,
+                                 text("column ", column.name, ", row ", int{id.slot}));
             }
             const auto field = row.field(column);
             if (!field) continue;
@@ -119,11 +140,13 @@ class TableCheck {
         context_.attempt([&] {
             long_value::visitParts(pages_, field, [&](RowId part) {
                 if (!longRows_.insert(part).second) {
-                    context_.violate(part.page, part.slot, rule::kLongOnce);
+                    context_.violate(part.page, context_.offsetOf(part), rule::kLongOnce,
+                                     text("column ", column.name));
                 }
                 const auto owner = longPages_.find(part.page);
                 if (owner == longPages_.end() || owner->second != column.number) {
-                    context_.violate(part.page, part.slot, rule::kLongOwned);
+                    context_.violate(part.page, context_.offsetOf(part), rule::kLongOwned,
+                                     text("column ", column.name));
                 }
             });
         });
@@ -132,13 +155,14 @@ class TableCheck {
     void checkTargets() {
         for (const RowId& target : targets_) {
             if (!reached_.contains(target)) {
-                context_.violate(target.page, target.slot, rule::kMovedOnce);
+                context_.violate(target.page, context_.offsetOf(target), rule::kMovedOnce,
+                                 text("no pointer leads to row ", int{target.slot}));
             }
         }
     }
 
-    /// Each part of a long value belongs to a row. The platform keeps this rule; what it deletes
-    /// in its own system tables it may leave behind.
+    /// Each part of a long value belongs to a row. Not every program removes the parts with the
+    /// row, and the platform leaves some behind in its own system tables.
     void checkLongRows() {
         if (isSystem()) return;
         for (const auto& [number, column] : longPages_) {
@@ -147,7 +171,8 @@ class TableCheck {
                 for (std::size_t i = 0; i < data.slotCount(); ++i) {
                     const RowId part{page, static_cast<std::uint8_t>(i)};
                     if (!data.slot(i).deleted() && !longRows_.contains(part)) {
-                        context_.violate(page, i, rule::kLongOnce);
+                        context_.waste(page, data.slot(i).offset, rule::kLongUsed,
+                                       text(data.slot(i).size(), " bytes"));
                     }
                 }
             });
@@ -156,12 +181,14 @@ class TableCheck {
 
     void checkCounters() {
         keys_.resize(table_.trees.size());
-        if (!isSystem() && rows_ != readRowCount(pages_, table_.page)) {
-            context_.violate(table_.page, 16, rule::kRowCount);
+        const std::uint32_t stored = readRowCount(pages_, table_.page);
+        if (!isSystem() && rows_ != stored) {
+            context_.violate(table_.page, 16, rule::kRowCount, text(stored, " instead of ", rows_));
         }
         const std::uint32_t last = readLastAutonumber(pages_, table_.page);
         if (highest_ > 0 && static_cast<std::uint32_t>(highest_) > last) {
-            context_.violate(table_.page, 20, rule::kAutonumber);
+            context_.violate(table_.page, 20, rule::kAutonumber,
+                             text(last, ", but a row has ", highest_));
         }
     }
 

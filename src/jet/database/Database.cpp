@@ -3,6 +3,7 @@
 #include <random>
 
 #include "base/Text.h"
+#include "jet/database/Owners.h"
 #include "jet/table/Properties.h"
 
 namespace huebrush::jet {
@@ -144,6 +145,7 @@ void Database::change(const std::function<void()>& body) {
         try {
             if (!pages_ || !pages_->file()->isCurrent()) load();
             space_->requireWhole();
+            space_->begin(readOwners(*pages_, *header_, objects()));
         } catch (...) {
             lock_.reset();
             throw;

@@ -28,8 +28,8 @@ TEST(Reader, TellsPageOffsetAndRuleOfWhatLiesOutside) {
         EXPECT_EQ(damage.rule(), rule::kWithinBytes);
         EXPECT_EQ(damage.number(), ErrorNumber::kDamaged);
         EXPECT_EQ(damage.description(),
-                  "Soubor databáze je poškozen: strana 7, bajt 3, pravidlo B1 (údaj leží uvnitř "
-                  "strany nebo řádku).");
+                  "the database file is damaged: page 7, byte 3: a field reaches beyond its page "
+                  "or row (rule B1)");
     }
 }
 

@@ -31,13 +31,21 @@ void RowPages::noteRoom(PageNumber page) {
     }
 }
 
+/// Maps may be wrong: what they name is looked at before it is written to.
+DataPage RowPages::openOwn(PageNumber page) const {
+    DataPage data = DataPage::open(*pages_, page);
+    if (data.owner() != owner_) throwDamage(page, 4, rule::kOwner);
+    if (!owned_.has(page)) throwDamage(page, 0, rule::kMapPage);
+    return data;
+}
+
 RowId RowPages::add(ByteView row, std::uint16_t flags) {
     PageNumber start = 0;
     for (int tries = 0; keepsFreeMap_ && tries < kMostTries; ++tries) {
         const auto candidate = free_.first(start, pages_->count());
         if (!candidate) break;
         start = *candidate + 1;
-        const DataPage page = DataPage::open(*pages_, *candidate);
+        const DataPage page = openOwn(*candidate);
         if (!fitsOn(page, row.size())) continue;
         const RowId added{*candidate, addRow(pages_->change(*candidate), *candidate, row, flags)};
         noteRoom(*candidate);
@@ -55,6 +63,7 @@ RowId RowPages::addOnNewPage(ByteView row, std::uint32_t stamp) {
 }
 
 void RowPages::remove(RowId row) {
+    openOwn(row.page);
     deleteRow(pages_->change(row.page), row.page, row.slot);
     if (DataPage::open(*pages_, row.page).hasRows()) {
         noteRoom(row.page);
@@ -66,6 +75,7 @@ void RowPages::remove(RowId row) {
 }
 
 bool RowPages::replace(RowId row, ByteView bytes, std::uint16_t flags) {
+    openOwn(row.page);
     if (!setRow(pages_->change(row.page), row.page, row.slot, bytes, flags)) return false;
     noteRoom(row.page);
     return true;

@@ -5,7 +5,8 @@
 namespace huebrush::jet {
 
 /// The data pages of one table or of one long-value column: finds room for rows, and gives back
-/// pages that have none left.
+/// pages that have none left. Damage when a page is written to that is not in the map of owned
+/// pages or names another owner.
 class RowPages {
  public:
     /// A free map of page 0 means that each row gets a page of its own.
@@ -25,6 +26,7 @@ class RowPages {
     bool replace(RowId row, ByteView bytes, std::uint16_t flags);
 
  private:
+    DataPage openOwn(PageNumber page) const;
     PageNumber newPage(std::uint32_t stamp);
     void noteRoom(PageNumber page);
 

@@ -4,15 +4,32 @@
 
 namespace huebrush::jet {
 
-/// A page without a bit counts as free, so a page that gets used needs one.
+namespace {
+
+/// The header, the page of the free map and the definitions of the four system tables.
+constexpr PageNumber kFirstPageToGive = 6;
+
+}  // namespace
+
+void Space::begin(PageOwners owners) {
+    owners_ = std::move(owners);
+    restart();
+    for (auto page = free_.first(0, pages_->count()); page;
+         page = free_.first(*page + 1, pages_->count())) {
+        if (*page < kFirstPageToGive || owners_.has(*page)) {
+            throwDamage(*page, 0, rule::kUsedNotFree);
+        }
+    }
+}
+
+/// Gives the page a bit of its own. The pages of the file that get one with it count as used, as
+/// they did without; those to come are free.
 void Space::cover(PageNumber page) {
-    if (free_.covers(page) || free_.lengthen(page, 0xFF)) return;
-    const auto appended = [this] { return pages_->append(); };
-    const PageNumber before = pages_->count();
-    if (free_.bitmapPages().empty()) free_.useBitmapPages(appended, true);
-    free_.coverByBitmap(page, appended, true);
+    const PageNumber end = pages_->count();
+    free_.cover(
+        page, [this] { return pages_->append(); }, [end](PageNumber each) { return each >= end; });
     // The bitmap pages themselves are used, too.
-    for (PageNumber each = before; each < pages_->count(); ++each) markUsed(each);
+    for (PageNumber each = end; each < pages_->count(); ++each) markUsed(each);
 }
 
 void Space::markUsed(PageNumber page) {
@@ -20,9 +37,21 @@ void Space::markUsed(PageNumber page) {
     free_.drop(page);
 }
 
+/// Whether a page that the map calls free is to be used. Other programs leave in a freed page what
+/// it had, so that it may still name a table that exists: such a page is left alone.
+bool Space::mayUse(PageNumber page) const {
+    if (page < kFirstPageToGive || owners_.has(page)) throwDamage(page, 0, rule::kUsedNotFree);
+    const PagePointer content = pages_->read(page);
+    const std::uint8_t type = (*content)[0];
+    const bool namesTable =
+        type == PageType::kData || type == PageType::kNode || type == PageType::kLeaf;
+    return !namesTable || !owners_.tables.contains(Reader(*content, page).u32(4));
+}
+
 PageNumber Space::take() {
-    if (const auto found = free_.first(searchFrom_, pages_->count())) {
+    while (const auto found = free_.first(searchFrom_, pages_->count())) {
         searchFrom_ = *found + 1;
+        if (!mayUse(*found)) continue;
         markUsed(*found);
         pages_->change(*found).fill(0);
         return *found;
@@ -43,6 +72,7 @@ void Space::giveBack(PageNumber page) {
     content[1] = 1;
     cover(page);
     free_.add(page, [this] { return pages_->append(); });
+    owners_.drop(page);
     searchFrom_ = std::min(searchFrom_, page);
 }
 
@@ -53,10 +83,6 @@ void Space::requireWhole() const {
     if (const auto used = free_.first(pages_->count(), kNoPage, false)) {
         throwDamage(*used, 0, rule::kFileWhole);
     }
-}
-
-bool Space::isFree(PageNumber page) const {
-    return !free_.covers(page) || free_.has(page);
 }
 
 }  // namespace huebrush::jet

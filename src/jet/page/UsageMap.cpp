@@ -14,6 +14,21 @@ constexpr std::size_t kBitmapBytes = kPageSize - kBitmapHeader;
 constexpr PageNumber kPagesABitmap = kBitmapBytes * 8;
 /// 5 bytes and 512 bits, or 17 page numbers.
 constexpr std::size_t kUsualRow = 69;
+/// As many bitmap pages have a bit for every page of the largest file. A row may be longer, for it
+/// keeps the length that it had in form 0: what stands behind these numbers means nothing.
+constexpr std::size_t kMostReferences = 17;
+
+bool nowhere(PageNumber) {
+    return false;
+}
+
+[[noreturn]] void throwTooSmall() {
+    throw base::Error(ErrorNumber::kNotSupported, "A page map of the database cannot be extended.");
+}
+
+void setBitIn(Bytes& row, std::size_t bit) {
+    row[kInlineHeader + bit / 8] |= static_cast<std::uint8_t>(1U << (bit % 8));
+}
 
 }  // namespace
 
@@ -22,14 +37,35 @@ Bytes emptyMap() {
     return row;
 }
 
-Reader UsageMap::row(PagePointer& keep) const {
+RowId UsageMap::place() const {
     const DataPage page = DataPage::open(*pages_, where_.page);
     const DataPage::Slot slot = page.slot(where_.slot);
+    return slot.flags == SlotFlag::kMoved ? RowId::of(page.row(slot).u32(0)) : where_;
+}
+
+Reader UsageMap::row(PagePointer& keep) const {
+    const RowId at = place();
+    const DataPage page = DataPage::open(*pages_, at.page);
+    const DataPage::Slot slot = page.slot(at.slot);
     keep = page.page();
     const Reader bytes = page.row(slot);
-    bytes.require(!slot.deleted() && bytes.size() >= 1, 0, rule::kRowExists);
+    bytes.require(!slot.deleted() && slot.flags != SlotFlag::kMoved && bytes.size() >= 1, 0,
+                  rule::kRowExists);
     bytes.require(bytes.u8(0) <= kReference, 0, rule::kMapForm);
     return bytes;
+}
+
+Bytes UsageMap::copyOfRow() const {
+    PagePointer keep;
+    const Reader bytes = row(keep);
+    return {bytes.all().begin(), bytes.all().end()};
+}
+
+/// Whether there was room for the row.
+bool UsageMap::store(const Bytes& row) {
+    const RowId at = place();
+    const auto flags = at == where_ ? SlotFlag::kNone : SlotFlag::kTarget;
+    return setRow(pages_->change(at.page), at.page, at.slot, row, flags);
 }
 
 bool UsageMap::inlineForm() const {
@@ -39,14 +75,15 @@ bool UsageMap::inlineForm() const {
 
 UsageMap::Bits UsageMap::inlineBits(const Reader& row) const {
     if (row.size() <= kInlineHeader) return {};
-    return {where_.page, row.origin() + kInlineHeader, row.size() - kInlineHeader, row.u32(1)};
+    return {row.page(), row.origin() + kInlineHeader, row.size() - kInlineHeader, row.u32(1)};
 }
 
 UsageMap::Bits UsageMap::bitmap(const Reader& row, std::size_t number) const {
     const std::size_t at = 1 + 4 * number;
-    const PageNumber holder = at + 4 <= row.size() ? row.u32(at) : 0;
+    const PageNumber holder = number < kMostReferences && at + 4 <= row.size() ? row.u32(at) : 0;
     if (holder == 0) return {};
     row.require(holder < pages_->count(), at, rule::kPageExists);
+    pages_->read(holder, PageType::kMap);
     return {holder, kBitmapHeader, kBitmapBytes, static_cast<PageNumber>(number) * kPagesABitmap};
 }
 
@@ -57,7 +94,7 @@ std::vector<UsageMap::Bits> UsageMap::stretches() const {
     if (bytes.u8(0) == kInline) {
         found.push_back(inlineBits(bytes));
     } else {
-        for (std::size_t i = 0; i < bytes.size() / 4; ++i) found.push_back(bitmap(bytes, i));
+        for (std::size_t i = 0; i < kMostReferences; ++i) found.push_back(bitmap(bytes, i));
     }
     std::erase_if(found, [](const Bits& bits) { return bits.size == 0; });
     return found;
@@ -86,30 +123,36 @@ bool UsageMap::covers(PageNumber page) const {
 bool UsageMap::has(PageNumber page) const {
     const auto bits = stretchOf(page);
     if (!bits) return false;
-    const PageNumber bit = page - bits->first;
-    const std::uint8_t byte = (*pages_->read(bits->holder))[bits->offset + bit / 8];
-    return (byte >> (bit % 8) & 1U) != 0;
+    return bitOf(*pages_->read(bits->holder), *bits, page - bits->first);
+}
+
+bool UsageMap::bitOf(const Page& holder, const Bits& bits, std::uint64_t bit) {
+    return (holder[bits.offset + bit / 8] >> (bit % 8) & 1U) != 0;
+}
+
+std::optional<PageNumber> UsageMap::firstIn(const Bits& bits, PageNumber start, PageNumber end,
+                                            bool inMap) const {
+    const PagePointer page = pages_->read(bits.holder);
+    const std::uint64_t last =
+        std::min<std::uint64_t>(end, bits.first + bits.size * std::uint64_t{8});
+    for (std::uint64_t at = std::max(start, bits.first); at < last;) {
+        const std::uint64_t bit = at - bits.first;
+        const auto byte =
+            static_cast<std::uint8_t>((*page)[bits.offset + bit / 8] ^ (inMap ? 0 : 0xFF));
+        if (byte >> (bit % 8) == 0) {
+            at += 8 - bit % 8;
+        } else if ((byte >> (bit % 8) & 1U) != 0) {
+            return static_cast<PageNumber>(at);
+        } else {
+            ++at;
+        }
+    }
+    return std::nullopt;
 }
 
 std::optional<PageNumber> UsageMap::first(PageNumber start, PageNumber end, bool inMap) const {
     for (const Bits& bits : stretches()) {
-        const PagePointer page = bits.holder == where_.page
-                                     ? pages_->read(bits.holder)
-                                     : pages_->read(bits.holder, PageType::kMap);
-        const std::uint64_t last = bits.first + bits.size * std::uint64_t{8};
-        if (last <= start) continue;
-        for (std::uint64_t at = std::max(start, bits.first); at < last && at < end;) {
-            const std::uint64_t bit = at - bits.first;
-            const auto byte =
-                static_cast<std::uint8_t>((*page)[bits.offset + bit / 8] ^ (inMap ? 0 : 0xFF));
-            if (byte >> (bit % 8) == 0) {
-                at += 8 - bit % 8;
-            } else if ((byte >> (bit % 8) & 1U) != 0) {
-                return static_cast<PageNumber>(at);
-            } else {
-                ++at;
-            }
-        }
+        if (const auto found = firstIn(bits, start, end, inMap)) return found;
     }
     return std::nullopt;
 }
@@ -117,15 +160,19 @@ std::optional<PageNumber> UsageMap::first(PageNumber start, PageNumber end, bool
 std::vector<PageNumber> UsageMap::all() const {
     constexpr PageNumber kNoPage = 0xFFFFFFFF;
     std::vector<PageNumber> found;
-    for (auto page = first(0, kNoPage); page; page = first(*page + 1, kNoPage)) {
-        found.push_back(*page);
+    for (const Bits& bits : stretches()) {
+        for (auto page = firstIn(bits, 0, kNoPage, true); page;
+             page = firstIn(bits, *page + 1, kNoPage, true)) {
+            found.push_back(*page);
+        }
     }
     return found;
 }
 
 void UsageMap::setBit(PageNumber page, bool value) {
     const auto bits = stretchOf(page);
-    if (!bits) throw base::Error(base::ErrorNumber::kInternal, "Strana leží mimo mapu stran.");
+    if (!bits)
+        throw base::Error(base::ErrorNumber::kInternal, "The page map has no bit for the page.");
     const PageNumber bit = page - bits->first;
     std::uint8_t& byte = pages_->change(bits->holder)[bits->offset + bit / 8];
     const auto mask = static_cast<std::uint8_t>(1U << (bit % 8));
@@ -134,12 +181,7 @@ void UsageMap::setBit(PageNumber page, bool value) {
 
 /// Lets the bits of form 0 begin elsewhere, if all that are set fit then.
 bool UsageMap::moveBase(PageNumber page) {
-    PagePointer keep;
-    Bytes bytes;
-    {
-        const Reader now = row(keep);
-        bytes.assign(now.all().begin(), now.all().end());
-    }
+    Bytes bytes = copyOfRow();
     if (bytes.size() <= kInlineHeader) return false;
     std::vector<PageNumber> set = all();
     set.push_back(page);
@@ -149,17 +191,14 @@ bool UsageMap::moveBase(PageNumber page) {
     std::fill(bytes.begin() + kInlineHeader, bytes.end(), std::uint8_t{0});
     Writer(bytes).u32(1, base);
     set.pop_back();
-    for (const PageNumber each : set) {
-        bytes[kInlineHeader + (each - base) / 8] |=
-            static_cast<std::uint8_t>(1U << ((each - base) % 8));
-    }
-    return setRow(pages_->change(where_.page), where_.page, where_.slot, bytes, SlotFlag::kNone);
+    for (const PageNumber each : set) setBitIn(bytes, each - base);
+    return store(bytes);
 }
 
 void UsageMap::add(PageNumber page, const NewPage& newPage) {
     if (!covers(page)) {
-        if (inlineForm() && !moveBase(page)) useBitmapPages(newPage, false);
-        if (!inlineForm()) coverByBitmap(page, newPage, false);
+        if (inlineForm() && !moveBase(page)) useBitmapPages(newPage, nowhere);
+        if (!inlineForm()) coverByBitmap(page, newPage, nowhere);
     }
     setBit(page, true);
 }
@@ -168,57 +207,82 @@ void UsageMap::drop(PageNumber page) {
     if (has(page)) setBit(page, false);
 }
 
-bool UsageMap::lengthen(PageNumber page, std::uint8_t fill) {
-    PagePointer keep;
-    const Reader now = row(keep);
-    if (now.u8(0) != kInline || page < now.u32(1)) return false;
-    const std::size_t words = (page - now.u32(1)) / 32 + 1;
-    Bytes bytes(now.all().begin(), now.all().end());
-    if (bytes.size() < kInlineHeader + 4 * words) bytes.resize(kInlineHeader + 4 * words, fill);
-    if (bytes.size() >= kPageSize) return false;
-    return setRow(pages_->change(where_.page), where_.page, where_.slot, bytes, SlotFlag::kNone);
+void UsageMap::cover(PageNumber page, const NewPage& newPage, const Outside& outside) {
+    if (covers(page)) return;
+    if (inlineForm() && !extend(page, outside)) useBitmapPages(newPage, outside);
+    if (!inlineForm()) coverByBitmap(page, newPage, outside);
 }
 
-void UsageMap::useBitmapPages(const NewPage& newPage, bool outside) {
-    const std::vector<PageNumber> set = all();
-    const std::vector<Bits> kept = stretches();
+/// Makes the row of form 0 longer by whole words, at its end or at its beginning. Whether it could.
+bool UsageMap::extend(PageNumber page, const Outside& outside) {
     PagePointer keep;
-    const std::size_t size = std::max(kUsualRow, row(keep).size()) / 4 * 4 + 1;
-    Bytes bytes(size, 0);
-    bytes[0] = kReference;
-    if (!setRow(pages_->change(where_.page), where_.page, where_.slot, bytes, SlotFlag::kNone)) {
-        throw base::Error(ErrorNumber::kNotSupported, "Mapu stran této databáze nelze rozšířit.");
-    }
-    for (const PageNumber each : set) {
-        coverByBitmap(each, newPage, outside);
-        setBit(each, true);
-    }
-    if (!outside) return;
-    for (const Bits& bits : kept) {
-        const auto end = static_cast<PageNumber>(bits.first + bits.size * 8);
-        for (PageNumber page = bits.first; page < end; ++page) {
-            coverByBitmap(page, newPage, outside);
-            setBit(page, std::binary_search(set.begin(), set.end(), page));
+    const Bits now = inlineBits(row(keep));
+    const std::uint64_t oldEnd = now.first + now.size * std::uint64_t{8};
+    const PageNumber first = now.size == 0 ? page / 8 * 8 : std::min(now.first, page / 8 * 8);
+    const std::uint64_t end = std::max<std::uint64_t>(oldEnd, page + std::uint64_t{1});
+    const std::uint64_t words = (end - first + 31) / 32;
+    if (words * 4 + kInlineHeader >= kPageSize) return false;
+    Bytes bytes(kInlineHeader + words * 4, 0);
+    Writer(bytes).u32(1, first);
+    for (std::size_t bit = 0; bit < words * 32; ++bit) {
+        const std::uint64_t each = first + bit;
+        const bool isKept = each >= now.first && each < oldEnd;
+        if (isKept ? bitOf(*keep, now, each - now.first) : outside(static_cast<PageNumber>(each))) {
+            setBitIn(bytes, bit);
         }
     }
+    return store(bytes);
 }
 
-void UsageMap::coverByBitmap(PageNumber page, const NewPage& newPage, bool value) {
+/// Turns form 0 into form 1.
+void UsageMap::useBitmapPages(const NewPage& newPage, const Outside& outside) {
+    PagePointer keep;
+    const Reader before = row(keep);
+    const Bits kept = inlineBits(before);
+    Bytes bytes(std::max(kUsualRow, before.size()) / 4 * 4 + 1, 0);
+    bytes[0] = kReference;
+    if (!store(bytes)) throwTooSmall();
+    // Pages that no file can have need no bits.
+    const std::uint64_t end = std::min<std::uint64_t>(kept.first + kept.size * std::uint64_t{8},
+                                                      kMostReferences * kPagesABitmap);
+    for (std::uint64_t each = kept.first; each < end; ++each) {
+        const auto page = static_cast<PageNumber>(each);
+        const bool value = bitOf(*keep, kept, page - kept.first);
+        if (value == outside(page)) continue;
+        coverByBitmap(page, newPage, outside);
+        setBit(page, value);
+    }
+}
+
+/// Form 1: makes sure that there is a bitmap page for this page.
+void UsageMap::coverByBitmap(PageNumber page, const NewPage& newPage, const Outside& outside) {
     if (covers(page)) return;
-    const std::size_t at = 1 + 4 * (page / kPagesABitmap);
+    const std::size_t number = page / kPagesABitmap;
+    const std::size_t at = roomForReference(number);
     const PageNumber holder = newPage();
     Page& bitmap = pages_->change(holder);
-    bitmap.fill(value ? 0xFF : 0);
-    const Writer out(bitmap);
-    out.u8(0, PageType::kMap);
-    out.u8(1, 1);
-    out.u16(2, 0);
-    const DataPage view = DataPage::open(*pages_, where_.page);
-    const DataPage::Slot slot = view.slot(where_.slot);
-    if (at + 4 > slot.size()) {
-        throw base::Error(ErrorNumber::kNotSupported, "Mapu stran této databáze nelze rozšířit.");
+    bitmap.fill(0);
+    bitmap[0] = PageType::kMap;
+    bitmap[1] = 1;
+    for (std::size_t bit = 0; bit < kPagesABitmap; ++bit) {
+        if (!outside(static_cast<PageNumber>(number * kPagesABitmap + bit))) continue;
+        bitmap[kBitmapHeader + bit / 8] |= static_cast<std::uint8_t>(1U << (bit % 8));
     }
-    Writer(pages_->change(where_.page)).u32(slot.offset + at, holder);
+    Bytes bytes = copyOfRow();
+    Writer(bytes).u32(at, holder);
+    store(bytes);
+}
+
+/// Where in the row the number of a bitmap page stands; makes the row longer if need be.
+std::size_t UsageMap::roomForReference(std::size_t number) {
+    if (number >= kMostReferences) throwTooSmall();
+    const std::size_t at = 1 + 4 * number;
+    Bytes bytes = copyOfRow();
+    if (at + 4 > bytes.size()) {
+        bytes.resize(kUsualRow, 0);
+        if (!store(bytes)) throwTooSmall();
+    }
+    return at;
 }
 
 }  // namespace huebrush::jet

@@ -9,11 +9,13 @@
 namespace huebrush::jet {
 
 /// A set of page numbers, kept as a row of a data page: as bits in the row itself (form 0), or as a
-/// list of bitmap pages (form 1).
+/// list of bitmap pages (form 1). The row may have outgrown its page and stand elsewhere.
 class UsageMap {
  public:
     /// Where a map that grows gets its bitmap pages from.
     using NewPage = std::function<PageNumber()>;
+    /// Whether a page of which no bit was kept so far is in the map.
+    using Outside = std::function<bool(PageNumber)>;
 
     UsageMap(Pages& pages, RowId where) : pages_(&pages), where_(where) {}
 
@@ -27,15 +29,14 @@ class UsageMap {
     bool covers(PageNumber page) const;
     /// The bitmap pages of form 1.
     std::vector<PageNumber> bitmapPages() const;
+    /// Where the row is: the place that the map is known by, or where that one's pointer leads.
+    RowId place() const;
 
     void add(PageNumber page, const NewPage& newPage);
     void drop(PageNumber page);
-    /// Makes the row of form 0 longer, so that it covers the page. Whether it could.
-    bool lengthen(PageNumber page, std::uint8_t fill);
-    /// Turns form 0 into form 1; bits that form 0 did not keep get the value `outside`.
-    void useBitmapPages(const NewPage& newPage, bool outside);
-    /// Form 1: makes sure that there is a bitmap page for this page.
-    void coverByBitmap(PageNumber page, const NewPage& newPage, bool value);
+    /// Makes sure that there is a bit for this page. Bits that are kept from now on get what
+    /// `outside` says of their pages.
+    void cover(PageNumber page, const NewPage& newPage, const Outside& outside);
 
  private:
     struct Bits {
@@ -52,8 +53,17 @@ class UsageMap {
     Bits bitmap(const Reader& row, std::size_t number) const;
     std::vector<Bits> stretches() const;
     std::optional<Bits> stretchOf(PageNumber page) const;
+    static bool bitOf(const Page& holder, const Bits& bits, std::uint64_t bit);
+    std::optional<PageNumber> firstIn(const Bits& bits, PageNumber start, PageNumber end,
+                                      bool inMap) const;
     void setBit(PageNumber page, bool value);
     bool moveBase(PageNumber page);
+    bool extend(PageNumber page, const Outside& outside);
+    void useBitmapPages(const NewPage& newPage, const Outside& outside);
+    void coverByBitmap(PageNumber page, const NewPage& newPage, const Outside& outside);
+    std::size_t roomForReference(std::size_t number);
+    Bytes copyOfRow() const;
+    bool store(const Bytes& row);
 
     Pages* pages_;
     RowId where_;
