@@ -430,6 +430,20 @@ TEST_F(ColorElementTest, AfterDiscolourTheNewFillIsTheCurrentOne) {
     EXPECT_EQ(row.DestinationPicture(), second);
 }
 
+TEST_F(ColorElementTest, APreviewThatCannotBeBroughtUpToDateLeavesTheFillApplied) {
+    class FailingPeer final : public forms::Peer {
+        void changed(forms::PropertyId) override { throw base::Error(7, "popis"); }
+    };
+    prepareGroup();
+    row.setDestinationPicture(second);
+    row.picSource.setPeer(std::make_unique<FailingPeer>());
+    row.Discolour(*test.document);
+    row.picSource.setPeer(nullptr);
+    EXPECT_EQ(test.runtime.boxes.size(), 1U);
+    EXPECT_FALSE(row.FillObject().Change());
+    EXPECT_EQ(test.document->find("A")->fill.Transparency, 0.5F);
+}
+
 TEST_F(ColorElementTest, DiscolourSkipsARowWithoutGroup) {
     prepareGroup();
     row.ElementsGroup.reset();

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <cmath>
 #include <functional>
 
 #include "recolor/Dialog_test_support.h"
@@ -280,6 +281,15 @@ TEST_F(FillEditingTest, ATransparencyOfThreeTenthsTogglesToNoneAndThenToOneHalf)
     choose(kTransparency);
     EXPECT_EQ(destination(1).Transparency, 0.5F);
     EXPECT_EQ(preview(1), "fill -1 1 16777215 1 500");
+}
+
+TEST_F(FillEditingTest, EveryTransparencyButNoneTogglesToNone) {
+    addRows(1);
+    for (const float transparency : {-0.5F, 1.0F, 2.0F, std::nextafter(0.0F, 1.0F)}) {
+        fillOf(1).setDesTransparency(transparency);
+        choose(kTransparency);
+        EXPECT_EQ(destination(1).Transparency, 0.0F) << transparency;
+    }
 }
 
 TEST_F(FillEditingTest, TheNoFillCommandTakesTheFillAwayAndItsPreviewToo) {

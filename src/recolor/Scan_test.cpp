@@ -203,6 +203,19 @@ TEST_F(ScanTest, AfterwardsPointerAndProgressBoxAreBackAndRemovingIsEnabled) {
     EXPECT_TRUE(dialog->cmdRemove.Enabled);
 }
 
+TEST_F(ScanTest, WithoutAnyRowLeftUnderTheResultsBoxRemovingStaysDisabled) {
+    add("A", kRed);
+    test.document->selectAll();
+    test.runtime.onBox = [this] {
+        row(1).SetFocus();
+        user.key(forms::KeyCode::kDelete, forms::Shift::kShift);
+    };
+    press();
+    test.runtime.onBox = nullptr;
+    EXPECT_EQ(rowCount(), 0);
+    EXPECT_FALSE(dialog->cmdRemove.Enabled);
+}
+
 TEST_F(ScanTest, MakesTheScrollBarFitTheRows) {
     addRows(12);
     EXPECT_TRUE(dialog->vs.Enabled);

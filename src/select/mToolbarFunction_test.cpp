@@ -472,7 +472,9 @@ TEST_F(SelectionTest, EveryCallMayFailAndGivesOneReportWithTheSelectionAsItWas) 
 TEST_F(SelectionTest, The32768thShapeIsAnOverflowErrorThatLeavesTheSelection) {
     for (int i = 1; i <= 32768; ++i) test.document->addShape(text("S", i));
     selectLike(test.document->shapes.front());
+    test.startLog();
     byLine();
+    EXPECT_EQ(test.calls().back(), "read S1.Line.Visible") << "it is judged before it is counted";
     ASSERT_EQ(test.runtime.boxes.size(), 1U);
     EXPECT_EQ(test.runtime.boxes[0].title, "Chyba č. 6");
     EXPECT_EQ(selectedNames(), Calls{"S1"});
