@@ -73,6 +73,13 @@ TEST(DrawIconOnPicture, MixesByTheAlphaOfTheIcon) {
     EXPECT_EQ(DrawIconOnPicture(icon, canvas), bitmap(1, 1, {{100, 50, 25, 255}}));
 }
 
+TEST(DrawIconOnPicture, RoundsWhatItMixesToTheNearest) {
+    const Picture canvas = bitmap(1, 1, {{50, 50, 50, 255}});
+    const Picture icon = bitmap(1, 1, {{100, 101, 102, 128}});
+    // 75.098, 75.6 and 76.102
+    EXPECT_EQ(DrawIconOnPicture(icon, canvas), bitmap(1, 1, {{75, 76, 76, 255}}));
+}
+
 TEST(DrawIconOnPicture, CutsAnIconThatIsLargerThanTheCanvas) {
     const Picture canvas = bitmap(1, 1, {kBlue});
     const Picture icon = bitmap(2, 2, {kRed, kRed, kRed, kRed});

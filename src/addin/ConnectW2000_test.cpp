@@ -813,6 +813,19 @@ TEST_F(ConnectTest, AWindowThatCannotBeClosedDoesNotStopTheDisconnection) {
     addin.OnDisconnection();
     EXPECT_EQ(bar(), nullptr);
     EXPECT_EQ(addin.WApp(), nullptr);
+    EXPECT_EQ(addin.dialog(), nullptr);
+}
+
+TEST_F(ConnectTest, AfterAWindowThatCouldNotBeClosedTheFillButtonMakesANewDialog) {
+    connect();
+    button("ChangeFillWizard")->Execute();
+    test.log().failAt("call frmEditGraphic.Close", base::Error(7, "popis"), 1, 1);
+    memory::Driver(*addin.dialog()).close();
+    EXPECT_EQ(addin.dialog(), nullptr);
+    EXPECT_EQ(test.unhandled.size(), 1U);
+    button("ChangeFillWizard")->Execute();
+    ASSERT_NE(addin.dialog(), nullptr);
+    EXPECT_FALSE(addin.dialog()->isUnloaded());
 }
 
 TEST_F(ConnectTest, ThePlaceSurvivesToTheNextConnection) {

@@ -1,6 +1,7 @@
 #include "forms/Form.h"
 
 #include <algorithm>
+#include <exception>
 #include <utility>
 
 #include "base/Error.h"
@@ -59,9 +60,16 @@ void Form::Unload() {
     focused_ = nullptr;
     dragged_ = nullptr;
     unloadElements();
-    Runtime::current().closeForm(*this);
+    // Whatever becomes of its window, the form is gone, and who holds it lets go of it.
+    std::exception_ptr failed;
+    try {
+        Runtime::current().closeForm(*this);
+    } catch (...) {
+        failed = std::current_exception();
+    }
     Unloaded();
     if (handlersRunning_ == 0) kept_.clear();
+    if (failed) std::rethrow_exception(failed);
 }
 
 void Form::moveFocus(Control* target) {

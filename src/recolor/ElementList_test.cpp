@@ -155,6 +155,16 @@ TEST_F(ElementListTest, SelectAllLeavesItsTagEmptyAndTheFirstChangeAfterItTurnsI
     EXPECT_EQ(dialog->chkSelAll.Tag.get(), "INTERNAL");
 }
 
+TEST_F(ElementListTest, TheTagIsInternalBeforeTheBoxTurnsGrey) {
+    addRows(2);
+    dialog->chkSelAll.setPeer(std::make_unique<FailingPeer>(forms::PropertyId::Value));
+    tick({1});
+    dialog->chkSelAll.setPeer(nullptr);
+    EXPECT_EQ(dialog->chkSelAll.Tag.get(), "INTERNAL");
+    EXPECT_EQ(test.unhandled.size(), 1U) << "a row's event has no trap of its own";
+    test.unhandled.clear();
+}
+
 TEST_F(ElementListTest, TheTagStaysInternalUntilTheNextClickOnTheBox) {
     addRows(2);
     tick({1});

@@ -315,6 +315,18 @@ TEST_F(ViewsTest, ARowWhoseBottomJustReachesTheViewportsIsScrolledToThere) {
     EXPECT_EQ(dialog->vs.value(), touching);
 }
 
+TEST_F(ViewsTest, ARowHigherThanTheViewportIsScrolledToItsBottomUnlessItsTopIsAbove) {
+    addRows(3);
+    user.resize(dialog->Width, dialog->Height - (kViewport - 400));
+    ASSERT_EQ(dialog->picMain.Height, 400);
+    row(1).SetFocus();
+    EXPECT_EQ(dialog->vs.value(), 630 - 400);
+    row(3).SetFocus();
+    EXPECT_EQ(dialog->vs.value(), 3 * 630 - 400);
+    row(2).SetFocus();
+    EXPECT_EQ(dialog->vs.value(), 630);
+}
+
 TEST_F(ViewsTest, AMovedRowIsBroughtIntoViewWithItsFocus) {
     addRows(12);
     row(10).SetFocus();
