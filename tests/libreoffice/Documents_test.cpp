@@ -1,6 +1,8 @@
 // Writer's documents through the object model: what is Writer's own about it.
 
+#include <algorithm>
 #include <com/sun/star/awt/Gradient.hpp>
+#include <com/sun/star/awt/XBitmap.hpp>
 #include <com/sun/star/awt/XControlModel.hpp>
 #include <com/sun/star/beans/XPropertySet.hpp>
 #include <com/sun/star/container/XNamed.hpp>
@@ -29,6 +31,7 @@
 #include "ports/libreoffice/fill/Patterns.h"
 #include "ports/libreoffice/fill/Textures.h"
 #include "ports/libreoffice/runtime/OfficeRuntime.h"
+#include "ports/libreoffice/uno/Graphics.h"
 
 namespace huebrush::tests {
 
@@ -47,6 +50,18 @@ namespace {
 constexpr std::int32_t kRed = base::rgb(200, 0, 0);
 constexpr std::int32_t kGreen = base::rgb(0, 160, 20);
 constexpr std::int32_t kBlue = base::rgb(10, 20, 250);
+
+Reference<css::awt::XBitmap> graphicOf(const ShapeReference& shape) {
+    const base::Picture picture = libreoffice::pictureOf(officeContext(), shape);
+    return {libreoffice::graphicOf(officeContext(), picture), UNO_QUERY_THROW};
+}
+
+/// An image of width 0 from no bytes.
+libreoffice::Image pixelsOf(const css::uno::Sequence<sal_Int8>& file) {
+    std::vector<std::uint8_t> bytes(static_cast<std::size_t>(file.getLength()));
+    std::copy(file.begin(), file.end(), bytes.begin());
+    return libreoffice::imageOfBitmapFile(bytes);
+}
 
 /// An open document with what is needed to look at it.
 class DocumentsTest : public testing::Test {
@@ -329,6 +344,23 @@ TEST_F(DocumentsTest, TheTextFrameOfAShapeIsNoShape) {
     EXPECT_EQ(shape(2)->Fill().ForeColorRGB(), kRed);
 }
 
+TEST_F(DocumentsTest, APictureShowsTheTransparencyOfItsShape) {
+    const ShapeReference rectangle = addRectangle(open.model(), kRed);
+    setProperty(rectangle, "LineStyle", css::drawing::LineStyle_NONE);
+    setProperty(rectangle, "FillTransparence", sal_Int16(50));
+    const Reference<css::awt::XBitmap> graphic = graphicOf(rectangle);
+    const libreoffice::Image colors = pixelsOf(graphic->getDIB());
+    const libreoffice::Image mask = pixelsOf(graphic->getMaskDIB());
+    const auto x = colors.width() / 2;
+    const auto y = colors.height() / 2;
+    // As it is seen on a white ground. At the half it doesn't matter which way the mask counts.
+    const int weight = mask.width() == 0 ? 255 : mask.at(x, y) & 0xFF;
+    const int red = 255 + ((colors.at(x, y) >> 16) - 255) * weight / 255;
+    const int green = 255 + ((colors.at(x, y) >> 8 & 0xFF) - 255) * weight / 255;
+    EXPECT_NEAR(red, (255 + 200) / 2, 3);
+    EXPECT_NEAR(green, 255 / 2, 3);
+}
+
 TEST_F(DocumentsTest, GradientsRunTheWayTheirVariantsSay) {
     const ShapeReference rectangle = addRectangle(open.model(), kRed);
     const auto one = shape(0);
@@ -353,8 +385,7 @@ TEST_F(DocumentsTest, GradientsRunTheWayTheirVariantsSay) {
         one->Fill().setBackColorRGB(base::rgb(0, 0, 255));
         one->Fill().TwoColorGradient(place.style, place.variant);
         one->Fill().setVisible(MsoTriState::msoTrue);
-        const libreoffice::Image image = libreoffice::imageOfBitmapFile(
-            libreoffice::pictureOf(officeContext(), rectangle).bytes());
+        const libreoffice::Image image = pixelsOf(graphicOf(rectangle)->getDIB());
         ASSERT_GT(image.width(), 20);
         const auto at = [](double part, std::int32_t size) {
             constexpr std::int32_t kMargin = 3;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <com/sun/star/beans/XPropertySet.hpp>
 #include <com/sun/star/document/XExporter.hpp>
 #include <com/sun/star/document/XFilter.hpp>
 #include <com/sun/star/io/XOutputStream.hpp>
@@ -10,6 +11,7 @@
 #include <vector>
 
 #include "base/Units.h"
+#include "ports/libreoffice/uno/Configuration.h"
 #include "ports/libreoffice/uno/Properties.h"
 #include "ports/libreoffice/uno/WeakImplHelper.h"
 
@@ -43,6 +45,25 @@ sal_Int32 toPixels(sal_Int32 length) {
     return std::max<sal_Int32>(1, static_cast<sal_Int32>(std::lround(pixels)));
 }
 
+/// The number that a version such as 7.4 or 25.2 begins with.
+int officeVersion(const ContextReference& context) {
+    const Reference<css::beans::XPropertySet> product(
+        openConfiguration(context, "/org.openoffice.Setup/Product", false), UNO_QUERY_THROW);
+    rtl::OUString version;
+    product->getPropertyValue("ooSetupVersion") >>= version;
+    sal_Int32 position = 0;
+    return version.getToken(0, '.', position).toInt32();
+}
+
+/// The format that shows transparency. Version 7 blends a transparent shape with white in every
+/// format, and a PNG has the transparency besides, so that it would count twice. Later ones keep
+/// the shape's own colours: a BMP of them shows no transparency, a PNG has it.
+base::PictureFormat formatOf(const ContextReference& context) {
+    constexpr int kFirstWithOwnColors = 24;
+    static const int kVersion = officeVersion(context);
+    return kVersion < kFirstWithOwnColors ? base::PictureFormat::bitmap : base::PictureFormat::png;
+}
+
 }  // namespace
 
 base::Picture pictureOf(const ContextReference& context, const ShapeReference& shape) {
@@ -54,15 +75,17 @@ base::Picture pictureOf(const ContextReference& context, const ShapeReference& s
     const PropertyValues pixels = properties({property("PixelWidth", Any(toPixels(size.Width))),
                                               property("PixelHeight", Any(toPixels(size.Height)))});
     const Reference<css::io::XOutputStream> output(stream.get());
+    const base::PictureFormat format = formatOf(context);
+    const rtl::OUString filter(format == base::PictureFormat::png ? "PNG" : "BMP");
     Reference<css::document::XFilter>(exporter, UNO_QUERY_THROW)
-        ->filter(properties({property("FilterName", Any(rtl::OUString("BMP"))),
-                             property("OutputStream", Any(output)),
-                             property("FilterData", Any(pixels))}));
+        ->filter(
+            properties({property("FilterName", Any(filter)), property("OutputStream", Any(output)),
+                        property("FilterData", Any(pixels))}));
     std::vector<std::uint8_t> bytes = stream->take();
     if (bytes.empty()) {
         throw base::Error(base::ErrorNumber::kInvalidPicture, "Objekt nelze vykreslit.");
     }
-    return {base::PictureFormat::bitmap, std::move(bytes)};
+    return {format, std::move(bytes)};
 }
 
 }  // namespace huebrush::libreoffice

@@ -6,7 +6,8 @@
 
 namespace huebrush::libreoffice {
 
-/// A bitmap of a shape as it looks, in its own size at 96 pixels an inch.
+/// A shape as it looks, in its own size at 96 pixels an inch. Where it is transparent, the picture
+/// is so, too, or has the colours blended with white.
 base::Picture pictureOf(const ContextReference& context, const ShapeReference& shape);
 
 }  // namespace huebrush::libreoffice
