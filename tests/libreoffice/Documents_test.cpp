@@ -51,9 +51,12 @@ constexpr std::int32_t kRed = base::rgb(200, 0, 0);
 constexpr std::int32_t kGreen = base::rgb(0, 160, 20);
 constexpr std::int32_t kBlue = base::rgb(10, 20, 250);
 
-Reference<css::awt::XBitmap> graphicOf(const ShapeReference& shape) {
-    const base::Picture picture = libreoffice::pictureOf(officeContext(), shape);
+Reference<css::awt::XBitmap> graphicOf(const base::Picture& picture) {
     return {libreoffice::graphicOf(officeContext(), picture), UNO_QUERY_THROW};
+}
+
+Reference<css::awt::XBitmap> graphicOf(const ShapeReference& shape) {
+    return graphicOf(libreoffice::pictureOf(officeContext(), shape));
 }
 
 /// An image of width 0 from no bytes.
@@ -715,8 +718,7 @@ TEST_F(DocumentsTest, AScratchDocumentGivesPreviews) {
     libreoffice::OfficeRuntime runtime(officeContext(), "", window, documents.snapshot());
     const forms::RuntimeScope scope(runtime);
     scratch->Selection()->Copy();
-    const libreoffice::Image image =
-        libreoffice::imageOfBitmapFile(runtime.Clipboard().GetData().bytes());
+    const libreoffice::Image image = pixelsOf(graphicOf(runtime.Clipboard().GetData())->getDIB());
     ASSERT_EQ(image.width(), 81);
     ASSERT_EQ(image.height(), 25);
     EXPECT_EQ(image.at(40, 12), base::swapRedAndBlue(kBlue));
