@@ -6,11 +6,13 @@
 Our times and those of mdb-reader are taken inside the process. mdb-export is measured as a whole
 process, less the time in which the same program starts and does nothing; what it prints is thrown
 away. A save replaces the file; "old file gone" is the part of its time in which the system takes the
-old one off the medium.
+old one off the medium. A dump and mdb-export are measured in turn, as whole processes; the most memory
+that dump and import take is the system's figure of theirs.
 """
 
 import argparse
 import json
+import os
 import statistics
 import subprocess
 import tempfile
@@ -22,6 +24,9 @@ TABLE = "TFillElementParameter"
 FILLS = 100
 # A bound for what loading a palette of a large file takes: its own values and the pages they are on.
 LOAD_MEMORY_KB = 4096
+# And one for what any number of rows takes, however they come and go.
+ROWS_MEMORY_KB = 64 * 1024
+ROW_GOAL_US = 10
 
 
 def process_ms(*command):
@@ -37,6 +42,34 @@ def export_figures(file, runs):
     whole = statistics.median(process_ms("mdb-export", "-b", "hex", file, TABLE)
                               for _ in range(runs))
     return {"ms": whole - start, "start_ms": start, "fills": printed.count(b"\n") - 1}
+
+
+def run_process(*command, output=subprocess.DEVNULL):
+    """The time that a program takes, and the most memory."""
+    start = time.monotonic()
+    with subprocess.Popen(list(map(str, command)), stdout=output) as program:
+        _, status, usage = os.wait4(program.pid, 0)
+        program.returncode = os.waitstatus_to_exitcode(status)
+    if program.returncode != 0:
+        raise subprocess.CalledProcessError(program.returncode, command)
+    return {"ms": (time.monotonic() - start) * 1000, "memory_kb": usage.ru_maxrss}
+
+
+def stream_figures(huebrush, many, folder, runs):
+    """A dump beside mdb-export of the same file, and an import of what was dumped."""
+    json_file, copy = folder / "rows.json", folder / "copy.mdb"
+    dumps, exports = [], []
+    for _ in range(runs):
+        dumps.append(run_process(huebrush, "palette", "dump", many))
+        exports.append(run_process("mdb-export", "-b", "hex", many, TABLE))
+    with json_file.open("wb") as output:
+        run_process(huebrush, "palette", "dump", many, output=output)
+    run_process(huebrush, "palette", "new", copy)
+    imported = run_process(huebrush, "palette", "import", copy, json_file)
+    middle = [statistics.median(each["ms"] for each in found) for found in (dumps, exports)]
+    return {"dump": {"ms": middle[0], "memory_kb": max(each["memory_kb"] for each in dumps)},
+            "mdb-export": {"ms": middle[1]}, "import": imported,
+            "json_kb": json_file.stat().st_size // 1024}
 
 
 def run_json(*command):
@@ -66,6 +99,9 @@ def measure(build, runs, rows):
             "huebrush": run_json(bench, "load", many, rows // FILLS // 2, 1),
             "file_kb": many.stat().st_size // 1024}
         figures["save"] = {"huebrush": run_json(bench, "save", folder, runs * 5)}
+        figures["insert"] = {order: run_json(bench, "insert", folder, rows, order)
+                             for order in ("rising", "random")}
+        figures["stream"] = stream_figures(build / "bin" / "huebrush", many, Path(folder), runs)
     return figures
 
 
@@ -81,6 +117,12 @@ def print_table(figures):
     memory = figures["load_of_many"]
     print(f"loading {FILLS} fills of a file of {memory['file_kb']} KB took "
           f"{memory['huebrush']['memory_kb']} KB of memory")
+    insert, stream = figures["insert"], figures["stream"]
+    print(f"a row of 20 columns with three indexes took {insert['rising']['us_a_row']:.1f} us, and "
+          f"{insert['random']['us_a_row']:.1f} us with keys in no order")
+    print(f"{stream['json_kb']} KB of JSON: dumped in {stream['dump']['ms']:.0f} ms and "
+          f"{stream['dump']['memory_kb']} KB of memory (mdb-export {stream['mdb-export']['ms']:.0f} ms), "
+          f"imported in {stream['import']['ms']:.0f} ms and {stream['import']['memory_kb']} KB")
 
 
 def goals(figures):
@@ -92,6 +134,15 @@ def goals(figures):
     yield "save of 100 fills < 5 ms plus syncs", figures["save"]["huebrush"]["ms"], 5, False
     yield ("KB of memory to load 100 fills of a large file",
            figures["load_of_many"]["huebrush"]["memory_kb"], LOAD_MEMORY_KB, False)
+    for order, figure in figures["insert"].items():
+        yield (f"us to add a row of 20 columns with three indexes, the third's keys {order}",
+               figure["us_a_row"], ROW_GOAL_US, False)
+    stream = figures["stream"]
+    yield ("a dump takes no longer than mdb-export of the same rows",
+           stream["dump"]["ms"] / stream["mdb-export"]["ms"], 1, False)
+    for name in ("dump", "import"):
+        yield (f"KB of memory to {name} a large file", stream[name]["memory_kb"], ROWS_MEMORY_KB,
+               False)
 
 
 def verdicts(figures):

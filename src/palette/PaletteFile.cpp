@@ -1,6 +1,8 @@
 #include "palette/PaletteFile.h"
 
 #include <algorithm>
+#include <compare>
+#include <optional>
 
 #include "jet/database/Table.h"
 
@@ -11,41 +13,122 @@ namespace {
 using jet::Table;
 using jet::Value;
 
-Record recordOf(const Table& table, const jet::Row& row) {
-    Record record;
-    for (const jet::Column& column : table.definition().columns) {
-        record.emplace_back(column.name, table.value(row, column));
-    }
-    return record;
-}
-
-std::int32_t numberOf(const Record& record, const std::string& column) {
-    const auto* number = std::get_if<std::int32_t>(&valueOf(record, column));
+std::int32_t numberOf(const Table& table, const jet::Row& row, const char* name) {
+    const jet::Column* const column = table.definition().find(name);
+    if (column == nullptr) return 0;
+    const Value value = table.value(row, *column);
+    const auto* number = std::get_if<std::int32_t>(&value);
     return number == nullptr ? 0 : *number;
 }
 
-void sortBy(const std::string& column, std::vector<Record>& records) {
-    std::stable_sort(records.begin(), records.end(), [&](const Record& a, const Record& b) {
-        return numberOf(a, column) < numberOf(b, column);
-    });
-}
+/// By what a row is sorted, and where it is; no two rows have the same.
+struct SortedRow {
+    std::int32_t first = 0;
+    std::int32_t second = 0;
+    jet::RowId id;
 
-bool has(const Record& record, const std::string& column) {
-    return std::any_of(record.begin(), record.end(),
-                       [&](const auto& named) { return named.first == column; });
-}
+    // NOLINTNEXTLINE(modernize-use-nullptr): clang-tidy mistakes the 0 that the operator returns
+    friend auto operator<=>(const SortedRow&, const SortedRow&) = default;
+};
+using VisitSorted = std::function<void(const SortedRow&)>;
+using ForEachRow = std::function<void(const VisitSorted& visit)>;
 
-/// What a table is to get for a record, of which the values in `given` are known better.
-Table::Values valuesFor(const Table& table, const Record& record, const Record& given) {
-    Table::Values values;
-    const auto add = [&](const auto& named) {
-        values.emplace_back(&table.column(named.first), named.second);
+/// The first rows behind `last`, sorted: as many as are sorted at once, or all that are left.
+std::vector<SortedRow> nextRows(const ForEachRow& forEach, const std::optional<SortedRow>& last,
+                                std::size_t most) {
+    std::vector<SortedRow> rows;
+    const auto keepFirst = [&] {
+        if (rows.size() <= most) return;
+        const auto end = rows.begin() + static_cast<std::ptrdiff_t>(most);
+        std::nth_element(rows.begin(), end, rows.end());
+        rows.erase(end, rows.end());
     };
-    for (const auto& named : record) {
-        if (!has(given, named.first) && named.first != "ID") add(named);
+    forEach([&](const SortedRow& row) {
+        if (last && row <= *last) return;
+        if (rows.size() == 2 * most) keepFirst();
+        rows.push_back(row);
+    });
+    keepFirst();
+    std::sort(rows.begin(), rows.end());
+    return rows;
+}
+
+/// Visits rows in order. More than are sorted at once are gone through several times, so the memory
+/// has a bound.
+void visitInOrder(const Table& table, const ForEachRow& forEach, const jet::VisitRow& visit,
+                  std::size_t sortedAtOnce) {
+    std::optional<SortedRow> last;
+    for (;;) {
+        const std::vector<SortedRow> rows = nextRows(forEach, last, sortedAtOnce);
+        for (const SortedRow& each : rows) {
+            if (const auto row = table.row(each.id)) visit(each.id, *row);
+        }
+        if (rows.size() < sortedAtOnce) return;
+        last = rows.back();
     }
-    std::for_each(given.begin(), given.end(), add);
+}
+
+void visitGroups(const Table& groups, const jet::VisitRow& visit,
+                 std::size_t sortedAtOnce = kSortedAtOnce) {
+    const auto forEach = [&](const VisitSorted& sorted) {
+        groups.scan([&](jet::RowId id, const jet::Row& row) {
+            sorted({numberOf(groups, row, "ID"), 0, id});
+            return true;
+        });
+    };
+    visitInOrder(groups, forEach, visit, sortedAtOnce);
+}
+
+void visitFills(const Table& elements, const Value& group, const jet::VisitRow& visit,
+                std::size_t sortedAtOnce = kSortedAtOnce) {
+    const jet::Column& column = elements.column("GroupID");
+    const auto forEach = [&](const VisitSorted& sorted) {
+        elements.visitRows(column, group, [&](jet::RowId id) {
+            if (const auto row = elements.row(id)) {
+                sorted(
+                    {numberOf(elements, *row, "OrderNumber"), numberOf(elements, *row, "ID"), id});
+            }
+            return true;
+        });
+    };
+    visitInOrder(elements, forEach, visit, sortedAtOnce);
+}
+
+std::vector<Record> recordsOf(const Table& table,
+                              const std::function<void(const jet::VisitRow&)>& visitRows) {
+    std::vector<Record> records;
+    visitRows([&](jet::RowId, const jet::Row& row) {
+        records.push_back(recordOf(table, row));
+        return true;
+    });
+    return records;
+}
+
+Table::Values valuesFor(const Table& table, const Record& record) {
+    Table::Values values;
+    for (const auto& [name, value] : record) values.emplace_back(&table.column(name), value);
     return values;
+}
+
+bool has(const Table::Values& values, const jet::Column& column) {
+    return std::any_of(values.begin(), values.end(),
+                       [&](const auto& each) { return each.first == &column; });
+}
+
+/// Gives a column another value than a row may have for it.
+void set(Table::Values& values, const jet::Column& column, std::int32_t value) {
+    const auto found = std::find_if(values.begin(), values.end(),
+                                    [&](const auto& each) { return each.first == &column; });
+    if (found == values.end()) {
+        values.emplace_back(&column, value);
+    } else {
+        found->second = value;
+    }
+}
+
+void removeId(const Table& table, Table::Values& values) {
+    const jet::Column& id = table.column("ID");
+    std::erase_if(values, [&](const auto& each) { return each.first == &id; });
 }
 
 /// An index on the name would find names that only compare alike, so all rows are looked at.
@@ -58,21 +141,6 @@ std::vector<jet::RowId> rowsNamed(const Table& groups, const std::string& name) 
     return found;
 }
 
-/// Adds one palette. Where its row is.
-jet::RowId addPalette(Table& groups, Table& elements, const Palette& palette) {
-    const auto count = static_cast<std::int32_t>(palette.elements.size());
-    const jet::RowId row = groups.insert(valuesFor(groups, palette.group, {{"Count", count}}));
-    const std::int32_t id = groups.lastAutonumber();
-    std::int32_t place = 0;
-    for (const Record& element : palette.elements) {
-        Record given{{"GroupID", id}};
-        if (!has(element, "OrderNumber")) given.emplace_back("OrderNumber", place);
-        elements.insert(valuesFor(elements, element, given));
-        ++place;
-    }
-    return row;
-}
-
 }  // namespace
 
 const Value& valueOf(const Record& record, const std::string& column) {
@@ -82,44 +150,95 @@ const Value& valueOf(const Record& record, const std::string& column) {
     return found == record.end() ? kNull : found->second;
 }
 
+Record recordOf(const Table& table, const jet::Row& row) {
+    Record record;
+    for (const jet::Column& column : table.definition().columns) {
+        record.emplace_back(column.name, table.value(row, column));
+    }
+    return record;
+}
+
 std::vector<Record> listPalettes(jet::Database& database) {
     const Table groups(database, kGroupTable);
-    std::vector<Record> found;
-    groups.scan([&](jet::RowId, const jet::Row& row) {
-        found.push_back(recordOf(groups, row));
-        return true;
-    });
-    sortBy("ID", found);
-    return found;
+    return recordsOf(groups, [&](const jet::VisitRow& visit) { visitGroups(groups, visit); });
 }
 
 std::vector<Record> fillsOf(jet::Database& database, const Value& id) {
     const Table elements(database, kElementTable);
-    std::vector<Record> fills;
-    for (const jet::RowId each : elements.find(elements.column("GroupID"), id)) {
-        if (const auto row = elements.row(each)) fills.push_back(recordOf(elements, *row));
-    }
-    sortBy("ID", fills);
-    sortBy("OrderNumber", fills);
-    return fills;
+    return recordsOf(elements,
+                     [&](const jet::VisitRow& visit) { visitFills(elements, id, visit); });
 }
 
-void visitPalettes(jet::Database& database, const VisitPalette& visit) {
-    database.definition(kElementTable);
-    for (Record& group : listPalettes(database)) {
-        std::vector<Record> fills = fillsOf(database, valueOf(group, "ID"));
-        visit({std::move(group), std::move(fills)});
+void visitPalettes(jet::Database& database, PaletteVisitor& visitor, std::size_t sortedAtOnce) {
+    const Table groups(database, kGroupTable);
+    const Table elements(database, kElementTable);
+    visitGroups(
+        groups,
+        [&](jet::RowId, const jet::Row& group) {
+            visitor.begin(groups, group);
+            const Value id = groups.value(group, groups.column("ID"));
+            visitFills(
+                elements, id,
+                [&](jet::RowId, const jet::Row& fill) {
+                    visitor.fill(elements, fill);
+                    return true;
+                },
+                sortedAtOnce);
+            visitor.end();
+            return true;
+        },
+        sortedAtOnce);
+}
+
+void PaletteAdder::begin(const Values& group) {
+    Values values = group;
+    removeId(groups_, values);
+    set(values, groups_.column("Count"), 0);
+    for (const jet::Column& column : groups_.definition().columns) {
+        // What is not known yet has any value until the end.
+        if (!column.required || has(values, column) || column.autonumber) continue;
+        values.emplace_back(&column, 0);
+        if (column.isText()) values.back().second = std::string("?");
     }
+    row_ = groups_.insert(values);
+    id_ = groups_.lastAutonumber();
+    count_ = 0;
+}
+
+void PaletteAdder::fill(const Values& fill) {
+    Values values = fill;
+    removeId(elements_, values);
+    set(values, elements_.column("GroupID"), id_);
+    const jet::Column& order = elements_.column("OrderNumber");
+    if (!has(values, order)) values.emplace_back(&order, count_);
+    elements_.insert(values);
+    ++count_;
+}
+
+void PaletteAdder::end(const Values& group) {
+    Values values = group;
+    removeId(groups_, values);
+    set(values, groups_.column("Count"), count_);
+    for (const jet::Column& column : groups_.definition().columns) {
+        if (column.required && !has(values, column) && !column.autonumber) {
+            values.emplace_back(&column, std::monostate());
+        }
+    }
+    groups_.update(row_, values);
 }
 
 std::vector<Record> addPalettes(jet::Database& database, const std::vector<Palette>& palettes) {
     std::vector<Record> added;
     database.change([&] {
-        Table groups(database, kGroupTable);
-        Table elements(database, kElementTable);
+        PaletteAdder adder(database);
         for (const Palette& palette : palettes) {
-            const jet::RowId row = addPalette(groups, elements, palette);
-            added.push_back(recordOf(groups, *groups.row(row)));
+            const Table::Values group = valuesFor(adder.groups(), palette.group);
+            adder.begin(group);
+            for (const Record& element : palette.elements) {
+                adder.fill(valuesFor(adder.elements(), element));
+            }
+            adder.end(group);
+            added.push_back(recordOf(adder.groups(), *adder.groups().row(adder.row())));
         }
     });
     return added;

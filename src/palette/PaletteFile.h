@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "jet/database/Database.h"
-#include "jet/table/Value.h"
+#include "jet/database/Table.h"
 
 namespace huebrush::palette {
 
@@ -26,6 +26,7 @@ struct Palette {
 
 /// A column's value; null when the record has no such column.
 const jet::Value& valueOf(const Record& record, const std::string& column);
+Record recordOf(const jet::Table& table, const jet::Row& row);
 
 /// The palettes without their fills, by ID.
 std::vector<Record> listPalettes(jet::Database& database);
@@ -33,14 +34,70 @@ std::vector<Record> listPalettes(jet::Database& database);
 /// The fills of the palette with an ID, by OrderNumber.
 std::vector<Record> fillsOf(jet::Database& database, const jet::Value& id);
 
-/// Calls `visit` with each palette, by ID.
-using VisitPalette = std::function<void(const Palette& palette)>;
-void visitPalettes(jet::Database& database, const VisitPalette& visit);
+/// Who is shown the palettes of a file, one row after the other: each palette's own, then those of
+/// its fills.
+class PaletteVisitor {
+ public:
+    PaletteVisitor() = default;
+    PaletteVisitor(const PaletteVisitor&) = delete;
+    PaletteVisitor& operator=(const PaletteVisitor&) = delete;
+    virtual ~PaletteVisitor() = default;
+    virtual void begin(const jet::Table& groups, const jet::Row& group) = 0;
+    virtual void fill(const jet::Table& elements, const jet::Row& fill) = 0;
+    virtual void end() = 0;
+};
 
-/// Adds palettes in one commit: all of them, or none when an error refuses anything. The file gives
-/// ID and GroupID, and Count is the number of fills; what the records say of the three does not
-/// matter. A fill without an OrderNumber gets its place. Returns the new palettes as listPalettes
-/// does.
+/// Shows all palettes by ID, their fills by OrderNumber. Whatever their number, the memory that
+/// this takes has a bound: as many rows are sorted at once, 16 to 32 bytes of memory for each.
+inline constexpr std::size_t kSortedAtOnce = 1U << 19U;
+void visitPalettes(jet::Database& database, PaletteVisitor& visitor,
+                   std::size_t sortedAtOnce = kSortedAtOnce);
+
+/// Who takes palettes, one row after the other. What the values say of ID, GroupID and Count does
+/// not matter.
+class PaletteSink {
+ public:
+    using Values = jet::Table::Values;
+
+    PaletteSink() = default;
+    PaletteSink(const PaletteSink&) = delete;
+    PaletteSink& operator=(const PaletteSink&) = delete;
+    virtual ~PaletteSink() = default;
+    /// A palette, of which no more than these values may be known yet.
+    virtual void begin(const Values& group) = 0;
+    virtual void fill(const Values& fill) = 0;
+    /// All values of the palette.
+    virtual void end(const Values& group) = 0;
+};
+
+/// Adds palettes to a file. The file gives ID and GroupID, and Count is the number of fills. A fill
+/// without an OrderNumber gets its place. REQUIRES: inside Database::change.
+class PaletteAdder final : public PaletteSink {
+ public:
+    explicit PaletteAdder(jet::Database& database)
+        : groups_(database, kGroupTable), elements_(database, kElementTable) {}
+
+    const jet::Table& groups() const { return groups_; }
+    const jet::Table& elements() const { return elements_; }
+    void begin(const Values& group) override;
+    void fill(const Values& fill) override;
+    void end(const Values& group) override;
+
+    /// Where the palette is that was begun last.
+    jet::RowId row() const { return row_; }
+    /// The greatest ID that a palette of the file has had; each new one gets the next.
+    std::int32_t lastId() const { return groups_.lastAutonumber(); }
+
+ private:
+    jet::Table groups_;
+    jet::Table elements_;
+    jet::RowId row_;
+    std::int32_t id_ = 0;
+    std::int32_t count_ = 0;
+};
+
+/// Adds palettes in one commit: all of them, or none when an error refuses anything. Returns the
+/// new ones as listPalettes does.
 std::vector<Record> addPalettes(jet::Database& database, const std::vector<Palette>& palettes);
 
 /// Erases all palettes of a name with their fills, in one commit. How many there were.

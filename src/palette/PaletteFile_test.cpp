@@ -31,6 +31,21 @@ Palette named(const std::string& name, const std::vector<Record>& elements) {
     return {{{"Name", name}}, elements};
 }
 
+/// Keeps all palettes that it is shown.
+class Collector final : public PaletteVisitor {
+ public:
+    void begin(const jet::Table& groups, const jet::Row& group) override {
+        found.push_back({recordOf(groups, group), {}});
+    }
+    void fill(const jet::Table& elements, const jet::Row& fill) override {
+        found.back().elements.push_back(recordOf(elements, fill));
+    }
+    void end() override { ++ended; }
+
+    std::vector<Palette> found;
+    std::size_t ended = 0;
+};
+
 class PaletteFiles : public ::testing::Test {
  protected:
     PaletteFiles() {
@@ -38,9 +53,10 @@ class PaletteFiles : public ::testing::Test {
         database = jet::Database::open(files, kFile);
     }
     std::vector<Palette> all() {
-        std::vector<Palette> found;
-        visitPalettes(*database, [&](const Palette& each) { found.push_back(each); });
-        return found;
+        Collector collector;
+        visitPalettes(*database, collector);
+        EXPECT_EQ(collector.ended, collector.found.size());
+        return collector.found;
     }
     std::size_t rows(const char* table) {
         std::size_t count = 0;
@@ -100,6 +116,64 @@ TEST_F(PaletteFiles, OrderFillsByTheirNumberAndNumberThoseWithout) {
     EXPECT_EQ(orders, (std::vector<Value>{2, 3, 5}));
 }
 
+TEST_F(PaletteFiles, AreShownInTheSameOrderHoweverFewRowsAreSortedAtOnce) {
+    std::vector<Palette> given;
+    for (std::int32_t i = 0; i < 7; ++i) {
+        given.push_back(named("Paleta", {}));
+        // Equal numbers, too, which are ordered by ID.
+        for (std::int32_t order = 0; order < i * 3; ++order) {
+            given.back().elements.push_back(element(order * 7 % 5, {}));
+        }
+    }
+    addPalettes(*database, given);
+    const auto expected = all();
+    ASSERT_EQ(expected.size(), 7U);
+    ASSERT_EQ(expected[6].elements.size(), 18U);
+    for (const std::size_t atOnce : {1U, 2U, 3U, 18U, 19U}) {
+        Collector collector;
+        visitPalettes(*database, collector, atOnce);
+        ASSERT_EQ(collector.found.size(), expected.size());
+        for (std::size_t i = 0; i < expected.size(); ++i) {
+            EXPECT_EQ(collector.found[i].group, expected[i].group);
+            EXPECT_EQ(collector.found[i].elements, expected[i].elements) << atOnce;
+        }
+    }
+}
+
+TEST_F(PaletteFiles, TakeWhatIsKnownOfAPaletteOnlyAfterItsFills) {
+    database->change([&] {
+        PaletteAdder adder(*database);
+        const auto column = [&](const char* name) { return &adder.groups().column(name); };
+        adder.begin({{column("Description"), std::string("Popis")}});
+        for (const Record& given : {element(4, {}), element(2, {1})}) {
+            jet::Table::Values fill;
+            for (const auto& [name, value] : given) {
+                fill.emplace_back(&adder.elements().column(name), value);
+            }
+            adder.fill(fill);
+        }
+        adder.end({{column("Description"), std::string("Jiný")},
+                   {column("Name"), std::string("Podzim")},
+                   {column("Count"), 7}});
+    });
+    const Record expected{{"ID", 1},
+                          {"Name", std::string("Podzim")},
+                          {"Description", std::string("Jiný")},
+                          {"Count", 2}};
+    ASSERT_EQ(all().size(), 1U);
+    EXPECT_EQ(all()[0].group, expected);
+    EXPECT_EQ(valueOf(all()[0].elements[0], "OrderNumber"), Value(2));
+    EXPECT_TRUE(jet::check(*database).violations.empty());
+    // A name that never comes is refused as ever.
+    EXPECT_THROW(database->change([&] {
+        PaletteAdder adder(*database);
+        adder.begin({});
+        adder.end({});
+    }),
+                 base::Error);
+    EXPECT_EQ(all().size(), 1U);
+}
+
 TEST_F(PaletteFiles, TakeAllPalettesOrNone) {
     Palette bad = named("Zima", {element(0, {}), element(1, {})});
     bad.elements[1].pop_back();
@@ -134,7 +208,8 @@ TEST_F(PaletteFiles, WithoutTheTwoTablesAreRefused) {
     jet::createDatabase(files, "/other.mdb");
     const auto other = jet::Database::open(files, "/other.mdb");
     EXPECT_THROW(listPalettes(*other), base::Error);
-    EXPECT_THROW(visitPalettes(*other, [](const Palette&) {}), base::Error);
+    Collector collector;
+    EXPECT_THROW(visitPalettes(*other, collector), base::Error);
     EXPECT_THROW(addPalettes(*other, {}), base::Error);
     EXPECT_THROW(erasePalettes(*other, "x"), base::Error);
 }

@@ -21,7 +21,9 @@ PREVIEW_SIZES = (0, 1, 2000, 4000, 50_000, 300_000)
 
 
 def huebrush(*arguments, **options):
-    options = {"stdin": subprocess.DEVNULL, "stdout": subprocess.PIPE, **options}
+    if "input" not in options:
+        options.setdefault("stdin", subprocess.DEVNULL)
+    options.setdefault("stdout", subprocess.PIPE)
     return subprocess.run([PROGRAM, *map(str, arguments)], stderr=subprocess.PIPE, text=True,
                           timeout=LIMIT, **options)
 

@@ -3,6 +3,7 @@
 import json
 import os
 import pty
+import resource
 import signal
 import stat
 import subprocess
@@ -55,17 +56,19 @@ class Refusals(OnPaletteFiles):
         fill = element(0, b"")
         lacking = {name: value for name, value in fill.items() if name != "Pattern"}
         cases = {
-            "is no JSON": "{",
+            "palettes.json is no JSON: an error at byte 2": "{",
             "not in the form of": "[]",
             "palettes must be an array": {"palettes": 3},
             "palette 2 is no object": {"palettes": [palette("a", []), 3]},
             "the table TFillGroup has no column Colour": {"palettes": [{"Colour": 3}]},
+            "palette 2, element 1: Sloupec „Pattern“":
+                {"palettes": [palette("a", [fill]), palette("b", [lacking])]},
             "palette 1, element 2: the table TFillElementParameter has no column Red":
                 {"palettes": [palette("a", [fill, {"Red": 1}])]},
             "Visible must be a whole number": {"palettes": [palette("a", [{**fill, "Visible": 1.5}])]},
             "FillPreview must be bytes in base64":
                 {"palettes": [palette("a", [{**fill, "FillPreview": "?"}])]},
-            "„Pattern“": {"palettes": [palette("a", [fill]), palette("b", [lacking])]},
+            "palette 1: Sloupec „Name“": {"palettes": [{"elements": [fill]}]},
             "„Name“": {"palettes": [palette("", [])]},
             "nejvýše 30 znaků": {"palettes": [palette("x" * 31, [])]},
             "nejvýše 255 znaků": {"palettes": [palette("x", [element(0, b"", "t" * 256)])]},
@@ -76,6 +79,28 @@ class Refusals(OnPaletteFiles):
                 self.assert_refused(words, "import", self.file, source)
         self.assert_refused("there is no file", "import", self.file, self.folder / "none.json")
         self.assertEqual(self.dump(), [])
+
+    def test_import_of_deeply_nested_json(self):
+        source = self.folder / "palettes.json"
+        for start in ("[", '{"palettes":[{"elements":[{"Type":[', '{"a":'):
+            source.write_text(start * 150_000)
+            self.assert_refused("", "import", self.file, source)
+
+    def test_import_with_an_error_far_behind(self):
+        self.add([palette("Podzim", [element(0, b"x")])])
+        fills = [element(order, b"") for order in range(20)]
+        many = [palette(f"Paleta {number}", fills) for number in range(MANY_PALETTES)]
+        lacking = {name: value for name, value in fills[0].items() if name != "Pattern"}
+        whole = json.dumps({"palettes": many})
+        source = self.folder / "palettes.json"
+        source.write_text(whole[:-1])
+        self.assert_refused("is no JSON: an error at byte ", "import", self.file, source)
+        many[-1]["elements"] = fills + [lacking]
+        source = self.write_json(many)
+        self.assert_refused(f"palette {MANY_PALETTES}, element 21: Sloupec „Pattern“",
+                            "import", self.file, source)
+        self.assertEqual([each["Name"] for each in self.dump()], ["Podzim"])
+        self.assert_clean()
 
     def test_erase_of_a_palette_that_is_not_there(self):
         self.add([palette("Podzim", [element(0, b"")])])
@@ -183,6 +208,24 @@ class Palettes(OnPaletteFiles):
         self.assertEqual(self.dump(), as_stored(palettes))
         self.assert_clean()
 
+    def test_come_in_whatever_the_order_of_their_keys(self):
+        palettes = various_palettes([10, None, 5000])
+        self.add([dict(reversed(each.items())) for each in palettes])
+        self.assertEqual(self.dump(), as_stored(palettes))
+        self.assert_clean()
+
+    def test_come_in_through_a_pipe(self):
+        palettes = various_palettes([10, None, 5000])
+        done = huebrush("palette", "import", self.file, "/dev/stdin",
+                        input=json.dumps({"palettes": palettes}))
+        self.assertEqual((done.returncode, done.stderr), (0, ""))
+        self.assertEqual(self.dump(), as_stored(palettes))
+
+    def test_are_dumped_as_json_that_is_indented(self):
+        self.add(various_palettes([10, None, 5000]))
+        dumped = self.run_program("dump", self.file)
+        self.assertEqual(dumped, json.dumps(json.loads(dumped), indent=2, ensure_ascii=False) + "\n")
+
     def test_go_from_file_to_file(self):
         self.add(various_palettes([10, None, 5000]))
         copied = self.folder / "copy.json"
@@ -251,6 +294,25 @@ class Palettes(OnPaletteFiles):
         self.assertEqual(len(set(sizes[1:])), 1, sizes)
         listed = json.loads(self.run_program("list", self.file, "--json"))["palettes"]
         self.assertEqual(len(listed), MANY_PALETTES)
+
+
+@unittest.skipIf("HUEBRUSH_MANY_PALETTES" in os.environ, "the sanitizers take memory themselves")
+class Memory(OnPaletteFiles):
+    """However many rows there are, import and dump take no more memory than this."""
+    MOST_BYTES = 64 * 1024 * 1024
+
+    def run_bounded(self, *arguments):
+        """Runs a palette command that must succeed with that much memory."""
+        done = huebrush("palette", *arguments, stdout=subprocess.DEVNULL,
+                        preexec_fn=lambda: resource.setrlimit(resource.RLIMIT_DATA,
+                                                              (self.MOST_BYTES, self.MOST_BYTES)))
+        self.assertEqual((done.returncode, done.stderr), (0, ""), arguments)
+
+    def test_has_a_bound_for_what_an_import_prints(self):
+        source = self.folder / "many.json"
+        source.write_text('{"palettes": [' + ", ".join(['{"Name": "x"}'] * 150_000) + "]}")
+        self.run_bounded("import", self.file, source, "--json")
+        self.run_bounded("dump", self.file)
 
 
 class Check(OnPaletteFiles):

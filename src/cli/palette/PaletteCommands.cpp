@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include <filesystem>
+#include <fstream>
 #include <iomanip>
 #include <iostream>
 
@@ -98,6 +99,29 @@ const char* nameOf(jet::Severity severity) {
     return severity == jet::Severity::damage ? "damage" : "waste";
 }
 
+/// The palettes that an import has added have IDs one after the other.
+void printAdded(const std::string& file, jet::Database& database, std::int32_t first,
+                std::size_t count) {
+    const jet::Table groups(database, palette::kGroupTable);
+    JsonWriter out(std::cout);
+    out.beginObject();
+    out.key(JsonWriter::quoted("file"));
+    out.value(json(file));
+    out.key(JsonWriter::quoted("palettes"));
+    out.beginArray();
+    for (std::size_t i = 0; i < count; ++i) {
+        const auto id = static_cast<std::int32_t>(first + static_cast<std::int32_t>(i));
+        groups.visitRows(groups.column("ID"), id, [&](jet::RowId where) {
+            if (const auto row = groups.row(where))
+                out.value(toJson(palette::recordOf(groups, *row)));
+            return true;
+        });
+    }
+    out.endArray();
+    out.endObject();
+    out.finish();
+}
+
 json violationToJson(const jet::Violation& violation) {
     return {{"severity", nameOf(violation.severity)},
             {"rule", violation.rule.number},
@@ -159,26 +183,35 @@ int runPaletteList(const PaletteOptions& options) {
 }
 
 int runPaletteDump(const PaletteOptions& options) {
-    json palettes = json::array();
-    palette::visitPalettes(*open(options), [&](const palette::Palette& each) {
-        throwIfInterrupted();
-        palettes.push_back(toJson(each));
-    });
-    std::cout << json{{"palettes", std::move(palettes)}}.dump(2) << '\n';
+    const auto database = open(options);
+    // What is wrong with the tables is told before anything is printed.
+    database->definition(palette::kGroupTable);
+    database->definition(palette::kElementTable);
+    JsonWriter out(std::cout);
+    PaletteJsonWriter palettes(out);
+    palette::visitPalettes(*database, palettes);
+    palettes.finish();
     return ExitCode::kDone;
 }
 
 int runPaletteImport(const PaletteOptions& options) {
     const auto database = open(options);
-    const nlohmann::json input = readJson("the file", options.input);
-    const std::vector<Record> added = palette::addPalettes(
-        *database, palettesFromJson(input, *database->definition(palette::kGroupTable),
-                                    *database->definition(palette::kElementTable)));
+    requireReadable(options.input);
+    std::ifstream input(options.input, std::ios::binary);
+    std::int32_t first = 0;
+    std::size_t count = 0;
+    database->change([&] {
+        palette::PaletteAdder adder(*database);
+        const std::int32_t before = adder.lastId();
+        readPalettes(input, "the file " + options.input, adder.groups().definition(),
+                     adder.elements().definition(), adder);
+        first = before + 1;
+        count = static_cast<std::size_t>(adder.lastId() - before);
+    });
     if (options.json) {
-        std::cout << json{{"file", options.file}, {"palettes", listOf(added)}}.dump(2) << '\n';
+        printAdded(options.file, *database, first, count);
     } else {
-        std::cout << countOf(added.size(), "palette", "palettes") << " added to " << options.file
-                  << '\n';
+        std::cout << countOf(count, "palette", "palettes") << " added to " << options.file << '\n';
     }
     return ExitCode::kDone;
 }

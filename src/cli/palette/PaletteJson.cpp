@@ -1,10 +1,14 @@
 #include "cli/palette/PaletteJson.h"
 
+#include <algorithm>
 #include <cmath>
+#include <functional>
+#include <utility>
 
 #include "base/Text.h"
 #include "cli/Base64.h"
 #include "cli/Failure.h"
+#include "cli/Interrupt.h"
 #include "protocol/JsonNumber.h"
 
 namespace huebrush::cli {
@@ -20,6 +24,8 @@ using nlohmann::ordered_json;
 constexpr const char* kPalettes = "palettes";
 constexpr const char* kElements = "elements";
 constexpr double kMoneyUnits = 10000;
+/// Of what is ignored; palettes themselves are not deep.
+constexpr std::size_t kDeepest = 100;
 
 struct ValueToJson {
     ordered_json operator()(std::monostate) const { return nullptr; }
@@ -30,31 +36,44 @@ struct ValueToJson {
     ordered_json operator()(const auto& value) const { return value; }
 };
 
-/// Where in the input a value stands, for the message about it.
+/// Where in the input something stands, for the message about it.
 struct Place {
-    std::string row;
-    std::string column;
+    std::size_t palette = 0;
+    std::size_t element = 0;  ///< 0: the palette itself
+
+    std::string text() const {
+        if (palette == 0) return "the input";
+        const std::string where = base::text("palette ", palette);
+        return element == 0 ? where : base::text(where, ", element ", element);
+    }
+    [[noreturn]] void fail(const std::string& problem) const { throw Failure(text() + problem); }
+};
+
+/// A column at a place.
+struct ColumnPlace {
+    const Place& row;
+    const std::string& column;
 
     [[noreturn]] void fail(const char* expected) const {
-        throw Failure(text(row, ": ", column, " must be ", expected));
+        row.fail(text(": ", column, " must be ", expected));
     }
 };
 
-jet::Money moneyFrom(double amount, const Place& place) {
+jet::Money moneyFrom(double amount, const ColumnPlace& place) {
     const double units = std::round(amount * kMoneyUnits);
     // Every double below 2^63 fits.
     if (!(std::abs(units) < 9223372036854775808.0)) place.fail("an amount of 64 bits");
     return {static_cast<std::int64_t>(units)};
 }
 
-Value numberFromJson(ColumnType type, const json& value, const Place& place) {
+Value numberFromJson(ColumnType type, const json& value, const ColumnPlace& place) {
     if (!value.is_number()) place.fail("a number");
     const auto number = value.get<double>();
     if (type == ColumnType::money) return moneyFrom(number, place);
     return number;
 }
 
-Value valueFromJson(ColumnType type, const json& value, const Place& place) {
+Value valueFromJson(ColumnType type, const json& value, const ColumnPlace& place) {
     if (value.is_null()) return {};
     switch (type) {
         case ColumnType::boolean:
@@ -85,41 +104,225 @@ Value valueFromJson(ColumnType type, const json& value, const Place& place) {
     }
 }
 
-palette::Record recordFromJson(const json& object, const jet::TableDefinition& table,
-                               const std::string& row) {
-    if (!object.is_object()) throw Failure(text(row, " is no object"));
-    palette::Record record;
-    for (const auto& [name, value] : object.items()) {
-        const jet::Column* const column = table.find(name);
-        if (column == nullptr) {
-            throw Failure(text(row, ": the table ", table.name, " has no column ", name));
+/// Takes what the parser finds, and hands on each row when it is complete. Nothing of the input is
+/// kept but the row that is being read.
+class PaletteReader final : public nlohmann::json_sax<json> {
+ public:
+    PaletteReader(const std::string& name, const jet::TableDefinition& groups,
+                  const jet::TableDefinition& elements, palette::PaletteSink& sink)
+        : name_(name), groups_(groups), elements_(elements), sink_(sink) {}
+
+    bool null() override { return scalar(nullptr); }
+    bool boolean(bool value) override { return scalar(value); }
+    bool number_integer(number_integer_t value) override { return scalar(value); }
+    bool number_unsigned(number_unsigned_t value) override { return scalar(value); }
+    bool number_float(number_float_t value, const string_t&) override { return scalar(value); }
+    bool string(string_t& value) override { return scalar(std::move(value)); }
+    bool binary(binary_t&) override { return true; }
+    bool key(string_t& name) override;
+    bool start_object(std::size_t) override;
+    bool start_array(std::size_t) override;
+    bool end_object() override;
+    bool end_array() override;
+    bool parse_error(std::size_t position, const std::string&,
+                     const nlohmann::detail::exception&) override {
+        throw Failure(text(name_, " is no JSON: an error at byte ", position));
+    }
+
+ private:
+    /// What the parser is in.
+    enum class Within { nothing, input, palettes, palette, elements, element, ignored };
+    using Values = palette::PaletteSink::Values;
+
+    bool scalar(json value);
+    void inColumn(const json& value);
+    void set(Values& values, const jet::TableDefinition& table, const json& value);
+    void beginElements();
+    void endPalette();
+    /// Hands on a row, and says of a refusal where its row stands.
+    void handOn(const std::function<void()>& row) const;
+    [[noreturn]] static void failForm() {
+        throw Failure("the palettes are not in the form of \"huebrush palette dump\"");
+    }
+
+    const std::string& name_;
+    const jet::TableDefinition& groups_;
+    const jet::TableDefinition& elements_;
+    palette::PaletteSink& sink_;
+
+    Within within_ = Within::nothing;
+    std::size_t ignoredDepth_ = 0;
+    std::string key_;
+    Place place_;
+    bool hasPalettes_ = false;
+    bool hasElements_ = false;
+    Values group_;
+    Values element_;
+};
+
+void PaletteReader::handOn(const std::function<void()>& row) const {
+    try {
+        row();
+    } catch (const base::Error& error) {
+        place_.fail(": " + error.description());
+    }
+}
+
+bool PaletteReader::key(string_t& name) {
+    key_ = std::move(name);
+    return true;
+}
+
+bool PaletteReader::scalar(json value) {
+    switch (within_) {
+        case Within::nothing:
+            failForm();
+        case Within::input:
+            if (key_ == kPalettes) place_.fail(text(": ", kPalettes, " must be an array"));
+            break;
+        case Within::palettes:
+            ++place_.palette;
+            place_.fail(" is no object");
+        case Within::elements:
+            ++place_.element;
+            place_.fail(" is no object");
+        case Within::palette:
+        case Within::element:
+            inColumn(value);
+            break;
+        case Within::ignored:
+            break;
+    }
+    return true;
+}
+
+void PaletteReader::inColumn(const json& value) {
+    if (within_ == Within::element) return set(element_, elements_, value);
+    if (key_ == kElements) place_.fail(text(": ", kElements, " must be an array"));
+    set(group_, groups_, value);
+}
+
+void PaletteReader::set(Values& values, const jet::TableDefinition& table, const json& value) {
+    // Most rows have their columns in the table's order.
+    const std::size_t next =
+        values.empty() ? 0
+                       : static_cast<std::size_t>(values.back().first - table.columns.data()) + 1;
+    const bool isNext = next < table.columns.size() && table.columns[next].name == key_;
+    const jet::Column* const column = isNext ? &table.columns[next] : table.find(key_);
+    if (column == nullptr) {
+        place_.fail(text(": the table ", table.name, " has no column ", key_));
+    }
+    Value given = valueFromJson(column->type, value, {place_, key_});
+    const auto known =
+        isNext ? values.end() : std::find_if(values.begin(), values.end(), [&](const auto& each) {
+            return each.first == column;
+        });
+    if (known == values.end()) {
+        values.emplace_back(column, std::move(given));
+    } else {
+        known->second = std::move(given);
+    }
+}
+
+void PaletteReader::beginElements() {
+    if (std::exchange(hasElements_, true)) {
+        place_.fail(text(": ", kElements, " appears twice"));
+    }
+    handOn([&] { sink_.begin(group_); });
+    within_ = Within::elements;
+}
+
+bool PaletteReader::start_object(std::size_t) {
+    switch (within_) {
+        case Within::nothing:
+            within_ = Within::input;
+            break;
+        case Within::palettes:
+            throwIfInterrupted();
+            ++place_.palette;
+            group_.clear();
+            hasElements_ = false;
+            within_ = Within::palette;
+            break;
+        case Within::elements:
+            throwIfInterrupted();
+            ++place_.element;
+            element_.clear();
+            within_ = Within::element;
+            break;
+        case Within::palette:
+        case Within::element:
+            inColumn(json::object());
+            break;
+        case Within::input:
+            scalar(json::object());
+            within_ = Within::ignored;
+            [[fallthrough]];
+        case Within::ignored:
+            if (++ignoredDepth_ > kDeepest) {
+                throw Failure(text(name_, " is nested deeper than ", kDeepest, " levels"));
+            }
+    }
+    return true;
+}
+
+bool PaletteReader::start_array(std::size_t size) {
+    if (within_ == Within::nothing) failForm();
+    if (within_ == Within::input && key_ == kPalettes) {
+        if (std::exchange(hasPalettes_, true)) {
+            place_.fail(text(": ", kPalettes, " appears twice"));
         }
-        record.emplace_back(column->name, valueFromJson(column->type, value, {row, name}));
+        within_ = Within::palettes;
+    } else if (within_ == Within::palette && key_ == kElements) {
+        beginElements();
+    } else if (within_ == Within::palettes || within_ == Within::elements) {
+        scalar(json::array());
+    } else {
+        start_object(size);
     }
-    return record;
+    return true;
 }
 
-/// The array under a key, which may be missing.
-const json& arrayUnder(const json& object, const char* key, const std::string& owner) {
-    static const json kNone = json::array();
-    const auto found = object.find(key);
-    if (found == object.end()) return kNone;
-    if (!found->is_array()) throw Failure(text(owner, ": ", key, " must be an array"));
-    return *found;
+void PaletteReader::endPalette() {
+    place_.element = 0;
+    handOn([&] {
+        if (!hasElements_) sink_.begin(group_);
+        sink_.end(group_);
+    });
 }
 
-palette::Palette paletteFromJson(json object, const jet::TableDefinition& groups,
-                                 const jet::TableDefinition& elements, const std::string& row) {
-    if (!object.is_object()) throw Failure(text(row, " is no object"));
-    palette::Palette palette;
-    std::size_t number = 0;
-    for (const json& element : arrayUnder(object, kElements, row)) {
-        const std::string place = text(row, ", element ", ++number);
-        palette.elements.push_back(recordFromJson(element, elements, place));
+bool PaletteReader::end_object() {
+    if (within_ == Within::element) {
+        handOn([&] { sink_.fill(element_); });
+        within_ = Within::elements;
+    } else if (within_ == Within::palette) {
+        endPalette();
+        within_ = Within::palettes;
+    } else if (within_ == Within::ignored) {
+        if (--ignoredDepth_ == 0) within_ = Within::input;
+    } else if (!hasPalettes_) {
+        failForm();
     }
-    object.erase(kElements);
-    palette.group = recordFromJson(object, groups, row);
-    return palette;
+    return true;
+}
+
+bool PaletteReader::end_array() {
+    if (within_ == Within::elements) {
+        place_.element = 0;
+        within_ = Within::palette;
+    } else if (within_ == Within::palettes) {
+        place_ = {};
+        within_ = Within::input;
+    } else {
+        end_object();
+    }
+    return true;
+}
+
+std::vector<std::string> keysOf(const jet::TableDefinition& table) {
+    std::vector<std::string> keys;
+    for (const jet::Column& column : table.columns) keys.push_back(JsonWriter::quoted(column.name));
+    return keys;
 }
 
 }  // namespace
@@ -130,26 +333,56 @@ ordered_json toJson(const palette::Record& record) {
     return object;
 }
 
-ordered_json toJson(const palette::Palette& palette) {
-    ordered_json object = toJson(palette.group);
-    ordered_json elements = ordered_json::array();
-    for (const palette::Record& each : palette.elements) elements.push_back(toJson(each));
-    object[kElements] = std::move(elements);
-    return object;
+PaletteJsonWriter::PaletteJsonWriter(JsonWriter& out) : out_(out) {
+    out_.beginObject();
+    out_.key(JsonWriter::quoted(kPalettes));
+    out_.beginArray();
 }
 
-std::vector<palette::Palette> palettesFromJson(const json& value,
-                                               const jet::TableDefinition& groups,
-                                               const jet::TableDefinition& elements) {
-    if (!value.is_object() || !value.contains(kPalettes)) {
-        throw Failure("the palettes are not in the form of \"huebrush palette dump\"");
+void PaletteJsonWriter::writeColumns(const jet::Table& table, const jet::Row& row, Keys& keys) {
+    const std::vector<jet::Column>& columns = table.definition().columns;
+    if (keys.empty()) keys = keysOf(table.definition());
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+        out_.key(keys[i]);
+        const Value value = table.value(row, columns[i]);
+        if (const auto* const number = std::get_if<std::int32_t>(&value)) {
+            out_.value(*number);
+        } else {
+            out_.value(std::visit(ValueToJson(), value));
+        }
     }
-    std::vector<palette::Palette> palettes;
-    for (const json& each : arrayUnder(value, kPalettes, "the input")) {
-        palettes.push_back(
-            paletteFromJson(each, groups, elements, text("palette ", palettes.size() + 1)));
-    }
-    return palettes;
+}
+
+void PaletteJsonWriter::begin(const jet::Table& groups, const jet::Row& group) {
+    out_.beginObject();
+    writeColumns(groups, group, groupKeys_);
+    out_.key(JsonWriter::quoted(kElements));
+    out_.beginArray();
+}
+
+void PaletteJsonWriter::fill(const jet::Table& elements, const jet::Row& fill) {
+    throwIfInterrupted();
+    out_.beginObject();
+    writeColumns(elements, fill, elementKeys_);
+    out_.endObject();
+}
+
+void PaletteJsonWriter::end() {
+    throwIfInterrupted();
+    out_.endArray();
+    out_.endObject();
+}
+
+void PaletteJsonWriter::finish() {
+    out_.endArray();
+    out_.endObject();
+    out_.finish();
+}
+
+void readPalettes(std::istream& input, const std::string& name, const jet::TableDefinition& groups,
+                  const jet::TableDefinition& elements, palette::PaletteSink& sink) {
+    PaletteReader reader(name, groups, elements, sink);
+    json::sax_parse(input, &reader);
 }
 
 }  // namespace huebrush::cli

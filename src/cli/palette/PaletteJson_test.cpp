@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <sstream>
+
 #include "cli/Failure.h"
 
 namespace huebrush::cli {
@@ -9,7 +11,7 @@ namespace {
 
 using jet::ColumnType;
 using jet::Value;
-using nlohmann::json;
+using nlohmann::ordered_json;
 
 jet::TableDefinition table(const char* name,
                            const std::vector<std::pair<const char*, ColumnType>>& columns) {
@@ -23,10 +25,36 @@ jet::TableDefinition table(const char* name,
     return made;
 }
 
+/// Keeps the palettes that it gets.
+class Collector final : public palette::PaletteSink {
+ public:
+    void begin(const Values& group) override { known.push_back(recordOf(group)); }
+    void fill(const Values& fill) override { elements.push_back(recordOf(fill)); }
+    void end(const Values& group) override {
+        if (palette::valueOf(recordOf(group), "Name") == Value(std::string("refused"))) {
+            throw base::Error(1, "Tak ne.");
+        }
+        found.push_back({recordOf(group), std::exchange(elements, {})});
+    }
+    static palette::Record recordOf(const Values& values) {
+        palette::Record record;
+        for (const auto& [column, value] : values) record.emplace_back(column->name, value);
+        return record;
+    }
+
+    std::vector<palette::Record> known;
+    std::vector<palette::Record> elements;
+    std::vector<palette::Palette> found;
+};
+
 class PaletteJson : public ::testing::Test {
  protected:
     std::vector<palette::Palette> read(const std::string& text) const {
-        return palettesFromJson(json::parse(text), groups, elements);
+        std::istringstream input(text);
+        Collector collector;
+        readPalettes(input, "the text", groups, elements, collector);
+        EXPECT_EQ(collector.known.size(), collector.found.size());
+        return collector.found;
     }
     std::string problemOf(const std::string& text) const {
         try {
@@ -59,7 +87,9 @@ TEST_F(PaletteJson, ReadsBackWhatItHasWritten) {
                                    {"Part", Value()},
                                    {"Text", std::string()}},
                                   {{"Order", Value()}, {"Preview", jet::Bytes{}}}}};
-    const std::string text = toJson(given).dump();
+    ordered_json whole = toJson(given.group);
+    for (const auto& each : given.elements) whole["elements"].push_back(toJson(each));
+    const std::string text = whole.dump();
     EXPECT_EQ(text, R"({"ID":-3,"Name":"Žluť \"1\"\n","elements":[{"Order":7,"Preview":"AP8K",)"
                     R"("Ready":true,"Price":-1.2345,"Size":0.1,"Part":null,"Text":""},)"
                     R"({"Order":null,"Preview":""}]})");
@@ -67,13 +97,41 @@ TEST_F(PaletteJson, ReadsBackWhatItHasWritten) {
     ASSERT_EQ(palettes.size(), 1U);
     EXPECT_EQ(palettes[0].group, given.group);
     ASSERT_EQ(palettes[0].elements.size(), 2U);
-    // An object's keys come back in their own order.
-    for (std::size_t i = 0; i < 2; ++i) {
-        ASSERT_EQ(palettes[0].elements[i].size(), given.elements[i].size());
-        for (const auto& [name, value] : given.elements[i]) {
-            EXPECT_EQ(palette::valueOf(palettes[0].elements[i], name), value) << name;
-        }
-    }
+    EXPECT_EQ(palettes[0].elements, given.elements);
+}
+
+TEST_F(PaletteJson, TakesKeysInAnyOrder) {
+    const auto palettes = read(
+        R"({"version":[{"a":[1]}],"palettes":[{"elements":[{"Text":"t","Order":1}],"Name":"a",)"
+        R"("ID":2}],"more":{"palettes":[3]}})");
+    ASSERT_EQ(palettes.size(), 1U);
+    const palette::Record group{{"Name", std::string("a")}, {"ID", 2}};
+    EXPECT_EQ(palettes[0].group, group);
+    const palette::Record element{{"Text", std::string("t")}, {"Order", 1}};
+    EXPECT_EQ(palettes[0].elements.at(0), element);
+}
+
+TEST_F(PaletteJson, OfAColumnThatIsGivenTwiceTheLaterValueCounts) {
+    const auto palettes = read(R"({"palettes":[{"ID":1,"Name":"a","ID":2,"Name":"b"}]})");
+    const palette::Record group{{"ID", 2}, {"Name", std::string("b")}};
+    EXPECT_EQ(palettes.at(0).group, group);
+}
+
+TEST_F(PaletteJson, RefusesWhatIsNestedDeeply) {
+    const auto nested = [](std::size_t depth) {
+        return R"({"more":)" + std::string(depth, '[') + std::string(depth, ']') +
+               R"(,"palettes":[]})";
+    };
+    EXPECT_EQ(problemOf(nested(100)), "no error");
+    const std::string tooDeep = "the text is nested deeper than 100 levels";
+    EXPECT_EQ(problemOf(nested(101)), tooDeep);
+    EXPECT_EQ(problemOf(nested(150000)), tooDeep);
+    std::string objects;
+    for (int i = 0; i < 150000; ++i) objects += R"({"a":)";
+    EXPECT_EQ(problemOf(objects), tooDeep);
+    EXPECT_EQ(problemOf(R"({"palettes":)" + std::string(150000, '[')), "palette 1 is no object");
+    EXPECT_EQ(problemOf(R"({"palettes":[{"Name":)" + std::string(150000, '[')),
+              "palette 1: Name must be a text");
 }
 
 TEST_F(PaletteJson, TakesLessThanEveryColumn) {
@@ -89,6 +147,15 @@ TEST_F(PaletteJson, SaysInOneLineWhatIsWrongAndWhere) {
     EXPECT_EQ(problemOf("[]"), form);
     EXPECT_EQ(problemOf("{}"), form);
     EXPECT_EQ(problemOf("3"), form);
+    EXPECT_EQ(problemOf(""), "the text is no JSON: an error at byte 1");
+    EXPECT_EQ(problemOf("{\"palettes\":[{\"Name\":\"\xFF\"}]}"),
+              "the text is no JSON: an error at byte 23");
+    EXPECT_EQ(problemOf(R"({"palettes":[]} x)"), "the text is no JSON: an error at byte 17");
+    EXPECT_EQ(problemOf(R"({"palettes":[],"palettes":[]})"), "the input: palettes appears twice");
+    EXPECT_EQ(problemOf(R"({"palettes":[{"elements":[],"elements":[]}]})"),
+              "palette 1: elements appears twice");
+    EXPECT_EQ(problemOf(R"({"palettes":[{},{"elements":[{}],"Name":"refused"}]})"),
+              "palette 2: Tak ne.");
     EXPECT_EQ(problemOf(R"({"palettes":{}})"), "the input: palettes must be an array");
     EXPECT_EQ(problemOf(R"({"palettes":[{},3]})"), "palette 2 is no object");
     EXPECT_EQ(problemOf(R"({"palettes":[{"elements":{}}]})"),

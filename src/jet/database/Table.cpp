@@ -74,16 +74,22 @@ void Table::scan(const VisitRow& visit) const {
     scanTable(database_->pages(), *table_, visit);
 }
 
-std::vector<RowId> Table::find(const Column& column, const Value& value) const {
+void Table::visitRows(const Column& column, const Value& value,
+                      const std::function<bool(RowId id)>& visit) const {
     for (const IndexTree& tree : table_->trees) {
         if (tree.columns.size() != 1 || tree.columns[0].column != column.number) continue;
         if (tree.ignoreNulls || !keysKnown(*table_, tree)) continue;
         const auto key = encodeKey(*table_, tree, [&](const Column&) { return value; });
-        if (key) return Index(database_->pages(), tree, table_->page).find(key->bytes);
+        if (!key) continue;
+        return Index(database_->pages(), tree, table_->page).visitRows(key->bytes, visit);
     }
+    scan([&](RowId id, const Row& row) { return this->value(row, column) != value || visit(id); });
+}
+
+std::vector<RowId> Table::find(const Column& column, const Value& value) const {
     std::vector<RowId> found;
-    scan([&](RowId id, const Row& row) {
-        if (this->value(row, column) == value) found.push_back(id);
+    visitRows(column, value, [&](RowId id) {
+        found.push_back(id);
         return true;
     });
     return found;

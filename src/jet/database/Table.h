@@ -34,8 +34,11 @@ class Table {
     Value value(const Row& row, const Column& column) const {
         return valueOf(database_->pages(), row, column);
     }
-    /// The rows that have a value in a column; by an index if there is one.
+    /// The rows that have a value in a column; by an index if there is one. `visitRows` calls
+    /// `visit` with each of them until it returns false; none may be changed meanwhile.
     std::vector<RowId> find(const Column& column, const Value& value) const;
+    void visitRows(const Column& column, const Value& value,
+                   const std::function<bool(RowId id)>& visit) const;
 
     /// Values of columns that a row gets. Columns that are not named are null, or keep what they
     /// have.

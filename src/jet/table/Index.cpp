@@ -52,10 +52,13 @@ void Index::walk(const Visit& visit) const {
     walkFrom({}, visit);
 }
 
+void Index::visitRows(ByteView key, const std::function<bool(RowId row)>& visit) const {
+    walkFrom(key, [&](ByteView each, RowId row) { return startsWith(each, key) && visit(row); });
+}
+
 std::vector<RowId> Index::find(ByteView key) const {
     std::vector<RowId> found;
-    walkFrom(key, [&](ByteView each, RowId row) {
-        if (!startsWith(each, key)) return false;
+    visitRows(key, [&](RowId row) {
         found.push_back(row);
         return true;
     });

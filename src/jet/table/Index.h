@@ -16,8 +16,9 @@ class Index {
     Index(Pages& pages, const IndexTree& tree, PageNumber table, Space* space = nullptr)
         : pages_(&pages), tree_(&tree), table_(table), space_(space) {}
 
-    /// The rows with a key.
+    /// The rows with a key, or a visit of each of them until it returns false.
     std::vector<RowId> find(ByteView key) const;
+    void visitRows(ByteView key, const std::function<bool(RowId row)>& visit) const;
     bool contains(ByteView key) const;
     /// Calls `visit` for each entry in order, until it returns false.
     using Visit = std::function<bool(ByteView key, RowId row)>;

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <nlohmann/json.hpp>
+#include <ostream>
+#include <string>
+#include <string_view>
+
+namespace huebrush::cli {
+
+/// Writes JSON piece by piece, so that it need not be in memory as a whole; indented by two, as
+/// dump(2) of the JSON library does it.
+class JsonWriter {
+ public:
+    explicit JsonWriter(std::ostream& out) : out_(out) {}
+    JsonWriter(const JsonWriter&) = delete;
+    JsonWriter& operator=(const JsonWriter&) = delete;
+
+    /// `value`s, objects and arrays follow each other in an array; in an object, each follows a
+    /// key.
+    void beginObject() { begin('{'); }
+    void endObject() { end('}'); }
+    void beginArray() { begin('['); }
+    void endArray() { end(']'); }
+    /// A key as `quoted` gives it.
+    void key(std::string_view quoted);
+    void value(std::int32_t number);
+    /// A scalar, or a value that is small enough to be in memory.
+    void value(const nlohmann::ordered_json& value);
+
+    /// Writes out what is still held back, and a line's end. Failure when it cannot be written,
+    /// here and as soon as it is seen.
+    void finish();
+
+    static std::string quoted(const std::string& text) { return nlohmann::json(text).dump(); }
+
+ private:
+    void begin(char bracket);
+    void end(char bracket);
+    void beginValue();
+    void newLine();
+    void writeOut();
+
+    std::ostream& out_;
+    std::string held_;
+    std::size_t depth_ = 0;
+    bool first_ = true;  ///< nothing stands in the innermost object or array yet
+    bool afterKey_ = false;
+};
+
+}  // namespace huebrush::cli
