@@ -114,6 +114,67 @@ TEST_F(CommandBarsTest, ALaterSessionFindsTheBarAndItsButtons) {
     EXPECT_EQ(buttons()[0].caption, "Nový popis");
 }
 
+/// What is left of a bar by a session that was killed: the office stores it without tool tips, and
+/// the user may have changed a button.
+class LeftBehindBarTest : public CommandBarsTest {
+ protected:
+    LeftBehindBarTest() {
+        add("Jedna", "První");
+        bars.save();
+        item.realloc(4);
+        item.getArray()[0] = value("CommandURL", rtl::OUString("vnd.huebrush:Jedna"));
+        item.getArray()[1] = value("Label", libreoffice::toOffice("Po svém"));
+        item.getArray()[2] = value("Style", sal_Int16(1));
+        item.getArray()[3] = value("IsVisible", false);
+        configuration.replaceItems({urlOf("Pokus"), "Pokus"}, {item});
+    }
+    template <class Value>
+    static com::sun::star::beans::PropertyValue value(std::string_view name, const Value& of) {
+        return libreoffice::property(name, com::sun::star::uno::Any(of));
+    }
+    static host::CommandBarPointer find(CommandBars& in) {
+        for (std::int32_t i = 1; i <= in.Count(); ++i) {
+            if (in.Item(i)->Name() == "Pokus") return in.Item(i);
+        }
+        return nullptr;
+    }
+    com::sun::star::uno::Any kept(std::string_view name) const {
+        return libreoffice::valueOf(configuration.items(urlOf("Pokus")).at(0), name);
+    }
+
+    libreoffice::BarConfiguration::Item item;
+    CommandBars later{officeContext(), libreoffice::IconFiles(testFolder())};
+};
+
+TEST_F(LeftBehindBarTest, AFoundButtonGetsItsToolTipAndKeepsAllElse) {
+    ASSERT_NE(find(later)->FindControl("Jedna"), nullptr);
+    find(later)->addButton()->setTag("Dvě");
+    later.save();
+    ASSERT_EQ(buttons().size(), 2U);
+    EXPECT_EQ(buttons()[0].tooltip, "Co dělá První");
+    EXPECT_EQ(buttons()[0].caption, "Po svém");
+    EXPECT_EQ(kept("Style"), com::sun::star::uno::Any(sal_Int16(1)));
+    EXPECT_EQ(kept("IsVisible"), com::sun::star::uno::Any(false));
+}
+
+TEST_F(LeftBehindBarTest, ABarOfOursIsRemovedOnceItIsEmpty) {
+    const auto button = find(later)->FindControl("Jedna");
+    later.removeLeftBehind();
+    EXPECT_NE(urlOf("Pokus"), "");
+    button->Delete();
+    later.removeLeftBehind();
+    EXPECT_EQ(urlOf("Pokus"), "");
+    bar = bars.Add("Pokus");
+}
+
+TEST_F(LeftBehindBarTest, ABarOfTheUsersStaysThoughItIsEmpty) {
+    const std::string url = "private:resource/toolbar/custom_users";
+    configuration.insert({url, "Users"});
+    later.removeLeftBehind();
+    EXPECT_EQ(urlOf("Users"), url);
+    configuration.remove(url);
+}
+
 TEST_F(CommandBarsTest, OnlyAnEnabledButtonIsClicked) {
     const auto button = add("Jedna", "První");
     int clicks = 0;

@@ -6,6 +6,7 @@
 
 import glob
 import os
+import signal
 import subprocess
 import sys
 from pathlib import Path
@@ -290,11 +291,31 @@ class WindowTest(WriterCase):
         writer = self.start()
         self.assertIsNotNone(writer.bar_url())
         self.assertEqual(writer.quit(), 0)
-        module = os.path.join(self._folder.name, "profile/user/config/soffice.cfg/modules/swriter")
-        left = glob.glob(module + "/toolbar/*") + glob.glob(module + "/images/**/*.png",
-                                                            recursive=True)
-        self.assertEqual(left, [])
+        self.assertEqual(self.stored_bars(), [])
         self.assertIsNone(self.start(extensions=False).bar_url())
+
+    def test_after_a_session_that_was_killed_the_bar_is_whole_and_goes_at_the_end(self):
+        writer = self.start()
+        tooltips = writer.tooltips()
+        self.assertEqual(len(tooltips), 3)
+        settings = Path(self._folder.name, "profile/user/registrymodifications.xcu")
+        wait_until(lambda: "ChangeFillWizard" in settings.read_text(encoding="utf-8"),
+                   "the settings are on the disk")
+        os.killpg(writer.pid, signal.SIGKILL)
+        self.assertTrue(writer.wait_for_end(30.0))
+        self.assertNotEqual(self.stored_bars(), [])
+        writer = self.start()
+        self.assertEqual(list(writer.buttons()), [BY_FILL, BY_LINE, CHANGE_FILLS])
+        wait_until(lambda: writer.tooltips() == tooltips, "the buttons have their tool tips")
+        self.assertEqual(writer.quit(), 0)
+        self.assertEqual(self.stored_bars(), [])
+        self.assertIsNone(self.start(extensions=False).bar_url())
+
+    def stored_bars(self):
+        """What is in the profile of bars that are not the office's own."""
+        module = os.path.join(self._folder.name, "profile/user/config/soffice.cfg/modules/swriter")
+        return glob.glob(module + "/toolbar/*") + glob.glob(module + "/images/**/*.png",
+                                                            recursive=True)
 
     def floats_near(self, writer, left, top):
         """Whether the office, its settings and the screen agree on that. A window manager may

@@ -21,6 +21,7 @@ Session::Session(const ContextReference& context, const std::string& folder)
 Session::~Session() {
     runtime_.setEventsMayRun(false);
     enter([&] { addIn_.OnDisconnection(); });
+    enter([&] { application_.CommandBars().removeLeftBehind(); });
 }
 
 void Session::click(const ActiveWindow::Frame& frame, const std::string& command) {

@@ -7,6 +7,7 @@ set(HUEBRUSH_WINDOW_SOURCES
   app/Pointer.cpp
   app/StatusBar.cpp
   bar/BarConfiguration.cpp
+  bar/BarNotes.cpp
   bar/BarPlaces.cpp
   bar/ButtonCommand.cpp
   bar/CommandBars.cpp

@@ -30,6 +30,16 @@ std::string textOf(const PropertyValues& values, std::string_view name) {
     return fromOffice(text);
 }
 
+PropertyValues withValue(PropertyValues values, std::string_view name, const css::uno::Any& value) {
+    const rtl::OUString wanted = toOffice(name);
+    const sal_Int32 count = values.getLength();
+    sal_Int32 at = 0;
+    while (at < count && values[at].Name != wanted) ++at;
+    if (at == count) values.realloc(count + 1);
+    values.getArray()[at] = property(name, value);
+    return values;
+}
+
 void setName(const css::uno::Reference<css::uno::XInterface>& settings, const std::string& name) {
     const css::uno::Reference<css::beans::XPropertySet> values(settings, css::uno::UNO_QUERY_THROW);
     values->setPropertyValue("UIName", css::uno::makeAny(toOffice(name)));
@@ -169,6 +179,11 @@ BarConfiguration::Item BarConfiguration::itemOf(const Button& button) {
                        property("Type", css::uno::makeAny(css::ui::ItemType::DEFAULT)),
                        property("Style", css::uno::makeAny(pictureAndText)),
                        property("IsVisible", css::uno::makeAny(true))});
+}
+
+BarConfiguration::Item BarConfiguration::withTexts(const Item& item, const Button& button) {
+    return withValue(withValue(item, "Label", css::uno::makeAny(toOffice(button.caption))),
+                     "Tooltip", css::uno::makeAny(toOffice(button.tooltip)));
 }
 
 std::string BarConfiguration::commandOf(const Item& item) {

@@ -49,6 +49,8 @@ class BarConfiguration {
     void store();
 
     static Item itemOf(const Button& button);
+    /// The control with other texts, and all else as it is.
+    static Item withTexts(const Item& item, const Button& button);
     static std::string commandOf(const Item& item);
     static Button buttonOf(const Item& item);
 

@@ -10,6 +10,13 @@
 
 namespace huebrush::libreoffice {
 
+namespace {
+
+/// Where the URLs begin of bars that are not the office's own.
+constexpr std::string_view kOwnBars = "private:resource/toolbar/custom_";
+
+}  // namespace
+
 /// Ties a write that waits in the event loop to the bars, which may be gone by then.
 class CommandBars::PendingWrite {
  public:
@@ -57,7 +64,18 @@ host::CommandBarPointer CommandBars::Add(const std::string& name) {
     BarPlace place = office_.places.of(bar.url);
     place.visible = false;
     office_.places.put(bar.url, bar.name, place);
+    office_.notes.setCreatedByUs(bar.url, true);
     return barOf(bar);
+}
+
+void CommandBars::removeLeftBehind() {
+    write();
+    for (const BarConfiguration::Bar& known : office_.configuration.bars()) {
+        if (!known.url.starts_with(kOwnBars)) continue;
+        const std::shared_ptr<ToolBar> bar = barOf(known);
+        if (bar->isLeftBehind()) bar->Delete();
+    }
+    save();
 }
 
 void CommandBars::save() {
@@ -86,7 +104,7 @@ std::shared_ptr<ToolBar> CommandBars::barOf(const BarConfiguration::Bar& bar) {
 /// The office takes no bar under a URL that was removed in the same session, without a word.
 BarConfiguration::Bar CommandBars::insertBar(const std::string& name) {
     constexpr int kAttempts = 100;
-    const std::string first = base::text("private:resource/toolbar/custom_", percentEncoded(name));
+    const std::string first = base::text(kOwnBars, percentEncoded(name));
     BarConfiguration::Bar bar{first, name};
     for (int number = 2; number <= kAttempts; ++number) {
         if (!office_.configuration.has(bar.url)) {

@@ -28,6 +28,10 @@ class CommandBars final : public host::CommandBars {
     /// Says what the host's own controls are; without it there is none.
     void setBuiltIn(BuiltIn builtIn) { builtIn_ = std::move(builtIn); }
 
+    /// Removes the bars that the add-in has created in a session that did not end cleanly, and that
+    /// are empty now.
+    void removeLeftBehind();
+
     /// Writes all changes, and stores them beyond the session. Changes that nobody saves are
     /// written when the event loop is reached.
     void save();

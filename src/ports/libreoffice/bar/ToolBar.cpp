@@ -24,14 +24,12 @@ void removeCommand(std::vector<Item>& items, const std::string& command) {
     if (item != items.end()) items.erase(item);
 }
 
-void putButton(std::vector<Item>& items, const ToolBarButton& button) {
-    const Item item =
-        BarConfiguration::itemOf({button.command(), button.caption(), button.tooltip()});
-    const auto present = findCommand(items, button.command());
+void putButton(std::vector<Item>& items, const BarConfiguration::Button& button) {
+    const auto present = findCommand(items, button.command);
     if (present != items.end()) {
-        *present = item;
+        *present = BarConfiguration::withTexts(*present, button);
     } else {
-        items.push_back(item);
+        items.push_back(BarConfiguration::itemOf(button));
     }
 }
 
@@ -50,7 +48,13 @@ void ToolBar::Delete() {
     write();
     deleted_ = true;
     office_.configuration.remove(bar_.url);
+    office_.notes.setCreatedByUs(bar_.url, false);
     changed_();
+}
+
+bool ToolBar::isLeftBehind() {
+    return !deleted_ && office_.notes.isCreatedByUs(bar_.url) &&
+           office_.configuration.items(bar_.url).empty();
 }
 
 std::int32_t ToolBar::Position() {
@@ -122,9 +126,17 @@ host::CommandBarControlPointer ToolBar::FindControl(const std::string& tag) {
     const auto item = findCommand(items, command);
     if (item == items.end()) return nullptr;
     const BarConfiguration::Button kept = BarConfiguration::buttonOf(*item);
-    return adopt(std::make_shared<ToolBarButton>(
+    const auto button = adopt(std::make_shared<ToolBarButton>(
         office_.states, [this] { changed(); },
         ToolBarButton::Kept{tag, kept.caption, kept.tooltip}));
+    if (kept.tooltip.empty()) restoreToolTip(*button);
+    return button;
+}
+
+/// The office stores a bar without its tool tips.
+void ToolBar::restoreToolTip(ToolBarButton& button) {
+    const std::string tip = office_.notes.toolTip(button.command());
+    if (!tip.empty()) button.setTooltipText(tip);
 }
 
 std::shared_ptr<ToolBarButton> ToolBar::adopt(std::shared_ptr<ToolBarButton> button) {
@@ -153,12 +165,19 @@ void ToolBar::write() {
             removeCommand(items, button->command());
             office_.configuration.removePictures(button->command());
         } else {
-            putButton(items, *button);
+            writeTexts(items, *button);
             writeFace(*button);
         }
     }
     std::erase_if(buttons_, [](const auto& button) { return button->deleted(); });
     office_.configuration.replaceItems(bar_, items);
+}
+
+void ToolBar::writeTexts(std::vector<BarConfiguration::Item>& items, ToolBarButton& button) {
+    if (!button.textsChanged()) return;
+    putButton(items, {button.command(), button.caption(), button.tooltip()});
+    office_.notes.setToolTip(button.command(), button.tooltip());
+    button.textsWritten();
 }
 
 void ToolBar::writeFace(ToolBarButton& button) {

@@ -7,6 +7,7 @@
 
 #include "host/CommandBars.h"
 #include "ports/libreoffice/bar/BarConfiguration.h"
+#include "ports/libreoffice/bar/BarNotes.h"
 #include "ports/libreoffice/bar/BarPlaces.h"
 #include "ports/libreoffice/bar/CommandStates.h"
 #include "ports/libreoffice/bar/Faces.h"
@@ -24,6 +25,7 @@ class ToolBar final : public host::CommandBar {
         Faces faces;
         BarConfiguration configuration{context};
         BarPlaces places{context};
+        BarNotes notes{context};
         CommandStates states{};
     };
 
@@ -50,6 +52,8 @@ class ToolBar final : public host::CommandBar {
     bool deleted() const { return deleted_; }
     /// Brings the office's bar up to date.
     void write();
+    /// Whether the add-in has created the bar, in this session or an earlier one, and it is empty.
+    bool isLeftBehind();
     /// The button for a command, or nothing.
     std::shared_ptr<ToolBarButton> buttonOf(const std::string& command) const;
 
@@ -58,6 +62,8 @@ class ToolBar final : public host::CommandBar {
     void put(const BarPlace& place) { office_.places.put(bar_.url, bar_.name, place); }
     void changed();
     std::shared_ptr<ToolBarButton> adopt(std::shared_ptr<ToolBarButton> button);
+    void restoreToolTip(ToolBarButton& button);
+    void writeTexts(std::vector<BarConfiguration::Item>& items, ToolBarButton& button);
     void writeFace(ToolBarButton& button);
 
     Office& office_;

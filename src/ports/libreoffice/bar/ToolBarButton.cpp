@@ -25,16 +25,21 @@ void ToolBarButton::setTag(const std::string& tag) {
     if (!tag_.empty()) states_.forget(command());
     tag_ = tag;
     publishState();
-    changed_();
+    changeTexts();
 }
 
 void ToolBarButton::setCaption(const std::string& caption) {
     caption_ = caption;
-    changed_();
+    changeTexts();
 }
 
 void ToolBarButton::setTooltipText(const std::string& text) {
     tooltip_ = text;
+    changeTexts();
+}
+
+void ToolBarButton::changeTexts() {
+    textsChanged_ = true;
     changed_();
 }
 

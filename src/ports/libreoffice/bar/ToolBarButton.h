@@ -43,15 +43,20 @@ class ToolBarButton final : public host::CommandBarControl {
     /// A face that was pasted and not yet written.
     const base::Picture& newFace() const { return newFace_; }
     void faceWritten() { newFace_ = {}; }
+    /// Whether its texts have been set since they were written, or since it was found.
+    bool textsChanged() const { return textsChanged_; }
+    void textsWritten() { textsChanged_ = false; }
 
  private:
     void publishState();
+    void changeTexts();
 
     CommandStates& states_;
     std::function<void()> changed_;
     std::string tag_;
     std::string caption_;
     std::string tooltip_;
+    bool textsChanged_ = false;
     base::Picture newFace_;
     bool enabled_ = true;
     bool deleted_ = false;
