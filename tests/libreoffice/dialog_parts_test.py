@@ -8,13 +8,13 @@ and its about box.
 import os
 
 from case import run_tests
-from dialog import (ACTIVE, ADD, BOX, CLOSE, EVERY, HANDLE, LOGO, REMOVE, REMOVE_MENU, SELECT_ALL,
-                    SELECTED, SOURCE, TICKED, TWIPS_PER_PIXEL, UNTICKED)
+from dialog import (ACTIVE, ADD, BOX, CLOSE, EVERY, HANDLE, LOGO, LOGO_BORDER, LOGO_TOP, REMOVE,
+                    REMOVE_MENU, SELECT_ALL, SELECTED, SOURCE, TICKED, TWIPS_PER_PIXEL, UNTICKED)
 from dialog_case import BLUE, COLOURS, GREEN, GREY, RED, YELLOW, DialogCase
 from screen import comes_soon, wait_until
 
 ABOUT = "O doplňku Huebrush"
-FROM_BOTTOM = 375  # The middle of what lies under the list.
+FROM_BOTTOM = 505  # The middle of the strip of controls under the list.
 
 
 class DialogPartsTest(DialogCase):
@@ -173,6 +173,32 @@ class DialogPartsTest(DialogCase):
         dialog.drag_row(1, to=5)
         dialog.wait_for_colours([RED, GREEN, BLUE, GREY, YELLOW])
 
+    def test_a_row_let_go_of_outside_stays_where_it_is(self):
+        dialog = self.open_filled()
+        dialog.click_row(4, SOURCE)
+        handle, first = (dialog.on_screen(dialog.in_row(row, x))
+                         for row, x in ((4, HANDLE), (1, SOURCE)))
+        left, top, width, height = self.screen.bounds_of(dialog.window)
+
+        def leave_and_let_go(outside):
+            """Drags over the first row, and from there leaves the dialog at a stroke."""
+            self.screen.hold(handle, first)
+            self.screen.move(*outside)
+            self.screen.let_go()
+
+        for outside in ((left + width + 150, top + 200), (left - 60, top + 100),
+                        (left + 200, top + height + 60)):
+            leave_and_let_go(outside)
+            for x in (3000, 2800, 2600):  # Back over the first row, without the button.
+                self.screen.move(*dialog.on_screen(dialog.in_row(1, x)))
+            dialog.wait_for_colours(COLOURS)
+            leave_and_let_go(outside)
+            dialog.click_row(2, SOURCE)  # Back at once.
+            dialog.wait_for_colours(COLOURS)
+            dialog.click_row(4, SOURCE)
+        dialog.drag_row(4, to=1)
+        dialog.wait_for_colours([YELLOW, RED, GREEN, BLUE, GREY])
+
     # The end.
 
     def test_the_button_ends_the_dialog(self):
@@ -185,7 +211,7 @@ class DialogPartsTest(DialogCase):
 
     def logo_is_coloured(self, dialog):
         x, y = dialog.on_screen(LOGO)
-        pixels = self.screen.pixels(x - 25, y - 12, 50, 24)
+        pixels = self.screen.pixels(x - 65, y - 25, 130, 50)
         return any(max(pixels[i:i + 3]) - min(pixels[i:i + 3]) > 60
                    for i in range(0, len(pixels), 3))
 
@@ -209,8 +235,10 @@ class DialogPartsTest(DialogCase):
         self.screen.move(x - 2, y)
         self.screen.move(x, y)
         wait_until(lambda: self.logo_is_coloured(dialog), "the logo is coloured")
-        self.screen.move(*dialog.on_screen((LOGO[0], LOGO[1] - 195)))
-        wait_until(lambda: not self.logo_is_coloured(dialog), "its edge leaves it grey")
+        self.screen.move(*dialog.on_screen((LOGO[0], LOGO_TOP + LOGO_BORDER - 30)))
+        wait_until(lambda: not self.logo_is_coloured(dialog), "its border leaves it grey")
+        self.screen.move(*dialog.on_screen((LOGO[0], LOGO_TOP + LOGO_BORDER + 30)))
+        wait_until(lambda: self.logo_is_coloured(dialog), "inside of that it is coloured")
         window = self.open_about_box(dialog)
         left, top, width, height = self.screen.bounds_of(window)
         beside = [place for place in (dialog.in_row(5, BOX), dialog.in_row(1, BOX), CLOSE)

@@ -14,6 +14,7 @@ from dialog_case import BLUE, GREEN, RED, DialogCase
 from screen import wait_until
 
 ERROR_BOX = "Chyba č. [0-9]+"
+BY_FILL = "Dle výplne"
 ORANGE = 0xE07020
 
 
@@ -63,6 +64,28 @@ class DialogRobustTest(DialogCase):
         wait_until(lambda: len(self.writer.frames()) == 1, "one window is left")
         dialog.wait_for_colours([RED, self.background(dialog)])
         self.assertEqual(self.writer.quit(), 0)
+
+    def test_a_read_only_document_is_not_recoloured(self):
+        dialog = self.open_filled([RED, GREEN])
+        model = self.frame.Controller.Model
+        model.storeAsURL("file://" + os.path.join(self._folder.name, "stored.odt"), ())
+        self.writer.dispatch(self.frame, ".uno:EditDoc")
+        wait_until(model.isReadonly, "the document is read-only")
+        self.without_fill(dialog, 2)
+        dialog.click(RECOLOUR)
+        self.answer_box("Huebrush", "Return")
+        self.wait_until_usable("Přebarvit (1)")
+        self.assertEqual(self.fills(), [RED, RED, GREEN, GREEN])
+        self.assertEqual(self.recolour_entries(), 0)
+        self.writer.select(self.frame, self.shapes[2])
+        self.writer.click_button(BY_FILL)
+        names = sorted(shape.Name for shape in self.shapes[2:])
+        wait_until(lambda: self.writer.selected_names(self.frame) == names,
+                   "the green ones are selected")
+        self.writer.dispatch(self.frame, ".uno:EditDoc")
+        wait_until(lambda: not model.isReadonly(), "the document may be changed again")
+        dialog.click(RECOLOUR)
+        self.wait_for_fills([RED, RED, None, None], "the green ones lose their fill")
 
     # Shapes.
 

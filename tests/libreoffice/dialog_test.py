@@ -5,8 +5,8 @@
 """
 
 from case import run_tests
-from dialog import (ADD, BOX, DESTINATION, DOWN, NOT_SELECTED, RECOLOUR, SELECT_ALL,
-                    SELECTED, SOURCE, UP, ALL, Dialog)
+from dialog import (ADD, ALL, BOX, DESTINATION, DOWN, NO_FILL, NOT_SELECTED, RECOLOUR, ROW_MENU,
+                    SELECT_ALL, SELECTED, SOURCE, UP, Dialog, Menu)
 from dialog_case import BLUE, CHANGE_FILLS, COLOURS, GREEN, GREY, RED, YELLOW, DialogCase
 from screen import wait_until
 
@@ -142,6 +142,14 @@ class DialogTest(DialogCase):
         self.screen.key("alt+b")
         wait_until(lambda: self.fills() == [RED, RED, None, None], "the green ones are recoloured")
 
+    def test_keys_open_the_menu_of_a_row(self):
+        dialog = self.open_filled([RED, GREEN])
+        dialog.click_row(2, SOURCE)
+        for key in ("Menu", "shift+F10", "BackSpace"):
+            before = self.screen.windows()
+            self.screen.key(key)
+            Menu(self.screen, before, ROW_MENU).close()
+
     def test_the_focus_survives_a_click_into_the_document(self):
         dialog = self.open_filled()
         dialog.click_row(3, SOURCE)
@@ -173,6 +181,31 @@ class DialogTest(DialogCase):
         dialog = Dialog(self.screen)
         dialog.add()
         dialog.wait_for_colours([RED])
+
+    def test_escape_closes_no_dialog_with_a_changed_fill(self):
+        dialog = self.open_filled([RED, GREEN])
+        dialog.open_row_menu(2).pick(NO_FILL)
+        dialog.wait_for_colours([RED, self.background(dialog)], DESTINATION)
+        self.screen.key("Escape")
+        dialog.click_row(2, BOX)  # Heard after that.
+        self.screen.key("Escape")
+        self.wait_for_ticked(1)
+        dialog.click(RECOLOUR)
+        self.wait_for_fills([RED, RED, None, None], "the green ones are recoloured")
+        self.wait_until_usable("Přebarvit (1)")
+        self.screen.key("Escape")
+        wait_until(lambda: not dialog.is_open(), "the dialog, done with its work, closes")
+
+    def test_escape_during_a_scan_ends_it_without_a_word(self):
+        dialog = self.open([0x010203 * number for number in range(600)], each=1)
+        self.screen.focus(dialog.window)
+        before = self.screen.windows()
+        self.screen.click_and_key(*dialog.on_screen(ADD), "Escape")
+        wait_until(lambda: not dialog.is_open(), "the dialog closes")
+        self.assertEqual(self.screen.windows() - before, set())
+        self.writer.click_button(CHANGE_FILLS)
+        Dialog(self.screen)
+        self.assertEqual(self.writer.quit(), 0)
 
     def test_writer_ends_with_the_dialog_open(self):
         self.open_filled()

@@ -11,7 +11,7 @@ from screen import comes_soon, wait_until
 
 COLOURS = [0x060606 * number + 0x0F for number in range(1, 31)]
 ROWS = 9
-ABOVE, BELOW, NOTHING = (2000, LIST_TOP - 150), (2000, 6990), (7500, 6400)
+ABOVE, BELOW, NOTHING = (2000, LIST_TOP - 150), (2000, 6860), (7500, 6400)
 
 
 class PointerTest(DialogCase):

@@ -1,6 +1,7 @@
 """Writer in a window, with our extension: its documents over UNO, its window by mouse and keys."""
 
 import os
+import re
 
 import uno
 from com.sun.star.accessibility import AccessibleStateType
@@ -90,7 +91,8 @@ class Writer(Office):
 
     def window_of(self, frame):
         """The screen's window of a frame."""
-        return wait_until(lambda: self.screen.windows_named(frame.Title),
+        title = re.sub(r"([][(){}.*+?^$|\\])", r"\\\1", frame.Title)
+        return wait_until(lambda: self.screen.windows_named(title),
                           f"{frame.Title} is on the screen")[0]
 
     def maximise(self, frame):

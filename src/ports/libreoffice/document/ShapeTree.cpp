@@ -35,7 +35,9 @@ Reference<css::container::XIndexAccess> membersOfGroup(const ShapeReference& gro
 }  // namespace
 
 void throwDeleted() {
-    throw base::Error(kObjectDeleted, "Objekt byl odstraněn.");
+    throw base::Error(kObjectDeleted,
+                      "Objekt byl mezitím odstraněn, seskupen nebo vyjmut ze skupiny. "
+                      "Vyberte ho a přidejte znovu.");
 }
 
 ShapeTree::ShapeTree(const DrawPage::Model& model, std::shared_ptr<Snapshot> snapshot,

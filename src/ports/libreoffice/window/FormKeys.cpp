@@ -86,6 +86,16 @@ Deed deedOfLetter(forms::Form& form, sal_Int16 code) {
     };
 }
 
+/// What the keyboards that have a context-menu key do with it, for those that have none.
+Deed openContextMenu(const forms::Form& form) {
+    if (dynamic_cast<const forms::CheckBox*>(form.focused()) == nullptr) return {};
+    return [](forms::Form& at) {
+        if (auto* const box = dynamic_cast<forms::CheckBox*>(at.focused())) {
+            box->keyUp(forms::KeyCode::kContextMenu, forms::Shift::kNone);
+        }
+    };
+}
+
 Deed cancel(const forms::Form& form) {
     if (form.dragged() != nullptr) return [](forms::Form&) {};
     // A form that stays has the key all the same: the office's dialog would end by it.
@@ -127,6 +137,9 @@ Deed deedOfKey(forms::Form& form, const css::awt::KeyEvent& key) {
             return pressByReturn;
         case Key::ESCAPE:
             return cancel(form);
+        case Key::F10:
+            if (key.Modifiers != css::awt::KeyModifier::SHIFT) break;
+            return openContextMenu(form);
         case Key::UP:
         case Key::DOWN:
         case Key::LEFT:

@@ -86,8 +86,10 @@ int Mouse::scrollWantedAt(const Place& at) {
 void Mouse::press(const Place& at, forms::MouseEvent event, bool twice) {
     constexpr std::int16_t kLeftButton = 1;
     if (event.Button != kLeftButton) return;
-    forms::Control* const control = controlAt(at);
     forms::Form& form = at.surface->form();
+    // The button cannot go down twice: it was let go of outside.
+    if (form.dragged() != nullptr) cancelDrag(form);
+    forms::Control* const control = controlAt(at);
     if (forms::Control* const activated = activatedBy(control)) {
         form.handle([&] { activated->SetFocus(); });
     }
@@ -110,16 +112,22 @@ void Mouse::move(const Place& at, forms::MouseEvent event) {
     form.handle([&] { image->MouseMove(on(*image, at, event)); });
 }
 
-/// A button that was let go of where nobody told shows by moves without it. One alone says nothing:
-/// the office tells such a move of its own when windows have changed under the mouse.
+/// No event comes for a button that is let go of outside the window. It shows by later moves
+/// without the button, and cancels the drag. One move alone says nothing: the office raises such a
+/// one of its own when windows have changed under the mouse.
 void Mouse::moveDragged(const Place& at, const forms::MouseEvent& event, forms::Form& form) {
-    constexpr int kTold = 2;
+    constexpr int kEnough = 2;
     movesWithoutButton_ = event.Button == 0 ? movesWithoutButton_ + 1 : 0;
     if (movesWithoutButton_ == 0) {
         dragTo(at, form);
-    } else if (movesWithoutButton_ == kTold) {
-        drop(form);
+    } else if (movesWithoutButton_ == kEnough) {
+        cancelDrag(form);
     }
+}
+
+void Mouse::leave(const Place& at) {
+    forms::Form& form = at.surface->form();
+    if (form.dragged() != nullptr) setTarget(form, nullptr, at);
 }
 
 void Mouse::release(const Place& at, forms::MouseEvent event) {

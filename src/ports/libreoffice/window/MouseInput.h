@@ -9,7 +9,7 @@ namespace huebrush::libreoffice {
 
 /// What the mouse did: in pixels of the window that heard of it.
 struct MouseInput {
-    enum class Kind { press, release, move };
+    enum class Kind { press, release, move, leave };
 
     Kind kind = Kind::move;
     com::sun::star::uno::Reference<com::sun::star::awt::XWindow> window;

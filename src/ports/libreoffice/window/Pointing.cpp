@@ -31,6 +31,9 @@ void Pointing::heard(const MouseInput& input) {
         case MouseInput::Kind::move:
             mouse_.move(at, event);
             break;
+        case MouseInput::Kind::leave:
+            mouse_.leave(at);
+            return;
     }
     if (window_.peer().is()) followPointer(onSurface(input));
 }

@@ -43,7 +43,9 @@ class Surface::Listener final
     void SAL_CALL mouseEntered(const css::awt::MouseEvent& event) override {
         hear(MouseInput::Kind::move, event);
     }
-    void SAL_CALL mouseExited(const css::awt::MouseEvent&) override {}
+    void SAL_CALL mouseExited(const css::awt::MouseEvent& event) override {
+        hear(MouseInput::Kind::leave, event);
+    }
     void SAL_CALL up(const css::awt::SpinEvent&) override { turn(-1); }
     void SAL_CALL down(const css::awt::SpinEvent&) override { turn(1); }
     void SAL_CALL first(const css::awt::SpinEvent&) override {}
