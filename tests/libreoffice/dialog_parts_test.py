@@ -250,7 +250,7 @@ class DialogPartsTest(DialogCase):
         self.screen.focus(window)
         self.click_in(window, "OK")
         wait_until(lambda: not self.screen.windows_named(ABOUT), "the about box closes")
-        self.assertTrue(dialog.is_open())
+        wait_until(dialog.is_open, "the dialog stays open")
         self.wait_for_ticked(0)
         wait_until(lambda: not self.logo_is_coloured(dialog), "the logo is grey")
         dialog.click_row(2, BOX)

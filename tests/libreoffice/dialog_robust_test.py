@@ -123,7 +123,7 @@ class DialogRobustTest(DialogCase):
         self.wait_for_fills([None] * 4, "all lose their fill")
         self.undo()
         self.wait_for_fills([RED, RED, GREEN, GREEN], "it is undone")
-        self.assertTrue(dialog.is_open())
+        wait_until(dialog.is_open, "the dialog stays open")
 
     # While a tool is open.
 
@@ -137,7 +137,7 @@ class DialogRobustTest(DialogCase):
                 dialog.click(place)
         self.assertFalse(self.writer.desktop.terminate())
         self.writer.dispatch(self.frame, ".uno:Quit")
-        self.assertTrue(tool.is_open())
+        wait_until(tool.is_open, "the tool stays open")
         self.assertEqual(self.screen.windows() - before, set())
 
     def check_tool(self, item):

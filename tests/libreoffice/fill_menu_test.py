@@ -62,7 +62,7 @@ class FillMenuTest(DialogCase):
         menu = self.dialog.open_row_menu(2)
         self.screen.key("x", "Down", "Escape")
         menu.wait_for_end()
-        self.assertTrue(self.dialog.is_open())
+        wait_until(self.dialog.is_open, "the dialog stays open")
         self.wait_for_new(RED, GREEN, BLUE)
 
     def test_no_fill_is_a_switch(self):

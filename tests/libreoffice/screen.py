@@ -129,8 +129,23 @@ class Screen:
 
     def windows(self):
         """The ids of all visible windows next to the root, menus and the frames of others too."""
-        return set(self._run("xdotool", "search", "--onlyvisible", "--maxdepth", "1", "--name",
-                             "").split())
+        return set(self._search("--maxdepth", "1", "--name", ""))
+
+    def _search(self, *which):
+        """The ids of visible windows. One that goes while it is looked at, as a tool tip does, ends
+        the search with an error and without a result: it is made again then."""
+        def search():
+            return subprocess.run(["xdotool", "search", "--onlyvisible", *which],
+                                  env=self.environment, check=False, text=True, timeout=TOOL_LIMIT,
+                                  stdout=subprocess.PIPE, stderr=subprocess.PIPE)
+
+        end = time.monotonic() + TOOL_LIMIT
+        found = search()
+        while "X Error" in found.stderr:
+            if time.monotonic() > end:
+                raise AssertionError(f"no search for windows succeeds: {found.stderr}")
+            found = search()
+        return found.stdout.split()
 
     def resize(self, window, width, height):
         """Asks the window manager for another size, as a user who drags an edge does."""
@@ -138,7 +153,7 @@ class Screen:
 
     def windows_named(self, title):
         """The ids of the visible windows with exactly this title."""
-        return self._run("xdotool", "search", "--onlyvisible", "--name", f"^{title}$").split()
+        return self._search("--name", f"^{title}$")
 
     def place_of(self, window):
         """Left, top and height of a window, its title bar not counted."""
