@@ -6,9 +6,9 @@
 //     palette_bench scan FILE RUNS      opens the file and reads each value of each fill
 //     palette_bench save FOLDER RUNS    saves a palette of 100 fills in a new file
 //     palette_bench insert FOLDER ROWS rising|random
-//                                       adds rows of 20 columns, in one commit, to a table with three
-//                                       indexes: a key that rises, one that many rows share, and one
-//                                       that rises or comes in no order
+//                                       adds rows of 20 columns, in one commit, to a table with
+//                                       three indexes: a key that rises, one that many rows share,
+//                                       and one that rises or comes in no order
 
 #include <algorithm>
 #include <chrono>
@@ -63,44 +63,35 @@ class TimedFiles final : public jet::FileSystem {
     std::unique_ptr<jet::File> open(const std::string& name) override {
         return system().open(name);
     }
-    std::unique_ptr<jet::File> create(const std::string& name, const std::string& like) override {
-        return std::make_unique<TimedFile>(*this, system().create(name, like));
-    }
-    void replace(const std::string& from, const std::string& to) override {
-        system().replace(from, to);
-    }
-    void moveNew(const std::string& from, const std::string& to) override {
-        system().moveNew(from, to);
-    }
-    void remove(const std::string& name) override { system().remove(name); }
-    void syncFolder(const std::string& name) override {
-        syncs += milliseconds([&] { system().syncFolder(name); });
+    std::unique_ptr<jet::NewFile> create(const std::string& name) override {
+        return std::make_unique<TimedFile>(*this, system().create(name));
     }
     std::unique_ptr<jet::Lock> lock(const std::string& name) override {
         return std::make_unique<TimedLock>(*this, system().lock(name));
     }
 
+    /// From the bytes that are written until the file is on the medium under its name.
     double syncs = 0;
     /// The lock is the last that holds a replaced file open; then the system takes it off the
     /// medium.
     double removals = 0;
 
  private:
-    class TimedFile final : public jet::File {
+    class TimedFile final : public jet::NewFile {
      public:
-        TimedFile(TimedFiles& files, std::unique_ptr<jet::File> file)
+        TimedFile(TimedFiles& files, std::unique_ptr<jet::NewFile> file)
             : files_(files), file_(std::move(file)) {}
-        std::uint64_t size() override { return file_->size(); }
-        void read(std::uint64_t at, std::span<std::uint8_t> out) override { file_->read(at, out); }
         void write(std::uint64_t at, jet::ByteView bytes) override { file_->write(at, bytes); }
-        void sync() override {
-            files_.syncs += milliseconds([&] { file_->sync(); });
+        void read(std::uint64_t at, std::span<std::uint8_t> out) override { file_->read(at, out); }
+        std::unique_ptr<jet::File> publish() override {
+            std::unique_ptr<jet::File> published;
+            files_.syncs += milliseconds([&] { published = file_->publish(); });
+            return published;
         }
-        bool isCurrent() override { return file_->isCurrent(); }
 
      private:
         TimedFiles& files_;
-        std::unique_ptr<jet::File> file_;
+        std::unique_ptr<jet::NewFile> file_;
     };
 
     class TimedLock final : public jet::Lock {
@@ -111,6 +102,9 @@ class TimedFiles final : public jet::FileSystem {
         TimedLock& operator=(const TimedLock&) = delete;
         ~TimedLock() override {
             files_.removals += milliseconds([&] { lock_.reset(); });
+        }
+        std::unique_ptr<jet::NewFile> replacement() override {
+            return std::make_unique<TimedFile>(files_, lock_->replacement());
         }
 
      private:

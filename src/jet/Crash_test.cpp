@@ -181,7 +181,7 @@ class Crashes : public ::testing::Test {
     }
     /// All files but what a commit has left unfinished, which the next one removes.
     static std::size_t names(const Disk& disk) {
-        return disk.size() - disk.count(nameBeside(PaletteFile::kName, ".huebrush"));
+        return disk.size() - disk.count(MemoryFiles::beside(PaletteFile::kName));
     }
 
     Disk before;

@@ -191,7 +191,11 @@ TEST_F(MapLayouts, LeavePagesAloneThatNameATableWhatTheFreeMapSays) {
     const PageNumber table = database->definition("TFillGroup")->page;
     const PageNumber stale = database->pages().append();
     clearDataPage(database->pages().change(stale), table);
-    database->pages().writeTo(*files.create("/stale.mdb", ""));
+    {
+        const auto made = files.create("/stale.mdb");
+        database->pages().writeTo(*made);
+        made->publish();
+    }
     const auto anew = Database::open(files, "/stale.mdb");
     ASSERT_TRUE(anew->space().isFree(stale));
     ASSERT_EQ(damage(*anew), "");

@@ -54,7 +54,9 @@ class MapMaker {
     }
 
     Bytes file() {
-        pages().writeTo(*files_.create(kMade, ""));
+        const auto made = files_.create(kMade);
+        pages().writeTo(*made);
+        made->publish();
         return *files_.files.at(kMade);
     }
 

@@ -41,8 +41,10 @@ class OtherReaders : public PosixFolder {
         return content;
     }
     static void putContent(const fs::path& name, const Bytes& content) {
-        systemFiles().remove(name);
-        systemFiles().create(name, "")->write(0, content);
+        fs::remove(name);
+        const auto made = systemFiles().create(name);
+        made->write(0, content);
+        made->publish();
     }
 
     std::shared_ptr<Database> database = Database::open(systemFiles(), file);

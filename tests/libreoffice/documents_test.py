@@ -4,6 +4,7 @@ import json
 import os
 import shutil
 import signal
+import socket
 import subprocess
 import sys
 import tempfile
@@ -68,7 +69,7 @@ class OnDocuments(unittest.TestCase):
         """No process, no temporary file of the program's, no half-written output."""
         self.assertEqual(list(self.temporary.glob("huebrush-*")), [])
         self.assertEqual(processes_mentioning(str(self.temporary)), [])
-        self.assertEqual([p.name for p in self.folder.rglob(".*huebrush-*")], [])
+        self.assertEqual([p.name for p in self.folder.rglob(".huebrush-*")], [])
         self.assertEqual(list(self.folder.glob(".~lock*")), [])
 
     def assert_refused(self, words, *arguments, code=1):
@@ -301,7 +302,26 @@ class BadInput(OnDocuments):
         mapping = ("--map", f"{ROOFS}={BLUE}")
         self.assert_refused("cannot write", "recolor", self.town, "-o", self.folder / "no" / "x.odt",
                             *mapping)
-        self.assert_refused("cannot write", "recolor", self.town, "-o", self.folder, *mapping)
+        output = self.folder / "open-for-writing.odt"
+        output.write_text("mine")
+        with output.open("r+"):
+            self.assert_refused("another program", "recolor", self.town, "-o", output, *mapping)
+        self.assertEqual(output.read_text(), "mine")
+
+    def test_an_output_that_is_no_regular_file(self):
+        pipe = self.folder / "pipe.odt"
+        os.mkfifo(pipe)
+        listener = socket.socket(socket.AF_UNIX)
+        self.addCleanup(listener.close)
+        listener.bind(str(self.folder / "socket.odt"))
+        device = self.folder / "device.odt"
+        device.symlink_to("/dev/null")
+        for output in (self.folder, pipe, self.folder / "socket.odt", device):
+            before = output.stat()
+            self.assert_refused("is not a regular file", "recolor", self.town, "-o", output, "--map",
+                                f"{ROOFS}={BLUE}")
+            self.assertEqual((output.stat().st_mode, output.stat().st_ino),
+                             (before.st_mode, before.st_ino))
 
     def test_an_output_that_is_the_document(self):
         self.assert_refused("--in-place", "recolor", self.town, "-o", self.town, "--map", f"{ROOFS}={BLUE}")

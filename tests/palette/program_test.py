@@ -3,10 +3,12 @@
 import json
 import os
 import pty
+import random
 import resource
 import signal
 import stat
 import subprocess
+import time
 import unittest
 
 from program import (LIMIT, MANY_PALETTES, PREVIEW_SIZES, PROGRAM, OnPaletteFiles, as_stored, element, huebrush,
@@ -44,8 +46,8 @@ class Refusals(OnPaletteFiles):
             self.assert_refused("rule F1", command, cut)
 
     def test_new_where_a_file_is(self):
-        self.assert_refused("exists already: say --force", "new", self.file)
-        self.assert_refused("is a folder", "new", self.folder, "--force")
+        self.assert_refused("already exists; use --force", "new", self.file)
+        self.assert_refused("is not a regular file", "new", self.folder, "--force")
 
     def test_new_where_none_can_be(self):
         self.assert_refused("No such file or directory", "new", self.folder / "no" / "fill.mdb")
@@ -156,6 +158,47 @@ class New(OnPaletteFiles):
         self.assertEqual(stat.S_IMODE(self.file.stat().st_mode), 0o640)
         self.assertEqual(self.dump(), [])
         self.only_files("fill.mdb", "link.mdb", "palettes.json")
+
+    def test_names_may_be_as_long_as_the_system_allows(self):
+        long = self.folder / ("x" * 251 + ".mdb")
+        self.run_program("new", long)
+        self.run_program("import", long, self.write_json([palette("Podzim", [])]))
+        self.assertEqual(len(self.dump(long)), 1)
+        self.run_program("new", long, "--force")
+        self.assertEqual(self.dump(long), [])
+        self.only_files("fill.mdb", "palettes.json", long.name)
+
+    def test_by_force_and_by_a_change_a_file_keeps_its_attributes(self):
+        os.setxattr(self.file, "user.origin", b"scanner")
+        self.run_program("new", self.file, "--force")
+        self.assertEqual(os.getxattr(self.file, "user.origin"), b"scanner")
+        self.add([palette("Podzim", [])])
+        self.assertEqual(os.getxattr(self.file, "user.origin"), b"scanner")
+
+    def test_killed_at_any_instant_it_leaves_nothing_or_the_whole_file(self):
+        instants = random.Random(7)
+        for _ in range(40):
+            made = self.folder / "made.mdb"
+            program = subprocess.Popen([PROGRAM, "palette", "new", made], stdin=subprocess.DEVNULL,
+                                       stdout=subprocess.DEVNULL)
+            # Nothing is waited for: the sleep is the instant.
+            time.sleep(instants.uniform(0, 0.03))
+            program.kill()
+            program.wait()
+            if made.exists():
+                self.assert_clean(made)
+                made.unlink()
+            self.only_files("fill.mdb")
+
+    def test_only_a_regular_file_is_replaced(self):
+        pipe = self.folder / "pipe.mdb"
+        os.mkfifo(pipe)
+        for name in (pipe, "/dev/null"):
+            done = huebrush("palette", "new", name, "--force")
+            self.assertEqual((done.returncode, done.stderr),
+                             (1, f"huebrush: {name} is not a regular file\n"))
+        self.assertTrue(stat.S_ISFIFO(pipe.stat().st_mode))
+        self.assertTrue(stat.S_ISCHR(os.stat("/dev/null").st_mode))
 
     def asked(self):
         """The program, making a file in a folder that is not there, as it asks a user at a terminal

@@ -15,7 +15,8 @@ USES = {
     "base": set(),
     "host": set(),
     "forms": set(),
-    "jet/file": set(),
+    "files": set(),
+    "jet/file": {"files"},
     "jet/page": {"jet/file"},
     "jet/table": {"jet/file", "jet/page"},
     "jet/database": {"jet/file", "jet/page", "jet/table"},
@@ -33,7 +34,7 @@ USES = {
     "protocol": {"fill", "batch"},
     "ports/libreoffice": {"host", "forms", "error", "fill", "select", "recolor", "addin", "batch",
                           "protocol"},
-    "cli": {"forms", "jet/file", "jet/table", "jet/database", "jet/check", "fill", "palette",
+    "cli": {"files", "forms", "jet/file", "jet/table", "jet/database", "jet/check", "fill", "palette",
             "protocol"},
 }
 

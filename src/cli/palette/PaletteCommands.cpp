@@ -16,6 +16,7 @@
 #include "cli/InterruptibleInput.h"
 #include "cli/palette/PaletteJson.h"
 #include "jet/check/Check.h"
+#include "jet/file/MemoryFiles.h"
 #include "palette/PaletteFile.h"
 #include "palette/mMakeDatabase.h"
 
@@ -34,26 +35,13 @@ std::shared_ptr<jet::Database> open(const PaletteOptions& options) {
     return jet::Database::open(jet::systemFiles(), options.file);
 }
 
-/// A file that is built beside another one; what is there at the end goes.
-class FileBeside {
- public:
-    explicit FileBeside(const std::string& target) : name_(jet::newNameBeside(target)) {}
-    FileBeside(const FileBeside&) = delete;
-    FileBeside& operator=(const FileBeside&) = delete;
-    ~FileBeside() { unlink(name_.c_str()); }
-    const std::string& name() const { return name_; }
-
- private:
-    std::string name_;
-};
-
 /// Whether the whole database was made; the user may have chosen to abort.
-bool makeDatabase(const std::string& name) {
+bool makeDatabase(const std::string& name, jet::FileSystem& files) {
     InterruptibleInput keys(STDIN_FILENO);
     std::istream answers(&keys);
     ConsoleRuntime runtime(answers, std::cerr, isatty(STDIN_FILENO) != 0);
     const forms::RuntimeScope scope(runtime);
-    const bool made = palette::MakeDatabase(name);
+    const bool made = palette::MakeDatabase(name, files);
     throwIfInterrupted();
     return made;
 }
@@ -149,21 +137,26 @@ int runPaletteNew(const PaletteOptions& options) {
     jet::FileSystem& files = jet::systemFiles();
     const std::string target = files.resolve(options.file);
     const bool replaces = files.exists(target);
-    if (fs::is_directory(target)) throw Failure(options.file + " is a folder");
+    if (replaces && !fs::is_regular_file(target)) {
+        throw Failure(options.file + " is not a regular file");
+    }
     if (replaces && !options.force) {
-        throw Failure(options.file + " exists already: say --force to replace it");
+        throw Failure(options.file + " already exists; use --force to replace it");
     }
     // Nobody else writes a file while it is being replaced, and none that is in use goes.
     const auto lock = replaces ? files.lock(target) : nullptr;
-    const FileBeside made(target);
-    if (!makeDatabase(made.name())) return ExitCode::kFailed;
-    if (replaces) {
-        fs::permissions(made.name(), fs::status(target).permissions());
-        files.replace(made.name(), target);
-    } else {
-        files.moveNew(made.name(), target);
-    }
-    files.syncFolder(target);
+    // It is made in memory, and written as a whole. Its place is tried first: what is wrong there
+    // is among the things that the user is asked about.
+    std::unique_ptr<jet::NewFile> made;
+    jet::MemoryFiles draft;
+    draft.onCall = [&](const char*) {
+        if (!made) made = lock ? lock->replacement() : files.create(target);
+    };
+    if (!makeDatabase(target, draft)) return ExitCode::kFailed;
+    const auto content = draft.files.find(target);
+    if (!made || content == draft.files.end()) throw Failure("no palette file was made");
+    made->write(0, *content->second);
+    made->publish();
     if (options.json) {
         std::cout << json{{"file", options.file}, {"replaced", replaces}}.dump(2) << '\n';
     } else {

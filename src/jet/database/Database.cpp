@@ -1,37 +1,10 @@
 #include "jet/database/Database.h"
 
-#include <random>
-
 #include "base/Text.h"
 #include "jet/database/Owners.h"
 #include "jet/table/Properties.h"
 
 namespace huebrush::jet {
-
-namespace {
-
-/// After an error that is the one to tell.
-void removeQuietly(FileSystem& files, const std::string& name) {
-    try {
-        files.remove(name);
-    } catch (const base::Error&) {  // NOLINT(bugprone-empty-catch): another error is told
-    }
-}
-
-}  // namespace
-
-std::string nameBeside(const std::string& name, const std::string& suffix) {
-    const std::size_t slash = name.rfind('/');
-    const std::size_t base = slash == std::string::npos ? 0 : slash + 1;
-    return name.substr(0, base) + "." + name.substr(base) + suffix;
-}
-
-std::string newNameBeside(const std::string& name) {
-    std::string suffix = ".new-";
-    std::random_device random;
-    for (int i = 0; i < 12; ++i) suffix += static_cast<char>('a' + random() % 26);
-    return nameBeside(name, suffix);
-}
 
 Database::Database(FileSystem& files, std::string name) : files_(&files), name_(std::move(name)) {}
 
@@ -65,24 +38,14 @@ void Database::create(FileSystem& files, const std::string& name, RowId freeMap,
     database.writeNew();
 }
 
-/// Builds the file under another name, which no other program uses.
 void Database::writeNew() {
-    const std::string beside = newNameBeside(name_);
     if (files_->exists(name_)) {
         throw base::Error(ErrorNumber::kAlreadyExists,
                           base::text("Databáze „", name_, "“ už existuje."));
     }
-    std::unique_ptr<File> file = files_->create(beside, "");
-    try {
-        pages_->writeTo(*file);
-        file->sync();
-        file.reset();
-        files_->moveNew(beside, name_);
-    } catch (...) {
-        removeQuietly(*files_, beside);
-        throw;
-    }
-    files_->syncFolder(name_);
+    const std::unique_ptr<NewFile> file = files_->create(name_);
+    pages_->writeTo(*file);
+    file->publish();
 }
 
 Pages& Database::pages() {
@@ -175,32 +138,17 @@ void Database::inOneCommit(const std::function<void()>& body) {
     if (--groups_ == 0) commit();
 }
 
-/// Writes a whole new file beside the old one and gives it the old one's name: other programs see
-/// the one or the other. Without success, what was to be written is forgotten.
+/// Writes a whole new file, which takes the place of the old one: other programs see the one or the
+/// other. Without success, what was to be written is forgotten.
 void Database::commit() {
     const std::unique_ptr<Lock> lock = std::move(lock_);
     if (!pages_ || !pages_->changed()) return;
-    const std::string beside = nameBeside(name_, ".huebrush");
-    bool created = false;
     try {
-        // What a killed program has left; nobody else works under the lock.
-        if (files_->exists(beside)) files_->remove(beside);
-        std::unique_ptr<File> file = files_->create(beside, name_);
-        created = true;
+        const std::unique_ptr<NewFile> file = lock->replacement();
         pages_->writeTo(*file);
-        file->sync();
-        // The next writer takes a file that is open for writing for one that is in use.
-        file.reset();
-        // Another program may lock the new file as soon as it has its name, and replace it before
-        // it is opened here.
-        const std::unique_ptr<Lock> lockOfNew = files_->lock(beside);
-        files_->replace(beside, name_);
-        created = false;
-        files_->syncFolder(name_);
-        pages_->adopt(files_->open(name_));
+        pages_->adopt(file->publish());
     } catch (...) {
         discard();
-        if (created) removeQuietly(*files_, beside);
         throw;
     }
 }

@@ -72,10 +72,4 @@ class Database {
     std::optional<std::vector<StoredObject>> objects_;
 };
 
-/// The name under which a file is built that will take the place of `name`.
-std::string nameBeside(const std::string& name, const std::string& suffix);
-
-/// A name beside `name` that no other program uses.
-std::string newNameBeside(const std::string& name);
-
 }  // namespace huebrush::jet

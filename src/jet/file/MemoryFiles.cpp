@@ -10,6 +10,15 @@ namespace {
 
 using Kind = MemoryFiles::Deed::Kind;
 
+void readFrom(const Bytes& content, const std::string& name, std::uint64_t at,
+              std::span<std::uint8_t> out) {
+    if (at + out.size() > content.size()) {
+        throw base::Error(ErrorNumber::kFileSystem,
+                          base::text("Soubor „", name, "“ byl během čtení zkrácen."));
+    }
+    std::copy_n(content.begin() + static_cast<std::ptrdiff_t>(at), out.size(), out.begin());
+}
+
 class MemoryFile final : public File {
  public:
     MemoryFile(MemoryFiles& system, std::string name, MemoryFiles::Content content)
@@ -21,21 +30,7 @@ class MemoryFile final : public File {
     }
     void read(std::uint64_t at, std::span<std::uint8_t> out) override {
         system_.call("read");
-        if (at + out.size() > content_->size()) {
-            throw base::Error(ErrorNumber::kFileSystem,
-                              base::text("Soubor „", name_, "“ byl během čtení zkrácen."));
-        }
-        std::copy_n(content_->begin() + static_cast<std::ptrdiff_t>(at), out.size(), out.begin());
-    }
-    void write(std::uint64_t at, ByteView bytes) override {
-        system_.call("write");
-        system_.note({Kind::write, name_, "", at, Bytes(bytes.begin(), bytes.end())});
-        content_->resize(std::max<std::size_t>(content_->size(), at + bytes.size()));
-        std::copy(bytes.begin(), bytes.end(), content_->begin() + static_cast<std::ptrdiff_t>(at));
-    }
-    void sync() override {
-        system_.call("sync");
-        system_.note({Kind::sync, name_, "", 0, {}});
+        readFrom(*content_, name_, at, out);
     }
     bool isCurrent() override {
         const auto now = system_.files.find(name_);
@@ -48,20 +43,19 @@ class MemoryFile final : public File {
     MemoryFiles::Content content_;
 };
 
-class MemoryLock final : public Lock {
+/// A lock for a lifetime.
+class Hold {
  public:
-    using Locked = std::shared_ptr<std::set<MemoryFiles::Content>>;
-
-    MemoryLock(Locked locked, MemoryFiles::Content content)
-        : locked_(std::move(locked)), content_(std::move(content)) {
+    Hold(MemoryFiles& system, MemoryFiles::Content content)
+        : locked_(system.locked), content_(std::move(content)) {
         locked_->insert(content_);
     }
-    MemoryLock(const MemoryLock&) = delete;
-    MemoryLock& operator=(const MemoryLock&) = delete;
-    ~MemoryLock() override { locked_->erase(content_); }
+    Hold(const Hold&) = delete;
+    Hold& operator=(const Hold&) = delete;
+    ~Hold() { locked_->erase(content_); }
 
  private:
-    Locked locked_;
+    std::shared_ptr<std::set<MemoryFiles::Content>> locked_;
     MemoryFiles::Content content_;
 };
 
@@ -71,6 +65,84 @@ class MemoryLock final : public Lock {
 [[noreturn]] void throwTaken(const std::string& name) {
     throw base::Error(ErrorNumber::kAlreadyExists, base::text("Soubor „", name, "“ už existuje."));
 }
+
+/// What is left of a killed program's is overwritten.
+class MemoryNewFile final : public NewFile {
+ public:
+    MemoryNewFile(MemoryFiles& system, std::string name, bool replaces)
+        : system_(system),
+          name_(std::move(name)),
+          beside_(MemoryFiles::beside(name_)),
+          replaces_(replaces) {
+        system_.call("create");
+        if (system_.exists(beside_)) remove();
+        system_.note({Kind::create, beside_, "", 0, {}});
+        system_.files[beside_] = content_;
+        hold_ = std::make_unique<Hold>(system_, content_);
+    }
+    MemoryNewFile(const MemoryNewFile&) = delete;
+    MemoryNewFile& operator=(const MemoryNewFile&) = delete;
+    ~MemoryNewFile() override {
+        const auto left = system_.files.find(beside_);
+        if (left == system_.files.end() || left->second != content_) return;
+        try {
+            system_.call("remove");
+            remove();
+        } catch (const base::Error&) {  // NOLINT(bugprone-empty-catch): another error is told
+        }
+    }
+
+    void write(std::uint64_t at, ByteView bytes) override {
+        system_.call("write");
+        system_.note({Kind::write, beside_, "", at, Bytes(bytes.begin(), bytes.end())});
+        content_->resize(std::max<std::size_t>(content_->size(), at + bytes.size()));
+        std::copy(bytes.begin(), bytes.end(), content_->begin() + static_cast<std::ptrdiff_t>(at));
+    }
+    void read(std::uint64_t at, std::span<std::uint8_t> out) override {
+        system_.call("read");
+        readFrom(*content_, beside_, at, out);
+    }
+    std::unique_ptr<File> publish() override {
+        system_.call("sync");
+        system_.note({Kind::sync, beside_, "", 0, {}});
+        system_.call(replaces_ ? "replace" : "moveNew");
+        if (!replaces_ && system_.exists(name_)) throwTaken(name_);
+        system_.note({replaces_ ? Kind::replace : Kind::moveNew, beside_, name_, 0, {}});
+        system_.files[name_] = content_;
+        system_.files.erase(beside_);
+        system_.call("syncFolder");
+        system_.note({Kind::syncFolder, name_, "", 0, {}});
+        return std::make_unique<MemoryFile>(system_, name_, content_);
+    }
+
+ private:
+    void remove() {
+        system_.note({Kind::remove, beside_, "", 0, {}});
+        system_.files.erase(beside_);
+    }
+
+    MemoryFiles& system_;
+    std::string name_;
+    std::string beside_;
+    bool replaces_;
+    MemoryFiles::Content content_ = std::make_shared<Bytes>();
+    std::unique_ptr<Hold> hold_;
+};
+
+class MemoryLock final : public Lock {
+ public:
+    MemoryLock(MemoryFiles& system, std::string name, MemoryFiles::Content content)
+        : system_(system), name_(std::move(name)), hold_(system, std::move(content)) {}
+
+    std::unique_ptr<NewFile> replacement() override {
+        return std::make_unique<MemoryNewFile>(system_, name_, true);
+    }
+
+ private:
+    MemoryFiles& system_;
+    std::string name_;
+    Hold hold_;
+};
 
 }  // namespace
 
@@ -85,42 +157,8 @@ std::unique_ptr<File> MemoryFiles::open(const std::string& name) {
     return std::make_unique<MemoryFile>(*this, name, found->second);
 }
 
-std::unique_ptr<File> MemoryFiles::create(const std::string& name, const std::string&) {
-    call("create");
-    if (exists(name)) throwTaken(name);
-    note({Deed::Kind::create, name, "", 0, {}});
-    const auto content = std::make_shared<Bytes>();
-    files[name] = content;
-    return std::make_unique<MemoryFile>(*this, name, content);
-}
-
-void MemoryFiles::replace(const std::string& from, const std::string& to) {
-    call("replace");
-    if (!exists(from)) throwMissing(from);
-    note({Deed::Kind::replace, from, to, 0, {}});
-    files[to] = files.at(from);
-    files.erase(from);
-}
-
-void MemoryFiles::moveNew(const std::string& from, const std::string& to) {
-    call("moveNew");
-    if (!exists(from)) throwMissing(from);
-    if (exists(to)) throwTaken(to);
-    note({Deed::Kind::moveNew, from, to, 0, {}});
-    files[to] = files.at(from);
-    files.erase(from);
-}
-
-void MemoryFiles::remove(const std::string& name) {
-    call("remove");
-    if (!exists(name)) throwMissing(name);
-    note({Deed::Kind::remove, name, "", 0, {}});
-    files.erase(name);
-}
-
-void MemoryFiles::syncFolder(const std::string& name) {
-    call("syncFolder");
-    note({Deed::Kind::syncFolder, name, "", 0, {}});
+std::unique_ptr<NewFile> MemoryFiles::create(const std::string& name) {
+    return std::make_unique<MemoryNewFile>(*this, name, false);
 }
 
 std::unique_ptr<Lock> MemoryFiles::lock(const std::string& name) {
@@ -131,7 +169,7 @@ std::unique_ptr<Lock> MemoryFiles::lock(const std::string& name) {
         throw base::Error(ErrorNumber::kInUse,
                           base::text("Databázi „", name, "“ má otevřenou jiný program."));
     }
-    return std::make_unique<MemoryLock>(locked, file->second);
+    return std::make_unique<MemoryLock>(*this, name, file->second);
 }
 
 }  // namespace huebrush::jet

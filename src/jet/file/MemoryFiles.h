@@ -10,8 +10,9 @@
 
 namespace huebrush::jet {
 
-/// Files in memory, for tests. Before each call of the system `onCall` may throw, as a failing
-/// disk does; what the call would have done is undone then.
+/// Files in memory: a place to make a database in before it is written somewhere, and a medium that
+/// tests look at. A file in the making is one beside the file that it will be. Before each call of
+/// the system `onCall` may throw, as a failing disk does; then the call does nothing.
 class MemoryFiles final : public FileSystem {
  public:
     using Content = std::shared_ptr<Bytes>;
@@ -28,12 +29,11 @@ class MemoryFiles final : public FileSystem {
     std::string resolve(const std::string& name) override { return name; }
     bool exists(const std::string& name) override { return files.contains(name); }
     std::unique_ptr<File> open(const std::string& name) override;
-    std::unique_ptr<File> create(const std::string& name, const std::string& like) override;
-    void replace(const std::string& from, const std::string& to) override;
-    void moveNew(const std::string& from, const std::string& to) override;
-    void remove(const std::string& name) override;
-    void syncFolder(const std::string& name) override;
+    std::unique_ptr<NewFile> create(const std::string& name) override;
     std::unique_ptr<Lock> lock(const std::string& name) override;
+
+    /// The name that a file has until it is published.
+    static std::string beside(const std::string& name) { return name + ".new"; }
 
     /// Keeps a list of all deeds from now on.
     void record() { recording = true; }

@@ -195,7 +195,7 @@ void Pages::restore(PageNumber number) {
     }
 }
 
-void Pages::writeTo(File& file) {
+void Pages::writeTo(NewFile& file) {
     Bytes buffer;
     Page page;
     for (PageNumber number = 0; number < count_;) {

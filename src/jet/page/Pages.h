@@ -31,9 +31,9 @@ class PageStore {
  public:
     /// Where a page is; 0 is nowhere.
     using Slot = std::uint32_t;
-    using MakeFile = std::function<std::unique_ptr<File>()>;
+    using MakeFile = std::function<std::unique_ptr<NewFile>()>;
 
-    /// The file is made when the first page is put away.
+    /// The file is made when the first page is put away, and never published.
     explicit PageStore(MakeFile makeFile) : makeFile_(std::move(makeFile)) {}
 
     bool usable() const { return makeFile_ != nullptr; }
@@ -46,7 +46,7 @@ class PageStore {
 
  private:
     MakeFile makeFile_;
-    std::unique_ptr<File> file_;
+    std::unique_ptr<NewFile> file_;
     Slot slots_ = 0;
     std::vector<Slot> free_;
 };
@@ -93,7 +93,7 @@ class Pages {
     void undo();
 
     /// Writes all pages, changed or not, into a new file.
-    void writeTo(File& file);
+    void writeTo(NewFile& file);
     /// All changes are in `file` now.
     void adopt(std::shared_ptr<File> file);
 

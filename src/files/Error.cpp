@@ -1,0 +1,40 @@
+#include "files/Error.h"
+
+#include <cstring>
+
+#include "base/Text.h"
+
+namespace huebrush::files {
+
+namespace {
+
+using base::text;
+
+std::string textOf(Problem problem, const std::string& name, int reason) {
+    switch (problem) {
+        case Problem::read:
+            return text("cannot read ", name, ": ", std::strerror(reason));
+        case Problem::write:
+            return text("cannot write ", name, ": ", std::strerror(reason));
+        case Problem::lock:
+            return text("cannot lock ", name, ": ", std::strerror(reason));
+        case Problem::notRegular:
+            return text(name, " is not a regular file");
+        case Problem::cutOff:
+            return text(name, " became shorter while it was read");
+        case Problem::inUse:
+            return text("another program has ", name, " open for writing");
+        default:
+            return text("another program has changed ", name, " meanwhile");
+    }
+}
+
+}  // namespace
+
+Error::Error(Problem problem, std::string name, int reason)
+    : problem_(problem),
+      name_(std::move(name)),
+      reason_(reason),
+      text_(textOf(problem_, name_, reason_)) {}
+
+}  // namespace huebrush::files

@@ -1,0 +1,256 @@
+#include "files/NewFile.h"
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+
+#include <array>
+#include <cstdio>
+#include <functional>
+
+#include "base/Text.h"
+#include "files/Attributes.h"
+#include "files/Error.h"
+#include "files/Lease.h"
+#include "files/Waiting.h"
+
+namespace huebrush::files {
+
+namespace {
+
+constexpr mode_t kRightsOfNewFiles = 0666;
+constexpr mode_t kOnlyForUs = 0600;
+
+std::string folderOf(const std::string& name) {
+    const std::size_t slash = name.rfind('/');
+    if (slash == std::string::npos) return "./";
+    return name.substr(0, slash + 1);
+}
+
+/// The same for the same text in every process.
+std::uint64_t hashOf(const std::string& text) {
+    std::uint64_t hash = 14695981039346656037U;
+    for (const char each : text) hash = (hash ^ static_cast<unsigned char>(each)) * 1099511628211U;
+    return hash;
+}
+
+/// A name beside another one, as short as can be, so that the other one may be as long as can be.
+std::string nameBeside(const std::string& name, unsigned number) {
+    const std::string folder = folderOf(name);
+    std::array<char, 40> digits{};
+    std::snprintf(digits.data(), digits.size(), ".huebrush-%016llx-%u",
+                  static_cast<unsigned long long>(hashOf(name.substr(name.rfind('/') + 1))),
+                  number);
+    return folder + digits.data();
+}
+
+std::string linkTo(int file) {
+    return base::text("/proc/self/fd/", file);
+}
+
+/// Locks a file that only its own maker and removeDead lock. Whether it is ours, also where there
+/// are no locks.
+bool lockAtOnce(int file) {
+    return uninterrupted([&] { return ::flock(file, LOCK_EX | LOCK_NB); }) == 0 ||
+           isWithoutLocks(errno);
+}
+
+/// Removes a file beside another one if the process that made it is gone. Whether it was.
+bool removeDead(const std::string& beside) {
+    const Descriptor file(beside, O_RDONLY | O_NOFOLLOW | O_NONBLOCK);
+    if (!file || uninterrupted([&] { return ::flock(file.get(), LOCK_EX | LOCK_NB); }) != 0) {
+        return false;
+    }
+    struct stat status = {};
+    return ::fstat(file.get(), &status) == 0 && S_ISREG(status.st_mode) &&
+           leadsTo(beside, {status.st_dev, status.st_ino, 0, {}, false}) &&
+           ::unlink(beside.c_str()) == 0;
+}
+
+/// Tries names beside another one until `make` returns 0 for one that is free. `make` returns an
+/// error number of the system. The name.
+std::string takeNameBeside(const std::string& name, const std::function<int(const char*)>& make) {
+    constexpr unsigned kNames = 100;
+    for (unsigned number = 0; number < kNames;) {
+        std::string beside = nameBeside(name, number);
+        const int reason = make(beside.c_str());
+        if (reason == 0) return beside;
+        if (reason != EEXIST) throw Error(Problem::write, name, reason);
+        if (!removeDead(beside)) ++number;
+    }
+    throw Error(Problem::write, name, EEXIST);
+}
+
+/// The folder's names on the medium.
+void syncFolderOf(const std::string& name) {
+    const Descriptor folder(folderOf(name), O_RDONLY | O_DIRECTORY);
+    if (!folder) throw Error(Problem::write, name, errno);
+    // Some file systems cannot sync a folder, and say so.
+    if (uninterrupted([&] { return ::fsync(folder.get()); }) != 0 && errno != EINVAL) {
+        throw Error(Problem::write, name, errno);
+    }
+}
+
+/// Gives a file another name that is free. 0, or the system's error number.
+int renameToNew(const char* from, const char* to) {
+    if (::renameat2(AT_FDCWD, from, AT_FDCWD, to, RENAME_NOREPLACE) == 0) return 0;
+    if (errno != EINVAL && errno != ENOSYS) return errno;
+    // Some file systems know no such renaming; a second name does the same.
+    if (::link(from, to) == 0) return ::unlink(from) == 0 ? 0 : errno;
+    if (errno != EPERM && errno != EOPNOTSUPP && errno != ENOSYS) return errno;
+    // And some know no second names.
+    if (exists(to)) return EEXIST;
+    return ::rename(from, to) == 0 ? 0 : errno;
+}
+
+}  // namespace
+
+NewFile::NewFile(std::string name) : name_(std::move(name)) {
+    make(kRightsOfNewFiles);
+}
+
+NewFile::NewFile(const Lock& replaced) : name_(replaced.name()), replaced_(&replaced) {
+    make(kOnlyForUs);
+    copyAttributes(replaced.file(), writing_.get());
+}
+
+NewFile::~NewFile() {
+    removeBeside();
+}
+
+void NewFile::make(mode_t rights) {
+    if (!makeWithoutName(rights)) makeBeside(rights);
+}
+
+bool NewFile::makeWithoutName(mode_t rights) {
+    writing_ = Descriptor(folderOf(name_), O_RDWR | O_TMPFILE, rights);
+    if (!writing_) return false;
+    reading_ = Descriptor(linkTo(writing_.get()), O_RDONLY);
+    // Without the system's list of open files, the file could not be given a name.
+    if (!reading_) writing_.close();
+    return reading_ && lockAtOnce(reading_.get());
+}
+
+void NewFile::makeBeside(mode_t rights) {
+    beside_ = takeNameBeside(name_, [&](const char* beside) {
+        writing_ = Descriptor(beside, O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW, rights);
+        if (!writing_) return errno;
+        reading_ = Descriptor(beside, O_RDONLY | O_NOFOLLOW);
+        // Another process may have taken it for dead before it was locked.
+        const bool ours = reading_ && lockAtOnce(reading_.get()) &&
+                          leadsTo(beside, stateOf(writing_.get(), name_));
+        return ours ? 0 : EEXIST;
+    });
+}
+
+void NewFile::write(std::uint64_t at, std::span<const std::uint8_t> bytes) const {
+    while (!bytes.empty()) {
+        const ssize_t put = uninterrupted([&] {
+            return ::pwrite(writing_.get(), bytes.data(), bytes.size(), static_cast<off_t>(at));
+        });
+        if (put < 0) throw Error(Problem::write, name_, errno);
+        bytes = bytes.subspan(static_cast<std::size_t>(put));
+        at += static_cast<std::uint64_t>(put);
+    }
+}
+
+void NewFile::read(std::uint64_t at, std::span<std::uint8_t> out) const {
+    readFrom(reading_.get(), name_, at, out);
+}
+
+OpenFile NewFile::publish() {
+    if (uninterrupted([&] { return ::fsync(writing_.get()); }) != 0) {
+        throw Error(Problem::write, name_, errno);
+    }
+    // The next writer would take a file that is open for writing for one that is in use.
+    writing_.close();
+    // Now, since from its appearance on others may write it.
+    OpenFile published(name_, reading_.duplicate());
+    if (replaced_ == nullptr) {
+        appear();
+    } else {
+        replace();
+    }
+    syncFolderOf(name_);
+    ::flock(reading_.get(), LOCK_UN);
+    return published;
+}
+
+void NewFile::appear() {
+    const int reason = !beside_.empty() ? renameToNew(beside_.c_str(), name_.c_str())
+                       : ::linkat(AT_FDCWD, linkTo(reading_.get()).c_str(), AT_FDCWD, name_.c_str(),
+                                  AT_SYMLINK_FOLLOW) == 0
+                           ? 0
+                           : errno;
+    if (reason != 0) throw Error(Problem::write, name_, reason);
+    beside_.clear();
+}
+
+/// What has no name yet gets one: only what has a name can take the place of another file.
+void NewFile::linkBeside() {
+    if (!beside_.empty()) return;
+    const std::string file = linkTo(reading_.get());
+    beside_ = takeNameBeside(name_, [&](const char* beside) {
+        return ::linkat(AT_FDCWD, file.c_str(), AT_FDCWD, beside, AT_SYMLINK_FOLLOW) == 0 ? 0
+                                                                                          : errno;
+    });
+}
+
+void NewFile::replace() {
+    linkBeside();
+    const Patience patience(kHoldersTime);
+    while (replaced_->isLockedByOthers() || !tryToReplace()) {
+        if (!patience.wait()) throw Error(Problem::inUse, name_);
+    }
+}
+
+/// Takes the old file's place if nobody has that open for writing. Who opens it for writing while
+/// this works waits for us, and finds either the old file as it was or the new one.
+bool NewFile::tryToReplace() {
+    const Lease lease(replaced_->file());
+    if (lease.isRefused()) return false;
+    if (!replaced_->isUntouched()) throw Error(Problem::changed, name_);
+    if (!exchange()) {
+        // Without an exchange nothing can be taken back: who comes after this look is not noticed.
+        if (lease.isWanted()) return false;
+        if (::rename(beside_.c_str(), name_.c_str()) != 0)
+            throw Error(Problem::write, name_, errno);
+        beside_.clear();
+        return true;
+    }
+    const bool taken = leadsTo(beside_, replaced_->state()) && !lease.isWanted() &&
+                       replaced_->state().isUnchangedIn(stateOf(replaced_->file(), name_));
+    if (!taken) {
+        takeBack();
+        return false;
+    }
+    removeBeside();
+    return true;
+}
+
+/// Lets the new and the old file change their names. Whether the file system can do that.
+bool NewFile::exchange() {
+    if (::renameat2(AT_FDCWD, beside_.c_str(), AT_FDCWD, name_.c_str(), RENAME_EXCHANGE) == 0) {
+        return true;
+    }
+    if (errno != EINVAL && errno != ENOSYS) throw Error(Problem::write, name_, errno);
+    return false;
+}
+
+/// Undoes an exchange, unless another program has put its own file under the name meanwhile. The
+/// old file is never removed here.
+void NewFile::takeBack() {
+    const std::string old = std::exchange(beside_, {});
+    if (!leadsTo(name_, stateOf(reading_.get(), name_))) throw Error(Problem::changed, name_);
+    if (::renameat2(AT_FDCWD, old.c_str(), AT_FDCWD, name_.c_str(), RENAME_EXCHANGE) != 0) {
+        throw Error(Problem::write, name_, errno);
+    }
+    beside_ = old;
+}
+
+void NewFile::removeBeside() {
+    if (!beside_.empty()) ::unlink(beside_.c_str());
+    beside_.clear();
+}
+
+}  // namespace huebrush::files
