@@ -512,7 +512,7 @@ class SelectionPumpTest : public SelectionTest {
     }
     MemoryShapePointer shape(const std::string& name) { return test.document->find(name); }
     void inTheFirstPump(const std::function<void()>& happening) {
-        test.runtime.onPump = [this, happening, first = test.runtime.pumps + 1](std::size_t pump) {
+        test.runtime.onPump = [happening, first = test.runtime.pumps + 1](std::size_t pump) {
             if (pump == first) happening();
         };
     }
