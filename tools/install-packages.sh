@@ -10,7 +10,7 @@ packages=(
   libreoffice-writer libreoffice-gtk3 libreoffice-dev libreoffice-dev-common
   libreoffice-style-colibre adwaita-icon-theme fonts-dejavu fonts-liberation
   # another reader of database files, to compare with
-  mdbtools
+  mdbtools mdbtools-dev pkg-config
   # the sanitizers
   clang libclang-rt-dev
   # tests in the host's windows, and pictures of its documents

@@ -166,9 +166,14 @@ TEST_F(DamagedMaps, WithOneBitTurnedLoseNoRow) {
 
 TEST_F(DamagedMaps, ThatCallAUsedPageFreeRefuseTheWriteAndLeaveTheFileAsItIs) {
     const auto database = open(sound);
-    const PageNumber used =
-        UsageMap(database->pages(), database->definition("TFillGroup")->ownedMap).all().at(0);
-    for (const PageNumber page : {PageNumber{0}, PageNumber{2}, used}) {
+    const auto groupTable = database->definition("TFillGroup");
+    const auto elementTable = database->definition("TFillElementParameter");
+    const auto firstOf = [&](RowId map) { return UsageMap(database->pages(), map).all().at(0); };
+    for (const PageNumber page :
+         {PageNumber{0}, PageNumber{1}, PageNumber{2}, groupTable->page, groupTable->ownedMap.page,
+          firstOf(groupTable->ownedMap), groupTable->trees[0].root,
+          firstOf(elementTable->find("FillPreview")->ownedMap)}) {
+        SCOPED_TRACE(page);
         Bytes content = sound;
         const std::size_t row = DataPage::open(database->pages(), 1).slot(0).offset;
         content[kPageSize + row + 5 + page / 8] |= static_cast<std::uint8_t>(1U << (page % 8));

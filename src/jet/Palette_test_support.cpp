@@ -10,27 +10,30 @@ std::size_t casesOf(std::size_t all, std::size_t everyDay) {
 }
 
 void createPaletteFile(FileSystem& files, const std::string& name) {
-    using T = ColumnType;
     createDatabase(files, name);
-    const auto database = Database::open(files, name);
-    database->inOneCommit([&] {
-        createTable(*database, {"TFillGroup",
-                                {{"ID", T::longInteger, 0, false, true},
-                                 {"Name", T::text, 30},
-                                 {"Description", T::text, 255, true},
-                                 {"Count", T::longInteger, 0, true}},
-                                {{"PIXTFillGroup", {"ID"}, true, true}}});
-        setColumnProperty(*database, "TFillGroup", "Description", "AllowZeroLength", true);
-        createTable(*database, {"TFillElementParameter",
-                                {{"ID", T::longInteger, 0, false, true},
-                                 {"GroupID", T::longInteger},
-                                 {"OrderNumber", T::longInteger},
-                                 {"TextureName", T::text, 255, true},
-                                 {"FillPreview", T::ole, 0, true}},
-                                {{"PIXTFillElementParameter", {"ID"}, true, true}}});
-        setColumnProperty(*database, "TFillElementParameter", "TextureName", "AllowZeroLength",
+    createPaletteTables(*Database::open(files, name));
+}
+
+void createPaletteTables(Database& database) {
+    using T = ColumnType;
+    database.inOneCommit([&] {
+        createTable(database, {"TFillGroup",
+                               {{"ID", T::longInteger, 0, false, true},
+                                {"Name", T::text, 30},
+                                {"Description", T::text, 255, true},
+                                {"Count", T::longInteger, 0, true}},
+                               {{"PIXTFillGroup", {"ID"}, true, true}}});
+        setColumnProperty(database, "TFillGroup", "Description", "AllowZeroLength", true);
+        createTable(database, {"TFillElementParameter",
+                               {{"ID", T::longInteger, 0, false, true},
+                                {"GroupID", T::longInteger},
+                                {"OrderNumber", T::longInteger},
+                                {"TextureName", T::text, 255, true},
+                                {"FillPreview", T::ole, 0, true}},
+                               {{"PIXTFillElementParameter", {"ID"}, true, true}}});
+        setColumnProperty(database, "TFillElementParameter", "TextureName", "AllowZeroLength",
                           true);
-        createRelation(*database,
+        createRelation(database,
                        {"Relace", "TFillElementParameter", "GroupID", "TFillGroup", "ID"});
     });
 }

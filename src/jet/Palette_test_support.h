@@ -20,8 +20,10 @@ inline constexpr std::uint32_t kShare = 1;
 /// (`make long`), else what does for every day.
 std::size_t casesOf(std::size_t all, std::size_t everyDay);
 
-/// Makes the two tables that palettes have, with a few columns of each kind.
+/// Makes a file with the two tables that palettes have, with a few columns of each kind.
 void createPaletteFile(FileSystem& files, const std::string& name);
+/// Makes these tables in a file that is there.
+void createPaletteTables(Database& database);
 
 /// Writes a palette with elements whose previews have the given sizes. Its ID.
 std::int32_t addPalette(Database& database, const std::string& name,

@@ -10,6 +10,7 @@
 #include "jet/MdbExport_test_support.h"
 #include "jet/check/Check.h"
 #include "jet/database/Database.h"
+#include "jet/file/PosixFolder_test_support.h"
 
 namespace huebrush::jet {
 namespace {
@@ -77,6 +78,60 @@ TEST(Samples, KeepTheRules) {
         if (!database) continue;
         for (const Violation& each : check(*database).violations) {
             EXPECT_EQ(each.severity, Severity::waste) << each.text();
+        }
+    }
+}
+
+/// All rows of the tables that a file of another program had.
+std::map<std::string, Cells> cellsOf(Database& database, const std::vector<std::string>& tables) {
+    std::map<std::string, Cells> cells;
+    for (const std::string& name : tables) {
+        cells[name] = exportTable(database, *database.definition(name));
+    }
+    return cells;
+}
+
+bool hasPalettes(Database& database) {
+    const auto& objects = database.objects();
+    return std::any_of(objects.begin(), objects.end(),
+                       [](const StoredObject& each) { return each.name == "TFillGroup"; });
+}
+
+void addAndErasePalettes(Database& database, std::size_t elements) {
+    const std::int32_t first =
+        addPalette(database, "Podzim", std::vector<std::size_t>(elements, 3000));
+    addPalette(database, "Zima", std::vector<std::size_t>(elements / 10, 9000));
+    erasePalette(database, first);
+    addPalette(database, "Jaro", std::vector<std::size_t>(elements / 3, 2000));
+}
+
+TEST_F(PosixFolder, SamplesAreWrittenToAndLoseNothing) {
+    const std::vector<std::string> samplesThere = samples();
+    if (samplesThere.empty()) GTEST_SKIP() << "HUEBRUSH_SAMPLES names no folder with .mdb files";
+    for (const std::string& sample : samplesThere) {
+        SCOPED_TRACE(sample);
+        fs::copy_file(sample, file, fs::copy_options::overwrite_existing);
+        fs::permissions(file, fs::perms::owner_write, fs::perm_options::add);
+        const auto database = openIfReadable(file);
+        if (!database) continue;
+        std::vector<std::string> tables;
+        for (const StoredObject& object : database->objects()) {
+            if (object.isUserTable() && object.name.rfind("TFill", 0) != 0) {
+                tables.push_back(object.name);
+            }
+        }
+        const auto before = cellsOf(*database, tables);
+        // The elements of real palettes have more columns than ours.
+        const std::size_t elements = hasPalettes(*database) ? 0 : 30;
+        if (elements != 0) createPaletteTables(*database);
+        for (int turn = 0; turn < 5; ++turn) {
+            database->inOneCommit([&] { addAndErasePalettes(*database, elements); });
+        }
+        EXPECT_EQ(damage(*database), "");
+        EXPECT_EQ(cellsOf(*database, tables), before);
+        const auto anew = Database::open(systemFiles(), file);
+        for (const StoredObject& object : anew->objects()) {
+            if (object.isTable()) compareTable(*anew, file, object);
         }
     }
 }

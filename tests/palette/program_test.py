@@ -45,6 +45,18 @@ class Refusals(OnPaletteFiles):
         for command in ("list", "dump", "check"):
             self.assert_refused("rule F1", command, cut)
 
+    def test_a_file_whose_free_map_names_a_page_in_use(self):
+        source = self.write_json([palette("Podzim", [])])
+        content = bytearray(self.file.read_bytes())
+        # The free map is the row at the end of page 1; its last 64 bytes are the bits.
+        content[2 * 4096 - 64] |= 1 << 2
+        self.file.write_bytes(content)
+        self.assert_refused("the database file is damaged: page 2, byte 0: "
+                            "the page is in use but marked as free (rule M3)",
+                            "import", self.file, source)
+        self.assertIn("page 2, byte 0, table MSysObjects: the page is in use but marked as free",
+                      huebrush("palette", "check", self.file).stdout)
+
     def test_new_where_a_file_is(self):
         self.assert_refused("already exists; use --force", "new", self.file)
         self.assert_refused("is not a regular file", "new", self.folder, "--force")

@@ -66,6 +66,10 @@ void CheckContext::claimMapPage(PageNumber page) {
 }
 
 void CheckContext::claimMap(RowId where) {
+    if (!mapRows.insert(where).second) {
+        violate(where.page, offsetOf(where), rule::kOneOwner,
+                text("row ", int{where.slot}, " is the page map of two objects"));
+    }
     claimMapPage(where.page);
     const UsageMap map(database.pages(), where);
     if (map.place() != where) claimMapPage(map.place().page);
@@ -89,7 +93,9 @@ void checkFreeSpace(CheckContext& context) {
         const auto used = context.claimed.find(page);
         if (used != context.claimed.end()) {
             if (!space.isFree(page)) continue;
-            context.violate(page, 0, rule::kUsedNotFree, text("used by ", used->second.object));
+            context.object = used->second.object;
+            context.violate(page, 0, rule::kUsedNotFree);
+            context.object.clear();
         } else if (!space.isFree(page) && !context.incomplete) {
             const bool continues = !violations.empty() && violations.back().rule == rule::kOwned &&
                                    violations.back().page + violations.back().pages == page;
@@ -112,6 +118,7 @@ CheckResult check(Database& database) {
     context.claim(0);
     context.attempt([&] {
         const RowId map = database.header().freeMap;
+        context.mapRows.insert(map);
         context.claimMapPage(map.page);
         context.claimMapPage(database.space().map().place().page);
         context.object = "free map";

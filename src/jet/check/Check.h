@@ -69,6 +69,7 @@ class CheckContext {
         bool map;  ///< for the rows of maps
     };
     std::map<PageNumber, Claim> claimed;
+    std::set<RowId> mapRows;
     /// Something could not be read, so that not all pages are claimed that have an owner.
     bool incomplete = false;
 

@@ -110,6 +110,11 @@ TEST_F(Violations, OfIndexesAreTold) {
     expect("I1", leaf, 27, {0xFF});
     // The first entries share their first four bytes.
     expect("I2", leaf, 480 + 4, {0xFF});
+    // A page in the map, of which the tree knows nothing.
+    const RowId map = elements->trees[0].map;
+    const PageNumber stray = file.database->pages().count() - 1;
+    const auto bit = static_cast<std::uint8_t>(1U << (stray % 8));
+    expect("M5", map.page, rowAt(map.page, map.slot) + 5 + stray / 8, {bit});
 }
 
 TEST_F(Violations, OfLongValuesAreTold) {
@@ -141,6 +146,10 @@ TEST_F(Violations, OfOwnershipAreTold) {
         return static_cast<std::size_t>(found - bytes.begin());
     }();
     expect("F4", elements->page, trees, root);
+    // The rows of two tables have the same map.
+    Bytes map;
+    append32(map, groups->ownedMap.pointer());
+    expect("F4", elements->page, 55, map);
 }
 
 }  // namespace

@@ -23,7 +23,7 @@ bool nowhere(PageNumber) {
 }
 
 [[noreturn]] void throwTooSmall() {
-    throw base::Error(ErrorNumber::kNotSupported, "A page map of the database cannot be extended.");
+    throw base::Error(ErrorNumber::kNotSupported, "a page map of the database cannot be extended");
 }
 
 void setBitIn(Bytes& row, std::size_t bit) {
@@ -44,9 +44,13 @@ RowId UsageMap::place() const {
 }
 
 Reader UsageMap::row(PagePointer& keep) const {
-    const RowId at = place();
-    const DataPage page = DataPage::open(*pages_, at.page);
-    const DataPage::Slot slot = page.slot(at.slot);
+    DataPage page = DataPage::open(*pages_, where_.page);
+    DataPage::Slot slot = page.slot(where_.slot);
+    if (slot.flags == SlotFlag::kMoved) {
+        const RowId at = RowId::of(page.row(slot).u32(0));
+        page = DataPage::open(*pages_, at.page);
+        slot = page.slot(at.slot);
+    }
     keep = page.page();
     const Reader bytes = page.row(slot);
     bytes.require(!slot.deleted() && slot.flags != SlotFlag::kMoved && bytes.size() >= 1, 0,
@@ -172,7 +176,7 @@ std::vector<PageNumber> UsageMap::all() const {
 void UsageMap::setBit(PageNumber page, bool value) {
     const auto bits = stretchOf(page);
     if (!bits)
-        throw base::Error(base::ErrorNumber::kInternal, "The page map has no bit for the page.");
+        throw base::Error(base::ErrorNumber::kInternal, "the page map has no bit for the page");
     const PageNumber bit = page - bits->first;
     std::uint8_t& byte = pages_->change(bits->holder)[bits->offset + bit / 8];
     const auto mask = static_cast<std::uint8_t>(1U << (bit % 8));
