@@ -13,6 +13,7 @@
 #include "cli/InputFile.h"
 #include "cli/OfficeJob.h"
 #include "cli/OutputFile.h"
+#include "protocol/DocumentFormat.h"
 
 namespace huebrush::cli {
 
@@ -62,14 +63,29 @@ fs::path outputOf(const RecolorOptions& options) {
     if (options.inPlace) return options.document;
     std::error_code error;
     if (fs::equivalent(options.document, options.output, error)) {
-        throw Failure("the output is the document itself: say --in-place to replace it");
+        throw Failure("the output is the document itself; use --in-place to replace it");
     }
     return options.output;
 }
 
+/// The office's name of the format that the output's ending stands for; empty for the document's
+/// own format. Failure for what cannot be stored.
+std::string filterOf(const fs::path& output) {
+    if (!output.has_extension()) return {};
+    const protocol::DocumentFormat* const format = protocol::formatOfName(output.string());
+    if (format != nullptr && format->isStored) return std::string(format->filter);
+    throw Failure(text("cannot write ", output.string(), ": its ending must be one of ",
+                       protocol::storedEndings()));
+}
+
+/// A listing or result, also with names whose bytes are no text.
+std::string printed(const json& value) {
+    return value.dump(2, ' ', false, json::error_handler_t::replace);
+}
+
 protocol::Job jobOf(const RecolorOptions& options) {
     protocol::Job job;
-    job.input = fs::absolute(options.document);
+    job.input = options.document;
     job.maps = options.maps;
     job.rows = options.rows;
     if (!options.plan.empty()) job.plan = readJson("the plan", options.plan);
@@ -85,13 +101,13 @@ protocol::Job jobOf(const RecolorOptions& options) {
 }  // namespace
 
 int runFills(const FillsOptions& options) {
-    requireReadable(options.document);
+    requireDocument(options.document);
     protocol::Job job;
-    job.input = fs::absolute(options.document);
+    job.input = options.document;
     json result = OfficeJob().run(job, !options.json);
     const bool failed = tellBoxes(result);
     if (options.json) {
-        std::cout << result.at("listing").dump(2) << '\n';
+        std::cout << printed(result.at("listing")) << '\n';
     } else {
         printRows(result.at("listing").at("rows"));
     }
@@ -99,20 +115,20 @@ int runFills(const FillsOptions& options) {
 }
 
 int runRecolor(const RecolorOptions& options) {
-    requireReadable(options.document);
+    requireDocument(options.document);
     const fs::path output = outputOf(options);
     protocol::Job job = jobOf(options);
+    job.filter = filterOf(output);
     OutputFile file(output);
     OfficeJob office;
-    // The extension of the name tells the office the format; without one it keeps the document's.
-    job.output = office.folder() / ("result" + output.extension().string());
+    job.output = office.folder() / "result";
     json result = office.run(job, !options.json);
     file.commit(job.output);
     result["document"] = options.document;
     result["output"] = output.string();
     const bool failed = tellBoxes(result);
     if (options.json) {
-        std::cout << result.dump(2) << '\n';
+        std::cout << printed(result) << '\n';
     } else {
         printRecolored(result, output);
     }

@@ -2,13 +2,63 @@
 
 #include <unistd.h>
 
+#include <algorithm>
+#include <cstdint>
 #include <fstream>
+#include <string>
+#include <string_view>
 
 #include "cli/Failure.h"
 
 namespace huebrush::cli {
 
 namespace fs = std::filesystem;
+
+namespace {
+
+std::string bytesOf(const fs::path& file, std::streamoff at, std::size_t count) {
+    std::string bytes(count, '\0');
+    std::ifstream input(file, std::ios::binary);
+    input.seekg(at).read(bytes.data(), static_cast<std::streamsize>(count));
+    bytes.resize(static_cast<std::size_t>(input.gcount()));
+    return bytes;
+}
+
+/// ZIP packages, compound files, RTF, and XML in UTF-8 or UTF-16.
+bool beginsLikeADocument(std::string_view bytes) {
+    using namespace std::string_view_literals;
+    if (bytes.starts_with("\xEF\xBB\xBF")) bytes.remove_prefix(3);
+    const std::size_t text = std::min(bytes.find_first_not_of(" \t\r\n"), bytes.size());
+    const auto begins = [&](std::string_view with) { return bytes.starts_with(with); };
+    return begins("PK\x03\x04") || begins("\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1") || begins("{\\rtf") ||
+           begins("\xFF\xFE<\0"sv) || begins("\xFE\xFF\0<"sv) ||
+           bytes.substr(text).starts_with('<');
+}
+
+/// The number that four bytes are, lowest first.
+std::uint32_t numberAt(std::string_view bytes, std::size_t at) {
+    std::uint32_t number = 0;
+    for (std::size_t i = 4; i > 0; --i) {
+        number = number << 8U | static_cast<unsigned char>(bytes[at + i - 1]);
+    }
+    return number;
+}
+
+/// Whether a compound file is the wrapping of an encrypted package: its list of parts names one.
+bool isEncrypted(const fs::path& file, std::string_view header) {
+    constexpr std::size_t kHeader = 512;
+    constexpr std::size_t kSectorShift = 30;
+    constexpr std::size_t kListSector = 48;
+    constexpr std::size_t kEnough = 4096;
+    if (!header.starts_with("\xD0\xCF\x11\xE0") || header.size() < kHeader) return false;
+    const unsigned shift = static_cast<unsigned char>(header[kSectorShift]) & 0xFU;
+    const auto place = (std::streamoff{numberAt(header, kListSector)} + 1) << shift;
+    std::string name;
+    for (const char each : std::string_view("EncryptedPackage")) name.append({each, '\0'});
+    return bytesOf(file, place, kEnough).find(name) != std::string::npos;
+}
+
+}  // namespace
 
 void requireReadable(const fs::path& file) {
     std::error_code error;
@@ -24,6 +74,15 @@ nlohmann::json readJson(const char* what, const fs::path& file) {
     if (value.is_discarded())
         throw Failure(std::string(what) + " " + file.string() + " is no JSON");
     return value;
+}
+
+void requireDocument(const fs::path& file) {
+    requireReadable(file);
+    const std::string bytes = bytesOf(file, 0, 512);
+    if (!beginsLikeADocument(bytes)) {
+        throw Failure(file.string() + " is not a document that LibreOffice can open");
+    }
+    if (isEncrypted(file, bytes)) throw Failure(file.string() + " is protected by a password");
 }
 
 }  // namespace huebrush::cli

@@ -8,6 +8,10 @@ namespace huebrush::cli {
 /// Failure when there is no such file, when it is a folder, or may not be read.
 void requireReadable(const std::filesystem::path& file);
 
+/// The same, and Failure when the first bytes are not those of a text document that LibreOffice may
+/// be able to open, or are those of one that is encrypted.
+void requireDocument(const std::filesystem::path& file);
+
 /// A file of JSON. Failure when it is none; `what` is what it should be.
 nlohmann::json readJson(const char* what, const std::filesystem::path& file);
 

@@ -4,17 +4,20 @@
 #include <optional>
 #include <string>
 
+#include "base/Text.h"
 #include "cli/Channel.h"
 #include "cli/Failure.h"
 #include "cli/FillText.h"
 #include "cli/Interrupt.h"
-#include "cli/OfficeProcess.h"
+#include "cli/OfficeCommand.h"
 #include "cli/ProgressBar.h"
+#include "protocol/DocumentFormat.h"
 
 namespace huebrush::cli {
 
 namespace {
 
+using base::text;
 using json = nlohmann::ordered_json;
 
 /// The service of the extension, in the form in which the office's command line calls one.
@@ -34,7 +37,7 @@ std::optional<json> takeMessage(const std::string& line, ProgressBar& bar) {
     return message.at("result");
 }
 
-json waitForResult(Channel& channel, OfficeProcess& office, bool showProgress) {
+json waitForResult(Channel& channel, Keeper& office, bool showProgress) {
     ProgressBar bar(showProgress);
     while (true) {
         throwIfInterrupted();
@@ -48,6 +51,14 @@ json waitForResult(Channel& channel, OfficeProcess& office, bool showProgress) {
     }
 }
 
+/// Gives the document a name that any locale can express: the office cannot open others by theirs.
+std::filesystem::path linkTo(const std::string& document, const std::filesystem::path& folder) {
+    const protocol::DocumentFormat* const format = protocol::formatOfName(document);
+    auto link = folder / text("document", format == nullptr ? "" : format->ending);
+    std::filesystem::create_symlink(std::filesystem::absolute(document), link);
+    return link;
+}
+
 }  // namespace
 
 json OfficeJob::run(protocol::Job job, bool showProgress) {
@@ -56,11 +67,14 @@ json OfficeJob::run(protocol::Job job, bool showProgress) {
     const auto jobPath = folder() / "job.json";
     Channel channel(channelPath);
     job.channel = channelPath;
-    std::ofstream(jobPath) << protocol::toJson(job);
-    OfficeProcess office(installation, folder() / "profile", {kService + jobPath.string()});
-    json result = waitForResult(channel, office, showProgress);
-    office.end();
-    return result;
+    job.name = job.input;
+    job.inputUrl = fileUrl(std::filesystem::absolute(job.input));
+    job.input = linkTo(job.input, folder());
+    // A name may be of bytes that are no text.
+    std::ofstream(jobPath) << protocol::toJson(job).dump(-1, ' ', false,
+                                                         json::error_handler_t::replace);
+    keeper_.start(officeCommand(installation, folder() / "profile", {kService + jobPath.string()}));
+    return waitForResult(channel, keeper_, showProgress);
 }
 
 }  // namespace huebrush::cli

@@ -3,25 +3,25 @@
 #include <filesystem>
 #include <nlohmann/json.hpp>
 
-#include "cli/TemporaryFolder.h"
+#include "cli/Keeper.h"
 #include "protocol/Job.h"
 
 namespace huebrush::cli {
 
-/// One job done by a LibreOffice of its own.
+/// One job done by a LibreOffice of its own, which is ended with this object.
 class OfficeJob {
  public:
     OfficeJob() = default;
 
     /// A folder for the job's files; it goes with this object.
-    const std::filesystem::path& folder() const { return folder_.path(); }
+    const std::filesystem::path& folder() const { return keeper_.folder(); }
 
-    /// Starts the office, has it do the job, and ends it. The result as the office sent it; Failure
-    /// with the office's own words, or when it died or is missing; Interrupted on Ctrl-C.
+    /// Starts the office and has it do the job. The result as the office sent it; Failure with the
+    /// office's own words, or when it died or is missing; Interrupted on Ctrl-C.
     nlohmann::ordered_json run(protocol::Job job, bool showProgress);
 
  private:
-    TemporaryFolder folder_;
+    Keeper keeper_;
 };
 
 }  // namespace huebrush::cli

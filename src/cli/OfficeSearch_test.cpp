@@ -7,7 +7,7 @@
 #include <string>
 
 #include "cli/Failure.h"
-#include "cli/TemporaryFolder.h"
+#include "cli/TemporaryFolder_test_support.h"
 
 namespace huebrush::cli {
 namespace {

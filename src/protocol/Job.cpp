@@ -52,13 +52,17 @@ void addPlan(const json& plan, std::vector<batch::RowEdit>& rows) {
 }  // namespace
 
 json toJson(const Job& job) {
-    return {{"input", job.input}, {"output", job.output}, {"channel", job.channel},
-            {"maps", job.maps},   {"rows", job.rows},     {"plan", job.plan}};
+    return {{"input", job.input},   {"name", job.name},     {"inputUrl", job.inputUrl},
+            {"output", job.output}, {"filter", job.filter}, {"channel", job.channel},
+            {"maps", job.maps},     {"rows", job.rows},     {"plan", job.plan}};
 }
 
 Job jobFromJson(const json& value) {
     return {value.at("input").get<std::string>(),
+            value.at("name").get<std::string>(),
+            value.at("inputUrl").get<std::string>(),
             value.at("output").get<std::string>(),
+            value.at("filter").get<std::string>(),
             value.at("channel").get<std::string>(),
             value.at("maps").get<std::vector<std::string>>(),
             value.at("rows").get<std::vector<std::string>>(),

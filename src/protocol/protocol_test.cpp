@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "protocol/DocumentFormat.h"
 #include "protocol/Job.h"
 
 namespace huebrush::protocol {
@@ -81,6 +82,22 @@ TEST(FillJson, SaysInOneLineWhatIsWrong) {
     EXPECT_EQ(problemOf(R"(3={"Colour":1})"), "a fill has no property Colour");
     EXPECT_THROW(mappingFromText("#000000"), ParseError);
     EXPECT_THROW(mappingFromText("#000000=#12345"), ParseError);
+}
+
+TEST(DocumentFormats, AreKnownByEndingsInAnyCase) {
+    const auto filterOf = [](const char* name) {
+        const DocumentFormat* const format = formatOfName(name);
+        return format == nullptr ? "none" : std::string(format->filter);
+    };
+    EXPECT_EQ(filterOf("x.odt"), "writer8");
+    EXPECT_EQ(filterOf("/a.b/x.y.DOCX"), "MS Word 2007 XML");
+    EXPECT_EQ(filterOf("x.Doc"), "MS Word 97");
+    for (const char* const name : {"x.pdf", "x", "x.", ".odt", "/a.odt/x", "x.odt ", ""}) {
+        EXPECT_EQ(filterOf(name), "none") << name;
+    }
+    EXPECT_EQ(formatOfFilter("Office Open XML Text")->ending, ".docx");
+    EXPECT_EQ(formatOfFilter("calc8"), nullptr);
+    EXPECT_EQ(storedEndings(), ".odt, .ott, .fodt, .docx, .docm, .dotx, .doc, .dot");
 }
 
 TEST(Plan, TakesTheRowsWhoseNewFillWasEdited) {

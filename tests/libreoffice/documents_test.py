@@ -1,7 +1,9 @@
 """The program on real documents: what it changes, what it leaves, and how it refuses bad input."""
 
+import hashlib
 import json
 import os
+import random
 import shutil
 import signal
 import socket
@@ -41,6 +43,13 @@ def processes_mentioning(text):
         except OSError:
             continue
     return found
+
+
+def socket_of(folder):
+    """Where an office whose profile is in a folder of the program's listens."""
+    profile = (folder / "profile").as_uri().encode("utf-16-le")
+    digits = "".join(f"{byte:x}" for byte in hashlib.md5(profile).digest())
+    return Path(f"/tmp/OSL_PIPE_{os.getuid()}_SingleOfficeIPC_{digits}")
 
 
 def wait_until(condition, limit=60):
@@ -167,6 +176,79 @@ class Recolouring(OnDocuments):
         self.assertEqual(output.read_bytes()[:2], b"PK")
         self.assertGreater(normal_form.docx_body(output, {BLUE: BLUE})[1], 10)
 
+    def test_the_output_takes_the_format_of_its_name_in_any_case_and_without_an_ending_the_documents(
+            self):
+        for name, beginning in {"other.DOCX": b"PK", "other.Doc": b"\xd0\xcf", "bare": b"PK"}.items():
+            output = self.folder / name
+            self.recolour_to(EXAMPLES / "town.docx", output)
+            self.assertEqual(output.read_bytes()[:2], beginning, name)
+            if beginning == b"PK":
+                self.assertGreater(normal_form.docx_body(output, {BLUE: BLUE})[1], 10, name)
+
+    def recolour_to(self, document, output):
+        done = self.run_program("recolor", document, "-o", output, "--json", "--map",
+                                f"{ROOFS}={BLUE}")
+        self.assertEqual(done.returncode, 0, done.stderr)
+        self.assert_nothing_left()
+        return json.loads(done.stdout)["changed"]
+
+    def test_every_format_that_is_stored_is_read_back_with_its_fills(self):
+        for ending in (".ott", ".docm", ".dotx", ".dot"):
+            with self.subTest(ending):
+                output = self.folder / f"stored{ending}"
+                changed = self.recolour_to(self.town, output)
+                self.assertEqual(self.shapes_filled(output, BLUE), changed)
+                again = self.folder / f"again{ending}"
+                self.assertEqual(self.recolour_back(output, again), changed)
+                self.assertEqual(self.shapes_filled(again, ROOFS), changed)
+
+    def recolour_back(self, document, output):
+        done = self.run_program("recolor", document, "-o", output, "--json", "--map",
+                                f"{BLUE}={ROOFS}")
+        self.assertEqual(done.returncode, 0, done.stderr)
+        return json.loads(done.stdout)["changed"]
+
+    def shapes_filled(self, document, color):
+        done = self.run_program("fills", document, "--json")
+        self.assertEqual(done.returncode, 0, done.stderr)
+        rgb = int(color[5:7] + color[3:5] + color[1:3], 16)
+        return sum(row["shapes"] for row in json.loads(done.stdout)["rows"]
+                   if (row["fill"]["Visible"], row["fill"]["Type"], row["fill"]["ForeColorRGB"]) ==
+                   (-1, 1, rgb))
+
+    def test_names_that_the_locale_cannot_express(self):
+        names = ["Město s červenými střechami.odt".encode(), b"Caf\xe9 \xff.odt", b"100%25 #1?.odt"]
+        for name in names:
+            for locale in ("C", "C.UTF-8"):
+                with self.subTest((name, locale)):
+                    document = os.fsencode(self.folder) + b"/" + name
+                    shutil.copy(self.town, document)
+                    output = os.fsencode(self.folder) + b"/out " + name
+                    done = subprocess.run(
+                        [PROGRAM, "recolor", document, "-o", output, "--json", "--map",
+                         f"{ROOFS}={BLUE}"], stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
+                        stderr=subprocess.PIPE, timeout=LIMIT,
+                        env=dict(self.environment, LC_ALL=locale))
+                    self.assertEqual((done.returncode, done.stderr), (0, b""))
+                    self.assertGreater(json.loads(done.stdout)["changed"], 10)
+                    self.assert_alike(
+                        normal_form.NormalForm(Path(os.fsdecode(output))).shapes,
+                        normal_form.NormalForm(self.town, normal_form.solid_fills(MAP)).shapes)
+
+    def test_a_relative_link_stays_relative_to_the_document(self):
+        (self.folder / "in").mkdir()
+        document = self.folder / "in" / "linked.fodt"
+        text = self.flat_town()
+        link = '<text:p><text:a xlink:type="simple" xlink:href="pictures/a.png">a</text:a></text:p>'
+        document.write_text(text.replace("</office:text>", link + "</office:text>"),
+                            encoding="utf-8")
+        output = document.with_name("result.fodt")
+        self.recolour_to(document, output)
+        self.assertTrue('xlink:href="pictures/a.png"' in output.read_text(encoding="utf-8"))
+
+    def flat_town(self):
+        return self.inputs[".fodt"].read_text(encoding="utf-8")
+
     def test_a_document_that_is_open_elsewhere_is_read_all_the_same(self):
         document = self.folder / "open.odt"
         shutil.copy(self.town, document)
@@ -284,6 +366,38 @@ class BadInput(OnDocuments):
             document.close(True)
         self.assert_refused("password", "fills", path)
 
+    def test_an_encrypted_package_of_word(self):
+        path = self.folder / "secret.docx"
+        # A compound file: its header says that the list of parts is its first sector.
+        header = bytearray(512)
+        header[:8] = b"\xd0\xcf\x11\xe0\xa1\xb1\x1a\xe1"
+        header[30] = 9
+        parts = b"".join(name.encode("utf-16-le").ljust(128, b"\0")
+                         for name in ("Root Entry", "EncryptionInfo", "EncryptedPackage", ""))
+        path.write_bytes(header + parts + bytes(4096))
+        self.assert_refused_without_an_office("password", "fills", path)
+
+    def assert_refused_without_an_office(self, words, *arguments):
+        """As with an office, which is not looked for before."""
+        done = huebrush(*arguments, env=dict(self.environment, HUEBRUSH_OFFICE="/nowhere/soffice"))
+        self.assertEqual((done.returncode, done.stdout), (1, ""))
+        self.assertIn(words, done.stderr)
+        self.assert_refused(words, *arguments)
+
+    def test_what_does_not_begin_like_a_document(self):
+        for data in (b"hello\n", b"", bytes(range(256)), b"%PDF-1.4", b"\x89PNG"):
+            path = self.folder / "unlike.odt"
+            path.write_bytes(data)
+            self.assert_refused_without_an_office("is not a document", "fills", path)
+
+    def test_an_output_of_an_unknown_format(self):
+        for name in ("x.pdf", "x.txt", "x.rtf", "x.odt~", "x."):
+            output = self.folder / name
+            self.assert_refused_without_an_office("its ending must be one of .odt", "recolor",
+                                                  self.town, "-o", output, "--map",
+                                                  f"{ROOFS}={BLUE}")
+            self.assertFalse(output.exists())
+
     def test_a_document_without_shapes(self):
         path = self.folder / "bare.odt"
         with PrivateOffice() as office:
@@ -397,6 +511,36 @@ class Interruption(OnDocuments):
             self.assertEqual(len(errors.strip().splitlines()), 1)
             self.assertEqual(output.read_text(), "mine")
             self.assert_nothing_left()
+            self.assertEqual(list(self.temporary.iterdir()), [])
+
+    def test_killed_at_any_instant(self):
+        """Five seconds later there is no process and no file of it."""
+        instants = random.Random(20)
+        output = self.folder / "killed.odt"
+        output.write_text("mine")
+        names = {path.name for path in self.folder.iterdir()}
+        every_day = 8
+        seen = {"folder": 0, "office": 0}
+        for number in range(50 if "HUEBRUSH_LONG" in os.environ else every_day):
+            program = self.start(output)
+            # Nothing is waited for: the sleep is the instant.
+            time.sleep(instants.uniform(0, 2.5) if number else 2)
+            seen["folder"] += bool(list(self.temporary.iterdir()))
+            seen["office"] += bool(self.office_processes())
+            sockets = [socket_of(folder) for folder in self.temporary.iterdir()]
+            program.kill()
+            program.communicate(timeout=LIMIT)
+            wait_until(lambda: not processes_mentioning(str(self.folder)), 5)
+            self.assert_nothing_left()
+            self.assertEqual(list(self.temporary.iterdir()), [])
+            self.assertEqual([path for path in sockets if path.exists()], [])
+            self.assertEqual({path.name for path in self.folder.iterdir()}, names)
+            if output.read_bytes()[:2] == b"PK":
+                output.write_text("mine")
+            self.assertEqual(output.read_text(), "mine")
+        # The instants are spread over the program's work.
+        self.assertGreater(seen["folder"], 0)
+        self.assertGreater(seen["office"], 0)
 
     def test_the_office_dies(self):
         output = self.folder / "died.odt"

@@ -61,7 +61,7 @@ ordered_json work(const ContextReference& context, const protocol::Job& job,
     const forms::RuntimeScope scope(runtime);
     runtime.UnhandledError.connect(&error::reportUnhandled);
 
-    const TextDocumentFile file(context, job.input);
+    const TextDocumentFile file(context, job.input, job.name, job.inputUrl);
     const HandlerScope handler(application.snapshot());
     batch::Session session(
         application, application.Documents().documentOf(file.model()), runtime,
@@ -73,7 +73,7 @@ ordered_json work(const ContextReference& context, const protocol::Job& job,
     } else {
         result = protocol::toJson(session.recolor(protocol::requestOf(job)));
         application.snapshot()->invalidate();
-        file.storeTo(job.output);
+        file.storeTo(job.output, job.filter);
     }
     return protocol::message::result(std::move(result), runtime.messages());
 }

@@ -1,7 +1,5 @@
 #include "ports/libreoffice/batch/TextDocumentFile.h"
 
-#include <algorithm>
-#include <array>
 #include <com/sun/star/document/MacroExecMode.hpp>
 #include <com/sun/star/document/UpdateDocMode.hpp>
 #include <com/sun/star/frame/XComponentLoader.hpp>
@@ -13,15 +11,14 @@
 #include <com/sun/star/task/XInteractionAbort.hpp>
 #include <com/sun/star/task/XInteractionHandler.hpp>
 #include <com/sun/star/util/XCloseable.hpp>
-#include <filesystem>
 #include <osl/file.hxx>
 #include <rtl/ref.hxx>
-#include <string_view>
 
 #include "base/Text.h"
 #include "ports/libreoffice/uno/Errors.h"
 #include "ports/libreoffice/uno/Properties.h"
 #include "ports/libreoffice/uno/WeakImplHelper.h"
+#include "protocol/DocumentFormat.h"
 
 namespace huebrush::libreoffice {
 
@@ -30,23 +27,6 @@ namespace css = com::sun::star;
 namespace {
 
 using base::text;
-
-/// A format of text documents that hold drawing shapes, by the office's name of its filter.
-struct Format {
-    std::string_view extension;
-    std::string_view filter;
-};
-constexpr std::array<Format, 4> kFormats{{
-    {".odt", "writer8"},
-    {".fodt", "OpenDocument Text Flat XML"},
-    {".docx", "MS Word 2007 XML"},
-    {".doc", "MS Word 97"},
-}};
-
-bool isKnownFilter(std::string_view filter) {
-    return std::any_of(kFormats.begin(), kFormats.end(),
-                       [filter](const Format& format) { return format.filter == filter; });
-}
 
 /// Answers every question of the office by giving up, and remembers whether a password was asked.
 class NobodyThere final : public WeakImplHelper<css::task::XInteractionHandler> {
@@ -75,7 +55,8 @@ rtl::OUString urlOf(const std::string& path) {
 }
 
 css::uno::Reference<css::lang::XComponent> load(const ContextReference& context,
-                                                const std::string& path) {
+                                                const std::string& path, const std::string& name,
+                                                const std::string& url) {
     const auto loader =
         createService<css::frame::XComponentLoader>(context, "com.sun.star.frame.Desktop");
     const rtl::Reference<NobodyThere> nobody(new NobodyThere);
@@ -86,6 +67,7 @@ css::uno::Reference<css::lang::XComponent> load(const ContextReference& context,
             urlOf(path), toOffice("_blank"), 0,
             // Read-only, so that it neither minds nor leaves a lock of the file.
             properties({property("Hidden", css::uno::Any(true)),
+                        property("DocumentBaseURL", css::uno::Any(toOffice(url))),
                         property("ReadOnly", css::uno::Any(true)),
                         property("InteractionHandler", css::uno::Any(handler)),
                         property("MacroExecutionMode",
@@ -93,8 +75,8 @@ css::uno::Reference<css::lang::XComponent> load(const ContextReference& context,
                         property("UpdateDocMode",
                                  css::uno::Any(css::document::UpdateDocMode::NO_UPDATE))}));
     });
-    if (nobody->passwordAsked) throw FileError(text(path, " is protected by a password"));
-    if (!loaded.is()) throw FileError(text(path, " is no document that LibreOffice can open"));
+    if (nobody->passwordAsked) throw FileError(text(name, " is protected by a password"));
+    if (!loaded.is()) throw FileError(text("LibreOffice cannot open the document ", name));
     return loaded;
 }
 
@@ -108,34 +90,37 @@ void close(const css::uno::Reference<css::uno::XInterface>& component) {
 
 }  // namespace
 
-TextDocumentFile::TextDocumentFile(const ContextReference& context, const std::string& path) {
-    const auto component = load(context, path);
+TextDocumentFile::TextDocumentFile(const ContextReference& context, const std::string& path,
+                                   const std::string& name, const std::string& url)
+    : name_(name) {
+    const auto component = load(context, path, name, url);
     model_.set(component, css::uno::UNO_QUERY);
     if (model_.is()) {
         rtl::OUString filter;
         valueOf(model_->getArgs(), "FilterName") >>= filter;
         filter_ = fromOffice(filter);
     }
-    if (isKnownFilter(filter_)) return;
+    if (protocol::formatOfFilter(filter_) != nullptr) return;
     close(component);
-    throw FileError(text(path, " is no .odt, .fodt, .docx or .doc document"));
+    throw FileError(
+        text(name, " is not a text document with drawing shapes, but \"", filter_, "\""));
 }
 
 TextDocumentFile::~TextDocumentFile() {
     close(model_);
 }
 
-void TextDocumentFile::storeTo(const std::string& path) const {
-    std::string_view filter = filter_;
-    const std::string extension = std::filesystem::path(path).extension();
-    for (const Format& format : kFormats) {
-        if (format.extension == extension) filter = format.filter;
+void TextDocumentFile::storeTo(const std::string& path, const std::string& filter) const {
+    if (filter.empty() && !protocol::formatOfFilter(filter_)->isStored) {
+        throw FileError(text("documents such as ", name_, " cannot be written; specify an output ",
+                             "that ends in one of ", protocol::storedEndings()));
     }
+    const rtl::OUString format = toOffice(filter.empty() ? filter_ : filter);
     try {
         const css::uno::Reference<css::frame::XStorable> storable(model_,
                                                                   css::uno::UNO_QUERY_THROW);
         storable->storeToURL(urlOf(path),
-                             properties({property("FilterName", css::uno::Any(toOffice(filter)))}));
+                             properties({property("FilterName", css::uno::Any(format))}));
     } catch (const css::uno::Exception&) {
         throw FileError(
             text("LibreOffice cannot store the result: ", currentHostError().description()));

@@ -18,9 +18,11 @@ class FileError : public std::runtime_error {
 /// macros do not run, its links are not followed, and nobody is asked anything.
 class TextDocumentFile {
  public:
-    /// FileError for what is no text document that can hold drawing shapes, what is protected by a
-    /// password, or cannot be read.
-    TextDocumentFile(const ContextReference& context, const std::string& path);
+    /// `name` is what messages call the document, `url` where it really lies: what links in it are
+    /// relative to. FileError for what is no text document that can hold drawing shapes, what is
+    /// protected by a password, or cannot be read.
+    TextDocumentFile(const ContextReference& context, const std::string& path,
+                     const std::string& name, const std::string& url);
     TextDocumentFile(const TextDocumentFile&) = delete;
     TextDocumentFile& operator=(const TextDocumentFile&) = delete;
     ~TextDocumentFile();
@@ -29,11 +31,12 @@ class TextDocumentFile {
         return model_;
     }
 
-    /// Stores a copy in the format that the path's extension names, or else in the document's own.
-    void storeTo(const std::string& path) const;
+    /// Stores a copy by a filter of the office, or in the document's own format when it is empty.
+    void storeTo(const std::string& path, const std::string& filter) const;
 
  private:
     com::sun::star::uno::Reference<com::sun::star::frame::XModel> model_;
+    std::string name_;
     std::string filter_;
 };
 

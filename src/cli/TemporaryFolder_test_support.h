@@ -1,17 +1,23 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
+#include <cstdlib>
 #include <filesystem>
+#include <string>
 
 namespace huebrush::cli {
 
-/// A new folder that only this user can enter, removed with all that is in it at the end.
+/// A new folder, removed with all that is in it at the end.
 class TemporaryFolder {
  public:
-    /// Failure when it cannot be made.
-    TemporaryFolder();
+    TemporaryFolder() {
+        std::string name = ::testing::TempDir() + "huebrush-XXXXXX";
+        path_ = ::mkdtemp(name.data());
+    }
     TemporaryFolder(const TemporaryFolder&) = delete;
     TemporaryFolder& operator=(const TemporaryFolder&) = delete;
-    ~TemporaryFolder();
+    ~TemporaryFolder() { std::filesystem::remove_all(path_); }
 
     const std::filesystem::path& path() const { return path_; }
 

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <sys/types.h>
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "files/Descriptor.h"
+
+namespace huebrush::cli {
+
+/// A new folder that only this user can enter, and a program that works in it with all processes it
+/// starts. Both are gone at the end of this object, and also, moments later, when this process is
+/// killed: they belong to a second process of ours, the keeper, which cleans up as soon as this one
+/// is no longer there, for whatever reason.
+class Keeper {
+ public:
+    /// Failure when the folder cannot be made.
+    Keeper();
+    Keeper(const Keeper&) = delete;
+    Keeper& operator=(const Keeper&) = delete;
+    /// Returns when nothing is left.
+    ~Keeper();
+
+    const std::filesystem::path& folder() const { return folder_; }
+
+    /// Starts a program, without a terminal or a screen, in a process group of its own. Its
+    /// temporary files lie in the folder, too. Once only.
+    void start(const std::vector<std::string>& command);
+    /// Whether the program that was started has ended.
+    bool hasEnded();
+
+ private:
+    void letGo();
+
+    pid_t process_ = -1;
+    files::Descriptor link_;
+    std::filesystem::path folder_;
+    bool ended_ = false;
+};
+
+}  // namespace huebrush::cli

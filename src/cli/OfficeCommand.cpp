@@ -1,0 +1,69 @@
+#include "cli/OfficeCommand.h"
+
+#include <cctype>
+#include <cstdlib>
+#include <sstream>
+#include <string_view>
+
+#include "cli/Failure.h"
+#include "cli/OfficeSearch.h"
+
+namespace huebrush::cli {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string environment(const char* name) {
+    const char* const value = std::getenv(name);
+    return value == nullptr ? "" : value;
+}
+
+fs::path findExtensions() {
+    if (const char* const given = std::getenv("HUEBRUSH_EXTENSIONS")) return fs::absolute(given);
+    std::error_code error;
+    const fs::path program = fs::read_symlink("/proc/self/exe", error);
+    const fs::path folder = program.parent_path();
+    for (const fs::path& place : {folder / "../extension", folder / "../lib/huebrush/extension"}) {
+        if (fs::is_directory(place / "huebrush", error)) return fs::canonical(place);
+    }
+    throw Failure("the LibreOffice extension is missing beside the program: " + folder.string());
+}
+
+}  // namespace
+
+Installation findInstallation() {
+    return {findOffice({environment("HUEBRUSH_OFFICE"), environment("PATH")}), findExtensions()};
+}
+
+std::string fileUrl(const fs::path& path) {
+    constexpr std::string_view kPlain = "/-_.~";
+    std::ostringstream url;
+    url << "file://" << std::hex << std::uppercase;
+    for (const char character : path.string()) {
+        const auto byte = static_cast<unsigned char>(character);
+        const bool isPlain = (byte < 0x80 && std::isalnum(byte) != 0) ||
+                             kPlain.find(character) != std::string_view::npos;
+        if (isPlain) {
+            url << character;
+        } else {
+            url << '%' << (byte >> 4U) << (byte & 0xFU);
+        }
+    }
+    return url.str();
+}
+
+std::vector<std::string> officeCommand(const Installation& installation, const fs::path& profile,
+                                       const std::vector<std::string>& arguments) {
+    std::vector<std::string> command{installation.office.string(),
+                                     "--headless",
+                                     "--norestore",
+                                     "--nologo",
+                                     "--nodefault",
+                                     "-env:UserInstallation=" + fileUrl(profile),
+                                     "-env:BUNDLED_EXTENSIONS=" + fileUrl(installation.extensions)};
+    command.insert(command.end(), arguments.begin(), arguments.end());
+    return command;
+}
+
+}  // namespace huebrush::cli
