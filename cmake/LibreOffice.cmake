@@ -8,6 +8,9 @@ if(NOT EXISTS ${LIBREOFFICE_ROOT}/sdk/bin/cppumaker)
     "run tools/install-packages.sh, or configure with HUEBRUSH_LIBREOFFICE=OFF")
 endif()
 
+file(STRINGS ${LIBREOFFICE_ROOT}/sdk/settings/dk.mk LIBREOFFICE_VERSION REGEX "^SDKVERSION=")
+string(REPLACE "SDKVERSION=" "" LIBREOFFICE_VERSION "${LIBREOFFICE_VERSION}")
+
 if(NOT EXISTS ${LIBREOFFICE_HEADERS}/done)
   file(MAKE_DIRECTORY ${LIBREOFFICE_HEADERS})
   execute_process(

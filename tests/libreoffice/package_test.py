@@ -1,0 +1,69 @@
+"""The extension's package: the office's extension manager takes it, and an office older than the one
+that it was built with refuses it."""
+
+import os
+import pathlib
+import re
+import shutil
+import subprocess
+import tempfile
+import unittest
+import zipfile
+
+PACKAGE = pathlib.Path(os.environ["HUEBRUSH_PACKAGE"])
+UNOPKG = os.environ["HUEBRUSH_UNOPKG"]
+IDENTIFIER = "cz.huebrush.extension"
+DESCRIPTION = "description.xml"
+NOBODY = 65534
+
+
+class Package(unittest.TestCase):
+    def setUp(self):
+        self.folder = pathlib.Path(tempfile.mkdtemp(prefix="huebrush-package-"))
+        self.addCleanup(shutil.rmtree, self.folder, True)
+        self.package = self.folder / PACKAGE.name
+        shutil.copy(PACKAGE, self.package)
+
+    def unopkg(self, command, *arguments):
+        # The extension manager refuses root.
+        user = {"user": NOBODY, "group": NOBODY, "extra_groups": []} if os.getuid() == 0 else {}
+        if user:
+            for path in (self.folder, *self.folder.rglob("*")):
+                os.chown(path, NOBODY, NOBODY)
+        return subprocess.run(
+            [UNOPKG, command, f"-env:UserInstallation={(self.folder / 'profile').as_uri()}",
+             *arguments], env=dict(os.environ, HOME=str(self.folder)), text=True, timeout=120,
+            stdout=subprocess.PIPE, stderr=subprocess.STDOUT, check=False, **user)
+
+    def demand(self, version):
+        """Has the package ask for that version of the office."""
+        wanted = self.folder / "other.oxt"
+        with zipfile.ZipFile(PACKAGE) as source, zipfile.ZipFile(wanted, "w") as target:
+            for item in source.infolist():
+                data = source.read(item)
+                if item.filename == DESCRIPTION:
+                    data, count = re.subn(rb'(minimal-version value=)"[0-9.]+"',
+                                          rb'\1"' + version.encode() + b'"', data)
+                    self.assertEqual(count, 1)
+                target.writestr(item, data)
+        return wanted
+
+    def is_installed(self):
+        return IDENTIFIER in self.unopkg("list").stdout
+
+    def test_the_extension_manager_installs_and_removes_it(self):
+        done = self.unopkg("add", str(self.package))
+        self.assertEqual(done.returncode, 0, done.stdout)
+        self.assertTrue(self.is_installed())
+        done = self.unopkg("remove", IDENTIFIER)
+        self.assertEqual(done.returncode, 0, done.stdout)
+        self.assertFalse(self.is_installed())
+
+    def test_an_older_office_refuses_it(self):
+        done = self.unopkg("add", str(self.demand("99.8")))
+        self.assertNotEqual(done.returncode, 0)
+        self.assertFalse(self.is_installed())
+
+
+if __name__ == "__main__":
+    unittest.main(verbosity=2)
