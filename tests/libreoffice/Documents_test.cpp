@@ -487,6 +487,23 @@ TEST_F(DocumentsTest, OfficeNamesAreTakenButNeverWritten) {
     EXPECT_EQ(nameOf(unnamed), "");
 }
 
+TEST_F(DocumentsTest, AMemberTakesNoNameOfAShapeAtTheTopLevel) {
+    const auto named = [](const ShapeReference& shape, const char* text) {
+        Reference<css::container::XNamed>(shape, UNO_QUERY_THROW)
+            ->setName(libreoffice::toOffice(text));
+        return shape;
+    };
+    groupShapes(open.model(), {named(addRectangle(open.model(), kRed), "Dům"),
+                               named(addRectangle(open.model(), kGreen), "Strom")});
+    named(addRectangle(open.model(), kBlue), "Dům");
+    const auto members = shape(0)->GroupItems();
+    EXPECT_EQ(members->Item(2)->Name(), "Strom");
+    EXPECT_NE(members->Item(1)->Name(), "Dům");
+    EXPECT_EQ(shape(1)->Name(), "Dům");
+    EXPECT_EQ(document()->Shapes()->Range({"Dům"})->Item(1)->Fill().ForeColorRGB(), kBlue);
+    EXPECT_EQ(document()->Shapes()->Range({"Strom"})->Item(1)->Fill().ForeColorRGB(), kGreen);
+}
+
 TEST_F(DocumentsTest, NamesAreTheSameWhenNobodyHasHeldTheShape) {
     for (int i = 0; i < 5; ++i) {
         Reference<css::container::XNamed>(addRectangle(open.model(), kRed), UNO_QUERY_THROW)
@@ -597,6 +614,23 @@ TEST_F(DocumentsTest, InAHandlerAFillIsToldAtOnceUntilEventsRun) {
     setProperty(rectangle, "FillColor", base::swapRedAndBlue(kGreen));
     documents.snapshot()->invalidate();
     EXPECT_EQ(one->Fill().known()->ForeColorRGB, kGreen);
+}
+
+TEST_F(DocumentsTest, InAHandlerAGroupAnswersForMembersThatAreStillToBeWritten) {
+    groupShapes(open.model(), {addRectangle(open.model(), kRed), addRectangle(open.model(), kRed)});
+    groupShapes(open.model(), {addRectangle(open.model(), kRed), addRectangle(open.model(), kRed)});
+    const HandlerScope handler(documents.snapshot());
+    const auto group = shape(0);
+    const auto other = shape(1);
+    EXPECT_EQ(group->Fill().ForeColorRGB(), kRed);
+    const auto member = group->GroupItems()->Item(2);
+    const auto undo = document()->undoGroup("Test");
+    member->Fill().setForeColorRGB(kGreen);
+    EXPECT_EQ(group->Fill().ForeColorRGB(), host::kMixed);
+    EXPECT_EQ(other->Fill().ForeColorRGB(), kRed);
+    group->Fill().setForeColorRGB(kBlue);
+    EXPECT_EQ(member->Fill().ForeColorRGB(), kBlue);
+    EXPECT_EQ(group->Fill().ForeColorRGB(), kBlue);
 }
 
 TEST_F(DocumentsTest, OutsideHandlersEveryReadIsLive) {

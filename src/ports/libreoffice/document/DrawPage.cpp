@@ -28,12 +28,13 @@ ShapeReference DrawPage::at(std::int32_t index) const {
     return {objects_->getByIndex(index), UNO_QUERY_THROW};
 }
 
-std::int32_t DrawPage::indexOf(const ShapeReference& shape) const {
+std::int32_t DrawPage::indexOf(const ShapeReference& shape, std::int32_t last) const {
+    const std::int32_t all = count();
+    if (last < all && at(last) == shape) return last;
     // Writer leaves the text frames of shapes out when it counts.
     sal_Int32 index = 0;
     Reference<css::beans::XPropertySet>(shape, UNO_QUERY_THROW)->getPropertyValue("ZOrder") >>=
         index;
-    const std::int32_t all = count();
     while (index < all - 1 && at(index) != shape) ++index;
     return index;
 }

@@ -30,8 +30,8 @@ class DrawPage {
     /// Visits all objects in the page's order.
     void visit(const Visitor& visitor) const;
     ShapeReference at(std::int32_t index) const;
-    /// The number of an object on the page.
-    std::int32_t indexOf(const ShapeReference& shape) const;
+    /// The number of an object on the page; found at once where it is still `last`.
+    std::int32_t indexOf(const ShapeReference& shape, std::int32_t last) const;
 
     const com::sun::star::uno::Reference<com::sun::star::drawing::XDrawPage>& page() const {
         return page_;

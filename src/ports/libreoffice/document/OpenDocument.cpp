@@ -1,5 +1,6 @@
 #include "ports/libreoffice/document/OpenDocument.h"
 
+#include <algorithm>
 #include <com/sun/star/document/XUndoManagerSupplier.hpp>
 #include <com/sun/star/frame/XStorable.hpp>
 #include <com/sun/star/util/XModifiable.hpp>
@@ -18,8 +19,19 @@ using css::uno::UNO_QUERY_THROW;
 
 namespace {
 
-/// From so many writes on it pays to walk all shapes and let go of each after its write.
-constexpr std::size_t kManyWrites = 48;
+/// From so many writes on it pays to walk all shapes and let go of them. How many are held does not
+/// matter: what they add to each write and what it takes to let go of them both grow with it.
+constexpr std::size_t kManyWrites = 512;
+
+ShapeLine lineOfShape(const ShapeKind& kind, const ShapeReference& shape) {
+    return kind.canHaveLine ? readLine(shape) : ShapeLine();
+}
+
+/// As the comparison of their texts, which takes longer.
+bool differ(const OfficeFill& a, const OfficeFill& b) {
+    return a.style != b.style || a.color != b.color || a.transparence != b.transparence ||
+           toText(a) != toText(b);
+}
 
 }  // namespace
 
@@ -110,10 +122,8 @@ void OpenDocument::readFillOf(ShapeNode& node) {
     try {
         officeCalls([&] {
             if (node.kind.isGroup()) {
-                std::vector<NodePointer> leaves;
-                collectLeaves(node.shared_from_this(), leaves);
                 node.fill = {};
-                node.fill.host = commonFillOf(leaves);
+                node.fill.host = commonFillIn(node);
                 node.fillRead = snapshot_->generation();
             } else {
                 readFromShape(node, tree().shapeOf(node));
@@ -131,13 +141,9 @@ void OpenDocument::readLineOf(ShapeNode& node) {
         officeCalls([&] {
             tree().checkAlive(node);
             if (node.kind.isGroup()) {
-                node.line = commonLineOf(node.shared_from_this());
-            } else if (!node.kind.canHaveLine) {
-                node.line = {};
-            } else if (node.shape.is()) {
-                node.line = readLine(node.shape);
+                node.line = commonLineIn(node);
             } else {
-                readAllLines();
+                node.line = lineOfShape(node.kind, tree().shapeOf(node));
             }
         });
     } catch (const base::Error& error) {
@@ -146,23 +152,13 @@ void OpenDocument::readLineOf(ShapeNode& node) {
     node.lineRead = snapshot_->generation();
 }
 
-/// Of a shape that is known by its place, the others' lines are likely to be asked for, too.
-void OpenDocument::readAllLines() {
-    tree().visitAll([this](ShapeNode& node, const ShapeReference& shape) {
-        if (node.kind.isGroup() || !node.kind.canHaveLine) return;
-        node.lineError.reset();
-        node.line = readLine(shape);
-        node.lineRead = snapshot_->generation();
+ShapeLine OpenDocument::commonLineIn(ShapeNode& group) {
+    std::optional<ShapeLine> common;
+    tree().visitLeaves(group, [&](const ShapeKind& kind, const ShapeReference& shape) {
+        const ShapeLine line = lineOfShape(kind, shape);
+        common = common ? commonLine(*common, line) : line;
     });
-}
-
-ShapeLine OpenDocument::commonLineOf(const NodePointer& group) {
-    std::vector<NodePointer> leaves;
-    collectLeaves(group, leaves);
-    if (leaves.empty()) return {};
-    ShapeLine line = lineOf(*leaves.front());
-    for (const NodePointer& leaf : leaves) line = commonLine(line, lineOf(*leaf));
-    return line;
+    return common.value_or(ShapeLine());
 }
 
 void OpenDocument::collectLeaves(const NodePointer& node, std::vector<NodePointer>& leaves) {
@@ -178,6 +174,21 @@ void OpenDocument::collectLeaves(const NodePointer& node, std::vector<NodePointe
 const host::FillProperties& OpenDocument::keep(const HostFill& fill) {
     if (stamp() == 0) pool_.clear();
     return pool_.keep(fill);
+}
+
+HostFill OpenDocument::commonFillIn(ShapeNode& group) {
+    // What is still to be written is known of the nodes alone.
+    if (tree().isEntered(group) || !writes_.empty()) {
+        std::vector<NodePointer> leaves;
+        collectLeaves(group.shared_from_this(), leaves);
+        return commonFillOf(leaves);
+    }
+    CommonFill common;
+    tree().visitLeaves(group, [&](const ShapeKind& kind, const ShapeReference& shape) {
+        common.add(kind.canHaveFill ? knownFillOf(readFill(shape), shape, tables()).host
+                                    : HostFill());
+    });
+    return common.value();
 }
 
 HostFill OpenDocument::commonFillOf(const std::vector<NodePointer>& nodes) {
@@ -226,7 +237,8 @@ void OpenDocument::changeFill(const NodePointer& leaf, const FillEdit& edit,
         writes_[queued->second].wanted = fill;
     } else {
         writeOf_[leaf.get()] = writes_.size();
-        writes_.push_back({leaf, {leaf->fill.office, leaf->memory}, fill});
+        writes_.push_back(
+            {leaf, ShapeTree::placeOf(*leaf), {leaf->fill.office, leaf->memory}, fill});
     }
     leaf->fill = {wanted, target.office, std::nullopt};
     if (target.remembered) leaf->fill.hidden = target.remembered->hidden;
@@ -266,24 +278,28 @@ void OpenDocument::lockUntilGenerationEnds() {
 }
 
 void OpenDocument::writeEach(std::vector<Write>& writes) {
-    for (Write& one : writes) {
+    std::vector<Write*> inOrder;
+    inOrder.reserve(writes.size());
+    for (Write& one : writes) inOrder.push_back(&one);
+    // The members of a group one after the other: finding the group costs as much as a write.
+    std::sort(inOrder.begin(), inOrder.end(),
+              [](const Write* a, const Write* b) { return a->place < b->place; });
+    for (Write* const one : inOrder) {
         try {
-            officeCalls([&] { write(one, tree().shapeOf(*one.node)); });
+            officeCalls([&] { write(*one, tree().shapeOf(*one->node)); });
         } catch (const base::Error& error) {
-            one.node->fillError = error;
+            one->node->fillError = error;
         }
     }
 }
 
 void OpenDocument::write(Write& one, const ShapeReference& shape) {
-    const bool changes =
-        toText(one.now.office) != toText(one.wanted.office) || one.now.memory != one.wanted.memory;
-    if (!changes) return;
+    if (!differ(one.now.office, one.wanted.office) && one.now.memory == one.wanted.memory) return;
     keepBitmap(one.now, shape, tables());
     writeFill(shape, one.now, one.wanted, tables());
     if (undoGroups_ == 0) return;
     FillChange change;
-    change.place = placeOf(*one.node, shape);
+    change.place = placeOf(one, shape);
     change.type = one.node->kind.type;
     change.before = std::move(one.now);
     change.after = std::move(one.wanted);
@@ -291,14 +307,15 @@ void OpenDocument::write(Write& one, const ShapeReference& shape) {
 }
 
 /// The shape's place: known from a walk of this handler, else by its number in the page's order.
-std::vector<std::int32_t> OpenDocument::placeOf(ShapeNode& node, const ShapeReference& shape) {
+std::vector<std::int32_t> OpenDocument::placeOf(const Write& one, const ShapeReference& shape) {
+    const ShapeNode& node = *one.node;
     std::vector<std::int32_t> place = ShapeTree::placeOf(node);
     if (snapshot_->isCurrent(node.placed)) return place;
     ShapeReference top = shape;
     for (ShapeNode* group = node.parent.get(); group != nullptr; group = group->parent.get()) {
         if (!group->parent) top = tree().shapeOf(*group);
     }
-    place.front() = tree().page().indexOf(top);
+    place.front() = tree().page().indexOf(top, place.front());
     return place;
 }
 

@@ -115,6 +115,8 @@ class OpenDocument : public std::enable_shared_from_this<OpenDocument> {
     struct Parts;
     struct Write {
         NodePointer node;
+        /// Where the node says that it stands.
+        std::vector<std::int32_t> place;
         ShapeFill now;
         ShapeFill wanted;
     };
@@ -126,13 +128,13 @@ class OpenDocument : public std::enable_shared_from_this<OpenDocument> {
     [[noreturn]] static void throwClosed();
     void readFillOf(ShapeNode& node);
     void readLineOf(ShapeNode& node);
-    void readAllLines();
-    ShapeLine commonLineOf(const NodePointer& group);
+    ShapeLine commonLineIn(ShapeNode& group);
+    HostFill commonFillIn(ShapeNode& group);
     void readFromShape(ShapeNode& node, const ShapeReference& shape);
     void changeFill(const NodePointer& leaf, const FillEdit& edit, const std::string& userPicture);
     void write(Write& one, const ShapeReference& shape);
     void writeEach(std::vector<Write>& writes);
-    std::vector<std::int32_t> placeOf(ShapeNode& node, const ShapeReference& shape);
+    std::vector<std::int32_t> placeOf(const Write& one, const ShapeReference& shape);
     void endUndoGroup(const std::string& title);
     void selectInWindow(const std::vector<NodePointer>& nodes);
     void lockUntilGenerationEnds();

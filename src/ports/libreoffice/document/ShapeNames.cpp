@@ -20,7 +20,8 @@ constexpr std::string_view kUnnamed = "Tvar";
 const std::string& ShapeNames::nameOf(ShapeNode& node) {
     if (node.name.empty()) {
         const HandlerScope scope(snapshot_);
-        giveAll();
+        giveTopLevel();
+        if (node.name.empty()) giveAll();
     }
     if (node.name.empty()) throwDeleted();
     return node.name;
@@ -54,7 +55,9 @@ NodePointer ShapeNames::given(const std::string& name) const {
 }
 
 void ShapeNames::give(ShapeNode& node, const ShapeReference& shape) {
-    if (node.name.empty()) giveUnique(node, ownNameOf(shape));
+    if (!node.name.empty()) return;
+    if (node.parent) giveTopLevel();
+    giveUnique(node, ownNameOf(shape));
 }
 
 void ShapeNames::giveUnique(ShapeNode& node, const std::string& own) {
@@ -71,6 +74,12 @@ void ShapeNames::giveUnique(ShapeNode& node, const std::string& own) {
     while (given(name)) name += "′";
     node.name = name;
     given_[name] = node.weak_from_this();
+}
+
+void ShapeNames::giveTopLevel() {
+    for (const NodePointer& node : tree_.topLevel()) {
+        if (node->name.empty()) give(*node, tree_.shapeOf(*node));
+    }
 }
 
 void ShapeNames::giveAll() {

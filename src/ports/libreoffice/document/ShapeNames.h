@@ -10,17 +10,18 @@
 namespace huebrush::libreoffice {
 
 /// The names that a document's shapes are known by here. They are unique; a name of the office's
-/// own is taken as it is for the first shape that has it, else the shape's place makes it unique. A
-/// name lasts as long as its node, whatever other shapes come and go, and a new node at the same
-/// place gets the same. The office's own names are never changed.
+/// own is taken as it is for the first shape that has it, those at the top level before members of
+/// groups, else the shape's place makes it unique. A name lasts as long as its node, whatever other
+/// shapes come and go, and a new node at the same place gets the same. The office's own names are
+/// never changed.
 class ShapeNames {
  public:
     ShapeNames(ShapeTree& tree, std::shared_ptr<Snapshot> snapshot)
         : tree_(tree), snapshot_(std::move(snapshot)) {}
 
-    /// The name of a shape; given to it, and to all others, when one is first asked for.
+    /// The name of a shape; given to it, and to others, when one is first asked for.
     const std::string& nameOf(ShapeNode& node);
-    /// Gives a shape its name, if it has none. REQUIRES: called in a walk over all shapes.
+    /// Gives a shape its name, if it has none. REQUIRES: called in a walk over the shapes.
     void give(ShapeNode& node, const ShapeReference& shape);
     /// Forgets the names of what is gone.
     void forgetDead();
@@ -31,6 +32,7 @@ class ShapeNames {
  private:
     NodePointer given(const std::string& name) const;
     void giveUnique(ShapeNode& node, const std::string& own);
+    void giveTopLevel();
     void giveAll();
     static std::string ownNameOf(const ShapeReference& shape);
 

@@ -53,8 +53,10 @@ class ShapeNode : public std::enable_shared_from_this<ShapeNode> {
     ShapeLine line;
     std::optional<base::Error> lineError;
 
-    /// A group's members, while the structure is current that lists them.
+    /// A group's members, and when they were placed; while the structure is current that lists
+    /// them.
     std::vector<NodePointer> members;
+    Snapshot::Generation entered = Snapshot::kNever;
 };
 
 }  // namespace huebrush::libreoffice

@@ -32,6 +32,20 @@ Reference<css::container::XIndexAccess> membersOfGroup(const ShapeReference& gro
     return {group, UNO_QUERY_THROW};
 }
 
+void visitLeavesOf(const ShapeReference& group, const ShapeTree::LeafVisitor& visitor) {
+    const auto members = membersOfGroup(group);
+    const std::int32_t count = members->getCount();
+    for (std::int32_t index = 0; index < count; ++index) {
+        const ShapeReference member = memberAt(members, index);
+        const ShapeKind kind = kindOf(member);
+        if (kind.isGroup()) {
+            visitLeavesOf(member, visitor);
+        } else if (kind.isShape) {
+            visitor(kind, member);
+        }
+    }
+}
+
 }  // namespace
 
 void throwDeleted() {
@@ -74,7 +88,10 @@ void ShapeTree::collect(const NodePointer& node, std::vector<NodePointer>& out) 
 }
 
 std::vector<NodePointer> ShapeTree::membersOf(const NodePointer& group) {
-    if (snapshot_->isCurrent(group->placed)) return group->members;
+    if (snapshot_->isCurrent(group->placed)) {
+        if (!isEntered(*group)) enter(group, shapeOf(*group), reader_);
+        return group->members;
+    }
     std::vector<NodePointer> result;
     const auto members = membersOfGroup(shapeOf(*group));
     const std::int32_t count = members->getCount();
@@ -120,13 +137,23 @@ NodePointer ShapeTree::holderOf(const ShapeReference& shape) const {
 ShapeReference ShapeTree::shapeOf(ShapeNode& node) {
     if (!node.shape.is()) {
         if (!snapshot_->isCurrent(node.placed)) throwDeleted();
-        if (node.parent) {
-            return memberAt(membersOfGroup(shapeOf(*node.parent)), node.index);
-        }
-        return page_.at(node.index);
+        return node.parent ? memberOf(*node.parent, node.index) : page_.at(node.index);
     }
     checkAlive(node);
     return node.shape;
+}
+
+ShapeReference ShapeTree::memberOf(ShapeNode& group, std::int32_t index) {
+    const auto known = std::find_if(way_.begin(), way_.end(),
+                                    [&](const GroupOnWay& on) { return on.group.get() == &group; });
+    if (known != way_.end()) {
+        way_.erase(known + 1, way_.end());
+    } else {
+        const auto members = membersOfGroup(shapeOf(group));
+        while (!way_.empty() && way_.back().group != group.parent) way_.pop_back();
+        way_.push_back({group.shared_from_this(), members});
+    }
+    return memberAt(way_.back().members, index);
 }
 
 void ShapeTree::checkAlive(ShapeNode& node) {
@@ -136,15 +163,23 @@ void ShapeTree::checkAlive(ShapeNode& node) {
 bool ShapeTree::isAlive(ShapeNode& node) {
     if (snapshot_->isCurrent(node.placed) || snapshot_->isCurrent(node.alive)) return true;
     if (!node.shape.is()) return false;
+    // A member is looked for where it stood before it is asked where it stands: that costs less.
+    if (!(node.parent && isMember(node)) && !isFoundByParent(node)) return false;
+    node.alive = snapshot_->generation();
+    return true;
+}
+
+bool ShapeTree::isFoundByParent(ShapeNode& node) {
     const Parent parent = parentOf(node.shape);
     if (parent.isPage) {
         node.parent.reset();
-    } else {
-        if (parent.group.is()) node.parent = nodeOf(parent.group);
-        if (!(node.parent && isMember(node)) && !isFoundOnWalk(node)) return false;
+        return true;
     }
-    node.alive = snapshot_->generation();
-    return true;
+    if (parent.group.is()) {
+        node.parent = nodeOf(parent.group);
+        if (node.parent && isMember(node)) return true;
+    }
+    return isFoundOnWalk(node);
 }
 
 bool ShapeTree::isMember(ShapeNode& node) {
@@ -164,7 +199,7 @@ bool ShapeTree::isMember(ShapeNode& node) {
 /// The last resort: one walk finds all nodes that are anywhere.
 bool ShapeTree::isFoundOnWalk(ShapeNode& node) {
     const HandlerScope scope(snapshot_);
-    if (!isStructureCurrent()) walk({});
+    visitAll([](ShapeNode&, const ShapeReference&) {});
     return snapshot_->isCurrent(node.placed);
 }
 
@@ -184,8 +219,12 @@ void ShapeTree::walk(const Visitor& reader) {
 }
 
 void ShapeTree::forgetStructure() {
-    for (const NodePointer& group : groups_) group->members.clear();
+    for (const NodePointer& group : groups_) {
+        group->members.clear();
+        group->entered = Snapshot::kNever;
+    }
     groups_.clear();
+    way_.clear();
     topLevel_.clear();
     structureRead_ = Snapshot::kNever;
 }
@@ -215,13 +254,12 @@ NodePointer ShapeTree::place(const ShapeReference& shape, const NodePointer& par
     // Outside a handler there is no structure to find it again.
     if (!node->shape.is() && node->placed == Snapshot::kNever) hold(*node, shape);
     if (reader && node->placed != Snapshot::kNever) reader(*node, shape);
-    if (node->kind.isGroup()) placeMembers(node, shape, reader);
     return node;
 }
 
-void ShapeTree::placeMembers(const NodePointer& group, const ShapeReference& shape,
-                             const Visitor& reader) {
-    if (group->placed == Snapshot::kNever) return;
+/// Places the members of a group that is placed itself.
+void ShapeTree::enter(const NodePointer& group, const ShapeReference& shape,
+                      const Visitor& reader) {
     const auto members = membersOfGroup(shape);
     const std::int32_t count = members->getCount();
     group->members.clear();
@@ -230,29 +268,39 @@ void ShapeTree::placeMembers(const NodePointer& group, const ShapeReference& sha
             group->members.push_back(std::move(member));
         }
     }
+    group->entered = group->placed;
     groups_.push_back(group);
 }
 
 void ShapeTree::visitAll(const Visitor& visitor) {
-    if (!isStructureCurrent()) {
-        walk(visitor);
-        return;
-    }
+    if (!isStructureCurrent()) walk({});
+    visit(Groups::all, visitor);
+}
+
+void ShapeTree::visit(Groups groups, const Visitor& visitor) {
     for (const NodePointer& node : topLevel_) {
         const ShapeReference shape = page_.at(node->index);
         visitor(*node, shape);
-        if (node->kind.isGroup()) visitMembers(*node, shape, visitor);
+        if (node->kind.isGroup()) visitMembers(groups, node, shape, visitor);
     }
 }
 
-void ShapeTree::visitMembers(const ShapeNode& group, const ShapeReference& shape,
+void ShapeTree::visitMembers(Groups groups, const NodePointer& group, const ShapeReference& shape,
                              const Visitor& visitor) {
+    if (!isEntered(*group)) {
+        if (groups == Groups::entered) return;
+        enter(group, shape, {});
+    }
     const auto members = membersOfGroup(shape);
-    for (const NodePointer& node : group.members) {
+    for (const NodePointer& node : group->members) {
         const ShapeReference member = memberAt(members, node->index);
         visitor(*node, member);
-        if (node->kind.isGroup()) visitMembers(*node, member, visitor);
+        if (node->kind.isGroup()) visitMembers(groups, node, member, visitor);
     }
+}
+
+void ShapeTree::visitLeaves(ShapeNode& group, const LeafVisitor& visitor) {
+    visitLeavesOf(shapeOf(group), visitor);
 }
 
 std::vector<std::int32_t> ShapeTree::placeOf(const ShapeNode& node) {
@@ -267,7 +315,7 @@ std::vector<std::int32_t> ShapeTree::placeOf(const ShapeNode& node) {
 void ShapeTree::letGo() {
     if (holders_.size() <= kFewHolders) return;
     if (snapshot_->generation() == Snapshot::kNever) return;
-    if (!isStructureCurrent()) walk({});
+    visitAll([](ShapeNode&, const ShapeReference&) {});
     // The office looks for each listener that leaves from the oldest on, and gives the place left
     // last to the next one: so the youngest leave first.
     letGo(topLevel_);
@@ -288,7 +336,7 @@ void ShapeTree::letGo(const std::vector<NodePointer>& nodes) {
 /// Takes hold of everything in a current structure.
 void ShapeTree::holdStructure() {
     if (!isStructureCurrent()) return;
-    visitAll([this](ShapeNode& node, const ShapeReference& shape) {
+    visit(Groups::entered, [this](ShapeNode& node, const ShapeReference& shape) {
         if (!node.shape.is()) hold(node, shape);
     });
 }
@@ -297,11 +345,11 @@ void ShapeTree::holdStructure() {
 void ShapeTree::holdUsed() {
     std::unordered_set<ShapeNode*> used;
     const std::function<bool(const NodePointer&)> collectUsed = [&](const NodePointer& node) {
-        // The structure's own references to a node: its place in a list, and for a group one of
-        // each member and one of the list of groups.
+        // The structure's own references to a node: its place in a list, and for a group that has
+        // been entered one of each member and one of the list of groups.
         long own = 1;
         bool isUsed = false;
-        if (node->kind.isGroup()) {
+        if (isEntered(*node)) {
             own += 1 + static_cast<long>(node->members.size());
             for (const NodePointer& member : node->members) isUsed |= collectUsed(member);
         }
@@ -311,12 +359,13 @@ void ShapeTree::holdUsed() {
     };
     for (const NodePointer& node : topLevel_) collectUsed(node);
     if (used.empty()) return;
-    visitAll([&](ShapeNode& node, const ShapeReference& shape) {
+    visit(Groups::entered, [&](ShapeNode& node, const ShapeReference& shape) {
         if (used.contains(&node)) hold(node, shape);
     });
 }
 
 void ShapeTree::endGeneration() {
+    way_.clear();
     if (isStructureCurrent()) holdUsed();
     forgetStructure();
 }

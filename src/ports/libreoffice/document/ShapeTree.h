@@ -23,15 +23,18 @@ class ShapeTree {
 
     ShapeTree(const DrawPage::Model& model, std::shared_ptr<Snapshot> snapshot, Visitor reader);
 
-    /// All top-level shapes, in the page's order. Inside a handler the tree is walked once, with
-    /// all groups, and the reader called for each shape.
+    /// All top-level shapes, in the page's order. Inside a handler the page is walked once, and the
+    /// reader called for each; a group is entered when its members are asked for.
     std::vector<NodePointer> topLevel();
     /// Their number; while the number of the page's objects stays, it is not counted anew.
     std::int32_t count();
     /// All shapes in depth-first order, groups before their members. Walks the tree.
     std::vector<NodePointer> all();
 
+    /// A group's members. Inside a handler they are placed once, and the reader called for each.
     std::vector<NodePointer> membersOf(const NodePointer& group);
+    /// Whether the members of this group, and what is current of them, are known.
+    bool isEntered(const ShapeNode& group) const { return snapshot_->isCurrent(group.entered); }
 
     /// Puts a new object on the page, in front of all others.
     NodePointer add(const ShapeReference& shape);
@@ -44,9 +47,13 @@ class ShapeTree {
     /// An error when the shape has been deleted.
     void checkAlive(ShapeNode& node);
 
-    /// Walks the current structure; each object is let go after its visit, unless its node holds
-    /// it. REQUIRES: inside a handler.
+    /// Walks the whole tree; each object is let go after its visit, unless its node holds it.
+    /// REQUIRES: inside a handler.
     void visitAll(const Visitor& visitor);
+    /// Visits the objects in a group that are shapes but no groups, down to the last, without their
+    /// nodes: for what is asked of a group as a whole.
+    using LeafVisitor = std::function<void(const ShapeKind& kind, const ShapeReference& shape)>;
+    void visitLeaves(ShapeNode& group, const LeafVisitor& visitor);
     /// The numbers of the groups' members and the page's object on the way to a shape.
     static std::vector<std::int32_t> placeOf(const ShapeNode& node);
 
@@ -68,12 +75,17 @@ class ShapeTree {
     NodePointer nodeAt(const ShapeReference& shape, const NodePointer& parent, std::int32_t index);
     NodePointer place(const ShapeReference& shape, const NodePointer& parent, std::int32_t index,
                       const Visitor& reader);
-    void placeMembers(const NodePointer& group, const ShapeReference& shape, const Visitor& reader);
-    void visitMembers(const ShapeNode& group, const ShapeReference& shape, const Visitor& visitor);
+    void enter(const NodePointer& group, const ShapeReference& shape, const Visitor& reader);
+    enum class Groups { all, entered };
+    void visit(Groups groups, const Visitor& visitor);
+    void visitMembers(Groups groups, const NodePointer& group, const ShapeReference& shape,
+                      const Visitor& visitor);
+    ShapeReference memberOf(ShapeNode& group, std::int32_t index);
     static void letGo(const std::vector<NodePointer>& nodes);
     void holdStructure();
     void holdUsed();
     bool isAlive(ShapeNode& node);
+    bool isFoundByParent(ShapeNode& node);
     bool isMember(ShapeNode& node);
     bool isFoundOnWalk(ShapeNode& node);
     bool hasHeaders() const;
@@ -91,7 +103,15 @@ class ShapeTree {
 
     Snapshot::Generation structureRead_ = Snapshot::kNever;
     std::vector<NodePointer> topLevel_;
+    /// The groups that have been entered.
     std::vector<NodePointer> groups_;
+    /// The groups on the way to the member that was found last by its place: one in the same group,
+    /// or near it, is often next.
+    struct GroupOnWay {
+        NodePointer group;
+        com::sun::star::uno::Reference<com::sun::star::container::XIndexAccess> members;
+    };
+    std::vector<GroupOnWay> way_;
 
     std::int32_t count_ = 0;
     std::int32_t countedObjects_ = -1;
