@@ -209,6 +209,8 @@ Private Sub SelectSample(oDocument As Object)
 	Dim oShapes As Object
 	oShapes = oDocument.DrawPage.createEnumeration()
 	oDocument.CurrentController.select(oShapes.nextElement())
+	' The user has seen it selected before he runs a command.
+	CreateUnoService("com.sun.star.awt.Toolkit").processEventsToIdle()
 End Sub
 
 ' Selects the top-level shapes that are like the first; returns the time of the select call.

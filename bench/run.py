@@ -2,7 +2,7 @@
 """Measures Huebrush beside a Basic macro and a PyUNO script that do the same job, the recolour
 dialog in its window, and the work on palette files beside other readers, and prints tables.
 
-    bench/run.py [--json FILE] [--shapes 250,1000,4000,16000] [--runs 3]
+    bench/run.py [--json FILE] [--shapes 250,1000,4000,16000] [--runs 3] [--documents-only]
 
 All figures come from this machine and this run; each document is measured with all three, one after
 the other. Times are medians in milliseconds, taken inside the office's process.
@@ -27,10 +27,12 @@ from run_peers import PEERS, medians  # noqa: E402
 # Scan and apply are measured in a document without a window, as the program works, and once more
 # in a window, where the dialog does them between two clicks and events run. "its …" is what the
 # office's own calls alone take of the column before.
+# The goals are about those that a peer does, too.
 OPERATIONS = (("scan_ms", "scan"), ("apply_ms", "apply ¼"), ("host_apply_ms", "its writes"),
               ("select_fill_ms", "by fill"), ("host_select_ms", "its select call"),
               ("select_line_ms", "by line"), ("host_select_line_ms", "its select call"),
               ("scan_dialog_ms", "scan, window"), ("apply_dialog_ms", "apply ¼, window"))
+COMPARED = tuple(key for key, _ in OPERATIONS if not key.startswith("host_"))
 FEW, MANY = 8, 2000
 DIALOG_ROWS = (200, 1000)
 PALETTE_ROWS = 200_000
@@ -67,7 +69,7 @@ def renamed_for_window(figures):
 
 
 def make_document(folder, shapes, fills, nested):
-    path = folder / f"{shapes}-{fills}-{'nested' if nested else 'flat'}.fodt"
+    path = folder / f"{shapes}-{fills}-{kind_of(nested)}.fodt"
     arguments = [sys.executable, str(BENCH / "make_document.py"), str(path), "--shapes",
                  str(shapes), "--fills", str(fills)]
     subprocess.run(arguments + (["--nested"] if nested else []), check=True)
@@ -108,34 +110,124 @@ def memory_figures(program):
             for run in json.loads(done.stdout)["benchmarks"]}
 
 
-def goals(all_results, memory, dialogs, palette_figures):
-    """Each goal with its figure, as (text, figure, whether it is met)."""
-    found = []
+def slowest(all_results, key):
+    """The least that a peer takes of our time for an operation, and in which case."""
+    return min((results[peer][key] / results["huebrush"][key], peer, case)
+               for case, results in all_results.items() for peer in PEERS
+               if key in results.get(peer, {}))
 
-    def goal(text, figure, met):
-        found.append({"goal": text, "figure": round(figure, 2), "met": bool(met)})
 
+def growths(all_results, nested, key):
+    """Our time by number of shapes over that of the fewest, each with the office's own writes."""
+    of_kind = {shapes: results["huebrush"] for (shapes, fills, is_nested), results
+               in sorted(all_results.items()) if fills == FEW and is_nested == nested}
+    least = of_kind[min(of_kind)]
+    return [(shapes, figures[key] / least[key], figures["host_apply_ms"] / least["host_apply_ms"])
+            for shapes, figures in of_kind.items()]
+
+
+def kind_of(nested):
+    return "nested" if nested else "flat"
+
+
+def print_growths(all_results):
+    print("\ngrowth of apply ¼ beside the office's own writes (the fewest shapes = 1)")
+    for nested in (False, True):
+        for shapes, ours, writes in growths(all_results, nested, "apply_ms"):
+            print(f"{shapes:8} {kind_of(nested):8}{ours:10.1f}{writes:10.1f}")
+
+
+def verdict(text, figure, met):
+    return {"goal": text, "figure": round(figure, 2), "met": bool(met)}
+
+
+def document_goals(all_results):
+    """Each goal of the work on documents with its figure, and whether it is met."""
     flat = {shapes: results for (shapes, fills, nested), results in all_results.items()
             if fills == FEW and not nested}
     if 4000 in flat:
         for key, factor in (("scan_ms", 10), ("apply_ms", 5)):
             ratio = flat[4000]["basic"][key] / flat[4000]["huebrush"][key]
-            goal(f"{key[:-3]} at 4000 shapes ≥ {factor}× as fast as the Basic macro", ratio,
-                 ratio >= factor)
+            yield verdict(f"{key[:-3]} at 4000 shapes ≥ {factor}× as fast as the Basic macro",
+                          ratio, ratio >= factor)
     if 4000 in flat and 16000 in flat:
         for key in ("scan_ms", "apply_ms"):
             growth = flat[16000]["huebrush"][key] / flat[4000]["huebrush"][key]
-            goal(f"{key[:-3]}: time(16000) / time(4000) ≤ 5", growth, growth <= 5)
+            yield verdict(f"{key[:-3]}: time(16000) / time(4000) ≤ 5", growth, growth <= 5)
     many = all_results.get((16000, MANY, False))
     if many and 16000 in flat:
         ratio = many["huebrush"]["scan_ms"] / flat[16000]["huebrush"]["scan_ms"]
-        goal(f"scan of 16000 shapes: {MANY} fills ≤ 5× the time with {FEW}", ratio, ratio <= 5)
-    own = memory["scan/16000/8"]
-    goal("own logic on the memory host ≤ 1000 ns a shape (16000 shapes, 8 fills)", own,
-         own <= 1000)
+        yield verdict(f"scan of 16000 shapes: {MANY} fills ≤ 5× the time with {FEW}", ratio,
+                      ratio <= 5)
+    yield from macro_goals(all_results)
+
+
+def macro_goals(all_results):
+    """That no operation is slower than a macro's, whatever the document."""
+    titles = dict(OPERATIONS)
+    for key in COMPARED:
+        ratio, peer, (shapes, _, nested) = slowest(all_results, key)
+        yield verdict(f"{titles[key]}: a macro takes ≥ 1× as long "
+                      f"(least: {peer}, {shapes} {kind_of(nested)})", ratio, ratio >= 1)
+    for nested in (False, True):
+        shapes, ratio = max(((shapes, ours / writes) for shapes, ours, writes
+                             in growths(all_results, nested, "apply_ms")), key=lambda one: one[1])
+        yield verdict(f"apply ¼, {kind_of(nested)}: grows ≤ 1× as the office's own writes "
+                      f"(most at {shapes})", ratio, ratio <= 1)
+
+
+def dialog_goals(dialogs):
     for text, figure, limit in dialog.goals(dialogs):
-        goal(f"the dialog: {text}", figure, figure < limit)
-    return found + palettes.verdicts(palette_figures)
+        yield verdict(f"the dialog: {text}", figure, figure < limit)
+
+
+def memory_goals(memory):
+    own = memory["scan/16000/8"]
+    yield verdict("own logic on the memory host ≤ 1000 ns a shape (16000 shapes, 8 fills)", own,
+                  own <= 1000)
+
+
+def measure_documents(sizes, runs, extensions, folder):
+    """The figures of all measurers by document, as (shapes, fills, nested)."""
+    cases = [(size, FEW, nested) for size in sizes for nested in (False, True)]
+    if max(sizes) >= 16000:
+        cases.append((16000, MANY, False))
+    measurers = {"huebrush": huebrush, **PEERS}
+    results = {}
+    for case in cases:
+        shapes, fills, nested = case
+        document = make_document(folder, *case)
+        # Many fills take the macro minutes, and the goal there is about our own growth.
+        measured = measurers if fills == FEW else {"huebrush": huebrush}
+        results[case] = measure(document, runs, measured, extensions)
+        check_agreement(results[case])
+        print_table(f"{shapes} shapes, {fills} fills, {kind_of(nested)} (ms)", results[case])
+        sys.stdout.flush()
+    print_growths(results)
+    return results
+
+
+def measure_dialogs(runs, extensions, folder):
+    dialogs = {}
+    for rows in DIALOG_ROWS:
+        document = make_document(folder, rows, rows, False)
+        dialogs[rows] = dialog.measure(document, runs, extensions)
+        dialog.print_table(rows, dialogs[rows])
+    return dialogs
+
+
+def measure_memory(program):
+    memory = memory_figures(program)
+    print("\nthe logic alone, on the memory host (ns a shape)")
+    for name, value in memory.items():
+        print(f"{name:24}{value:10.0f}")
+    return memory
+
+
+def measure_palettes(build, runs):
+    figures = palettes.measure(build, runs, PALETTE_ROWS)
+    palettes.print_table(figures)
+    return figures
 
 
 def main():
@@ -144,48 +236,30 @@ def main():
     parser.add_argument("--shapes", default="250,1000,4000,16000")
     parser.add_argument("--runs", type=int, default=3)
     parser.add_argument("--build", type=Path, default=ROOT / "build" / "release")
+    parser.add_argument("--documents-only", action="store_true",
+                        help="leave out the dialog, the logic alone and the palettes")
     arguments = parser.parse_args()
     sizes = [int(size) for size in arguments.shapes.split(",")]
-    cases = [(size, FEW, nested) for size in sizes for nested in (False, True)]
-    if max(sizes) >= 16000:
-        cases.append((16000, MANY, False))
+    build, runs = arguments.build, arguments.runs
+    extensions = build / "bench" / "extensions"
 
-    measurers = {"huebrush": huebrush, **PEERS}
-    results = {}
-    with tempfile.TemporaryDirectory(prefix="huebrush-bench-") as folder:
-        for case in cases:
-            shapes, fills, nested = case
-            document = make_document(Path(folder), *case)
-            # Many fills take the macro minutes, and the goal there is about our own growth.
-            measured = measurers if fills == FEW else {"huebrush": huebrush}
-            results[case] = measure(document, arguments.runs, measured,
-                                    arguments.build / "bench" / "extensions")
-            check_agreement(results[case])
-            label = f"{shapes} shapes, {fills} fills, {'nested' if nested else 'flat'} (ms)"
-            print_table(label, results[case])
-            sys.stdout.flush()
-
-        dialogs = {}
-        for rows in DIALOG_ROWS:
-            document = make_document(Path(folder), rows, rows, False)
-            dialogs[rows] = dialog.measure(document, arguments.runs,
-                                           arguments.build / "bench" / "extensions")
-            dialog.print_table(rows, dialogs[rows])
-
-    memory = memory_figures(arguments.build / "bin" / "memory_bench")
-    print("\nthe logic alone, on the memory host (ns a shape)")
-    for name, value in memory.items():
-        print(f"{name:24}{value:10.0f}")
-    palette_figures = palettes.measure(arguments.build, arguments.runs, PALETTE_ROWS)
-    palettes.print_table(palette_figures)
-    verdicts = goals(results, memory, dialogs, palette_figures)
+    with tempfile.TemporaryDirectory(prefix="huebrush-bench-") as name:
+        folder = Path(name)
+        results = measure_documents(sizes, runs, extensions, folder)
+        figures = {"documents": [{"shapes": s, "fills": f, "nested": n, "results": r}
+                                 for (s, f, n), r in results.items()]}
+        verdicts = list(document_goals(results))
+        if not arguments.documents_only:
+            dialogs = measure_dialogs(runs, extensions, folder)
+            memory = measure_memory(build / "bin" / "memory_bench")
+            palette_figures = measure_palettes(build, runs)
+            figures |= {"memory_ns_per_shape": memory, "dialog": dialogs,
+                        "palettes": palette_figures}
+            verdicts += [*memory_goals(memory), *dialog_goals(dialogs),
+                         *palettes.verdicts(palette_figures)]
     palettes.print_verdicts(verdicts)
     if arguments.json:
-        listed = [{"shapes": s, "fills": f, "nested": n, "results": r}
-                  for (s, f, n), r in results.items()]
-        arguments.json.write_text(json.dumps(
-            {"documents": listed, "memory_ns_per_shape": memory, "dialog": dialogs,
-             "palettes": palette_figures, "goals": verdicts}, indent=2))
+        arguments.json.write_text(json.dumps({**figures, "goals": verdicts}, indent=2))
 
 
 if __name__ == "__main__":

@@ -1,7 +1,9 @@
 // The operations of the bench, done by Huebrush inside the office's process: the same service
 // interface and the same figures as the peers in peer_pyuno.py and peer_basic.bas.
 
+#include <com/sun/star/awt/XToolkitExperimental.hpp>
 #include <com/sun/star/beans/XPropertySet.hpp>
+#include <com/sun/star/container/XIndexAccess.hpp>
 #include <com/sun/star/drawing/ShapeCollection.hpp>
 #include <com/sun/star/drawing/XShapes.hpp>
 #include <com/sun/star/frame/XModel.hpp>
@@ -9,6 +11,7 @@
 #include <nlohmann/json.hpp>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "Job.h"
 #include "base/Error.h"
@@ -39,7 +42,8 @@ constexpr std::int32_t kEvery = 4;
 class Bench {
  public:
     Bench(const ContextReference& context, const css::uno::Reference<css::frame::XModel>& model)
-        : model_(model),
+        : context_(context),
+          model_(model),
           application_(context, std::string()),
           platform_(context, std::string(), application_.activeWindow(), application_.snapshot()),
           runtime_(platform_),
@@ -65,6 +69,8 @@ class Bench {
         measureHostSelect(figures, "host_select_ms");
         measureSelection(figures, "select_line_ms", "selected_line", select::VseDleBarvyCary);
         measureHostSelect(figures, "host_select_line_ms");
+        // As the peers do: what is selected costs every change of a selected shape.
+        selectSample();
         measureRecolour(figures, "_dialog_ms");
     }
 
@@ -78,22 +84,70 @@ class Bench {
         measureHostWrites(figures);
     }
 
-    /// A colour for every fourth object of the page by the office's own call alone: what no
-    /// recolour can go below, and how it grows. Left out where a group's call would be many.
+    /// A colour for every fourth shape by the office's own call alone: what no recolour can go
+    /// below, and how it grows. Where the shapes stand is found before.
     void measureHostWrites(json& figures) const {
         const DrawPage page(model_);
+        std::vector<Siblings> found(1);
         const std::int32_t count = page.count();
-        for (std::int32_t at = 0; at < count; ++at) {
-            if (kindOf(page.at(at)).isGroup()) return;
-        }
+        for (std::int32_t at = 0; at < count; ++at) addPlaces(page.at(at), {at}, found);
         const css::uno::Any color(static_cast<sal_Int32>(kHostColor));
+        std::int32_t number = 0;
         figures["host_apply_ms"] = milliseconds([&] {
-            for (std::int32_t at = 0; at < count; at += kEvery) {
-                const css::uno::Reference<css::beans::XPropertySet> shape(page.at(at),
-                                                                          css::uno::UNO_QUERY);
-                if (shape.is()) shape->setPropertyValue("FillColor", color);
+            for (const Siblings& siblings : found) {
+                css::uno::Reference<css::container::XIndexAccess> group;
+                for (const std::int32_t at : siblings.leaves) {
+                    if (number++ % kEvery != 0) continue;
+                    if (!group.is()) group = groupAt(page, siblings.group);
+                    write(siblings.group.empty() ? page.at(at) : memberAt(group, at), color);
+                }
             }
         });
+    }
+
+    /// Leaf shapes that stand in one group, or on the page where that is nowhere.
+    struct Siblings {
+        std::vector<std::int32_t> group;
+        std::vector<std::int32_t> leaves;
+    };
+
+    static ShapeReference memberAt(const css::uno::Reference<css::container::XIndexAccess>& group,
+                                   std::int32_t at) {
+        return {group->getByIndex(at), css::uno::UNO_QUERY_THROW};
+    }
+
+    static css::uno::Reference<css::container::XIndexAccess> groupAt(
+        const DrawPage& page, const std::vector<std::int32_t>& place) {
+        if (place.empty()) return {};
+        ShapeReference shape = page.at(place.front());
+        for (std::size_t depth = 1; depth < place.size(); ++depth) {
+            shape = memberAt({shape, css::uno::UNO_QUERY_THROW}, place[depth]);
+        }
+        return {shape, css::uno::UNO_QUERY_THROW};
+    }
+
+    static void write(const ShapeReference& shape, const css::uno::Any& color) {
+        css::uno::Reference<css::beans::XPropertySet>(shape, css::uno::UNO_QUERY_THROW)
+            ->setPropertyValue("FillColor", color);
+    }
+
+    static void addPlaces(const ShapeReference& shape, const std::vector<std::int32_t>& place,
+                          std::vector<Siblings>& found) {
+        const ShapeKind kind = kindOf(shape);
+        if (!kind.isShape) return;
+        if (!kind.isGroup()) {
+            const std::vector<std::int32_t> group(place.begin(), place.end() - 1);
+            if (found.back().group != group) found.push_back({group, {}});
+            found.back().leaves.push_back(place.back());
+            return;
+        }
+        const css::uno::Reference<css::container::XIndexAccess> members(shape,
+                                                                        css::uno::UNO_QUERY_THROW);
+        std::vector<std::int32_t> inner = place;
+        inner.push_back(0);
+        for (const std::int32_t count = members->getCount(); inner.back() < count; ++inner.back()) {
+            addPlaces(memberAt(members, inner.back()), inner, found);
+        }
     }
 
     /// The foremost shape, which is the first of the peers' walk and the last of ours.
@@ -103,6 +157,9 @@ class Bench {
         host::ShapePointer sample;
         while (host::ShapePointer shape = walk->next()) sample = std::move(shape);
         sample->Select();
+        // The user has seen it selected before he runs a command.
+        createService<css::awt::XToolkitExperimental>(context_, "com.sun.star.awt.Toolkit")
+            ->processEventsToIdle();
     }
 
     css::uno::Reference<css::view::XSelectionSupplier> selection() const {
@@ -113,6 +170,8 @@ class Bench {
                           void (*command)(host::Application&)) {
         selectSample();
         figures[time] = milliseconds([&] {
+            // Events run, as they do for the button's click.
+            const forms::RuntimeScope scope(platform_);
             const HandlerScope handler(application_.snapshot());
             command(application_);
         });
@@ -153,6 +212,7 @@ class Bench {
         figures["applied"] = result.changed;
     }
 
+    ContextReference context_;
     css::uno::Reference<css::frame::XModel> model_;
     libreoffice::Application application_;
     OfficeRuntime platform_;
