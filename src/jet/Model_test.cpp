@@ -139,6 +139,21 @@ class Model : public ::testing::Test {
         }
     }
 
+    void run(std::size_t wanted) {
+        while (operations < wanted) {
+            file.database->inOneCommit([&] {
+                // A large file is looked at less often, for that takes its time.
+                const std::size_t steps = std::max<std::size_t>(500, elements.size());
+                for (std::size_t i = 0; i < steps && operations < wanted; ++i) step();
+            });
+            ASSERT_FALSE(HasFatalFailure());
+            compare();
+            ASSERT_FALSE(HasFatalFailure());
+        }
+        file.database = Database::open(file.files, PaletteFile::kName);
+        compare();
+    }
+
     std::mt19937 random{5};
     PaletteFile file;
     std::map<std::int32_t, std::string> groups;
@@ -149,19 +164,7 @@ class Model : public ::testing::Test {
 };
 
 TEST_F(Model, RandomChangesDoWhatAPlainTableDoes) {
-    const std::size_t wanted = casesOf(1000000, 60000);
-    while (operations < wanted) {
-        file.database->inOneCommit([&] {
-            // A large file is looked at less often, for that takes its time.
-            const std::size_t steps = std::max<std::size_t>(500, elements.size());
-            for (std::size_t i = 0; i < steps && operations < wanted; ++i) step();
-        });
-        ASSERT_FALSE(HasFatalFailure());
-        compare();
-        ASSERT_FALSE(HasFatalFailure());
-    }
-    file.database = Database::open(file.files, PaletteFile::kName);
-    compare();
+    run(casesOf(1000000, 60000));
     std::cout << operations << " operations, " << elements.size() << " elements left, "
               << file.database->pages().count() << " pages\n";
 }
@@ -184,6 +187,12 @@ TEST_F(Model, RandomChangesDoSoInTurnWithOtherProgramsThatLayOutTheMapsAnew) {
     }
     std::cout << operations << " operations, " << lostPages(*file.database) << " lost pages of "
               << file.database->pages().count() << '\n';
+}
+
+TEST_F(Model, RandomChangesDoSoWithFewPagesInMemory) {
+    file.database = Database::open(file.files, PaletteFile::kName, 5);
+    run(6000 / kShare);
+    EXPECT_EQ(file.files.files.size(), 1U);
 }
 
 }  // namespace

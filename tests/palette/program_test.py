@@ -363,6 +363,20 @@ class Memory(OnPaletteFiles):
                                                               (self.MOST_BYTES, self.MOST_BYTES)))
         self.assertEqual((done.returncode, done.stderr), (0, ""), arguments)
 
+    def test_has_a_bound_for_large_palettes_and_for_many(self):
+        # Texts of which few fit on a page, so that the pages are more than the memory.
+        fill = json.dumps(element(0, b"", "ž" * 250, "ž" * 250))
+        source = self.folder / "large.json"
+        with source.open("w", encoding="utf-8") as text:
+            text.write('{"palettes": [{"Name": "x", "elements": [')
+            text.write(", ".join([fill] * 70_000) + "]}")
+            text.writelines([', {"Name": "x", "elements": [' + fill + "]}"] * 10_000)
+            text.write("]}")
+        self.run_bounded("import", self.file, source)
+        self.assertGreater(self.file.stat().st_size, 1.3 * self.MOST_BYTES)
+        self.run_bounded("dump", self.file)
+        self.assert_clean()
+
     def test_has_a_bound_for_what_an_import_prints(self):
         source = self.folder / "many.json"
         source.write_text('{"palettes": [' + ", ".join(['{"Name": "x"}'] * 150_000) + "]}")

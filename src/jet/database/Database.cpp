@@ -6,10 +6,12 @@
 
 namespace huebrush::jet {
 
-Database::Database(FileSystem& files, std::string name) : files_(&files), name_(std::move(name)) {}
+Database::Database(FileSystem& files, std::string name, std::size_t memory)
+    : files_(&files), name_(std::move(name)), memory_(memory) {}
 
-std::shared_ptr<Database> Database::open(FileSystem& files, const std::string& name) {
-    std::shared_ptr<Database> database(new Database(files, files.resolve(name)));
+std::shared_ptr<Database> Database::open(FileSystem& files, const std::string& name,
+                                         std::size_t memory) {
+    std::shared_ptr<Database> database(new Database(files, files.resolve(name), memory));
     database->load();
     return database;
 }
@@ -17,7 +19,9 @@ std::shared_ptr<Database> Database::open(FileSystem& files, const std::string& n
 void Database::load() {
     std::shared_ptr<File> file = files_->open(name_);
     header_ = readHeader(*file, name_);
-    pages_ = std::make_unique<Pages>(std::move(file));
+    // What is put away has the rights of the file, and is gone before the lock is.
+    pages_ = std::make_unique<Pages>(
+        std::move(file), [this] { return lock_->replacement(); }, memory_);
     space_ = std::make_unique<Space>(*pages_, header_->freeMap);
     forgetDefinitions();
 }
@@ -30,7 +34,7 @@ const Header& Database::header() {
 void Database::create(FileSystem& files, const std::string& name, RowId freeMap,
                       const std::function<void(Pages& pages)>& makePages, const Fill& fill) {
     Database database(files, name);
-    database.pages_ = std::make_unique<Pages>();
+    database.pages_ = std::make_unique<Pages>([&] { return files.create(name); });
     makePages(*database.pages_);
     database.header_ = Header{freeMap, 2, 3, 4, 5};
     database.space_ = std::make_unique<Space>(*database.pages_, freeMap);

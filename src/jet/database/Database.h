@@ -20,8 +20,10 @@ namespace huebrush::jet {
 /// completely or not at all.
 class Database {
  public:
-    /// Errors for what cannot be opened, with the reason; see readHeader.
-    static std::shared_ptr<Database> open(FileSystem& files, const std::string& name);
+    /// Errors for what cannot be opened, with the reason; see readHeader. As many pages as `memory`
+    /// says are kept in memory.
+    static std::shared_ptr<Database> open(FileSystem& files, const std::string& name,
+                                          std::size_t memory = Pages::kUsualMemory);
 
     /// Makes a new, empty database of a file that does not exist yet: `fill` makes its pages and
     /// rows, and then the whole file appears. An error when the name is taken.
@@ -55,7 +57,7 @@ class Database {
     void forgetDefinitions();
 
  private:
-    Database(FileSystem& files, std::string name);
+    Database(FileSystem& files, std::string name, std::size_t memory = Pages::kUsualMemory);
     void load();
     void writeNew();
     void commit();
@@ -63,6 +65,7 @@ class Database {
 
     FileSystem* files_;
     std::string name_;
+    std::size_t memory_;
     std::optional<Header> header_;
     std::unique_ptr<Pages> pages_;
     std::unique_ptr<Space> space_;

@@ -180,6 +180,7 @@ void Pages::undo() {
     before_.clear();
     count_ = countBefore_;
     mark();
+    if (!changed()) store_.clear();
 }
 
 void Pages::restore(PageNumber number) {
