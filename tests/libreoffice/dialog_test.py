@@ -5,10 +5,13 @@
 """
 
 from case import run_tests
-from dialog import (ADD, ALL, BOX, DESTINATION, DOWN, NO_FILL, NOT_SELECTED, RECOLOUR, ROW_MENU,
+from dialog import (ADD, ALL, BOX, DESTINATION, DONE, DOWN, NO_FILL, NOT_SELECTED, RECOLOUR, ROW_MENU,
                     SELECT_ALL, SELECTED, SOURCE, UP, Dialog, Menu)
 from dialog_case import BLUE, CHANGE_FILLS, COLOURS, GREEN, GREY, RED, YELLOW, DialogCase
 from screen import wait_until
+
+
+PROGRESS = 4600, 7100  # In the box that tells how far the work is, right of its text.
 
 
 class DialogTest(DialogCase):
@@ -197,11 +200,18 @@ class DialogTest(DialogCase):
         wait_until(lambda: not dialog.is_open(), "the dialog, done with its work, closes")
 
     def test_escape_during_a_scan_ends_it_without_a_word(self):
-        dialog = self.open([0x010203 * number for number in range(600)], each=1)
+        dialog = self.open([0x010203 * number for number in range(1500)], each=1)
         self.screen.focus(dialog.window)
-        before = self.screen.windows()
-        self.screen.click_and_key(*dialog.on_screen(ADD), "Escape")
-        wait_until(lambda: not dialog.is_open(), "the dialog closes")
+        before, idle = self.screen.windows(), dialog.colour_at(PROGRESS)
+        dialog.click(ADD)
+        wait_until(lambda: dialog.colour_at(PROGRESS) != idle, "the scan has begun")
+
+        def closes():
+            self.screen.key("Escape")
+            self.assertEqual(self.screen.windows_named(DONE), [], "the scan was over too soon")
+            return not dialog.is_open()
+
+        wait_until(closes, "the dialog closes")
         self.assertEqual(self.screen.windows() - before, set())
         self.writer.click_button(CHANGE_FILLS)
         Dialog(self.screen)

@@ -94,11 +94,6 @@ class Screen:
         self.move(x, y)
         self._run("xdotool", "click", "1")
 
-    def click_and_key(self, x, y, name):
-        """A click, and a key at once after it."""
-        self.move(x, y)
-        self._run("xdotool", "click", "1", "key", name)
-
     def drag(self, start, end):
         """Moves the mouse with its button held, by way of a place near the start."""
         self.hold(start, end)

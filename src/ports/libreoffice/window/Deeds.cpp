@@ -30,8 +30,6 @@ void Deeds::run() {
     while (!waiting_.empty() && pauses_ == 0) {
         const Deed deed = std::move(waiting_.front());
         waiting_.erase(waiting_.begin());
-        // What came along with it is not to wait for the end of a long handler that runs events.
-        if (!waiting_.empty()) wake();
         const HandlerScope scope(snapshot_);
         deed();
     }
