@@ -9,6 +9,7 @@ set(HUEBRUSH_DOCUMENT_SOURCES
   document/FillTables.cpp
   document/FillUndo.cpp
   document/OpenDocument.cpp
+  document/PageStyles.cpp
   document/ShapeFill.cpp
   document/ShapeKind.cpp
   document/ShapeLine.cpp

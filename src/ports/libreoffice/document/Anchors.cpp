@@ -47,7 +47,8 @@ bool isAnchoredInHeaderOrFooter(const ShapeReference& shape) {
         const Reference<css::text::XTextRange> anchor = content->getAnchor();
         if (!anchor.is()) return false;
         const Reference<css::text::XText> text = anchor->getText();
-        if (!text.is()) return false;
+        // A header that is on no page any more: imports leave such, and nothing saves them.
+        if (!text.is()) return true;
         if (isHeaderOrFooter(text)) return true;
         content = holderOf(text);
     }

@@ -13,8 +13,8 @@ struct Parent {
 Parent parentOf(const ShapeReference& shape);
 
 /// Whether a top-level object is tied to text of a header or footer, also through a frame or a
-/// table in it. REQUIRES: not a group's member (the office breaks down when asked for the anchor of
-/// one).
+/// table in it, or to a text that is no longer part of the document. REQUIRES: not a group's member
+/// (the office breaks down when asked for the anchor of one).
 bool isAnchoredInHeaderOrFooter(const ShapeReference& shape);
 
 }  // namespace huebrush::libreoffice

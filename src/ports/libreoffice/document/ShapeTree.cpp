@@ -1,14 +1,12 @@
 #include "ports/libreoffice/document/ShapeTree.h"
 
 #include <algorithm>
-#include <com/sun/star/beans/XPropertySet.hpp>
 #include <com/sun/star/container/XIndexAccess.hpp>
-#include <com/sun/star/container/XNameAccess.hpp>
-#include <com/sun/star/style/XStyleFamiliesSupplier.hpp>
 #include <unordered_set>
 #include <utility>
 
 #include "ports/libreoffice/document/Anchors.h"
+#include "ports/libreoffice/document/PageStyles.h"
 
 namespace huebrush::libreoffice {
 
@@ -206,7 +204,7 @@ bool ShapeTree::isFoundOnWalk(ShapeNode& node) {
 void ShapeTree::walk(const Visitor& reader) {
     forgetStructure();
     forgetDead();
-    headers_ = hasHeaders();
+    headers_ = hasHeadersOrFooters(model_);
     page_.visit([&](std::int32_t index, const ShapeReference& shape) {
         if (headers_ && isAnchoredInHeaderOrFooter(shape)) return;
         if (NodePointer node = place(shape, nullptr, index, reader))
@@ -376,22 +374,6 @@ void ShapeTree::forget() {
         if (const NodePointer node = weak.lock()) node->shape.clear();
     }
     holders_.clear();
-}
-
-bool ShapeTree::hasHeaders() const {
-    const Reference<css::style::XStyleFamiliesSupplier> supplier(model_, UNO_QUERY_THROW);
-    const Reference<css::container::XIndexAccess> styles(
-        supplier->getStyleFamilies()->getByName("PageStyles"), UNO_QUERY_THROW);
-    const std::int32_t count = styles->getCount();
-    for (std::int32_t index = 0; index < count; ++index) {
-        const Reference<css::beans::XPropertySet> style(styles->getByIndex(index), UNO_QUERY_THROW);
-        bool header = false;
-        bool footer = false;
-        style->getPropertyValue("HeaderIsOn") >>= header;
-        style->getPropertyValue("FooterIsOn") >>= footer;
-        if (header || footer) return true;
-    }
-    return false;
 }
 
 void ShapeTree::hold(ShapeNode& node, const ShapeReference& shape) {

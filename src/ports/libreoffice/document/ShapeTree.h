@@ -88,7 +88,6 @@ class ShapeTree {
     bool isFoundByParent(ShapeNode& node);
     bool isMember(ShapeNode& node);
     bool isFoundOnWalk(ShapeNode& node);
-    bool hasHeaders() const;
     void hold(ShapeNode& node, const ShapeReference& shape);
     void forgetDead();
     void collect(const NodePointer& node, std::vector<NodePointer>& out);
