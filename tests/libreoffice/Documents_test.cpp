@@ -1,9 +1,11 @@
 // Writer's documents through the object model: what is Writer's own about it.
 
 #include <algorithm>
+#include <array>
 #include <com/sun/star/awt/Gradient.hpp>
 #include <com/sun/star/awt/XBitmap.hpp>
 #include <com/sun/star/awt/XControlModel.hpp>
+#include <com/sun/star/beans/PropertyValue.hpp>
 #include <com/sun/star/beans/XPropertySet.hpp>
 #include <com/sun/star/container/XNamed.hpp>
 #include <com/sun/star/document/XUndoManagerSupplier.hpp>
@@ -708,6 +710,41 @@ TEST_F(DocumentsTest, AnUndoGroupIsOneStepOfTheOffice) {
             EXPECT_EQ(Answers(redone[i]->Fill()), after[i]) << i;
         }
         undoManager()->undo();
+    }
+}
+
+TEST_F(DocumentsTest, AWrittenFillLeavesTheThemeAndUndoBringsItBack) {
+    const ShapeReference rectangle = addRectangle(open.model(), kRed);
+    setProperty(rectangle, "FillColorTheme", sal_Int16(4));
+    css::beans::PropertyValue scheme;
+    scheme.Name = "SpPrSolidFillSchemeClr";
+    scheme.Value = Any(libreoffice::toOffice("accent1"));
+    css::beans::PropertyValue line;
+    line.Name = "EmuLineWidth";
+    line.Value = Any(sal_Int32(12700));
+    using Memory = css::uno::Sequence<css::beans::PropertyValue>;
+    const std::array<css::beans::PropertyValue, 2> entries{scheme, line};
+    setProperty(rectangle, "InteropGrabBag", Memory(entries.data(), 2));
+    const auto has = [&](const char* name) {
+        const auto memory = getProperty<Memory>(rectangle, "InteropGrabBag");
+        return std::any_of(memory.begin(), memory.end(),
+                           [&](const auto& entry) { return entry.Name.equalsAscii(name); });
+    };
+    {
+        const auto group = document()->undoGroup("Přebarvit");
+        shape(0)->Fill().setForeColorRGB(kBlue);
+    }
+    for (int round = 0; round < 2; ++round) {
+        EXPECT_EQ(getProperty<sal_Int16>(rectangle, "FillColorTheme"), -1);
+        EXPECT_FALSE(has("SpPrSolidFillSchemeClr"));
+        EXPECT_TRUE(has("EmuLineWidth"));
+        undoManager()->undo();
+        EXPECT_EQ(shape(0)->Fill().ForeColorRGB(), kRed);
+        EXPECT_EQ(getProperty<sal_Int16>(rectangle, "FillColorTheme"), 4);
+        EXPECT_TRUE(has("SpPrSolidFillSchemeClr"));
+        EXPECT_TRUE(has("EmuLineWidth"));
+        undoManager()->redo();
+        EXPECT_EQ(shape(0)->Fill().ForeColorRGB(), kBlue);
     }
 }
 

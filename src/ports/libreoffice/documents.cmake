@@ -6,6 +6,7 @@ set(HUEBRUSH_DOCUMENT_SOURCES
   document/Anchors.cpp
   document/BufferedFill.cpp
   document/DrawPage.cpp
+  document/FillOrigin.cpp
   document/FillTables.cpp
   document/FillUndo.cpp
   document/OpenDocument.cpp

@@ -93,16 +93,14 @@ void FillTables::restore(const std::string& name) {
     if (!bitmaps_->hasByName(officeName)) bitmaps_->insertByName(officeName, found->second);
 }
 
-rtl::OUString FillTables::addTransparence(const css::awt::Gradient& gradient) {
+rtl::OUString FillTables::addTransparence(const css::uno::Any& gradient) {
     for (std::int32_t number = 1;; ++number) {
         const rtl::OUString name = toOffice(base::text("Huebrush transparency ", number));
         if (!transparences_->hasByName(name)) {
-            transparences_->insertByName(name, css::uno::Any(gradient));
+            transparences_->insertByName(name, gradient);
             return name;
         }
-        css::awt::Gradient there;
-        transparences_->getByName(name) >>= there;
-        if (there == gradient) return name;
+        if (transparences_->getByName(name) == gradient) return name;
     }
 }
 

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <com/sun/star/awt/Gradient.hpp>
 #include <com/sun/star/container/XNameContainer.hpp>
 #include <com/sun/star/frame/XModel.hpp>
 #include <map>
@@ -8,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "ports/libreoffice/document/FillOrigin.h"
 #include "ports/libreoffice/fill/OwnPictures.h"
 #include "ports/libreoffice/uno/Services.h"
 
@@ -34,11 +34,18 @@ class FillTables {
     void restore(const std::string& name);
 
     /// Puts a transparency gradient into its own table of the document, and gives its name there.
-    rtl::OUString addTransparence(const com::sun::star::awt::Gradient& gradient);
+    rtl::OUString addTransparence(const com::sun::star::uno::Any& gradient);
 
     /// What a shape's bitmap is known as, by its name or its pixels.
     std::optional<OwnPicture> recognise(const std::string& name,
                                         const com::sun::star::uno::Any& bitmap);
+    /// The properties about a fill's origin, as the first shape asked tells them.
+    const OriginProperties& originProperties(
+        const com::sun::star::uno::Reference<com::sun::star::beans::XPropertySet>& shape) {
+        if (!originProperties_) originProperties_.emplace(shape);
+        return *originProperties_;
+    }
+
     /// Bitmaps may have changed under their names.
     void forgetRecognised() { recognised_.clear(); }
 
@@ -50,6 +57,7 @@ class FillTables {
     com::sun::star::uno::Reference<com::sun::star::container::XNameContainer> transparences_;
     std::map<std::string, com::sun::star::uno::Any> kept_;
     std::map<std::string, std::optional<OwnPicture>> recognised_;
+    std::optional<OriginProperties> originProperties_;
 };
 
 }  // namespace huebrush::libreoffice

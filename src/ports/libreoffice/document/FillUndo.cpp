@@ -77,8 +77,8 @@ class FillAction final : public WeakImplHelper<css::document::XUndoAction> {
         if (!shape.is()) return;
         const ShapeKind kind = kindOf(shape);
         if (!kind.canHaveFill || kind.isGroup() || kind.type != step.change->type) return;
-        const ShapeFill now = readFill(shape);
-        keepBitmap(now, shape, document.tables());
+        ShapeFill now = readFill(shape);
+        prepareWrite(now, shape, document.tables());
         writeFill(shape, now, *step.wanted, document.tables());
     }
 

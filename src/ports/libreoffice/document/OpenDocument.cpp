@@ -228,7 +228,7 @@ void OpenDocument::changeFill(const NodePointer& leaf, const FillEdit& edit,
     fillOf(*leaf);
     const HostFill wanted = edited(leaf->fill.host, edit);
     const FillTarget target = targetFor(wanted, leaf->fill, userPicture);
-    ShapeFill fill{target.office, {}};
+    ShapeFill fill{target.office, {}, {}, {}, {}};
     if (target.remembered) fill.memory = toText(*target.remembered);
     if (target.picture) tables().ensure(*target.picture);
 
@@ -238,7 +238,7 @@ void OpenDocument::changeFill(const NodePointer& leaf, const FillEdit& edit,
     } else {
         writeOf_[leaf.get()] = writes_.size();
         writes_.push_back(
-            {leaf, ShapeTree::placeOf(*leaf), {leaf->fill.office, leaf->memory}, fill});
+            {leaf, ShapeTree::placeOf(*leaf), {leaf->fill.office, leaf->memory, {}, {}, {}}, fill});
     }
     leaf->fill = {wanted, target.office, std::nullopt};
     if (target.remembered) leaf->fill.hidden = target.remembered->hidden;
@@ -295,7 +295,7 @@ void OpenDocument::writeEach(std::vector<Write>& writes) {
 
 void OpenDocument::write(Write& one, const ShapeReference& shape) {
     if (!differ(one.now.office, one.wanted.office) && one.now.memory == one.wanted.memory) return;
-    keepBitmap(one.now, shape, tables());
+    prepareWrite(one.now, shape, tables());
     writeFill(shape, one.now, one.wanted, tables());
     if (undoGroups_ == 0) return;
     FillChange change;

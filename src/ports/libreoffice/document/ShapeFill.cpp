@@ -1,13 +1,11 @@
 #include "ports/libreoffice/document/ShapeFill.h"
 
 #include <com/sun/star/awt/Gradient.hpp>
-#include <com/sun/star/beans/XMultiPropertySet.hpp>
 #include <com/sun/star/beans/XPropertySet.hpp>
 #include <com/sun/star/drawing/BitmapMode.hpp>
 #include <com/sun/star/drawing/FillStyle.hpp>
 #include <com/sun/star/drawing/Hatch.hpp>
 #include <com/sun/star/xml/AttributeData.hpp>
-#include <vector>
 
 #include "ports/libreoffice/uno/Text.h"
 
@@ -157,27 +155,8 @@ Any attributesWith(const Reference<css::beans::XPropertySet>& set, const std::st
     return value;
 }
 
-/// The properties to be set in one call.
-class Changes {
- public:
-    void add(const OUString& name, const Any& value) {
-        names_.push_back(name);
-        values_.push_back(value);
-    }
-    bool empty() const { return names_.empty(); }
-
-    void apply(const ShapeReference& shape) const {
-        const auto count = static_cast<sal_Int32>(names_.size());
-        const Reference<css::beans::XMultiPropertySet> set(shape, UNO_QUERY_THROW);
-        set->setPropertyValues({names_.data(), count}, {values_.data(), count});
-    }
-
- private:
-    std::vector<OUString> names_;
-    std::vector<Any> values_;
-};
-
-void addBody(const OfficeFill& now, const OfficeFill& wanted, Changes& changes) {
+void addBody(const OfficeFill& now, const ShapeFill& target, PropertyChanges& changes) {
+    const OfficeFill& wanted = target.office;
     // A change of the style drops what belongs to other styles, so all of the new one is written.
     const bool fresh = now.style != wanted.style;
     if (fresh) changes.add(names().style, Any(static_cast<css::drawing::FillStyle>(wanted.style)));
@@ -187,7 +166,9 @@ void addBody(const OfficeFill& now, const OfficeFill& wanted, Changes& changes) 
             if (fresh || now.color != wanted.color) changes.add(names().color, Any(wanted.color));
             break;
         case OfficeFillStyle::gradient:
-            if (fresh || !(now.gradient == wanted.gradient)) {
+            if (target.gradient.hasValue()) {
+                changes.add(names().gradient, target.gradient);
+            } else if (fresh || !(now.gradient == wanted.gradient)) {
                 changes.add(names().gradient, Any(gradientOf(wanted.gradient)));
             }
             break;
@@ -208,15 +189,18 @@ void addBody(const OfficeFill& now, const OfficeFill& wanted, Changes& changes) 
     }
 }
 
-void addTransparence(const OfficeFill& now, const OfficeFill& wanted, FillTables& tables,
-                     Changes& changes) {
+void addTransparence(const OfficeFill& now, const ShapeFill& target, FillTables& tables,
+                     PropertyChanges& changes) {
+    const OfficeFill& wanted = target.office;
     if (now.transparenceGradient && !wanted.transparenceGradient) {
         changes.add(names().transparenceGradientName, Any(OUString()));
     }
     if (wanted.transparenceGradient) {
         if (now.transparenceGradient != wanted.transparenceGradient) {
-            changes.add(names().transparenceGradientName,
-                        Any(tables.addTransparence(gradientOf(*wanted.transparenceGradient))));
+            const Any gradient = target.transparenceGradient.hasValue()
+                                     ? target.transparenceGradient
+                                     : Any(gradientOf(*wanted.transparenceGradient));
+            changes.add(names().transparenceGradientName, Any(tables.addTransparence(gradient)));
         }
     } else if (now.transparence != wanted.transparence || now.transparenceGradient) {
         changes.add(names().transparence, Any(static_cast<sal_Int16>(wanted.transparence)));
@@ -239,7 +223,15 @@ ShapeFill readFill(const ShapeReference& shape) {
     return fill;
 }
 
-void keepBitmap(const ShapeFill& now, const ShapeReference& shape, FillTables& tables) {
+void prepareWrite(ShapeFill& now, const ShapeReference& shape, FillTables& tables) {
+    const Reference<css::beans::XPropertySet> set(shape, UNO_QUERY_THROW);
+    now.origin = tables.originProperties(set).read(set);
+    if (now.office.style == OfficeFillStyle::gradient) {
+        now.gradient = set->getPropertyValue(names().gradient);
+    }
+    if (now.office.transparenceGradient) {
+        now.transparenceGradient = set->getPropertyValue(names().transparenceGradient);
+    }
     if (now.office.style != OfficeFillStyle::bitmap) return;
     if (!tables.keeps(now.office.bitmapName)) {
         tables.keep(now.office.bitmapName, readBitmap(shape));
@@ -261,14 +253,15 @@ KnownFill knownFillOf(const ShapeFill& fill, const ShapeReference& shape, FillTa
 
 void writeFill(const ShapeReference& shape, const ShapeFill& now, const ShapeFill& wanted,
                FillTables& tables) {
-    Changes changes;
-    addBody(now.office, wanted.office, changes);
-    addTransparence(now.office, wanted.office, tables, changes);
+    const Reference<css::beans::XPropertySet> set(shape, UNO_QUERY_THROW);
+    PropertyChanges changes;
+    addBody(now.office, wanted, changes);
+    addTransparence(now.office, wanted, tables, changes);
     if (now.memory != wanted.memory) {
-        const Reference<css::beans::XPropertySet> set(shape, UNO_QUERY_THROW);
         changes.add(names().attributes, attributesWith(set, wanted.memory));
     }
     if (changes.empty()) return;
+    tables.originProperties(set).change(set, now.origin, wanted.origin, changes);
     if (wanted.office.style == OfficeFillStyle::bitmap) tables.restore(wanted.office.bitmapName);
     changes.apply(shape);
 }

@@ -3,6 +3,7 @@
 #include <com/sun/star/uno/Any.hxx>
 #include <string>
 
+#include "ports/libreoffice/document/FillOrigin.h"
 #include "ports/libreoffice/document/FillTables.h"
 #include "ports/libreoffice/document/ShapeKind.h"
 #include "ports/libreoffice/fill/FillMapping.h"
@@ -14,20 +15,28 @@ struct ShapeFill {
     OfficeFill office;
     /// The line of text beside the shape; empty without one.
     std::string memory;
+    /// Known only where a write needs it.
+    FillOrigin origin;
+    /// The gradients as the office gave them, with all colours that newer offices keep in them:
+    /// what is restored. Known only where a write needs it.
+    com::sun::star::uno::Any gradient;
+    com::sun::star::uno::Any transparenceGradient;
 };
 
 /// Reads a shape's fill: its style first and then only what that style uses, because each property
 /// costs a call, and names are slow. The office's exceptions pass to the caller.
 ShapeFill readFill(const ShapeReference& shape);
 
-/// Keeps the shape's bitmap at hand, where its fill is one, before the fill is changed.
-void keepBitmap(const ShapeFill& now, const ShapeReference& shape, FillTables& tables);
+/// Before the fill `now` of the shape is replaced: reads its origin into it, and keeps its bitmap
+/// at hand where it is one, so that it can be restored.
+void prepareWrite(ShapeFill& now, const ShapeReference& shape, FillTables& tables);
 
 /// What a shape with this fill answers.
 KnownFill knownFillOf(const ShapeFill& fill, const ShapeReference& shape, FillTables& tables);
 
 /// Makes the shape's fill, which is `now`, the `wanted` one, in one call: what is equal is not
-/// written. A bitmap is restored to the table where it is missing there.
+/// written. REQUIRES: prepareWrite() of `now`. A bitmap is restored to the table where it is
+/// missing there.
 void writeFill(const ShapeReference& shape, const ShapeFill& now, const ShapeFill& wanted,
                FillTables& tables);
 
