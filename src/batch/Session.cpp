@@ -22,13 +22,16 @@ bool isSolid(const fill::FillProperties& fill) {
     return fill.Visible != MsoTriState::msoFalse && fill.Type == MsoFillType::msoFillSolid;
 }
 
-/// The shapes that have no fill although they were given one.
+/// Whether a shape has no fill although its row was given one.
+bool isUnfillable(const ColorElement& row, host::Shape& shape) {
+    return row.FillObject().original().Visible != MsoTriState::msoFalse &&
+           shape.Fill().Visible() == MsoTriState::msoFalse;
+}
+
 std::size_t countUnfillable(const ColorElement& row) {
-    if (row.FillObject().original().Visible == MsoTriState::msoFalse) return 0;
-    return static_cast<std::size_t>(std::count_if(
-        row.ElementsGroup->begin(), row.ElementsGroup->end(), [](const host::ShapePointer& shape) {
-            return shape->Fill().Visible() == MsoTriState::msoFalse;
-        }));
+    return static_cast<std::size_t>(
+        std::count_if(row.ElementsGroup->begin(), row.ElementsGroup->end(),
+                      [&](const host::ShapePointer& shape) { return isUnfillable(row, *shape); }));
 }
 
 }  // namespace
@@ -53,6 +56,7 @@ FillEdit solid(base::Rgb color, float transparency) {
 Session::Session(host::Application& host, std::shared_ptr<host::Document> document,
                  BatchRuntime& runtime, Progress progress)
     : runtime_(runtime),
+      document_(document),
       host_(host, std::move(document)),
       dialog_(recolor::frmEditGraphic::create()) {
     dialog_->connect(host_);
@@ -140,7 +144,7 @@ void Session::editRow(const RowEdit& rowEdit) {
 }
 
 RecolorResult Session::result(const std::vector<bool>& wasChanged, std::size_t firstMessage,
-                              std::size_t firstStep) const {
+                              std::size_t firstStep) {
     // The recolour makes one step before each row: that shows which row a message is about.
     std::vector<std::string> failures(wasChanged.size());
     for (std::size_t i = firstMessage; i < runtime_.messages().size(); ++i) {
@@ -151,6 +155,7 @@ RecolorResult Session::result(const std::vector<bool>& wasChanged, std::size_t f
         }
     }
     RecolorResult result;
+    recoloured_.clear();
     for (std::int16_t i = 1; i <= dialog_->Element.ubound(); ++i) {
         const auto at = static_cast<std::size_t>(i);
         account(i, wasChanged[at], failures[at], result);
@@ -159,7 +164,7 @@ RecolorResult Session::result(const std::vector<bool>& wasChanged, std::size_t f
 }
 
 void Session::account(std::int16_t index, bool wasChanged, const std::string& failure,
-                      RecolorResult& result) const {
+                      RecolorResult& result) {
     const ColorElement& row = dialog_->Element[index];
     const std::size_t count = row.ElementsGroup->size();
     result.shapes += count;
@@ -172,7 +177,20 @@ void Session::account(std::int16_t index, bool wasChanged, const std::string& fa
         const std::size_t unfillable = countUnfillable(row);
         if (unfillable > 0) result.skipped.push_back({index, unfillable, kNoFillPossible});
         result.changed += count - unfillable;
+        recoloured_.push_back(index);
     }
+}
+
+StoredFills Session::givenFills() const {
+    GivenFills given;
+    for (const std::int16_t index : recoloured_) {
+        const ColorElement& row = dialog_->Element[index];
+        for (const host::ShapePointer& shape : *row.ElementsGroup) {
+            if (isUnfillable(row, *shape)) continue;
+            given[shape->Name()] = {index, row.FillObject().original()};
+        }
+    }
+    return {*document_, std::move(given)};
 }
 
 }  // namespace huebrush::batch

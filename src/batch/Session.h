@@ -10,6 +10,7 @@
 
 #include "base/Color.h"
 #include "batch/BatchRuntime.h"
+#include "batch/StoredFills.h"
 #include "batch/WholeDocument.h"
 #include "fill/FillProperties.h"
 #include "recolor/frmEditGraphic.h"
@@ -96,19 +97,25 @@ class Session {
     /// failures of single rows are in the result.
     RecolorResult recolor(const RecolorRequest& request);
 
+    /// The fills that the recolour gave, to be compared with those of a stored file.
+    StoredFills givenFills() const;
+
  private:
     std::vector<FillRow> rows() const;
     void edit(const RecolorRequest& request);
     void map(const ColorMapping& mapping);
     void editRow(const RowEdit& edit);
     RecolorResult result(const std::vector<bool>& wasChanged, std::size_t firstMessage,
-                         std::size_t firstStep) const;
+                         std::size_t firstStep);
     void account(std::int16_t index, bool wasChanged, const std::string& failure,
-                 RecolorResult& result) const;
+                 RecolorResult& result);
 
     BatchRuntime& runtime_;
+    std::shared_ptr<host::Document> document_;
     WholeDocument host_;
     std::shared_ptr<recolor::frmEditGraphic> dialog_;
+    /// The rows whose shapes got a new fill.
+    std::vector<std::int16_t> recoloured_;
 };
 
 }  // namespace huebrush::batch

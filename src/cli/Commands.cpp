@@ -59,6 +59,30 @@ void printRecolored(const json& result, const fs::path& output) {
     }
 }
 
+std::string shapesText(std::size_t count) {
+    return count == 1 ? "1 shape" : text(count, " shapes");
+}
+
+/// Prints what the stored file holds otherwise than asked. Whether there is such.
+bool printStored(const json& stored, const fs::path& output) {
+    const std::string format =
+        output.has_extension() ? output.extension().string() : std::string("the format");
+    for (const json& each : stored.at("differences")) {
+        const auto reason = each.at("reason").get<std::string>();
+        std::cerr << text("huebrush: row ", each.at("row").get<int>(), ": ",
+                          shapesText(each.at("shapes").get<std::size_t>()), " stored as ",
+                          describe(protocol::fillFromJson(each.at("stored"))), " instead of ",
+                          describe(protocol::fillFromJson(each.at("asked"))),
+                          reason.empty() ? "" : text(": ", format, " ", reason), "\n");
+    }
+    const auto notFound = stored.at("notFound").get<std::size_t>();
+    if (notFound > 0) {
+        std::cerr << text("huebrush: ", shapesText(notFound),
+                          " not found again in the stored file: check their fills\n");
+    }
+    return notFound > 0 || !stored.at("differences").empty();
+}
+
 fs::path outputOf(const RecolorOptions& options) {
     if (options.inPlace) return options.document;
     std::error_code error;
@@ -132,7 +156,9 @@ int runRecolor(const RecolorOptions& options) {
     } else {
         printRecolored(result, output);
     }
-    return failed ? ExitCode::kFailed : ExitCode::kDone;
+    const bool isOtherwise = printStored(result.at("stored"), output);
+    if (failed) return ExitCode::kFailed;
+    return isOtherwise ? ExitCode::kStoredOtherwise : ExitCode::kDone;
 }
 
 }  // namespace huebrush::cli

@@ -9,6 +9,8 @@ namespace ExitCode {
 inline constexpr int kDone = 0;
 inline constexpr int kFailed = 1;
 inline constexpr int kUsage = 2;
+/// The result was written, but the file does not hold all fills as they were asked for.
+inline constexpr int kStoredOtherwise = 3;
 inline constexpr int kInterrupted = 130;
 }  // namespace ExitCode
 

@@ -58,13 +58,25 @@ std::string describeType(const fill::FillProperties& fill) {
     }
 }
 
+/// Per cents with two decimals at most, and none where they say nothing.
+std::string percentText(float fraction) {
+    constexpr std::int64_t kParts = 100;
+    const std::int64_t parts = std::llround(fraction * static_cast<float>(kParts * kParts));
+    std::string words = text(parts / kParts);
+    if (parts % kParts == 0) return words;
+    words += text(".", parts % kParts < 10 ? "0" : "", parts % kParts);
+    if (words.back() == '0') words.pop_back();
+    return words;
+}
+
 }  // namespace
 
 std::string describe(const fill::FillProperties& fill) {
     if (fill.Visible == host::MsoTriState::msoFalse) return "none";
-    const auto percent = static_cast<int>(std::lround(fill.Transparency * 100));
     std::string words = describeType(fill);
-    if (percent != 0) words += text(", ", percent, "% transparent");
+    if (fill.Transparency != 0) {
+        words += text(", ", percentText(fill.Transparency), "% transparent");
+    }
     return words;
 }
 

@@ -99,6 +99,20 @@ ordered_json toJson(const batch::RecolorResult& result) {
             {"skipped", std::move(skipped)}};
 }
 
+ordered_json toJson(const batch::StoredResult& result) {
+    ordered_json differences = ordered_json::array();
+    for (const batch::StoredDifference& each : result.differences) {
+        differences.push_back({{"row", each.row},
+                               {"shapes", each.shapes},
+                               {"asked", toJson(each.asked)},
+                               {"stored", toJson(each.stored)},
+                               {"reason", each.reason}});
+    }
+    return {{"confirmed", result.confirmed},
+            {"notFound", result.notFound},
+            {"differences", std::move(differences)}};
+}
+
 namespace message {
 
 ordered_json progress(std::size_t done, std::size_t total) {

@@ -32,6 +32,9 @@ batch::RecolorRequest requestOf(const Job& job);
 /// The listing of the fills: {"rows":[{"row":1,"shapes":12,"fill":{…},"new":null},…]}.
 nlohmann::ordered_json toJson(const std::vector<batch::FillRow>& rows);
 nlohmann::ordered_json toJson(const batch::RecolorResult& result);
+/// What the stored file was found to hold: {"confirmed":12,"notFound":0,"differences":[{"row":2,
+/// "shapes":3,"asked":{…},"stored":{…},"reason":"…"},…]}.
+nlohmann::ordered_json toJson(const batch::StoredResult& result);
 
 /// One line of the channel from the office to the program.
 namespace message {

@@ -58,6 +58,22 @@ TEST(FillJson, RefusesAFillWithMissingWrongOrUnknownProperties) {
     EXPECT_THROW(fillFromJson(fill), ParseError);
 }
 
+TEST(StoredJson, NamesEachDifferenceWithBothFills) {
+    batch::StoredResult result;
+    result.confirmed = 5;
+    result.notFound = 1;
+    result.differences.push_back({2, 3, gradient(), fill::FillProperties(), "keeps little"});
+    const json value = json::parse(toJson(result).dump());
+    EXPECT_EQ(value.at("confirmed"), 5);
+    EXPECT_EQ(value.at("notFound"), 1);
+    const json& difference = value.at("differences").at(0);
+    EXPECT_EQ(difference.at("row"), 2);
+    EXPECT_EQ(difference.at("shapes"), 3);
+    EXPECT_TRUE(fillFromJson(difference.at("asked")) == gradient());
+    EXPECT_TRUE(fillFromJson(difference.at("stored")) == fill::FillProperties());
+    EXPECT_EQ(difference.at("reason"), "keeps little");
+}
+
 TEST(FillJson, ReadsTheWordsOfTheCommandLine) {
     EXPECT_EQ(editFromText("none")(gradient()).Visible, host::MsoTriState::msoFalse);
     const auto half = editFromText("#0070C0@50%")(gradient());

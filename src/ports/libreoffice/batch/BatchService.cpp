@@ -6,6 +6,7 @@
 #include <fstream>
 #include <memory>
 #include <nlohmann/json.hpp>
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -52,6 +53,18 @@ class ChannelWriter {
     std::chrono::steady_clock::time_point lastProgress_;
 };
 
+/// Reads the stored file and compares it with what was to be stored.
+batch::StoredResult readBack(const ContextReference& context, Application& application,
+                             const batch::StoredFills& given, const protocol::Job& job) {
+    std::optional<TextDocumentFile> stored;
+    try {
+        stored.emplace(context, job.output, job.name, job.inputUrl);
+    } catch (const FileError&) {
+        throw FileError("LibreOffice cannot read the result that it has stored");
+    }
+    return given.compare(*application.Documents().documentOf(stored->model()));
+}
+
 ordered_json work(const ContextReference& context, const protocol::Job& job,
                   ChannelWriter& channel) {
     const std::string folder = extensionFolder(context, kExtension);
@@ -72,8 +85,10 @@ ordered_json work(const ContextReference& context, const protocol::Job& job,
         result["listing"] = protocol::toJson(rows);
     } else {
         result = protocol::toJson(session.recolor(protocol::requestOf(job)));
+        const batch::StoredFills given = session.givenFills();
         application.snapshot()->invalidate();
         file.storeTo(job.output, job.filter);
+        result["stored"] = protocol::toJson(readBack(context, application, given, job));
     }
     return protocol::message::result(std::move(result), runtime.messages());
 }

@@ -1,0 +1,310 @@
+#include "batch/StoredFills.h"
+
+#include <algorithm>
+#include <cmath>
+#include <unordered_set>
+#include <utility>
+
+#include "base/Error.h"
+
+namespace huebrush::batch {
+
+using fill::FillProperties;
+using host::MsoFillType;
+using host::MsoGradientColorType;
+using host::MsoShapeType;
+using host::MsoTextureType;
+using host::MsoTriState;
+
+namespace {
+
+/// A fill read from a host. A texture whose name is refused is one without a name.
+FillProperties fillOf(host::FillFormat& fill) {
+    if (const FillProperties* known = fill.known()) return *known;
+    FillProperties result;
+    fill::forEveryProperty([&](const auto& property) {
+        if (property.read == nullptr) return;
+        try {
+            result.*property.member = (fill.*property.read)();
+        } catch (const base::Error&) {
+            result.UnknownTexture = true;
+        }
+    });
+    return result;
+}
+
+bool isShown(const FillProperties& fill) {
+    return fill.Visible != MsoTriState::msoFalse;
+}
+
+bool hasSameGradient(const FillProperties& asked, const FillProperties& stored) {
+    using enum MsoGradientColorType;
+    if (asked.GradientStyle != stored.GradientStyle ||
+        asked.GradientVariant != stored.GradientVariant ||
+        asked.GradientColorType != stored.GradientColorType) {
+        return false;
+    }
+    const bool sameFore = asked.ForeColorRGB == stored.ForeColorRGB;
+    switch (asked.GradientColorType) {
+        case msoGradientOneColor:
+            return sameFore && asked.GradientDegree == stored.GradientDegree;
+        case msoGradientTwoColors:
+            return sameFore && asked.BackColorRGB == stored.BackColorRGB;
+        default:
+            return asked.PresetGradientType == stored.PresetGradientType;
+    }
+}
+
+bool hasSameTexture(const FillProperties& asked, const FillProperties& stored) {
+    if (asked.TextureType != stored.TextureType) return false;
+    if (asked.TextureType == MsoTextureType::msoTexturePreset) {
+        return asked.PresetTexture == stored.PresetTexture;
+    }
+    return asked.UnknownTexture || asked.TextureName == stored.TextureName;
+}
+
+bool hasSameBody(const FillProperties& asked, const FillProperties& stored) {
+    if (asked.Type != stored.Type) return false;
+    switch (asked.Type) {
+        case MsoFillType::msoFillSolid:
+            return asked.ForeColorRGB == stored.ForeColorRGB;
+        case MsoFillType::msoFillPatterned:
+            return asked.Pattern == stored.Pattern && asked.ForeColorRGB == stored.ForeColorRGB &&
+                   asked.BackColorRGB == stored.BackColorRGB;
+        case MsoFillType::msoFillGradient:
+            return hasSameGradient(asked, stored);
+        case MsoFillType::msoFillTextured:
+            return hasSameTexture(asked, stored);
+        default:
+            return true;
+    }
+}
+
+bool isGradient(const FillProperties& fill, MsoGradientColorType colors) {
+    return fill.Type == MsoFillType::msoFillGradient && fill.GradientColorType == colors;
+}
+
+/// What a file format may do to the body of a fill, where that is known.
+std::string reasonOfBody(const FillProperties& asked, const FillProperties& stored) {
+    using enum MsoGradientColorType;
+    if (isGradient(stored, msoGradientTwoColors)) {
+        if (isGradient(asked, msoGradientOneColor)) {
+            return "keeps a one-colour gradient as a two-colour one";
+        }
+        if (isGradient(asked, msoGradientPresetColors)) {
+            return "keeps a preset gradient as a two-colour one";
+        }
+        if (isGradient(asked, msoGradientTwoColors)) {
+            return "does not keep the style and variant of this gradient";
+        }
+    }
+    if (asked.Type == MsoFillType::msoFillGradient && stored.Type == MsoFillType::msoFillPicture) {
+        return "keeps this gradient as a picture";
+    }
+    if (asked.Type == MsoFillType::msoFillTextured && stored.Type == asked.Type &&
+        stored.UnknownTexture) {
+        return "keeps the picture of a texture, but not the name of its file";
+    }
+    return {};
+}
+
+std::string reasonOf(const FillProperties& asked, const FillProperties& stored) {
+    if (!isShown(asked) || !isShown(stored)) return {};
+    if (!hasSameBody(asked, stored)) return reasonOfBody(asked, stored);
+    constexpr float kPerCent = 100.0F;
+    const bool isRounded =
+        std::round(asked.Transparency * kPerCent) == std::round(stored.Transparency * kPerCent);
+    return isRounded ? "keeps transparency in whole per cents" : "changes this transparency";
+}
+
+}  // namespace
+
+bool hasArrived(const FillProperties& asked, const FillProperties& stored) {
+    if (!isShown(asked) || !isShown(stored)) return isShown(asked) == isShown(stored);
+    return asked.Transparency == stored.Transparency && hasSameBody(asked, stored);
+}
+
+/// A shape of the document that was recoloured, or of the stored one.
+struct StoredFills::Node {
+    std::string name;
+    bool isGroup = false;
+    std::vector<Node> members;
+    /// What a shape was given; nothing for one that was left as it is.
+    std::optional<GivenFill> given;
+    /// Of the stored document.
+    host::ShapePointer shape;
+};
+
+namespace {
+
+using Node = StoredFills::Node;
+using Nodes = std::vector<Node>;
+/// For each node the one in the stored document, or nothing.
+using Pairing = std::vector<const Node*>;
+
+Node nodeOf(const host::ShapePointer& shape) {
+    Node node;
+    node.name = shape->Name();
+    node.shape = shape;
+    node.isGroup = shape->Type() == MsoShapeType::msoGroup;
+    if (!node.isGroup) return node;
+    const auto members = shape->GroupItems();
+    const std::int32_t count = members->Count();
+    for (std::int32_t i = 1; i <= count; ++i) node.members.push_back(nodeOf(members->Item(i)));
+    return node;
+}
+
+Nodes treeOf(host::Document& document) {
+    Nodes nodes;
+    const auto walk = document.Shapes()->enumerate();
+    while (const host::ShapePointer shape = walk->next()) nodes.push_back(nodeOf(shape));
+    return nodes;
+}
+
+/// Gives the nodes their fills. The shapes are not needed any more, and the document may go.
+void giveFills(Nodes& nodes, GivenFills& given) {
+    for (Node& node : nodes) {
+        node.shape.reset();
+        giveFills(node.members, given);
+        const auto found = given.find(node.name);
+        if (!node.isGroup && found != given.end()) node.given = std::move(found->second);
+    }
+}
+
+std::size_t countGiven(const Node& node) {
+    std::size_t count = node.given ? 1 : 0;
+    for (const Node& member : node.members) count += countGiven(member);
+    return count;
+}
+
+bool isSameKind(const Node& a, const Node& b) {
+    return a.isGroup == b.isGroup;
+}
+
+/// Pairs runs of shapes of the same length, in their order.
+void pairRuns(const std::vector<std::size_t>& run, const std::vector<const Node*>& storedRun,
+              const Nodes& nodes, Pairing& pairing) {
+    if (run.size() != storedRun.size()) return;
+    for (std::size_t i = 0; i < run.size(); ++i) {
+        if (isSameKind(nodes[run[i]], *storedRun[i])) pairing[run[i]] = storedRun[i];
+    }
+}
+
+/// Pairs what stands between the same two shapes that are paired already, or between one and the
+/// end, if there is as much of it on both sides.
+void pairGaps(const Nodes& nodes, const Nodes& stored, Pairing& pairing) {
+    const Pairing anchors = pairing;
+    const std::unordered_set<const Node*> anchored(anchors.begin(), anchors.end());
+    std::vector<std::size_t> run;
+    const Node* from = nullptr;
+    const auto close = [&](const Node* to) {
+        std::vector<const Node*> storedRun;
+        const Node* const begin = from == nullptr ? stored.data() : from + 1;
+        const Node* const end = to == nullptr ? stored.data() + stored.size() : to;
+        for (const Node* at = begin; at < end && !anchored.contains(at); ++at) {
+            storedRun.push_back(at);
+        }
+        pairRuns(run, storedRun, nodes, pairing);
+        run.clear();
+        from = to;
+    };
+    for (std::size_t i = 0; i < nodes.size(); ++i) {
+        if (anchors[i] == nullptr) {
+            run.push_back(i);
+        } else {
+            close(anchors[i]);
+        }
+    }
+    close(nullptr);
+}
+
+Pairing byOrder(const Nodes& nodes, const Nodes& stored) {
+    Pairing pairing(nodes.size());
+    pairGaps(nodes, stored, pairing);
+    return pairing;
+}
+
+Pairing byName(const Nodes& nodes, const Nodes& stored) {
+    std::unordered_map<std::string, const Node*> named;
+    for (const Node& node : stored) named[node.name] = &node;
+    Pairing pairing(nodes.size());
+    for (std::size_t i = 0; i < nodes.size(); ++i) {
+        const auto found = named.find(nodes[i].name);
+        if (found == named.end() || !isSameKind(nodes[i], *found->second)) continue;
+        pairing[i] = found->second;
+        named.erase(found);
+    }
+    pairGaps(nodes, stored, pairing);
+    return pairing;
+}
+
+void addDifference(const GivenFill& given, const FillProperties& stored, StoredResult& result) {
+    for (StoredDifference& each : result.differences) {
+        if (each.row == given.row && each.stored == stored) {
+            ++each.shapes;
+            return;
+        }
+    }
+    result.differences.push_back({given.row, 1, given.fill, stored, reasonOf(given.fill, stored)});
+}
+
+void add(StoredResult& result, const StoredResult& more) {
+    result.confirmed += more.confirmed;
+    result.notFound += more.notFound;
+    for (const StoredDifference& each : more.differences) {
+        for (std::size_t i = 0; i < each.shapes; ++i) {
+            addDifference({each.row, each.asked}, each.stored, result);
+        }
+    }
+}
+
+StoredResult compareNodes(const Nodes& nodes, const Nodes& stored);
+
+StoredResult comparePair(const Node& node, const Node* stored) {
+    StoredResult result;
+    if (stored == nullptr) {
+        result.notFound = countGiven(node);
+    } else if (node.isGroup) {
+        result = compareNodes(node.members, stored->members);
+    } else if (node.given) {
+        const FillProperties fill = fillOf(stored->shape->Fill());
+        if (hasArrived(node.given->fill, fill)) {
+            ++result.confirmed;
+        } else {
+            addDifference(*node.given, fill, result);
+        }
+    }
+    return result;
+}
+
+StoredResult compareAs(const Pairing& pairing, const Nodes& nodes) {
+    StoredResult result;
+    for (std::size_t i = 0; i < nodes.size(); ++i) add(result, comparePair(nodes[i], pairing[i]));
+    return result;
+}
+
+StoredResult compareNodes(const Nodes& nodes, const Nodes& stored) {
+    StoredResult ordered = compareAs(byOrder(nodes, stored), nodes);
+    if (ordered.isAsAsked()) return ordered;
+    StoredResult named = compareAs(byName(nodes, stored), nodes);
+    return named.confirmed > ordered.confirmed ? named : ordered;
+}
+
+}  // namespace
+
+StoredFills::StoredFills(host::Document& document, GivenFills given) : tree_(treeOf(document)) {
+    giveFills(tree_, given);
+}
+
+StoredFills::StoredFills(StoredFills&&) noexcept = default;
+StoredFills& StoredFills::operator=(StoredFills&&) noexcept = default;
+StoredFills::~StoredFills() = default;
+
+StoredResult StoredFills::compare(host::Document& stored) const {
+    StoredResult result = compareNodes(tree_, treeOf(stored));
+    std::stable_sort(result.differences.begin(), result.differences.end(),
+                     [](const auto& a, const auto& b) { return a.row < b.row; });
+    return result;
+}
+
+}  // namespace huebrush::batch
