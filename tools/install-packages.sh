@@ -11,6 +11,8 @@ packages=(
   libreoffice-style-colibre adwaita-icon-theme fonts-dejavu fonts-liberation
   # another reader of database files, to compare with
   mdbtools mdbtools-dev pkg-config
+  # other writers of documents, to be read
+  pandoc python3-docx python3-odf
   # the sanitizers
   clang libclang-rt-dev
   # tests in the host's windows, and pictures of its documents

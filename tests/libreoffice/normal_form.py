@@ -96,6 +96,29 @@ def solid_fills(mapping):
     return recolour
 
 
+LOEXT = "{urn:org:documentfoundation:names:experimental:office:xmlns:loext:1.0}"
+THEME = {LOEXT + name for name in ("fill-theme-color", "fill-color-lum-mod", "fill-color-lum-off")}
+
+
+def solid_fills_of_their_own(mapping):
+    """The same, where what ties a mapped colour to the theme goes with it."""
+    recolour = solid_fills(mapping)
+
+    def cut(attributes):
+        before = attributes[DRAW + "fill-color"]
+        attributes = recolour(attributes)
+        if attributes[DRAW + "fill-color"] == before:
+            return attributes
+        return {name: value for name, value in attributes.items() if name not in THEME}
+    return cut
+
+
+def styles_of(path):
+    """The styles, page layouts and master pages of a packed OpenDocument text."""
+    with zipfile.ZipFile(path) as package:
+        return canonical(ET.fromstring(package.read("styles.xml")))
+
+
 LENGTH = re.compile(r"(-?[0-9.]+)(in|cm|mm|pt)$")
 MILLIMETRES = {"in": 25.4, "cm": 10.0, "mm": 1.0, "pt": 25.4 / 72}
 # Loading and storing moves shapes by the rounding between the office's two units of length.
@@ -121,8 +144,9 @@ def complement(color):
     return f"#{0xFFFFFF - int(color[1:], 16):06x}"
 
 
-def docx_body(path, mapping=None):
-    """The body of a .docx, with the solid fills of its shapes mapped; the count of those."""
+def docx_body(path, mapping=None, theme=None):
+    """The body of a .docx, with the solid fills of its shapes mapped; the count of those. `theme`
+    has the colours of the theme by their names."""
     with zipfile.ZipFile(path) as package:
         text = package.read("word/document.xml").decode("utf-8")
     root = ET.fromstring(text)
@@ -131,7 +155,13 @@ def docx_body(path, mapping=None):
         fill = properties.find(DRAWINGML + "solidFill")
         color = None if fill is None else fill.find(DRAWINGML + "srgbClr")
         key = "" if color is None else "#" + color.get("val").lower()
+        scheme = None if fill is None else fill.find(DRAWINGML + "schemeClr")
+        if scheme is not None and len(scheme) == 0:
+            key = (theme or {}).get(scheme.get("val"), "")
         if mapping and key in mapping:
+            if color is None:
+                fill.remove(scheme)
+                color = ET.SubElement(fill, DRAWINGML + "srgbClr")
             color.set("val", mapping[key][1:])
             mapped += 1
     for shape in root.iter():
