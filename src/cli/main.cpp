@@ -19,7 +19,9 @@ using Chosen = std::function<int()>;
 void addFills(CLI::App& program, FillsOptions& options, Chosen& chosen) {
     CLI::App* const command =
         program.add_subcommand("fills", "List the distinct fills of all shapes of a document");
-    command->add_option("DOCUMENT", options.document, "An .odt, .fodt, .docx or .doc")->required();
+    command
+        ->add_option("DOCUMENT", options.document, "A text document, such as .odt, .docx or .doc")
+        ->required();
     command->add_flag("--json", options.json, "Print the listing as JSON, to edit as a plan");
     command->callback([&] { chosen = [&options] { return runFills(options); }; });
 }
@@ -27,9 +29,11 @@ void addFills(CLI::App& program, FillsOptions& options, Chosen& chosen) {
 void addRecolor(CLI::App& program, RecolorOptions& options, Chosen& chosen) {
     CLI::App* const command =
         program.add_subcommand("recolor", "Give the shapes of a document new fills");
-    command->add_option("DOCUMENT", options.document, "An .odt, .fodt, .docx or .doc")->required();
-    auto* const output = command->add_option(
-        "-o,--output", options.output, "Where to write the result; its extension is its format");
+    command
+        ->add_option("DOCUMENT", options.document, "A text document, such as .odt, .docx or .doc")
+        ->required();
+    auto* const output = command->add_option("-o,--output", options.output,
+                                             "Where to write the result; its ending is its format");
     auto* const inPlace =
         command->add_flag("--in-place", options.inPlace, "Replace the document by the result");
     output->excludes(inPlace);
@@ -46,10 +50,10 @@ void addRecolor(CLI::App& program, RecolorOptions& options, Chosen& chosen) {
     command->add_flag("--json", options.json, "Print the result as JSON");
     command->callback([&] {
         if (options.output.empty() && !options.inPlace) {
-            throw CLI::ValidationError("recolor", "say -o FILE or --in-place");
+            throw CLI::ValidationError("recolor", "specify -o FILE or --in-place");
         }
         if (options.maps.empty() && options.rows.empty() && options.plan.empty()) {
-            throw CLI::ValidationError("recolor", "nothing to do: say --map, --row or --plan");
+            throw CLI::ValidationError("recolor", "nothing to do: specify --map, --row or --plan");
         }
         chosen = [&options] { return runRecolor(options); };
     });
