@@ -20,8 +20,8 @@ inline constexpr Rule kFileSize{"F1", "the file does not consist of whole pages 
 inline constexpr Rule kPageExists{"F2", "a pointer leads to a page beyond the end of the file"};
 inline constexpr Rule kPageType{"F3", "the page is not of the type that its user expects"};
 inline constexpr Rule kOneOwner{"F4", "the page belongs to more than one object"};
-inline constexpr Rule kFileWhole{
-    "F5", "the page is marked as used but lies beyond the end of the file"};
+inline constexpr Rule kFileWhole{"F5",
+                                 "the page is marked as used but lies beyond the end of the file"};
 
 inline constexpr Rule kMapForm{"M1", "the page map has an unknown form"};
 inline constexpr Rule kMapPage{"M2", "a page and the page maps of its object disagree"};
