@@ -19,13 +19,23 @@ std::string environment(const char* name) {
     return value == nullptr ? "" : value;
 }
 
+/// Whether a folder of extensions has ours in it.
+bool hasExtension(const fs::path& folder) {
+    std::error_code error;
+    return fs::is_regular_file(folder / "huebrush/huebrush.so", error);
+}
+
 fs::path findExtensions() {
-    if (const char* const given = std::getenv("HUEBRUSH_EXTENSIONS")) return fs::absolute(given);
+    if (const char* const given = std::getenv("HUEBRUSH_EXTENSIONS")) {
+        if (hasExtension(given)) return fs::absolute(given);
+        throw Failure(std::string("HUEBRUSH_EXTENSIONS names no folder with the extension: ") +
+                      given);
+    }
     std::error_code error;
     const fs::path program = fs::read_symlink("/proc/self/exe", error);
     const fs::path folder = program.parent_path();
     for (const fs::path& place : {folder / "../extension", folder / "../lib/huebrush/extension"}) {
-        if (fs::is_directory(place / "huebrush", error)) return fs::canonical(place);
+        if (hasExtension(place)) return fs::canonical(place);
     }
     throw Failure("the LibreOffice extension is missing beside the program: " + folder.string());
 }

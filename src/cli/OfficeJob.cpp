@@ -1,5 +1,6 @@
 #include "cli/OfficeJob.h"
 
+#include <chrono>
 #include <fstream>
 #include <optional>
 #include <string>
@@ -23,10 +24,12 @@ using json = nlohmann::ordered_json;
 /// The service of the extension, in the form in which the office's command line calls one.
 constexpr const char* kService = "service:cz.huebrush.Batch?";
 
-/// Reads one message; the result when it is the last one.
+/// Reads one message; the result when it is the last one. The office's first one says only that the
+/// extension is there.
 std::optional<json> takeMessage(const std::string& line, ProgressBar& bar) {
     const json message = json::parse(line, nullptr, false);
     if (!message.is_object()) throw Failure("LibreOffice sent a message that cannot be read");
+    if (message.contains("started")) return std::nullopt;
     if (const auto progress = message.find("progress"); progress != message.end()) {
         bar.show(progress->at("done").get<std::size_t>(), progress->at("total").get<std::size_t>());
         return std::nullopt;
@@ -37,16 +40,22 @@ std::optional<json> takeMessage(const std::string& line, ProgressBar& bar) {
     return message.at("result");
 }
 
-json waitForResult(Channel& channel, Keeper& office, bool showProgress) {
+json waitForResult(Channel& channel, Keeper& office, bool showProgress,
+                   std::chrono::milliseconds longestStart) {
     ProgressBar bar(showProgress);
+    const auto startedBy = std::chrono::steady_clock::now() + longestStart;
+    bool started = false;
     while (true) {
         throwIfInterrupted();
         // Asked before reading: what a process has sent before its end is still read.
         const bool ended = office.hasEnded();
         if (const auto line = channel.readLine()) {
+            started = true;
             if (auto result = takeMessage(*line, bar)) return *std::move(result);
         } else if (ended) {
             throw Failure("LibreOffice ended before the work was done");
+        } else if (!started && std::chrono::steady_clock::now() > startedBy) {
+            throw Failure("LibreOffice has not loaded the Huebrush extension");
         }
     }
 }
@@ -61,7 +70,7 @@ std::filesystem::path linkTo(const std::string& document, const std::filesystem:
 
 }  // namespace
 
-json OfficeJob::run(protocol::Job job, bool showProgress) {
+json OfficeJob::run(protocol::Job job, bool showProgress, std::chrono::milliseconds longestStart) {
     const Installation installation = findInstallation();
     const auto channelPath = folder() / "channel";
     const auto jobPath = folder() / "job.json";
@@ -74,7 +83,7 @@ json OfficeJob::run(protocol::Job job, bool showProgress) {
     std::ofstream(jobPath) << protocol::toJson(job).dump(-1, ' ', false,
                                                          json::error_handler_t::replace);
     keeper_.start(officeCommand(installation, folder() / "profile", {kService + jobPath.string()}));
-    return waitForResult(channel, keeper_, showProgress);
+    return waitForResult(channel, keeper_, showProgress, longestStart);
 }
 
 }  // namespace huebrush::cli

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <filesystem>
 #include <nlohmann/json.hpp>
 
@@ -17,8 +18,10 @@ class OfficeJob {
     const std::filesystem::path& folder() const { return keeper_.folder(); }
 
     /// Starts the office and has it do the job. The result as the office sent it; Failure with the
-    /// office's own words, or when it died or is missing; Interrupted on Ctrl-C.
-    nlohmann::ordered_json run(protocol::Job job, bool showProgress);
+    /// office's own words, when it died or is missing, or when the extension has not begun after
+    /// `longestStart`: an office that cannot load it stays without a word. Interrupted on Ctrl-C.
+    nlohmann::ordered_json run(protocol::Job job, bool showProgress,
+                               std::chrono::milliseconds longestStart = std::chrono::minutes(2));
 
  private:
     Keeper keeper_;

@@ -115,6 +115,10 @@ ordered_json toJson(const batch::StoredResult& result) {
 
 namespace message {
 
+ordered_json started() {
+    return {{"started", true}};
+}
+
 ordered_json progress(std::size_t done, std::size_t total) {
     return {{"progress", {{"done", done}, {"total", total}}}};
 }

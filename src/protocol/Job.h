@@ -38,6 +38,8 @@ nlohmann::ordered_json toJson(const batch::StoredResult& result);
 
 /// One line of the channel from the office to the program.
 namespace message {
+/// The first one: the service is there and has read the job.
+nlohmann::ordered_json started();
 nlohmann::ordered_json progress(std::size_t done, std::size_t total);
 /// The job's end: the result, and the boxes that the logic wanted to show.
 nlohmann::ordered_json result(nlohmann::ordered_json value,

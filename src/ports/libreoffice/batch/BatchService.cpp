@@ -109,6 +109,7 @@ void doJob(const ContextReference& context, const std::string& jobFile) {
     std::ifstream stream(jobFile);
     const protocol::Job job = protocol::jobFromJson(nlohmann::json::parse(stream));
     ChannelWriter channel(job.channel);
+    channel.send(protocol::message::started());
     ordered_json last;
     try {
         last = work(context, job, channel);
