@@ -181,8 +181,7 @@ TEST_F(Trees, EqualKeysAreOrderedByTheirRows) {
 }
 
 TEST_F(Trees, FallingKeysComeBeforeAllOthers) {
-    constexpr std::uint32_t kRows = 5000 / kShare;
-    for (std::uint32_t i = kRows; i > 0; --i) insert(numberKey(i), rowFor(i));
+    for (std::uint32_t i = 5000; i > 0; --i) insert(numberKey(i), rowFor(i));
     EXPECT_EQ(verify(), 1);
 }
 
