@@ -134,6 +134,16 @@ class Dialog:
     def click_row(self, row, x):
         self.click(self.in_row(row, x))
 
+    def wait_for_handle(self, row):
+        """Until the row's grab handle shows, which only the row with the focus has."""
+        x, y = self.on_screen(self.in_row(row, HANDLE))
+
+        def is_drawn():
+            pixels = self.screen.pixels(x - 5, y - 5, 10, 10)
+            return len({pixels[at:at + 3] for at in range(0, len(pixels), 3)}) > 1
+
+        wait_until(is_drawn, f"the handle of row {row} shows")
+
     def open_menu(self, place, items):
         """Clicks what opens a menu, and waits until the menu is there."""
         before = self.screen.windows()
@@ -148,6 +158,7 @@ class Dialog:
 
     def drag_row(self, row, to):
         """Drags a row that has the focus by its handle onto another one."""
+        self.wait_for_handle(row)
         x, y = self.on_screen(self.in_row(row, HANDLE))
         target = self.on_screen(self.in_row(to, SOURCE))
         self.screen.drag((x, y), target)

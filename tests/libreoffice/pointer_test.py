@@ -25,6 +25,7 @@ class PointerTest(DialogCase):
     def hold_row(self, dialog, row, place):
         """Drags a row to a place, and keeps the button."""
         dialog.click_row(row, SOURCE)
+        dialog.wait_for_handle(row)
         self.screen.hold(dialog.on_screen(dialog.in_row(row, HANDLE)), dialog.on_screen(place))
 
     def first_shown(self, dialog):
