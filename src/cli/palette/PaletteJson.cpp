@@ -134,7 +134,7 @@ class PaletteReader final : public nlohmann::json_sax<json> {
     enum class Within { nothing, input, palettes, palette, elements, element, ignored };
     using Values = palette::PaletteSink::Values;
 
-    bool scalar(json value);
+    bool scalar(const json& value);
     void inColumn(const json& value);
     void set(Values& values, const jet::TableDefinition& table, const json& value);
     void beginElements();
@@ -173,7 +173,7 @@ bool PaletteReader::key(string_t& name) {
     return true;
 }
 
-bool PaletteReader::scalar(json value) {
+bool PaletteReader::scalar(const json& value) {
     switch (within_) {
         case Within::nothing:
             failForm();
