@@ -64,7 +64,7 @@ class ShapeRange : public ShapeList {
  public:
     /// One fill for all: a write reaches every shape. Lives as long as this object.
     virtual FillFormat& Fill() = 0;
-    /// Makes these shapes the selection, replacing the former one.
+    /// Makes these shapes the selection, replacing the previous one.
     virtual void Select() = 0;
 };
 

@@ -11,7 +11,7 @@ namespace huebrush::libreoffice {
 /// Has the user choose a colour in the office's own dialog, above a window (or above none). Colours
 /// are the host's, red in the low byte. Nothing when the user cancels. REQUIRES: called on the main
 /// thread from a posted callback, not from a listener of a window: without the office's own lock
-/// the dialog ends the office.
+/// the dialog crashes LibreOffice.
 std::optional<std::int32_t> pickColor(
     const ContextReference& context,
     const com::sun::star::uno::Reference<com::sun::star::awt::XWindowPeer>& owner,

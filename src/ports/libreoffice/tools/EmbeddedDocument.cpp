@@ -77,7 +77,7 @@ Model openInside(const ContextReference& context, const Peer& window) {
     return officeCalls([&] {
         const auto frame = createService<css::frame::XFrame>(context, "com.sun.star.frame.Frame");
         frame->initialize(makeWindow(context, window));
-        // Loaded with a visible window inside another one, a document ends the office.
+        // Loaded with a visible window inside another one, a document crashes LibreOffice.
         const Model model(Reference<css::frame::XComponentLoader>(frame, UNO_QUERY_THROW)
                               ->loadComponentFromURL("private:factory/swriter", "_self", 0,
                                                      properties({property("Hidden", Any(true))})),

@@ -11,7 +11,7 @@ namespace huebrush::libreoffice {
 class FormWindow;
 class Snapshot;
 
-/// What the user has done in a window, run one after the other out of the event loop, each as a
+/// What the user has done in a window, run from the event loop one after the other, each as a
 /// handler.
 class Deeds {
  public:
@@ -28,7 +28,7 @@ class Deeds {
     /// Forgets those that have not been run.
     void clear() { waiting_.clear(); }
 
-    /// While it lives, deeds wait.
+    /// While it lives, the queue pauses.
     class Pause {
      public:
         explicit Pause(Deeds& deeds) : deeds_(deeds) { ++deeds_.pauses_; }

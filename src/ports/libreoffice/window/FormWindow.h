@@ -49,8 +49,8 @@ class FormWindow : public std::enable_shared_from_this<FormWindow> {
     /// then: whoever closes it meanwhile has it retire.
     void waitForEnd();
     bool isWaiting() const { return waiting_; }
-    /// Hides the window, which hears of its form no more and is not told of it. Harmless when there
-    /// is none.
+    /// Hides the window, detached from its form: neither notices the other any more. Harmless when
+    /// there is none.
     void retire();
     /// Takes the window away. Harmless when there is none.
     void close();
@@ -61,7 +61,7 @@ class FormWindow : public std::enable_shared_from_this<FormWindow> {
     /// Nothing when the window is closed.
     Peer peer() const;
 
-    /// Runs a deed of the user soon, out of the event loop, unless the window is closed by then.
+    /// Runs what the user did soon, from the event loop, unless the window is closed by then.
     void post(std::function<void()> deed);
     /// While what it returns lives, what is posted waits. It keeps the window alive.
     std::shared_ptr<void> pauseDeeds();

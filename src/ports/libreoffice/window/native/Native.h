@@ -21,7 +21,7 @@ namespace huebrush::libreoffice {
 struct NativeSite {
     com::sun::star::uno::Reference<com::sun::star::awt::XToolkit> toolkit;
     com::sun::star::uno::Reference<com::sun::star::awt::XWindowPeer> parent;
-    /// Runs a deed of the user soon, out of the event loop.
+    /// Runs what the user did soon, from the event loop.
     std::function<void(std::function<void()>)> post;
     /// Hears of the mouse in a native control, in pixels of that.
     std::function<void(const MouseInput&)> mouse;
