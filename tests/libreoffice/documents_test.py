@@ -165,8 +165,13 @@ class Recolouring(OnDocuments):
         with PrivateOffice() as office:
             office.convert(output, self.folder / "recoloured-doc.fodt")
             office.convert(self.folder / "plain.doc", self.folder / "plain-doc.fodt")
-        self.assert_only_fills_differ(self.folder / "plain-doc.fodt",
-                                      self.folder / "recoloured-doc.fodt")
+        # Both were loaded and stored once more than the program did it, and so rounded differently.
+        expected = normal_form.NormalForm(self.folder / "plain-doc.fodt",
+                                          normal_form.solid_fills(MAP))
+        recoloured = normal_form.NormalForm(self.folder / "recoloured-doc.fodt")
+        self.assertTrue(normal_form.alike(recoloured.body, expected.body))
+        plain = normal_form.NormalForm(self.folder / "plain-doc.fodt")
+        self.assertFalse(normal_form.alike(plain.body, expected.body))
         self.assertGreater(result["changed"], 10)
 
     def test_the_output_takes_the_format_of_its_name(self):
