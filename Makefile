@@ -18,7 +18,8 @@ demo: build
 
 # The sanitizers first: what they find explains the rest.
 check: asan build
-	$(CTEST) --test-dir build/release -j3 -L 'unit|libreoffice|lint'
+	$(CTEST) --test-dir build/release -j2 -L 'unit|lint'
+	$(CTEST) --test-dir build/release -j2 -L libreoffice
 
 asan: packages
 	@cmake --preset asan >/dev/null

@@ -126,6 +126,8 @@ void Mouse::moveDragged(const Place& at, const forms::MouseEvent& event, forms::
 }
 
 void Mouse::leave(const Place& at) {
+    // For a control of the surface's own, which the office may say after the moves that follow.
+    if (at.x >= 0 && at.x < at.width && at.y >= 0 && at.y < at.height) return;
     forms::Form& form = at.surface->form();
     if (form.dragged() != nullptr) setTarget(form, nullptr, at);
 }

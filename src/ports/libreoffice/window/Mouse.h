@@ -26,7 +26,8 @@ class Mouse {
     void press(const Place& at, forms::MouseEvent event, bool twice);
     void move(const Place& at, forms::MouseEvent event);
     void release(const Place& at, forms::MouseEvent event);
-    /// The mouse has left the surface, for another one or the outside: nothing is dragged over.
+    /// The mouse has left the surface at a place, which lies outside unless it came to a control
+    /// inside: nothing is dragged over.
     void leave(const Place& at);
 
     /// Ends a drag without a drop.
