@@ -68,7 +68,8 @@ class Writer(Office):
         try:
             return resolver.resolve(
                 f"uno:pipe,name={self._pipe};urp;StarOffice.ComponentContext")
-        except NoConnectException:
+        except (NoConnectException, DisposedException):
+            # The latter from an office that has just been killed under the same name.
             if not self.running():
                 raise AssertionError("Writer ended while it was starting") from None
             return None
