@@ -61,6 +61,17 @@ void makeUserTexture(FillState& state, const std::string& file) {
 
 class IsSameFillTest : public TwoFills {
  protected:
+    /// Compares the two fills, which are equal, once for each of the reads, which then fails.
+    void expectFalseAtEachFailingRead() {
+        test.startLog();
+        ASSERT_TRUE(IsSameFill(sample->Fill(), tested->Fill()));
+        const std::size_t reads = test.calls().size();
+        for (std::size_t read = 1; read <= reads; ++read) {
+            test.log().failAt("", base::Error(7, "popis"), read, 1);
+            EXPECT_FALSE(IsSameFill(sample->Fill(), tested->Fill())) << read;
+            test.log().failNoMore();
+        }
+    }
     static Calls ofBoth(const std::string& member) {
         return {"read Sample.Fill." + member, "read Tested.Fill." + member};
     }
@@ -279,27 +290,13 @@ TEST_F(IsSameFillTest, AHostErrorAtAnyReadOfAGradientOrTextureMakesTheResultFals
         [](FillState& state) { makeUserTexture(state, "wood.jpg"); }};
     for (const auto& kind : kinds) {
         both(kind);
-        test.startLog();
-        ASSERT_TRUE(IsSameFill(sample->Fill(), tested->Fill()));
-        const std::size_t reads = test.calls().size();
-        for (std::size_t read = 1; read <= reads; ++read) {
-            test.log().failAt("", base::Error(7, "popis"), read, 1);
-            EXPECT_FALSE(IsSameFill(sample->Fill(), tested->Fill())) << read;
-            test.log().failNoMore();
-        }
+        expectFalseAtEachFailingRead();
     }
     EXPECT_TRUE(test.runtime.boxes.empty());
 }
 
 TEST_F(IsSameFillTest, AHostErrorAtAnyReadMakesTheResultFalseWithoutAReport) {
-    test.startLog();
-    same();
-    const std::size_t reads = test.calls().size();
-    for (std::size_t read = 1; read <= reads; ++read) {
-        test.log().failAt("", base::Error(7, "popis"), read, 1);
-        EXPECT_FALSE(IsSameFill(sample->Fill(), tested->Fill())) << read;
-        test.log().failNoMore();
-    }
+    expectFalseAtEachFailingRead();
     EXPECT_TRUE(test.runtime.boxes.empty());
     EXPECT_TRUE(same());
 }
