@@ -30,10 +30,10 @@ forms::MsgBoxResult BatchRuntime::MsgBox(const std::string& text, std::int32_t s
                                          const std::string& title) {
     switch (style & forms::MsgBoxStyle::kButtonsMask) {
         case forms::MsgBoxStyle::kOk:
-            messages_.push_back({kindOf(style), text, steps_});
+            messages_.push_back({kindOf(style), text});
             return forms::MsgBoxResult::ok;
         case forms::MsgBoxStyle::kAbortRetryIgnore:
-            messages_.push_back({Message::Kind::error, text, steps_});
+            messages_.push_back({Message::Kind::error, text});
             return forms::MsgBoxResult::abort;
         default:
             throwUnattended(base::text(title, ": ", text));
@@ -52,7 +52,6 @@ std::string BatchRuntime::ChooseFile(const forms::FileDialog& dialog) {
 }
 
 void BatchRuntime::DoEvents() {
-    ++steps_;
     if (onStep) onStep();
 }
 

@@ -16,8 +16,6 @@ struct Message {
     enum class Kind { information, warning, error };
     Kind kind = Kind::information;
     std::string text;
-    /// How many times the logic had let events run before it.
-    std::size_t step = 0;
 };
 
 /// The forms runtime for work without a user at the screen. Boxes are kept instead of shown: Abort,
@@ -39,7 +37,6 @@ class BatchRuntime final : public forms::ForwardingRuntime, private forms::Clipb
     void setTopMost(forms::Form& form, bool topMost) override;
 
     const std::vector<Message>& messages() const { return messages_; }
-    std::size_t steps() const { return steps_; }
     /// Called at each step of the logic.
     std::function<void()> onStep;
 
@@ -50,7 +47,6 @@ class BatchRuntime final : public forms::ForwardingRuntime, private forms::Clipb
 
     base::Picture picture_;
     std::vector<Message> messages_;
-    std::size_t steps_ = 0;
 };
 
 }  // namespace huebrush::batch

@@ -17,6 +17,7 @@ using recolor::ColorElement;
 
 constexpr const char* kUnchanged = "unchanged";
 constexpr const char* kNoFillPossible = "no fill possible";
+constexpr const char* kNotReached = "the recolour ended before this row";
 
 bool isSolid(const fill::FillProperties& fill) {
     return fill.Visible != MsoTriState::msoFalse && fill.Type == MsoFillType::msoFillSolid;
@@ -73,18 +74,30 @@ Session::~Session() {
 }
 
 std::vector<FillRow> Session::scan() {
-    const std::size_t firstMessage = runtime_.messages().size();
     dialog_->cmdAdd.press();
-    for (std::size_t i = firstMessage; i < runtime_.messages().size(); ++i) {
-        const Message& message = runtime_.messages()[i];
-        if (message.kind == Message::Kind::error) {
-            throw base::Error(base::ErrorNumber::kInternal, message.text);
-        }
-    }
+    const std::string error = nextError();
+    if (!error.empty()) throw base::Error(base::ErrorNumber::kInternal, error);
     if (dialog_->Element.ubound() == 0) {
         throw RequestError("the document has no drawing shapes");
     }
+    for (std::int16_t i = 1; i <= dialog_->Element.ubound(); ++i) {
+        dialog_->Element[i].Discoloured.connect([this, i] {
+            const std::string failure = nextError();
+            if (!failure.empty()) failures_.emplace(i, failure);
+        });
+    }
     return rows();
+}
+
+/// The first error among the messages not looked at before; empty where there is none.
+std::string Session::nextError() {
+    const std::vector<Message>& messages = runtime_.messages();
+    const auto next = messages.begin() + static_cast<std::ptrdiff_t>(messagesSeen_);
+    messagesSeen_ = messages.size();
+    const auto error = std::find_if(next, messages.end(), [](const Message& message) {
+        return message.kind == Message::Kind::error;
+    });
+    return error == messages.end() ? std::string() : error->text;
 }
 
 std::vector<FillRow> Session::rows() const {
@@ -103,10 +116,9 @@ RecolorResult Session::recolor(const RecolorRequest& request) {
     for (std::int16_t i = 1; i <= dialog_->Element.ubound(); ++i) {
         wasChanged.push_back(dialog_->Element[i].FillObject().Change());
     }
-    const std::size_t firstMessage = runtime_.messages().size();
-    const std::size_t firstStep = runtime_.steps();
+    failures_.clear();
     dialog_->cmdDiscolour.press();
-    return result(wasChanged, firstMessage, firstStep);
+    return result(wasChanged, nextError());
 }
 
 void Session::edit(const RecolorRequest& request) {
@@ -143,36 +155,35 @@ void Session::editRow(const RowEdit& rowEdit) {
     if (!(edited == fill.original())) fill.setDestination(edited);
 }
 
-RecolorResult Session::result(const std::vector<bool>& wasChanged, std::size_t firstMessage,
-                              std::size_t firstStep) {
-    // The recolour makes one step before each row: that shows which row a message is about.
-    std::vector<std::string> failures(wasChanged.size());
-    for (std::size_t i = firstMessage; i < runtime_.messages().size(); ++i) {
-        const Message& message = runtime_.messages()[i];
-        const std::size_t row = message.step - firstStep;
-        if (message.kind == Message::Kind::error && row < failures.size()) {
-            failures[row] = message.text;
-        }
-    }
+RecolorResult Session::result(const std::vector<bool>& wasChanged, const std::string& dialogError) {
     RecolorResult result;
     recoloured_.clear();
     for (std::int16_t i = 1; i <= dialog_->Element.ubound(); ++i) {
-        const auto at = static_cast<std::size_t>(i);
-        account(i, wasChanged[at], failures[at], result);
+        account(i, wasChanged[static_cast<std::size_t>(i)], dialogError, result);
+    }
+    const bool isStated =
+        std::any_of(result.skipped.begin(), result.skipped.end(),
+                    [&](const Skipped& skipped) { return skipped.reason == dialogError; });
+    if (!dialogError.empty() && !isStated) {
+        throw base::Error(base::ErrorNumber::kInternal, dialogError);
     }
     return result;
 }
 
-void Session::account(std::int16_t index, bool wasChanged, const std::string& failure,
+/// `dialogError` has ended the recolour before the rows that are still changed.
+void Session::account(std::int16_t index, bool wasChanged, const std::string& dialogError,
                       RecolorResult& result) {
     const ColorElement& row = dialog_->Element[index];
     const std::size_t count = row.ElementsGroup->size();
     result.shapes += count;
     ++result.groups;
-    if (!failure.empty()) {
-        result.skipped.push_back({index, count, failure});
+    const auto failure = failures_.find(index);
+    if (failure != failures_.end()) {
+        result.skipped.push_back({index, count, failure->second});
     } else if (!wasChanged) {
         result.skipped.push_back({index, count, kUnchanged});
+    } else if (row.FillObject().Change()) {
+        result.skipped.push_back({index, count, dialogError.empty() ? kNotReached : dialogError});
     } else {
         const std::size_t unfillable = countUnfillable(row);
         if (unfillable > 0) result.skipped.push_back({index, unfillable, kNoFillPossible});

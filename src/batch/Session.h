@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -94,7 +95,8 @@ class Session {
     std::vector<FillRow> scan();
 
     /// Gives new fills to the shapes of the scanned rows. RequestError before anything is written;
-    /// failures of single rows are in the result.
+    /// failures of single rows are in the result. A base::Error with the dialog's own message when
+    /// a fill did not reach a shape, and it is not known of which row that is.
     RecolorResult recolor(const RecolorRequest& request);
 
     /// The fills that the recolour gave, to be compared with those of a stored file.
@@ -105,15 +107,19 @@ class Session {
     void edit(const RecolorRequest& request);
     void map(const ColorMapping& mapping);
     void editRow(const RowEdit& edit);
-    RecolorResult result(const std::vector<bool>& wasChanged, std::size_t firstMessage,
-                         std::size_t firstStep);
-    void account(std::int16_t index, bool wasChanged, const std::string& failure,
+    std::string nextError();
+    RecolorResult result(const std::vector<bool>& wasChanged, const std::string& dialogError);
+    void account(std::int16_t index, bool wasChanged, const std::string& dialogError,
                  RecolorResult& result);
 
     BatchRuntime& runtime_;
     std::shared_ptr<host::Document> document_;
     WholeDocument host_;
     std::shared_ptr<recolor::frmEditGraphic> dialog_;
+    /// How many of the runtime's messages have been looked at.
+    std::size_t messagesSeen_ = 0;
+    /// What rows reported of their recolour, by their numbers.
+    std::map<std::int16_t, std::string> failures_;
     /// The rows whose shapes got a new fill.
     std::vector<std::int16_t> recoloured_;
 };

@@ -124,6 +124,47 @@ TEST_F(BatchSession, ReportsTheFailureOfARowAndGoesOnWithTheNext) {
     EXPECT_NE(failed->reason.find("Grass"), std::string::npos);
 }
 
+TEST_F(BatchSession, AFillThatFailsAfterItsRowIsTheFailureOfThatRow) {
+    addThreeRows();
+    Session session(host, document, runtime);
+    session.scan();
+    document->failedWrites = {{"Grass", base::Error(7, "locked")}};
+    const RecolorResult result =
+        session.recolor({{}, {{2, solid(kBlue, 0), std::nullopt}, {3, noFill(), std::nullopt}}});
+    EXPECT_EQ(result.changed, 1U);
+    ASSERT_EQ(result.skipped.size(), 2U);
+    EXPECT_EQ(result.skipped[0].reason, "unchanged");
+    EXPECT_EQ(result.skipped[1].row, 2);
+    EXPECT_NE(result.skipped[1].reason.find("locked"), std::string::npos);
+}
+
+TEST_F(BatchSession, AFillThatFailedForAShapeOfNoRowIsAnError) {
+    addThreeRows();
+    Session session(host, document, runtime);
+    session.scan();
+    document->failedWrites = {{"", base::Error(7, "no undo")}};
+    try {
+        session.recolor({{}, {{2, solid(kBlue, 0), std::nullopt}}});
+        FAIL() << "no error";
+    } catch (const base::Error& error) {
+        EXPECT_NE(error.description().find("no undo"), std::string::npos);
+    }
+}
+
+TEST_F(BatchSession, RowsThatAnErrorOfTheRecolourLeavesOutAreNamedWithIt) {
+    addThreeRows();
+    Session session(host, document, runtime);
+    session.scan();
+    host.log.failAt("call Picture.undoGroup", base::Error(7, "busy"));
+    const RecolorResult result =
+        session.recolor({{}, {{2, solid(kBlue, 0), std::nullopt}, {3, noFill(), std::nullopt}}});
+    EXPECT_EQ(result.changed, 0U);
+    ASSERT_EQ(result.skipped.size(), 3U);
+    for (std::size_t i : {1U, 2U}) {
+        EXPECT_NE(result.skipped[i].reason.find("busy"), std::string::npos);
+    }
+}
+
 TEST_F(BatchSession, AScanThatFailsIsAnErrorWithTheDialogsMessage) {
     addThreeRows();
     Session session(host, document, runtime);

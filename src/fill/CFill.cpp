@@ -7,6 +7,8 @@ namespace huebrush::fill {
 
 namespace {
 
+constexpr const char* kSetFormatFailed = "Chyba při aplikaci nové výplně...";
+
 error::Place place(const char* procedure, const char* message) {
     return {"Huebrush.CFill.", procedure, message};
 }
@@ -96,7 +98,7 @@ void CFill::ApplyChange() {
 }
 
 void CFill::SetFormat(host::FillFormat& Fill) {
-    error::trap(place("SetFormat", "Chyba při aplikaci nové výplně..."), [&] {
+    error::trap(place("SetFormat", kSetFormatFailed), [&] {
         Fill.setForeColorRGB(destination_.ForeColorRGB);
         Fill.setBackColorRGB(destination_.BackColorRGB);
         const auto get = [&](const auto& property) { return destination_.*property.member; };
@@ -106,6 +108,10 @@ void CFill::SetFormat(host::FillFormat& Fill) {
         Fill.setTransparency(destination_.Transparency);
         Fill.setVisible(destination_.Visible);
     });
+}
+
+void CFill::reportFailedFormat(const base::Error& error) {
+    error::report(place("SetFormat", kSetFormatFailed), error);
 }
 
 }  // namespace huebrush::fill

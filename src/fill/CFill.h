@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/Error.h"
 #include "base/Event.h"
 #include "base/Picture.h"
 #include "fill/FillProperties.h"
@@ -36,6 +37,8 @@ class CFill {
     /// Writes the destination onto a host's fill: colours first, because the host builds gradients
     /// and patterns from them; visibility last.
     void SetFormat(host::FillFormat& Fill);
+    /// Reports what SetFormat itself would have reported, had the host not gathered its writes.
+    static void reportFailedFormat(const base::Error& error);
 
     bool Change() const { return change_; }
 

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "base/Error.h"
 #include "host/Shape.h"
 
 namespace huebrush::host {
@@ -52,6 +53,12 @@ class Selection {
     virtual void Copy() = 0;
 };
 
+/// A fill that did not reach its shape.
+struct FailedWrite {
+    std::string shape;  ///< Its name; empty where that is not known.
+    base::Error error;
+};
+
 /// While it lives, all changes of shapes of its document go into one step of the host's Undo list.
 /// A group in which nothing was written leaves no step. Ends on every path.
 class UndoGroup {
@@ -60,6 +67,10 @@ class UndoGroup {
     UndoGroup(const UndoGroup&) = delete;
     UndoGroup& operator=(const UndoGroup&) = delete;
     virtual ~UndoGroup() = default;
+
+    /// Ends the group: carries out the writes that the host has gathered in it, and answers which
+    /// failed. An error of a write that was not gathered is that call's own. Never throws.
+    virtual std::vector<FailedWrite> finish() { return {}; }
 };
 
 class Document {

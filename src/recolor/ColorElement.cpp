@@ -1,5 +1,7 @@
 #include "recolor/ColorElement.h"
 
+#include <algorithm>
+#include <set>
 #include <utility>
 
 #include "error/mError.h"
@@ -35,6 +37,15 @@ constexpr double kMenuWidth = 420;
 constexpr double kLabelTop = 210;
 constexpr double kLabelHeight = 195;
 }  // namespace place
+
+/// The names of those shapes that still have one.
+std::set<std::string> knownNames(const ShapeGroup& shapes) {
+    std::set<std::string> names;
+    for (const host::ShapePointer& shape : shapes) {
+        error::ignoring([&] { names.insert(shape->Name()); });
+    }
+    return names;
+}
 
 }  // namespace
 
@@ -187,6 +198,21 @@ void ColorElement::Discolour(host::Document& document) {
         fill_->ApplyChange();
         setSourcePicture(DestinationPicture());
     });
+    Discoloured();
+}
+
+void ColorElement::reportFailed(std::vector<host::FailedWrite>& failed) {
+    if (!ElementsGroup) return;
+    const auto own =
+        std::stable_partition(failed.begin(), failed.end(),
+                              [names = knownNames(*ElementsGroup)](const host::FailedWrite& each) {
+                                  return !names.contains(each.shape);
+                              });
+    if (own == failed.end()) return;
+    const base::Error first = own->error;
+    failed.erase(own, failed.end());
+    fill::CFill::reportFailedFormat(first);
+    Discoloured();
 }
 
 void ColorElement::Show() {

@@ -66,6 +66,8 @@ class ColorElement final : public forms::UserControl {
     base::Event<> MoveDown;
     base::Event<> DragMouseDown;
     base::Event<std::int16_t&> KeyDel;
+    /// Discolour has ended, or what failed of its writes later has been reported.
+    base::Event<> Discoloured;
 
     /// Takes the picture on the clipboard as both previews, or as that of the new fill.
     void CliboardToSource();
@@ -73,6 +75,9 @@ class ColorElement final : public forms::UserControl {
     /// Gives the new fill to the group's shapes, found again by their names in the document, if the
     /// row is selected and its fill changed. The new fill is the current one then.
     void Discolour(host::Document& document);
+    /// Reports the first of these fills, if any, that was to reach a shape of the group, and takes
+    /// out all that were.
+    void reportFailed(std::vector<host::FailedWrite>& failed);
 
     /// Gives the row the pictures that are the same in all rows.
     void setFixedPictures(const base::Picture& focusMark, const base::Picture& grabHandle,

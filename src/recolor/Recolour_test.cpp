@@ -236,6 +236,67 @@ TEST_F(RecolourTest, AnErrorOfAFillIsReportedByTheFillAndTheRowCountsAsRecoloure
     EXPECT_FALSE(row(1).FillObject().Change());
 }
 
+TEST_F(RecolourTest, FillsThatFailWhenTheUndoStepEndsAreReportedOncePerRow) {
+    addRows({1, 2, 1});
+    user.click(dialog->chkSelAll);
+    change(1);
+    change(2);
+    test.document->failedWrites = {{"Shape 2", base::Error(8, "second")},
+                                   {"Shape 1", base::Error(7, "first")},
+                                   {"Shape 3", base::Error(9, "twin")}};
+    std::vector<std::int16_t> reported;
+    for (std::int16_t i = 1; i <= 2; ++i) {
+        row(i).Discoloured.connect([&reported, i] { reported.push_back(i); });
+    }
+    press();
+    ASSERT_EQ(test.runtime.boxes.size(), 2U);
+    EXPECT_EQ(test.runtime.boxes[0],
+              (ShownBox{"Chyba v modulu \"Huebrush.CFill.SetFormat\"...\r\n\r\nChyba při aplikaci "
+                        "nové výplně...\r\n\r\nSystémový popis výjimky:\r\nfirst",
+                        16, "Chyba č. 7"}));
+    EXPECT_EQ(test.runtime.boxes[1].title, "Chyba č. 8");
+    EXPECT_EQ(reported, (std::vector<std::int16_t>{1, 2, 1, 2}));
+    for (std::int16_t i = 1; i <= 2; ++i) EXPECT_FALSE(row(i).FillObject().Change());
+    EXPECT_TRUE(dialog->cmdDiscolour.Enabled);
+    EXPECT_FALSE(dialog->picLoadStatus.Visible);
+}
+
+TEST_F(RecolourTest, AFillThatFailedForAShapeOfNoRowIsReportedByTheDialog) {
+    addTickedRows(1);
+    change(1);
+    test.document->failedWrites = {{"", base::Error(7, "popis")}};
+    press();
+    EXPECT_EQ(test.runtime.boxes,
+              (std::vector<ShownBox>{
+                  {"Chyba v modulu \"Huebrush.frmEditGraphic.cmdDiscolour_Click\"...\r\n\r\nPři "
+                   "převádění výplní došlo k chybě...\r\n\r\nSystémový popis výjimky:\r\npopis",
+                   16, "Chyba č. 7"}}));
+    EXPECT_TRUE(dialog->cmdDiscolour.Enabled);
+}
+
+TEST_F(RecolourTest, WhatHasFailedIsReportedAlsoWhenAnErrorEndsTheRecolour) {
+    addTickedRows(2);
+    change(1);
+    test.document->failedWrites = {{"Shape 1", base::Error(8, "popis")}};
+    test.log().failAt("read Application.Selection", base::Error(7, "popis"), 2);
+    press();
+    ASSERT_EQ(test.runtime.boxes.size(), 2U);
+    EXPECT_EQ(test.runtime.boxes[0].title, "Chyba č. 8");
+    EXPECT_EQ(test.runtime.boxes[1].title, "Chyba č. 7");
+}
+
+TEST_F(RecolourTest, WhatHasFailedIsReportedAlsoWhenTheDialogIsClosedMeanwhile) {
+    addTickedRows(2);
+    change(1);
+    test.document->failedWrites = {{"Shape 1", base::Error(8, "popis")}};
+    test.runtime.onPump = [&](std::size_t pump) {
+        if (pump == 2) dialog->Unload();
+    };
+    press();
+    ASSERT_EQ(test.runtime.boxes.size(), 1U);
+    EXPECT_EQ(test.runtime.boxes[0].title, "Chyba č. 8");
+}
+
 TEST_F(RecolourTest, AnErrorOfItsOwnLeavesTheRowsDoneAndTheButtonDisabled) {
     addTickedRows(3);
     for (std::int16_t i = 1; i <= 3; ++i) change(i);

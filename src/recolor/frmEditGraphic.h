@@ -126,7 +126,9 @@ class frmEditGraphic final : public forms::Form {
 
     // The recolour.
     void cmdDiscolour_Click();
+    struct Discolouring;
     bool discolourRows();
+    void reportFailed(std::vector<host::FailedWrite> failed);
 
     // The new fill of a row.
     void Element_mnuChDColor(std::int16_t Index);

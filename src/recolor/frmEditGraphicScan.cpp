@@ -134,11 +134,34 @@ void frmEditGraphic::cmdDiscolour_Click() {
     });
 }
 
+/// The document under recolour. Whatever ends that, its fills that have failed late are reported.
+struct frmEditGraphic::Discolouring {
+    explicit Discolouring(frmEditGraphic& dialog) : dialog(dialog) {}
+    Discolouring(const Discolouring&) = delete;
+    Discolouring& operator=(const Discolouring&) = delete;
+    ~Discolouring() { end(); }
+
+    void begin(const std::shared_ptr<host::Document>& next) {
+        document = next;
+        undo = next->undoGroup(kUndoTitle);
+    }
+    void end() {
+        error::trap(place("cmdDiscolour_Click", kRecolourFailed), [&] {
+            if (const auto ended = std::exchange(undo, nullptr)) {
+                dialog.reportFailed(ended->finish());
+            }
+        });
+    }
+
+    frmEditGraphic& dialog;
+    std::shared_ptr<host::Document> document;
+    std::unique_ptr<host::UndoGroup> undo;
+};
+
 /// Whether it came to the last row: the closing of the dialog ends it before, and so does a
 /// document that cannot be saved.
 bool frmEditGraphic::discolourRows() {
-    std::shared_ptr<host::Document> document;
-    std::unique_ptr<host::UndoGroup> undo;
+    Discolouring at(*this);
     for (base::Count16 i = 1, last = Element.ubound(); i <= last; ++i) {
         progress_ = {static_cast<std::size_t>(i), static_cast<std::size_t>(last)};
         lblLoadStatus.Caption =
@@ -147,20 +170,27 @@ bool frmEditGraphic::discolourRows() {
         if (isUnloaded()) return false;
         ColorElement& row = Element[i];
         const auto current = requireHost().Selection()->Document();
-        if (!document || !document->isSame(*current)) {
-            undo.reset();
+        if (!at.document || !at.document->isSame(*current)) {
+            at.end();
             if (current->isReadOnly()) {
                 forms::Runtime::current().MsgBox(kReadOnly, forms::MsgBoxStyle::kExclamation,
                                                  "Huebrush");
                 return false;
             }
-            undo = current->undoGroup(kUndoTitle);
-            document = current;
+            at.begin(current);
         }
         row.Discolour(*current);
         if (isUnloaded()) return false;
     }
     return true;
+}
+
+/// Reports fills as their rows would have done, had they failed there; of no row, as the dialog's.
+void frmEditGraphic::reportFailed(std::vector<host::FailedWrite> failed) {
+    for (base::Count16 i = 1; !failed.empty() && i <= Element.ubound(); ++i) {
+        Element[i].reportFailed(failed);
+    }
+    if (!failed.empty()) throw base::Error(failed.front().error);
 }
 
 }  // namespace huebrush::recolor

@@ -748,6 +748,34 @@ TEST_F(DocumentsTest, AWrittenFillLeavesTheThemeAndUndoBringsItBack) {
     }
 }
 
+TEST_F(DocumentsTest, AnUndoGroupAnswersWhichOfItsGatheredWritesHaveFailed) {
+    for (const char* const name : {"Moon", "Star", "Sun"}) {
+        const ShapeReference rectangle = addRectangle(open.model(), kRed);
+        Reference<css::container::XNamed>(rectangle, UNO_QUERY_THROW)
+            ->setName(libreoffice::toOffice(name));
+    }
+    undoManager()->clear();
+    auto handler = std::make_unique<HandlerScope>(documents.snapshot());
+    const auto group = document()->undoGroup("Přebarvit");
+    const auto range = document()->Shapes()->Range({"Moon", "Star", "Sun"});
+    paint(range->Fill(), [&] { range->Fill().Solid(); });
+    // Nothing of this has come to the office yet.
+    const auto page = pageOf(open.model());
+    ASSERT_EQ(
+        getProperty<sal_Int32>(ShapeReference(page->getByIndex(2), UNO_QUERY_THROW), "FillColor"),
+        base::swapRedAndBlue(kRed));
+    page->remove({page->getByIndex(2), UNO_QUERY_THROW});
+    const auto failed = group->finish();
+    EXPECT_TRUE(group->finish().empty());
+    handler.reset();
+    ASSERT_EQ(failed.size(), 1U);
+    EXPECT_EQ(failed[0].shape, "Sun");
+    EXPECT_FALSE(failed[0].error.description().empty());
+    for (const auto& each : shapes()) EXPECT_EQ(each->Fill().ForeColorRGB(), kBlue);
+    undoManager()->undo();
+    for (const auto& each : shapes()) EXPECT_EQ(each->Fill().ForeColorRGB(), kRed);
+}
+
 TEST_F(DocumentsTest, AnUndoGroupWithoutChangesLeavesNoStep) {
     addRectangle(open.model(), kRed);
     const auto steps = undoManager()->getAllUndoActionTitles().getLength();

@@ -115,6 +115,9 @@ class MemoryUndoGroup final : public host::UndoGroup {
     ~MemoryUndoGroup() override {
         if (fills() != before_) document_->undoTitles.push_back(title_);
     }
+    std::vector<host::FailedWrite> finish() override {
+        return std::exchange(document_->failedWrites, {});
+    }
 
  private:
     std::vector<FillState> fills() const {

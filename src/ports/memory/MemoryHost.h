@@ -65,6 +65,8 @@ class MemoryDocument final : public host::Document,
     std::vector<MemoryShapePointer> inlinePictures;
     std::vector<MemoryShapePointer> selected;
     std::vector<std::string> undoTitles;
+    /// What the next undo group answers that has failed of its writes.
+    std::vector<host::FailedWrite> failedWrites;
     bool readOnly = false;
     bool modified = false;
     bool closed = false;

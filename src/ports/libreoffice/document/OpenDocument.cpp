@@ -220,7 +220,9 @@ void OpenDocument::changeFills(const std::vector<NodePointer>& leaves, const Fil
         }
     });
     const bool mayWait = undoGroups_ > 0 && snapshot_->generation() != Snapshot::kNever;
-    if (!mayWait) flush();
+    if (mayWait) return;
+    const std::vector<host::FailedWrite> failed = writeOut();
+    if (!failed.empty()) throw base::Error(failed.front().error);
 }
 
 void OpenDocument::changeFill(const NodePointer& leaf, const FillEdit& edit,
@@ -249,13 +251,24 @@ void OpenDocument::changeFill(const NodePointer& leaf, const FillEdit& edit,
 }
 
 void OpenDocument::flush() {
-    if (writes_.empty()) return;
+    for (host::FailedWrite& failed : writeOut()) failed_.push_back(std::move(failed));
+}
+
+/// Carries out what waits. What fails is the error of reading its shape, too.
+std::vector<host::FailedWrite> OpenDocument::writeOut() {
+    if (writes_.empty()) return {};
     std::vector<Write> writes = std::exchange(writes_, {});
     writeOf_.clear();
-    changeFills([&] { writeEach(writes); }, writes.size());
-    for (const Write& write : writes) {
-        if (write.node->fillError) throw base::Error(*write.node->fillError);
+    try {
+        changeFills([&] { writeEach(writes); }, writes.size());
+    } catch (const base::Error& error) {
+        for (const Write& write : writes) write.node->fillError = error;
     }
+    std::vector<host::FailedWrite> failed;
+    for (const Write& write : writes) {
+        if (write.node->fillError) failed.push_back({write.node->name, *write.node->fillError});
+    }
+    return failed;
 }
 
 void OpenDocument::changeFills(const std::function<void()>& change, std::size_t count) {
@@ -296,14 +309,15 @@ void OpenDocument::writeEach(std::vector<Write>& writes) {
 void OpenDocument::write(Write& one, const ShapeReference& shape) {
     if (!differ(one.now.office, one.wanted.office) && one.now.memory == one.wanted.memory) return;
     prepareWrite(one.now, shape, tables());
-    writeFill(shape, one.now, one.wanted, tables());
-    if (undoGroups_ == 0) return;
-    FillChange change;
-    change.place = placeOf(one, shape);
-    change.type = one.node->kind.type;
-    change.before = std::move(one.now);
-    change.after = std::move(one.wanted);
-    changes_.push_back(std::move(change));
+    if (undoGroups_ == 0) {
+        writeFill(shape, one.now, one.wanted, tables());
+        return;
+    }
+    // Undo knows of it before: a write that fails on its way may have changed the shape.
+    changes_.push_back(
+        {placeOf(one, shape), one.node->kind.type, std::move(one.now), std::move(one.wanted)});
+    const FillChange& change = changes_.back();
+    writeFill(shape, change.before, change.after, tables());
 }
 
 /// The shape's place: known from a walk of this handler, else by its number in the page's order.
@@ -343,38 +357,51 @@ class OpenDocument::Group final : public host::UndoGroup {
         document_->flush();
         ++document_->undoGroups_;
     }
-    ~Group() override { document_->endUndoGroup(title_); }
+    Group(const Group&) = delete;
+    Group& operator=(const Group&) = delete;
+    ~Group() override { end(); }
+    std::vector<host::FailedWrite> finish() override { return end(); }
 
  private:
+    std::vector<host::FailedWrite> end() {
+        if (!std::exchange(open_, false)) return {};
+        return document_->endUndoGroup(title_);
+    }
+
     std::shared_ptr<OpenDocument> document_;
     std::string title_;
+    bool open_ = true;
 };
 
 std::unique_ptr<host::UndoGroup> OpenDocument::undoGroup(const std::string& title) {
     return std::make_unique<Group>(shared_from_this(), title);
 }
 
-void OpenDocument::endUndoGroup(const std::string& title) {
-    // A write that fails here shows as the error of reading its shape.
-    const auto ignoring = [](const auto& step) {
-        try {
-            step();
-        } catch (const std::exception&) {  // NOLINT: this is a destructor's way
-        }
-    };
-    ignoring([&] { commitBuffered(); });
-    ignoring([&] { flush(); });
-    if (--undoGroups_ > 0) return;
+/// What a step throws is answered at the undo group's end: nobody else is there to hear of it.
+void OpenDocument::keepingError(const std::function<void()>& step) {
+    try {
+        step();
+    } catch (...) {
+        failed_.push_back({{}, base::currentError()});
+    }
+}
+
+std::vector<host::FailedWrite> OpenDocument::endUndoGroup(const std::string& title) {
+    keepingError([&] { commitBuffered(); });
+    keepingError([&] { flush(); });
+    if (--undoGroups_ == 0) keepingError([&] { addUndoAction(title); });
+    return std::exchange(failed_, {});
+}
+
+void OpenDocument::addUndoAction(const std::string& title) {
     std::vector<FillChange> changes = std::exchange(changes_, {});
     if (changes.empty()) return;
-    ignoring([&] {
-        officeCalls([&] {
-            const Reference<css::document::XUndoManagerSupplier> supplier(model(), UNO_QUERY_THROW);
-            supplier->getUndoManager()->addUndoAction(
-                makeUndoAction(weak_from_this(), title, std::move(changes)));
-        });
+    officeCalls([&] {
+        const Reference<css::document::XUndoManagerSupplier> supplier(model(), UNO_QUERY_THROW);
+        supplier->getUndoManager()->addUndoAction(
+            makeUndoAction(weak_from_this(), title, std::move(changes)));
     });
-    ignoring([&] { markModified(); });
+    markModified();
 }
 
 bool OpenDocument::isReadOnly() {
@@ -437,14 +464,9 @@ void OpenDocument::selectInWindow(const std::vector<NodePointer>& nodes) {
 
 void OpenDocument::endGeneration() {
     ++stamp_;
-    try {
-        commitBuffered();
-    } catch (const std::exception&) {  // NOLINT: read as the shape's error
-    }
-    try {
-        flush();
-    } catch (const std::exception&) {  // NOLINT: read as the shape's error
-    }
+    keepingError([&] { commitBuffered(); });
+    flush();
+    if (undoGroups_ == 0) failed_.clear();
     pool_.clear();
     locked_.reset();
     if (!parts_) return;

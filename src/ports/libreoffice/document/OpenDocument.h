@@ -83,7 +83,7 @@ class OpenDocument : public std::enable_shared_from_this<OpenDocument> {
     void changeFills(const std::vector<NodePointer>& leaves, const FillEdit& edit,
                      const std::string& userPicture);
     void setLineVisible(ShapeNode& node, bool visible);
-    /// Tells the office all that is still to be told.
+    /// Carries out the writes that wait in an undo group, which answers for those that fail.
     void flush();
 
     /// Runs a change of many fills that goes to the office's objects directly.
@@ -135,7 +135,10 @@ class OpenDocument : public std::enable_shared_from_this<OpenDocument> {
     void write(Write& one, const ShapeReference& shape);
     void writeEach(std::vector<Write>& writes);
     std::vector<std::int32_t> placeOf(const Write& one, const ShapeReference& shape);
-    void endUndoGroup(const std::string& title);
+    std::vector<host::FailedWrite> writeOut();
+    void keepingError(const std::function<void()>& step);
+    std::vector<host::FailedWrite> endUndoGroup(const std::string& title);
+    void addUndoAction(const std::string& title);
     void selectInWindow(const std::vector<NodePointer>& nodes);
     void lockUntilGenerationEnds();
 
@@ -152,6 +155,8 @@ class OpenDocument : public std::enable_shared_from_this<OpenDocument> {
     std::vector<Write> writes_;
     std::unordered_map<const ShapeNode*, std::size_t> writeOf_;
     std::int32_t undoGroups_ = 0;
+    /// Writes of the undo group that have failed.
+    std::vector<host::FailedWrite> failed_;
     std::vector<FillChange> changes_;
 
     /// Of a document without a window, whose selection is ours alone.
