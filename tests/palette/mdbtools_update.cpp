@@ -8,6 +8,7 @@
 #include <mdbtools.h>
 
 #include <array>
+#include <cstdint>
 #include <cstdlib>
 #include <cstring>
 #include <iostream>
