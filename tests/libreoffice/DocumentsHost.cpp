@@ -8,6 +8,7 @@
 #include <com/sun/star/drawing/XDrawPageSupplier.hpp>
 #include <com/sun/star/drawing/XShapeGrouper.hpp>
 #include <com/sun/star/drawing/XShapes.hpp>
+#include <com/sun/star/frame/XStorable.hpp>
 #include <com/sun/star/lang/XMultiServiceFactory.hpp>
 #include <com/sun/star/text/TextContentAnchorType.hpp>
 #include <filesystem>
@@ -72,6 +73,24 @@ PictureFile::PictureFile()
 PictureFile::~PictureFile() {
     std::error_code ignored;
     std::filesystem::remove(path_, ignored);
+}
+
+StoredFile::StoredFile(const std::string& extension) {
+    static int number = 0;
+    path_ = base::text((std::filesystem::temp_directory_path() / "stored").string(), getpid(), "-",
+                       ++number, extension);
+}
+
+StoredFile::~StoredFile() {
+    std::error_code ignored;
+    std::filesystem::remove(path_, ignored);
+}
+
+void StoredFile::store(const ModelReference& model, std::string_view filter) const {
+    Reference<css::frame::XStorable>(model, UNO_QUERY_THROW)
+        ->storeToURL(libreoffice::toOffice(url()),
+                     libreoffice::properties({libreoffice::property(
+                         "FilterName", css::uno::Any(libreoffice::toOffice(filter)))}));
 }
 
 DocumentsHost::DocumentsHost(Seen seen) : documents_(officeContext()) {

@@ -5,6 +5,7 @@
 #include <com/sun/star/drawing/XShape.hpp>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "OpenDocument.h"
@@ -48,6 +49,21 @@ class PictureFile {
     PictureFile& operator=(const PictureFile&) = delete;
     ~PictureFile();
     const std::string& path() const { return path_; }
+
+ private:
+    std::string path_;
+};
+
+/// A file to store documents in; gone at the end.
+class StoredFile {
+ public:
+    explicit StoredFile(const std::string& extension);
+    StoredFile(const StoredFile&) = delete;
+    StoredFile& operator=(const StoredFile&) = delete;
+    ~StoredFile();
+    const std::string& path() const { return path_; }
+    std::string url() const { return "file://" + path_; }
+    void store(const ModelReference& model, std::string_view filter) const;
 
  private:
     std::string path_;

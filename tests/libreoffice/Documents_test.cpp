@@ -13,7 +13,6 @@
 #include <com/sun/star/drawing/Hatch.hpp>
 #include <com/sun/star/drawing/LineStyle.hpp>
 #include <com/sun/star/drawing/XControlShape.hpp>
-#include <com/sun/star/frame/XStorable.hpp>
 #include <com/sun/star/lang/XMultiServiceFactory.hpp>
 #include <com/sun/star/style/BreakType.hpp>
 #include <com/sun/star/style/XStyleFamiliesSupplier.hpp>
@@ -22,7 +21,6 @@
 #include <com/sun/star/text/XTextDocument.hpp>
 #include <com/sun/star/util/XModifiable.hpp>
 #include <com/sun/star/view/XSelectionSupplier.hpp>
-#include <filesystem>
 #include <functional>
 
 #include "DocumentsHost.h"
@@ -171,35 +169,6 @@ std::vector<Build> everyFill(const std::string& textureFile) {
     }
     return builds;
 }
-
-/// A file that is gone at the end.
-class StoredFile {
- public:
-    explicit StoredFile(const std::string& extension)
-        : path_(std::filesystem::temp_directory_path() /
-                base::text("documents_test", ++number(), extension)) {}
-    StoredFile(const StoredFile&) = delete;
-    StoredFile& operator=(const StoredFile&) = delete;
-    ~StoredFile() {
-        std::error_code ignored;
-        std::filesystem::remove(path_, ignored);
-    }
-    std::string url() const { return base::text("file://", path_.string()); }
-
-    void store(const ModelReference& model, std::string_view filter) const {
-        Reference<css::frame::XStorable>(model, UNO_QUERY_THROW)
-            ->storeToURL(libreoffice::toOffice(url()),
-                         libreoffice::properties({libreoffice::property(
-                             "FilterName", Any(libreoffice::toOffice(filter)))}));
-    }
-
- private:
-    static int& number() {
-        static int last = 0;
-        return last;
-    }
-    std::filesystem::path path_;
-};
 
 }  // namespace
 

@@ -34,6 +34,16 @@ ROOFS, BLUE = "#c00000", "#0070c0"
 MAP = {ROOFS: BLUE}
 STORED_OTHERWISE = 3
 
+
+def office_version():
+    said = subprocess.run(["soffice", "--version"], stdin=subprocess.DEVNULL, timeout=LIMIT,
+                          check=True, stdout=subprocess.PIPE, text=True).stdout
+    return tuple(map(int, re.match(r"LibreOffice (\d+)\.(\d+)", said).groups()))
+
+
+# Offices from 7.6 on keep the colours between a gradient's ends.
+KNOWS_STOPS = office_version() >= (7, 6)
+
 A, WPS, V, R = (f"{{{handmade.NAMESPACES[prefix]}}}" for prefix in ("a", "wps", "v", "r"))
 
 
@@ -328,6 +338,72 @@ class WhatFormatsLose(InFolder):
         self.assertRegex(done.stderr, r"row 2: 1 shape stored as two-colour gradient .* instead of "
                                       r"one-colour gradient .*: \.docx keeps a one-colour gradient "
                                       r"as a two-colour one")
+
+
+class GradientsOfManyColours(InFolder):
+    """Gradients with the same ends are different fills. An office that knows no more than two
+    colours loads the broadest part of each, and stores an untouched one as it was."""
+
+    # By the colours between red and blue, how many shapes have them.
+    BETWEEN = {(): 2, ((50, "00FF00"),): 3, ((50, "FFFF00"),): 1, ((25, "00FF00"),): 4,
+               ((25, "00FF00"), (50, "FFFF00")): 5}
+    NEW = "123457"
+
+    @classmethod
+    def setUpClass(cls):
+        super().setUpClass()
+        document = handmade.Docx()
+        for between, count in cls.BETWEEN.items():
+            for _ in range(count):
+                fill = handmade.gradient((0, "FF0000"), *between, (100, "0000FF"))
+                document.add(document.drawing(document.wps(fill)))
+        cls.source = cls.folder / "many.docx"
+        document.write(cls.source)
+        cls.rows = json.loads(huebrush("fills", cls.source, "--json").stdout)["rows"]
+
+    @staticmethod
+    def stops_of(path):
+        """The colours of each gradient between its ends, and the solid fills."""
+        with zipfile.ZipFile(path) as package:
+            root = ET.fromstring(package.read("word/document.xml"))
+        found = collections.Counter()
+        for shape in root.iter(f"{WPS}spPr"):
+            for gradient in shape.findall(f"{A}gradFill"):
+                stops = [(int(s.get("pos")) // 1000, s[0].get("val").upper())
+                         for s in gradient.iter(f"{A}gs")]
+                found[tuple(stops[1:-1])] += 1
+            for solid in shape.findall(f"{A}solidFill"):
+                found[solid[0].get("val")] += 1
+        return found
+
+    def test_the_listing_has_a_row_for_each(self):
+        counts = sorted(row["shapes"] for row in self.rows)
+        self.assertEqual(counts, [1, 2, 3, 4, 5])
+
+    def test_a_recolour_of_one_leaves_the_others(self):
+        for row in self.rows:
+            output = self.folder / f"row{row['row']}.docx"
+            done = huebrush("recolor", self.source, "-o", output, "--json", "--row",
+                            f"{row['row']}=#{self.NEW}")
+            self.assertEqual(done.returncode, 0, done.stderr)
+            self.assertEqual(json.loads(done.stdout)["changed"], row["shapes"])
+            expected = collections.Counter({
+                between: count for between, count in self.BETWEEN.items()
+                if count != row["shapes"]})
+            expected[self.NEW] = row["shapes"]
+            self.assertEqual(self.stops_of(output), expected)
+
+    def test_a_new_transparency_keeps_the_colours(self):
+        row = next(row for row in self.rows if row["shapes"] >= 4)
+        plan = {"rows": [dict(row, new=dict(row["fill"], Transparency=0.5))]}
+        path = self.folder / "plan.json"
+        path.write_text(json.dumps(plan), encoding="utf-8")
+        output = self.folder / "clear.docx"
+        done = huebrush("recolor", self.source, "-o", output, "--json", "--plan", path)
+        self.assertEqual(done.returncode, 0, done.stderr)
+        self.assertEqual(json.loads(done.stdout)["stored"]["confirmed"], row["shapes"])
+        if KNOWS_STOPS:
+            self.assertEqual(self.stops_of(output), self.BETWEEN)
 
 
 class NothingElse(InFolder):

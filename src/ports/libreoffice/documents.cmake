@@ -9,6 +9,7 @@ set(HUEBRUSH_DOCUMENT_SOURCES
   document/FillOrigin.cpp
   document/FillTables.cpp
   document/FillUndo.cpp
+  document/Gradients.cpp
   document/OpenDocument.cpp
   document/PageStyles.cpp
   document/ShapeFill.cpp

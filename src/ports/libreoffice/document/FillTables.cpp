@@ -10,6 +10,7 @@
 #include <iterator>
 
 #include "base/Text.h"
+#include "ports/libreoffice/document/Gradients.h"
 #include "ports/libreoffice/fill/Textures.h"
 #include "ports/libreoffice/uno/Properties.h"
 
@@ -100,7 +101,7 @@ rtl::OUString FillTables::addTransparence(const css::uno::Any& gradient) {
             transparences_->insertByName(name, gradient);
             return name;
         }
-        if (transparences_->getByName(name) == gradient) return name;
+        if (isSameGradient(transparences_->getByName(name), gradient)) return name;
     }
 }
 

@@ -242,7 +242,7 @@ void OpenDocument::changeFill(const NodePointer& leaf, const FillEdit& edit,
         writes_.push_back(
             {leaf, ShapeTree::placeOf(*leaf), {leaf->fill.office, leaf->memory, {}, {}, {}}, fill});
     }
-    leaf->fill = {wanted, target.office, std::nullopt};
+    leaf->fill = {target.host, target.office, std::nullopt};
     if (target.remembered) leaf->fill.hidden = target.remembered->hidden;
     leaf->memory = fill.memory;
     for (ShapeNode* group = leaf->parent.get(); group != nullptr; group = group->parent.get()) {

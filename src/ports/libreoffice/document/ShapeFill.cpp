@@ -1,12 +1,12 @@
 #include "ports/libreoffice/document/ShapeFill.h"
 
-#include <com/sun/star/awt/Gradient.hpp>
 #include <com/sun/star/beans/XPropertySet.hpp>
 #include <com/sun/star/drawing/BitmapMode.hpp>
 #include <com/sun/star/drawing/FillStyle.hpp>
 #include <com/sun/star/drawing/Hatch.hpp>
 #include <com/sun/star/xml/AttributeData.hpp>
 
+#include "ports/libreoffice/document/Gradients.h"
 #include "ports/libreoffice/uno/Text.h"
 
 namespace huebrush::libreoffice {
@@ -52,37 +52,6 @@ Value get(const Reference<css::beans::XPropertySet>& set, const OUString& name) 
     return value;
 }
 
-OfficeGradient gradientOf(const css::awt::Gradient& gradient) {
-    OfficeGradient result;
-    result.style = static_cast<OfficeGradientStyle>(gradient.Style);
-    result.startColor = gradient.StartColor;
-    result.endColor = gradient.EndColor;
-    result.angle = gradient.Angle;
-    result.border = gradient.Border;
-    result.xOffset = gradient.XOffset;
-    result.yOffset = gradient.YOffset;
-    result.startIntensity = gradient.StartIntensity;
-    result.endIntensity = gradient.EndIntensity;
-    result.stepCount = gradient.StepCount;
-    return result;
-}
-
-css::awt::Gradient gradientOf(const OfficeGradient& gradient) {
-    const auto small = [](std::int32_t value) { return static_cast<sal_Int16>(value); };
-    css::awt::Gradient result;
-    result.Style = static_cast<css::awt::GradientStyle>(gradient.style);
-    result.StartColor = gradient.startColor;
-    result.EndColor = gradient.endColor;
-    result.Angle = small(gradient.angle);
-    result.Border = small(gradient.border);
-    result.XOffset = small(gradient.xOffset);
-    result.YOffset = small(gradient.yOffset);
-    result.StartIntensity = small(gradient.startIntensity);
-    result.EndIntensity = small(gradient.endIntensity);
-    result.StepCount = small(gradient.stepCount);
-    return result;
-}
-
 OfficeHatch hatchOf(const css::drawing::Hatch& hatch) {
     return {static_cast<OfficeHatchStyle>(hatch.Style), hatch.Color, hatch.Distance, hatch.Angle};
 }
@@ -114,7 +83,7 @@ void readBody(const Reference<css::beans::XPropertySet>& set, OfficeFill& fill) 
             fill.color = get<sal_Int32>(set, names().color);
             break;
         case OfficeFillStyle::gradient:
-            fill.gradient = gradientOf(get<css::awt::Gradient>(set, names().gradient));
+            fill.gradient = gradientOf(set->getPropertyValue(names().gradient));
             break;
         case OfficeFillStyle::hatch:
             fill.hatch = hatchOf(get<css::drawing::Hatch>(set, names().hatch));
@@ -169,7 +138,7 @@ void addBody(const OfficeFill& now, const ShapeFill& target, PropertyChanges& ch
             if (target.gradient.hasValue()) {
                 changes.add(names().gradient, target.gradient);
             } else if (fresh || !(now.gradient == wanted.gradient)) {
-                changes.add(names().gradient, Any(gradientOf(wanted.gradient)));
+                changes.add(names().gradient, officeValueOf(wanted.gradient));
             }
             break;
         case OfficeFillStyle::hatch:
@@ -199,7 +168,7 @@ void addTransparence(const OfficeFill& now, const ShapeFill& target, FillTables&
         if (now.transparenceGradient != wanted.transparenceGradient) {
             const Any gradient = target.transparenceGradient.hasValue()
                                      ? target.transparenceGradient
-                                     : Any(gradientOf(*wanted.transparenceGradient));
+                                     : officeValueOf(*wanted.transparenceGradient);
             changes.add(names().transparenceGradientName, Any(tables.addTransparence(gradient)));
         }
     } else if (now.transparence != wanted.transparence || now.transparenceGradient) {
@@ -217,7 +186,7 @@ ShapeFill readFill(const ShapeReference& shape) {
     fill.office.transparence = get<sal_Int16>(set, names().transparence);
     if (!get<OUString>(set, names().transparenceGradientName).isEmpty()) {
         fill.office.transparenceGradient =
-            gradientOf(get<css::awt::Gradient>(set, names().transparenceGradient));
+            gradientOf(set->getPropertyValue(names().transparenceGradient));
     }
     fill.memory = readMemory(set);
     return fill;

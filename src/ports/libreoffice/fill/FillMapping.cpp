@@ -245,6 +245,43 @@ std::int32_t transparenceOf(float transparency) {
     return static_cast<std::int32_t>(std::lround(transparency * kPerCent));
 }
 
+// Stops.
+
+/// FNV-1a over numbers.
+class Fingerprint {
+ public:
+    void add(std::int32_t number) {
+        constexpr std::uint32_t kPrime = 16777619;
+        for (const unsigned shift : {0U, 8U, 16U, 24U}) {
+            hash_ = (hash_ ^ ((static_cast<std::uint32_t>(number) >> shift) & 0xFFU)) * kPrime;
+        }
+    }
+    void add(const std::vector<OfficeColorStop>& stops) {
+        add(static_cast<std::int32_t>(stops.size()));
+        for (const OfficeColorStop& stop : stops) {
+            add(stop.place);
+            add(stop.color);
+        }
+    }
+    std::uint32_t value() const { return hash_; }
+
+ private:
+    std::uint32_t hash_ = 2166136261;
+};
+
+std::int32_t stopsMarkOf(const OfficeFill& fill) {
+    constexpr std::uint32_t kBeyondEnumerations = 0x40000000;
+    static const std::vector<OfficeColorStop> kNone;
+    const auto& colors = fill.style == OfficeFillStyle::gradient ? fill.gradient.stops : kNone;
+    const auto& clear = fill.transparenceGradient ? fill.transparenceGradient->stops : kNone;
+    if (colors.empty() && clear.empty()) return 0;
+    Fingerprint fingerprint;
+    fingerprint.add(colors);
+    fingerprint.add(clear);
+    return static_cast<std::int32_t>(fingerprint.value() % kBeyondEnumerations +
+                                     kBeyondEnumerations);
+}
+
 // From the office.
 
 void readGradient(const OfficeGradient& gradient, HostFill& fill) {
@@ -296,6 +333,7 @@ bool hasSameBody(HostFill a, const HostFill& b) {
     a.foreColor = b.foreColor;
     a.backColor = b.backColor;
     a.transparency = b.transparency;
+    a.stopsMark = b.stopsMark;
     return a == b;
 }
 
@@ -339,6 +377,7 @@ void recolorBody(const HostFill& wanted, OfficeFill& office) {
             office.gradient.startColor = sameSide ? fresh.startColor : fresh.endColor;
             office.gradient.endColor = sameSide ? fresh.endColor : fresh.startColor;
             office.gradient.startIntensity = office.gradient.endIntensity = 100;
+            office.gradient.stops.clear();
             break;
         }
         case OfficeFillStyle::hatch:
@@ -458,6 +497,7 @@ HostFill hostFillOf(const OfficeFill& office, const std::optional<OwnPicture>& p
     fill.visible =
         office.style == OfficeFillStyle::none ? MsoTriState::msoFalse : MsoTriState::msoTrue;
     fill.transparency = transparencyOf(office);
+    fill.stopsMark = stopsMarkOf(office);
     switch (office.style) {
         case OfficeFillStyle::none:
         case OfficeFillStyle::solid:
@@ -507,7 +547,9 @@ std::optional<RememberedFill> rememberedFillOf(const std::string& text) {
 KnownFill knownFillOf(const OfficeFill& fill, const std::optional<OwnPicture>& picture,
                       const std::optional<RememberedFill>& remembered) {
     if (remembered && isSameOfficeFill(remembered->written, fill)) {
-        return {remembered->host, fill, remembered->hidden};
+        KnownFill known{remembered->host, fill, remembered->hidden};
+        known.host.stopsMark = stopsMarkOf(fill);
+        return known;
     }
     return {hostFillOf(fill, picture), fill, std::nullopt};
 }
@@ -517,9 +559,11 @@ FillTarget targetFor(const HostFill& wanted, const KnownFill& now, const std::st
     const OfficeFill shown = shownFill(wanted, now, userPicture);
     target.office = wanted.shown() ? shown : hiddenFill(wanted, shown);
     target.picture = pictureOf(shown);
-    const bool isToldByOffice = hostFillOf(target.office, pictureOf(target.office)) == wanted;
+    target.host = wanted;
+    target.host.stopsMark = stopsMarkOf(target.office);
+    const bool isToldByOffice = hostFillOf(target.office, pictureOf(target.office)) == target.host;
     if (!isToldByOffice) {
-        target.remembered = RememberedFill{wanted, target.office, std::nullopt};
+        target.remembered = RememberedFill{target.host, target.office, std::nullopt};
         if (!wanted.shown()) target.remembered->hidden = shown;
     }
     return target;

@@ -44,6 +44,8 @@ struct FillTarget {
     OfficeFill office;
     /// The picture of ours that a bitmap fill needs in the document's table.
     std::optional<OwnPicture> picture;
+    /// What the shape answers then: the wanted fill, with the stops that it keeps.
+    HostFill host;
     /// What is to stand beside the shape; nothing where the office's fill alone tells it all.
     std::optional<RememberedFill> remembered;
 };

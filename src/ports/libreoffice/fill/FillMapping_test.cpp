@@ -34,15 +34,16 @@ HostFill built(const FillBuild& build, float transparency = 0.0F) {
                        .visible = MsoTriState::msoTrue});
 }
 
+std::optional<OwnPicture> pictureOf(const OfficeFill& office) {
+    if (office.style != OfficeFillStyle::bitmap) return {};
+    return ownPictureNamed(office.bitmapName);
+}
+
 /// What a shape answers after the target was written and read back, as a new reader sees it.
 KnownFill afterWriting(const FillTarget& target) {
     std::optional<RememberedFill> remembered;
     if (target.remembered) remembered = rememberedFillOf(toText(*target.remembered));
-    std::optional<OwnPicture> picture;
-    if (target.office.style == OfficeFillStyle::bitmap) {
-        picture = ownPictureNamed(target.office.bitmapName);
-    }
-    return knownFillOf(target.office, picture, remembered);
+    return knownFillOf(target.office, pictureOf(target.office), remembered);
 }
 
 KnownFill write(const HostFill& fill, const KnownFill& on) {
@@ -232,6 +233,108 @@ TEST(FillMapping, ATransparenceGradientReadsAsItsMean) {
         targetFor(edited(now.host, {.foreColor = kRed}), now, "").office.transparenceGradient);
     EXPECT_FALSE(
         targetFor(edited(now.host, {.transparency = 0.25F}), now, "").office.transparenceGradient);
+}
+
+/// From 0xFF0000 over another colour to 0x0000FF.
+OfficeGradient gradientOver(std::int32_t color, std::int32_t place = 5000) {
+    OfficeGradient gradient;
+    gradient.startColor = 0xFF0000;
+    gradient.endColor = 0x0000FF;
+    gradient.stops = {{0, 0xFF0000}, {place, color}, {10000, 0x0000FF}};
+    return gradient;
+}
+
+KnownFill shapeWith(const OfficeGradient& gradient) {
+    OfficeFill office;
+    office.style = OfficeFillStyle::gradient;
+    office.gradient = gradient;
+    return knownFillOf(office, {}, {});
+}
+
+TEST(GradientStops, MakeFillsDifferInWhatTheirTypeDoesNotUse) {
+    OfficeGradient ends = gradientOver(0);
+    ends.stops.clear();
+    const HostFill plain = shapeWith(ends).host;
+    const HostFill green = shapeWith(gradientOver(0x00FF00)).host;
+    EXPECT_EQ(plain.stopsMark, 0);
+    EXPECT_EQ(propertiesOf(plain).Pattern, Unused::kNumber);
+    EXPECT_EQ(green, shapeWith(gradientOver(0x00FF00)).host);
+    EXPECT_NE(propertiesOf(green), propertiesOf(plain));
+    EXPECT_NE(propertiesOf(green), propertiesOf(shapeWith(gradientOver(0x00FF01)).host));
+    EXPECT_NE(propertiesOf(green), propertiesOf(shapeWith(gradientOver(0x00FF00, 5001)).host));
+    host::FillProperties used = propertiesOf(green);
+    EXPECT_GT(used.Pattern, 0xFFFFFF);
+    used.Pattern = Unused::kNumber;
+    EXPECT_EQ(used, propertiesOf(plain));
+}
+
+TEST(GradientStops, OfTransparencyMakeFillsDiffer) {
+    for (const FillBuild& build :
+         {solidBuild(), patternBuild(3), presetGradientBuild(1, 1, 5), presetTextureBuild(4)}) {
+        KnownFill clear = write(built(build), plainShape());
+        clear.office.transparenceGradient = gradientOver(0x00FF00);
+        const HostFill one = hostFillOf(clear.office, pictureOf(clear.office));
+        clear.office.transparenceGradient = gradientOver(0x404040);
+        const HostFill other = hostFillOf(clear.office, pictureOf(clear.office));
+        EXPECT_EQ(one.transparency, other.transparency);
+        EXPECT_NE(propertiesOf(one), propertiesOf(other));
+        EXPECT_EQ(propertiesOf(one).Pattern == propertiesOf(other).Pattern,
+                  one.type != MsoFillType::msoFillGradient);
+    }
+}
+
+TEST(GradientStops, StayUntilTheColoursChange) {
+    const KnownFill now = shapeWith(gradientOver(0x00FF00));
+    const FillBuild build = twoColorBuild(now.host.gradientStyle, now.host.gradientVariant);
+    const FillTarget clearer =
+        targetFor(edited(now.host, {.build = build, .transparency = 0.5F}), now, "");
+    EXPECT_EQ(clearer.office.gradient, now.office.gradient);
+    EXPECT_EQ(clearer.host.stopsMark, now.host.stopsMark);
+    EXPECT_EQ(afterWriting(clearer).host, clearer.host);
+    const FillTarget recoloured =
+        targetFor(edited(now.host, {.backColor = kRed, .build = build}), now, "");
+    EXPECT_TRUE(recoloured.office.gradient.stops.empty());
+    EXPECT_EQ(recoloured.host.stopsMark, 0);
+    EXPECT_FALSE(recoloured.remembered);
+    EXPECT_EQ(afterWriting(recoloured).host, recoloured.host);
+    const FillTarget solid = targetFor(edited(now.host, {.build = solidBuild()}), now, "");
+    EXPECT_EQ(solid.host.stopsMark, 0);
+    EXPECT_FALSE(solid.remembered);
+}
+
+TEST(GradientStops, AreShownAgainAfterTheyWereHidden) {
+    KnownFill now = shapeWith(gradientOver(0x00FF00));
+    now.office.transparenceGradient = gradientOver(0x808080);
+    now = knownFillOf(now.office, {}, {});
+    const KnownFill hidden = write(edited(now.host, {.visible = MsoTriState::msoFalse}), now);
+    EXPECT_EQ(hidden.office.style, OfficeFillStyle::none);
+    const KnownFill shown = write(edited(hidden.host, {.visible = MsoTriState::msoTrue}), hidden);
+    EXPECT_EQ(shown.office.gradient, now.office.gradient);
+    EXPECT_EQ(shown.office.transparenceGradient, now.office.transparenceGradient);
+    EXPECT_EQ(shown.host, now.host);
+}
+
+TEST(GradientStops, AMemoryOfTwoColoursDoesNotCountForMore) {
+    const FillTarget target = targetFor(built(oneColorBuild(1, 1, 0.7F)), plainShape(), "");
+    OfficeFill changed = target.office;
+    changed.gradient.stops = gradientOver(0x00FF00).stops;
+    EXPECT_EQ(knownFillOf(changed, {}, target.remembered).host.gradientColorType,
+              host::MsoGradientColorType::msoGradientTwoColors);
+}
+
+TEST(GradientStops, AnythingElseThanTheirTextIsRefused) {
+    const OfficeFill fill = shapeWith(gradientOver(0x00FF00)).office;
+    const std::string text = toText(fill);
+    ASSERT_TRUE(officeFillOf(text));
+    EXPECT_EQ(officeFillOf(text)->gradient, fill.gradient);
+    for (std::size_t length = 0; length < text.size(); ++length) {
+        const auto cut = officeFillOf(text.substr(0, length));
+        EXPECT_FALSE(cut && isSameOfficeFill(*cut, fill)) << length;
+    }
+    EXPECT_FALSE(officeFillOf(text + " 1"));
+    EXPECT_FALSE(officeFillOf("2 0 0 0 6 0 0 0 0 50 50 100 100 0 0")) << "no stops";
+    EXPECT_FALSE(officeFillOf("2 0 0 0 6 0 0 0 0 50 50 100 100 0 2000000000 1 1"));
+    EXPECT_FALSE(officeFillOf("2 0 0 0 12 0 0 0 0 50 50 100 100 0")) << "no such style";
 }
 
 TEST(FillMapping, OneColourShadesRunFromBlackOverTheColourToWhite) {

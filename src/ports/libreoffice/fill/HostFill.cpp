@@ -67,6 +67,10 @@ host::FillProperties propertiesOf(const HostFill& fill) {
     properties.TextureName = fill.textureName.value_or("");
     properties.UnknownTexture = !fill.textureName;
     properties.Pattern = fill.pattern;
+    if (fill.stopsMark != 0) {
+        const bool isGradient = fill.type == MsoFillType::msoFillGradient;
+        (isGradient ? properties.Pattern : properties.PresetGradientType) = fill.stopsMark;
+    }
     return properties;
 }
 
@@ -169,6 +173,7 @@ void CommonFill::add(const HostFill& fill) {
     join(common_.presetTexture, fill.presetTexture, host::kMixed);
     join(common_.pattern, fill.pattern, host::kMixed);
     join(common_.textureName, fill.textureName, std::optional<std::string>());
+    join(common_.stopsMark, fill.stopsMark, host::kMixed);
 }
 
 }  // namespace huebrush::libreoffice

@@ -41,6 +41,11 @@ struct HostFill : FillBuild {
     std::int32_t foreColor = Unused::kColor;
     std::int32_t backColor = Unused::kColor;
     float transparency = 0.0F;
+    /// The object model has no property for colours between the ends of a gradient, or of a
+    /// gradient of transparency. This number stands for them: 0 without any, else beyond the values
+    /// of every enumeration, and the same only for the same ones. propertiesOf() answers it as a
+    /// property that the fill's type does not use, so that the fills differ; it is never written.
+    std::int32_t stopsMark = 0;
 
     friend bool operator==(const HostFill&, const HostFill&) = default;
 

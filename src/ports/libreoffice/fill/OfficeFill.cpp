@@ -27,8 +27,13 @@ bool isSameTransparence(const OfficeFill& a, const OfficeFill& b) {
     return !a.transparenceGradient && !b.transparenceGradient && a.transparence == b.transparence;
 }
 
+constexpr std::int32_t kGradientStyleCount = 6;
+
+/// A gradient with stops has another number for its style, and the stops at its end. So one without
+/// has the text that it had before there were stops.
 void addGradient(FieldWriter& fields, const OfficeGradient& gradient) {
-    fields.add(static_cast<std::int32_t>(gradient.style));
+    const bool hasStops = !gradient.stops.empty();
+    fields.add(static_cast<std::int32_t>(gradient.style) + (hasStops ? kGradientStyleCount : 0));
     fields.add(gradient.startColor);
     fields.add(gradient.endColor);
     fields.add(gradient.angle);
@@ -38,14 +43,35 @@ void addGradient(FieldWriter& fields, const OfficeGradient& gradient) {
     fields.add(gradient.startIntensity);
     fields.add(gradient.endIntensity);
     fields.add(gradient.stepCount);
+    if (!hasStops) return;
+    fields.add(static_cast<std::int32_t>(gradient.stops.size()));
+    for (const OfficeColorStop& stop : gradient.stops) {
+        fields.add(stop.place);
+        fields.add(stop.color);
+    }
+}
+
+bool readStops(FieldReader& fields, std::vector<OfficeColorStop>& stops) {
+    std::int32_t count = 0;
+    if (!fields.read(count) || count < 1) return false;
+    for (; count > 0; --count) {
+        OfficeColorStop& stop = stops.emplace_back();
+        if (!fields.read(stop.place) || !fields.read(stop.color)) return false;
+    }
+    return true;
 }
 
 bool readGradient(FieldReader& fields, OfficeGradient& gradient) {
-    return fields.readEnumeration(gradient.style, 0, 5) && fields.read(gradient.startColor) &&
-           fields.read(gradient.endColor) && fields.read(gradient.angle) &&
-           fields.read(gradient.border) && fields.read(gradient.xOffset) &&
-           fields.read(gradient.yOffset) && fields.read(gradient.startIntensity) &&
-           fields.read(gradient.endIntensity) && fields.read(gradient.stepCount);
+    std::int32_t style = 0;
+    const bool complete = fields.readEnumeration(style, 0, 2 * kGradientStyleCount - 1) &&
+                          fields.read(gradient.startColor) && fields.read(gradient.endColor) &&
+                          fields.read(gradient.angle) && fields.read(gradient.border) &&
+                          fields.read(gradient.xOffset) && fields.read(gradient.yOffset) &&
+                          fields.read(gradient.startIntensity) &&
+                          fields.read(gradient.endIntensity) && fields.read(gradient.stepCount);
+    if (!complete) return false;
+    gradient.style = static_cast<OfficeGradientStyle>(style % kGradientStyleCount);
+    return style < kGradientStyleCount || readStops(fields, gradient.stops);
 }
 
 bool readHatch(FieldReader& fields, OfficeHatch& hatch) {

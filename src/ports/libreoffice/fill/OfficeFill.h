@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace huebrush::libreoffice {
 
@@ -13,6 +14,14 @@ namespace huebrush::libreoffice {
 enum class OfficeFillStyle : std::int32_t { none, solid, gradient, hatch, bitmap };
 
 enum class OfficeGradientStyle : std::int32_t { linear, axial, radial, elliptical, square, rect };
+
+/// A colour of a gradient, and its place from the start (0) to the end (10000).
+struct OfficeColorStop {
+    std::int32_t place = 0;
+    std::int32_t color = 0;
+
+    friend bool operator==(const OfficeColorStop&, const OfficeColorStop&) = default;
+};
 
 struct OfficeGradient {
     OfficeGradientStyle style = OfficeGradientStyle::linear;
@@ -25,6 +34,9 @@ struct OfficeGradient {
     std::int32_t startIntensity = 100;
     std::int32_t endIntensity = 100;
     std::int32_t stepCount = 0;
+    /// All of its colours in their order where the start and end colour alone do not make it; else
+    /// empty. Only newer offices have such gradients.
+    std::vector<OfficeColorStop> stops = {};
 
     friend bool operator==(const OfficeGradient&, const OfficeGradient&) = default;
 };
