@@ -1,5 +1,6 @@
 """A screen of one's own: an X server without a monitor, a window manager, and a user's hands."""
 
+import ctypes
 import os
 import select
 import subprocess
@@ -30,17 +31,45 @@ def comes_soon(condition, limit=3.0):
         return False
 
 
+class Pointer:
+    """Which buttons of the mouse are down, as the X server knows."""
+
+    LEFT = 1 << 8
+
+    def __init__(self, display):
+        self._x11 = ctypes.CDLL("libX11.so.6")
+        self._x11.XOpenDisplay.restype = ctypes.c_void_p
+        self._x11.XDefaultRootWindow.restype = ctypes.c_ulong
+        self._connection = ctypes.c_void_p(self._x11.XOpenDisplay(display.encode()))
+        if not self._connection:
+            raise RuntimeError(f"no connection to the X server {display}")
+        self._root = ctypes.c_ulong(self._x11.XDefaultRootWindow(self._connection))
+
+    def close(self):
+        self._x11.XCloseDisplay(self._connection)
+
+    def is_pressed(self):
+        windows = [ctypes.c_ulong() for _ in range(2)]
+        places = [ctypes.c_int() for _ in range(4)]
+        buttons = ctypes.c_uint()
+        self._x11.XQueryPointer(self._connection, self._root,
+                                *map(ctypes.byref, [*windows, *places, buttons]))
+        return bool(buttons.value & self.LEFT)
+
+
 class Screen:
     """Entering starts the X server and the window manager; leaving ends both."""
 
     def __init__(self, width=1280, height=1000):
         self.WIDTH, self.HEIGHT = width, height
         self._processes = []
+        self._pointer = None
         self.display = None
 
     def __enter__(self):
         try:
             self._start_server()
+            self._pointer = Pointer(self.display)
             self._start("openbox")
             wait_until(self._window_manager_runs, "the window manager runs")
         except BaseException:
@@ -49,6 +78,9 @@ class Screen:
         return self
 
     def __exit__(self, *_):
+        if self._pointer is not None:
+            self._pointer.close()
+            self._pointer = None
         for process in reversed(self._processes):
             process.terminate()
             try:
@@ -92,7 +124,18 @@ class Screen:
 
     def click(self, x, y):
         self.move(x, y)
-        self._run("xdotool", "click", "1")
+        self.press()
+        self.let_go()
+
+    def press(self):
+        """Only when the server has passed it on may the mouse move: a window manager that wants to
+        see it first holds buttons up, but not the places that the mouse is put at meanwhile."""
+        self._run("xdotool", "mousedown", "1")
+        wait_until(self._pointer.is_pressed, "the button goes down")
+
+    def let_go(self):
+        self._run("xdotool", "mouseup", "1")
+        wait_until(lambda: not self._pointer.is_pressed(), "the button comes up")
 
     def drag(self, start, end):
         """Moves the mouse with its button held, by way of a place near the start."""
@@ -102,13 +145,10 @@ class Screen:
     def hold(self, start, end):
         """The first half of a drag: the button stays pressed."""
         self.move(*start)
-        self._run("xdotool", "mousedown", "1")
+        self.press()
         self.move(start[0] + 5, start[1])
         self.move((start[0] + end[0]) // 2, (start[1] + end[1]) // 2)
         self.move(*end)
-
-    def let_go(self):
-        self._run("xdotool", "mouseup", "1")
 
     def turn_wheel(self, x, y, notches):
         """Turns the wheel over a place: towards the user when `notches` is positive."""

@@ -9,6 +9,8 @@ namespace huebrush::libreoffice {
 
 namespace {
 
+constexpr std::int16_t kLeftButton = 1;
+
 ControlReference referenceTo(const forms::Control* control) {
     const ControlPeer* const peer = ControlPeer::of(control);
     return peer == nullptr ? ControlReference() : peer->reference();
@@ -84,7 +86,6 @@ int Mouse::scrollWantedAt(const Place& at) {
 }
 
 void Mouse::press(const Place& at, forms::MouseEvent event, bool twice) {
-    constexpr std::int16_t kLeftButton = 1;
     if (event.Button != kLeftButton) return;
     forms::Form& form = at.surface->form();
     // The button cannot go down twice: it was let go of outside.
@@ -100,29 +101,25 @@ void Mouse::press(const Place& at, forms::MouseEvent event, bool twice) {
     form.handle([&] { image->MouseDown(on(*image, at, event)); });
 }
 
+/// A move without the button says nothing certain of a drag. No event comes for a button that is
+/// let go of outside the window; but under load the office also passes moves on before the release
+/// that came first, and it makes up one of its own before each press and release. So nothing is
+/// dragged over, and what comes next decides: a release still drops, and a press shows that there
+/// was one which nobody heard of.
 void Mouse::move(const Place& at, forms::MouseEvent event) {
     forms::Form& form = at.surface->form();
+    const bool held = event.Button != 0;
     if (form.dragged() != nullptr) {
-        moveDragged(at, event, form);
-        return;
+        if (held) {
+            dragTo(at, form);
+            return;
+        }
+        setTarget(form, nullptr, at);
     }
-    auto* image = living<forms::Image>(pressed_);
+    auto* image = held ? living<forms::Image>(pressed_) : nullptr;
     if (image == nullptr) image = dynamic_cast<forms::Image*>(controlAt(at));
     if (image == nullptr || !image->isUsable()) return;
     form.handle([&] { image->MouseMove(on(*image, at, event)); });
-}
-
-/// No event comes for a button that is let go of outside the window. It shows by later moves
-/// without the button, and cancels the drag. One move alone says nothing: the office raises such a
-/// one of its own when windows have changed under the mouse.
-void Mouse::moveDragged(const Place& at, const forms::MouseEvent& event, forms::Form& form) {
-    constexpr int kEnough = 2;
-    movesWithoutButton_ = event.Button == 0 ? movesWithoutButton_ + 1 : 0;
-    if (movesWithoutButton_ == 0) {
-        dragTo(at, form);
-    } else if (movesWithoutButton_ == kEnough) {
-        cancelDrag(form);
-    }
 }
 
 void Mouse::leave(const Place& at) {
@@ -133,6 +130,7 @@ void Mouse::leave(const Place& at) {
 }
 
 void Mouse::release(const Place& at, forms::MouseEvent event) {
+    if (event.Button != kLeftButton) return;
     forms::Form& form = at.surface->form();
     if (form.dragged() != nullptr) {
         dragTo(at, form);
@@ -174,7 +172,6 @@ void Mouse::setTarget(forms::Form& form, forms::Control* target, const Place& at
 }
 
 void Mouse::drop(forms::Form& form) {
-    movesWithoutButton_ = 0;
     const ControlReference target = std::exchange(target_, nullptr);
     form.handle([&] { form.dropAt(living<forms::Control>(target), 0, 0); });
 }
@@ -185,7 +182,6 @@ void Mouse::cancelDrag(forms::Form& form) {
     }
     target_.reset();
     pressed_.reset();
-    movesWithoutButton_ = 0;
     form.handle([&] { form.dropAt(nullptr, 0, 0); });
 }
 

@@ -42,7 +42,6 @@ class Mouse {
     static int scrollWantedAt(const Place& at);
 
  private:
-    void moveDragged(const Place& at, const forms::MouseEvent& event, forms::Form& form);
     void dragTo(const Place& at, forms::Form& form);
     void drop(forms::Form& form);
     void setTarget(forms::Form& form, forms::Control* target, const Place& at);
@@ -51,7 +50,6 @@ class Mouse {
     ControlReference pressed_;
     ControlReference target_;
     bool twice_ = false;
-    int movesWithoutButton_ = 0;
 };
 
 }  // namespace huebrush::libreoffice

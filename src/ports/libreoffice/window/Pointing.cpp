@@ -35,16 +35,18 @@ void Pointing::heard(const MouseInput& input) {
             mouse_.leave(at);
             return;
     }
-    if (window_.peer().is()) followPointer(onSurface(input));
+    const bool held = input.kind != MouseInput::Kind::release && input.button != 0;
+    if (window_.peer().is()) followPointer(onSurface(input), held);
 }
 
-/// What the place of the mouse means for the windows themselves.
-void Pointing::followPointer(const Mouse::Place& at) {
+/// What the place of the mouse means for the windows themselves. No tool tip comes up below a mouse
+/// whose button is held.
+void Pointing::followPointer(const Mouse::Place& at, bool held) {
     if (at.surface == nullptr) return;
     if (Surface* const surface = window_.windowOf(*at.surface)) {
-        surface->setToolTip(Mouse::toolTipAt(at));
+        surface->setToolTip(held ? std::string() : Mouse::toolTipAt(at));
     }
-    scrollWhileDragging(Mouse::scrollWantedAt(at));
+    scrollWhileDragging(held ? Mouse::scrollWantedAt(at) : 0);
 }
 
 void Pointing::scrollWhileDragging(int direction) {

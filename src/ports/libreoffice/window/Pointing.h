@@ -30,7 +30,7 @@ class Pointing {
  private:
     void heard(const MouseInput& input);
     Mouse::Place onSurface(const MouseInput& input) const;
-    void followPointer(const Mouse::Place& at);
+    void followPointer(const Mouse::Place& at, bool held);
     void scrollWhileDragging(int direction);
     void scroll(int lines);
 
