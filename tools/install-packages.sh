@@ -5,7 +5,7 @@ set -euo pipefail
 packages=(
   # build
   git g++ cmake ninja-build make libgtest-dev libgmock-dev libbenchmark-dev nlohmann-json3-dev libcli11-dev
-  librsvg2-bin zip
+  libpng-dev librsvg2-bin zip
   # the host
   libreoffice-writer libreoffice-gtk3 libreoffice-dev libreoffice-dev-common
   libreoffice-style-colibre adwaita-icon-theme fonts-dejavu fonts-liberation

@@ -57,20 +57,24 @@ class Pixels {
     bool bottomUp_ = true;
 };
 
-/// Lays one pixel over another by its alpha.
+/// Lays one pixel over another. Where both are transparent, the lower one stays as it is.
 void blend(const std::uint8_t* over, std::uint8_t* under) {
-    const unsigned alpha = over[3];
+    constexpr unsigned kOpaque = 255;
+    // How much either counts, of 255 times 255.
+    const unsigned upper = over[3] * kOpaque;
+    const unsigned lower = under[3] * (kOpaque - over[3]);
+    const unsigned both = upper + lower;
+    if (both == 0) return;
     for (int channel = 0; channel < 3; ++channel) {
-        const unsigned mixed = over[channel] * alpha + under[channel] * (255 - alpha);
-        under[channel] = static_cast<std::uint8_t>((mixed + 127) / 255);
+        const unsigned mixed = over[channel] * upper + under[channel] * lower;
+        under[channel] = static_cast<std::uint8_t>((mixed + both / 2) / both);
     }
-    under[3] = std::max(over[3], under[3]);
+    under[3] = static_cast<std::uint8_t>((both + kOpaque / 2) / kOpaque);
 }
 
 }  // namespace
 
 base::Picture DrawIconOnPicture(const base::Picture& icon, const base::Picture& canvas) {
-    if (canvas.empty()) return icon;
     const auto source = Pixels::of(icon.bytes());
     const auto target = Pixels::of(canvas.bytes());
     if (!source || !target) return canvas;

@@ -86,9 +86,22 @@ TEST(DrawIconOnPicture, CutsAnIconThatIsLargerThanTheCanvas) {
     EXPECT_EQ(DrawIconOnPicture(icon, canvas), bitmap(1, 1, {kRed}));
 }
 
-TEST(DrawIconOnPicture, OnAnEmptyCanvasTheIconIsTheResult) {
-    const Picture icon = bitmap(1, 1, {kRed});
-    EXPECT_EQ(DrawIconOnPicture(icon, Picture()), icon);
+TEST(DrawIconOnPicture, OnATransparentCanvasTheIconKeepsItsAlpha) {
+    const std::vector<Pixel> pixels{kRed, {200, 100, 50, 128}, {9, 8, 7, 1}, {0, 0, 0, 0}};
+    const Picture canvas = bitmap(2, 2, std::vector<Pixel>(4, {0, 0, 0, 0}));
+    const Picture icon = bitmap(2, 2, pixels);
+    EXPECT_EQ(DrawIconOnPicture(icon, canvas), icon);
+}
+
+TEST(DrawIconOnPicture, CoversAHalfTransparentCanvasByWhatEachOfThemShows) {
+    const Picture canvas = bitmap(1, 1, {{0, 100, 200, 102}});
+    const Picture icon = bitmap(1, 1, {{250, 100, 0, 51}});
+    // The icon shows with 0.2, the canvas with 0.4 of the 0.8 that are left, both with 0.52.
+    EXPECT_EQ(DrawIconOnPicture(icon, canvas), bitmap(1, 1, {{96, 100, 123, 133}}));
+}
+
+TEST(DrawIconOnPicture, AnEmptyCanvasStaysEmpty) {
+    EXPECT_TRUE(DrawIconOnPicture(bitmap(1, 1, {kRed}), Picture()).empty());
 }
 
 TEST(DrawIconOnPicture, LeavesTheCanvasWhereEitherIsNoBitmapOfThisForm) {
@@ -146,10 +159,20 @@ TEST_F(SetButtonFaceTest, GivesTheButtonTheIconThroughTheClipboard) {
 
 TEST_F(SetButtonFaceTest, DrawsOnTheButtonsOwnFace) {
     const auto button = bar->addButton();
-    // The memory runtime's icons are no bitmaps, so the face stays the canvas.
-    bar->buttons[0]->face = bitmap(1, 1, {kBlue});
+    const Picture canvas = bitmap(2, 1, {kBlue, kBlue});
+    bar->buttons[0]->face = canvas;
     SetButtonFace(button.get(), 102);
-    EXPECT_EQ(bar->buttons[0]->face, bitmap(1, 1, {kBlue}));
+    EXPECT_EQ(bar->buttons[0]->face, DrawIconOnPicture(test.runtime.Component().icon(102), canvas));
+    EXPECT_FALSE(bar->buttons[0]->face == canvas);
+}
+
+TEST_F(SetButtonFaceTest, AButtonWithoutAFaceGetsAnEmptyPicture) {
+    const auto button = bar->addButton();
+    bar->buttons[0]->face = {};
+    test.runtime.clipboard = bitmap(1, 1, {kRed});
+    SetButtonFace(button.get(), 102);
+    EXPECT_TRUE(bar->buttons[0]->face.empty());
+    EXPECT_TRUE(test.runtime.clipboard.empty());
 }
 
 }  // namespace

@@ -284,11 +284,12 @@ TEST_F(ConnectTest, ButtonsHaveTheirTextsAndIcons) {
 
 TEST_F(ConnectTest, ABarThatIsThereWithOneButtonGetsTheOtherTwoBehindIt) {
     const auto kept = addKeptBar();
+    const base::Picture ownFace = kept->buttons[0]->face;
     test.startLog();
     connect();
     EXPECT_EQ(tags(), (Calls{"SellLine", "SellFill", "ChangeFillWizard"}));
     EXPECT_EQ(kept->buttons[0]->caption, "Můj");
-    EXPECT_TRUE(kept->buttons[0]->face.empty());
+    EXPECT_EQ(kept->buttons[0]->face, ownFace);
     EXPECT_TRUE(test.log().beginningWith("call CommandBars.Add").empty());
     EXPECT_TRUE(test.log().beginningWith("write Bar.Visible").empty());
     EXPECT_EQ(test.log().beginningWith("call NormalTemplate.Save").size(), 1U);

@@ -3,6 +3,7 @@
 #include <stdexcept>
 #include <string>
 
+#include "base/Bitmap.h"
 #include "base/Color.h"
 #include "base/Count16.h"
 #include "base/Error.h"
@@ -102,6 +103,14 @@ TEST(Picture, EqualsAnotherOfTheSameBytesAndFormat) {
     EXPECT_FALSE(first == Picture(PictureFormat::icon, {1, 2}));
     EXPECT_FALSE(first == Picture(PictureFormat::bitmap, {1, 3}));
     EXPECT_FALSE(first == none);
+}
+
+TEST(Bitmap, IsAFileOfItsPixelsWithTheLowestRowFirst) {
+    const Picture file = bitmapOf(1, 2, {1, 2, 3, 4, 5, 6, 7, 8});
+    EXPECT_EQ(file, Picture(PictureFormat::bitmap,
+                            {'B', 'M', 62, 0, 0, 0, 0, 0,  0, 0, 54, 0, 0, 0, 40, 0, 0, 0, 1, 0, 0,
+                             0,   2,   0,  0, 0, 1, 0, 32, 0, 0, 0,  0, 0, 8, 0,  0, 0, 0, 0, 0, 0,
+                             0,   0,   0,  0, 0, 0, 0, 0,  0, 0, 0,  0, 5, 6, 7,  8, 1, 2, 3, 4}));
 }
 
 TEST(Error, AnyExceptionInFlightBecomesAnErrorWithItsText) {

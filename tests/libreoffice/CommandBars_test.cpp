@@ -4,6 +4,7 @@
 
 #include "OpenDocument.h"
 #include "TestComponent.h"
+#include "addin/ButtonFace.h"
 #include "forms/Runtime.h"
 #include "ports/libreoffice/Snapshot.h"
 #include "ports/libreoffice/app/ActiveWindow.h"
@@ -201,11 +202,34 @@ TEST_F(CommandBarsTest, APastedFaceIsThePictureOfTheCommand) {
     EXPECT_TRUE(buttons().empty());
 }
 
-TEST_F(CommandBarsTest, CopyingAFaceGivesNoPicture) {
+TEST_F(CommandBarsTest, ANewButtonsFaceIsBlank) {
+    bar->addButton()->CopyFace();
+    EXPECT_EQ(runtime.Clipboard().GetData(), libreoffice::IconFiles::blankFace());
+}
+
+TEST_F(CommandBarsTest, AnIconDrawnOnANewButtonIsThatIconInAllItsSizes) {
+    const libreoffice::IconFiles icons(testFolder());
+    for (const std::int16_t number : std::initializer_list<std::int16_t>{101, 102, 103}) {
+        const auto button = add("Jedna", "První");
+        addin::SetButtonFace(button.get(), number);
+        button->CopyFace();
+        EXPECT_EQ(icons.sizesOf(runtime.Clipboard().GetData()),
+                  icons.sizesOf(icons.largest(number)));
+        EXPECT_EQ(icons.sizesOf(runtime.Clipboard().GetData()).size(), 3U);
+        button->Delete();
+    }
+}
+
+TEST_F(CommandBarsTest, AButtonThatPastesNothingKeepsThePictureThatTheOfficeShows) {
     const auto button = add("Jedna", "První");
-    runtime.Clipboard().SetData(runtime.Component().icon(101));
+    addin::SetButtonFace(button.get(), 101);
+    bars.save();
+    runtime.Clipboard().Clear();
+    button->PasteFace();
     button->CopyFace();
     EXPECT_TRUE(runtime.Clipboard().GetData().empty());
+    bars.save();
+    EXPECT_TRUE(configuration.hasPictures("vnd.huebrush:Jedna"));
 }
 
 TEST_F(CommandBarsTest, AFaceThatIsNoPictureIsAnErrorOfTheWrite) {

@@ -7,6 +7,7 @@
 #include <filesystem>
 
 #include "TestComponent.h"
+#include "ports/libreoffice/fill/Image.h"
 #include "ports/libreoffice/uno/Configuration.h"
 
 namespace huebrush::tests {
@@ -68,8 +69,9 @@ TEST(OfficeComponent, HasTheThreeIconsAndNoOther) {
     for (const std::int32_t number : {101, 102, 103}) {
         const base::Picture icon = component().icon(number);
         ASSERT_FALSE(icon.empty()) << number;
-        EXPECT_EQ(icon.format(), base::PictureFormat::png);
-        EXPECT_EQ(sizeOf(icon), std::pair(32, 32));
+        EXPECT_EQ(icon.format(), base::PictureFormat::bitmap);
+        const libreoffice::Image pixels = libreoffice::imageOfBitmapFile(icon.bytes());
+        EXPECT_EQ(std::pair(pixels.width(), pixels.height()), std::pair(32, 32));
     }
     EXPECT_TRUE(component().icon(104).empty());
     EXPECT_FALSE(component().icon(101) == component().icon(102));

@@ -10,6 +10,7 @@
 #include <unordered_set>
 #include <vector>
 
+#include "base/Bitmap.h"
 #include "base/Picture.h"
 #include "host/Application.h"
 #include "host/BuiltInControl.h"
@@ -100,7 +101,8 @@ class MemoryButton final : public host::CommandBarControl {
     std::string tag;
     std::string caption;
     std::string tooltip;
-    base::Picture face;
+    /// One transparent pixel, to begin with.
+    base::Picture face = base::bitmapOf(1, 1, {0, 0, 0, 0});
     bool enabled = true;
 
  private:

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/Bitmap.h"
 #include "base/Text.h"
 #include "forms/Form.h"
 
@@ -157,8 +158,9 @@ char MemoryRuntime::decimalSeparator() const {
 
 base::Picture MemoryRuntime::icon(std::int32_t number) const {
     note("read Icon ", number);
-    const std::string name = text("icon ", number);
-    return {base::PictureFormat::icon, {name.begin(), name.end()}};
+    const auto low = static_cast<std::uint8_t>(number & 0xFF);
+    const auto high = static_cast<std::uint8_t>(number >> 8);
+    return base::bitmapOf(1, 1, {low, high, 0, 0xFF});
 }
 
 }  // namespace huebrush::memory

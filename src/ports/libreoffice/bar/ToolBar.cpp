@@ -116,7 +116,8 @@ void ToolBar::setRowIndex(std::int32_t row) {
 }
 
 host::CommandBarControlPointer ToolBar::addButton() {
-    return adopt(std::make_shared<ToolBarButton>(office_.states, [this] { changed(); }));
+    return adopt(std::make_shared<ToolBarButton>(
+        office_.states, [this] { changed(); }, IconFiles::blankFace()));
 }
 
 host::CommandBarControlPointer ToolBar::FindControl(const std::string& tag) {
@@ -181,8 +182,8 @@ void ToolBar::writeTexts(std::vector<BarConfiguration::Item>& items, ToolBarButt
 }
 
 void ToolBar::writeFace(ToolBarButton& button) {
-    if (button.newFace().empty()) return;
-    office_.configuration.setPictures(button.command(), office_.faces.sizesOf(button.newFace()));
+    if (!button.faceChanged() || button.face().empty()) return;
+    office_.configuration.setPictures(button.command(), office_.faces.sizesOf(button.face()));
     button.faceWritten();
 }
 

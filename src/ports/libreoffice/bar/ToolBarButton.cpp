@@ -57,13 +57,13 @@ void ToolBarButton::Delete() {
     changed_();
 }
 
-/// The office draws the picture over its own face, so there is none to draw upon.
 void ToolBarButton::CopyFace() {
-    forms::Runtime::current().Clipboard().Clear();
+    forms::Runtime::current().Clipboard().SetData(face_);
 }
 
 void ToolBarButton::PasteFace() {
-    newFace_ = forms::Runtime::current().Clipboard().GetData();
+    face_ = forms::Runtime::current().Clipboard().GetData();
+    faceChanged_ = true;
     changed_();
 }
 

@@ -13,11 +13,12 @@ namespace huebrush::libreoffice {
 /// gets onto the screen once it has one.
 class ToolBarButton final : public host::CommandBarControl {
  public:
-    /// `changed` is called with every change that the bar has to write.
-    ToolBarButton(CommandStates& states, std::function<void()> changed)
-        : states_(states), changed_(std::move(changed)) {}
+    /// `changed` is called with every change that the bar has to write. `face` is what the button
+    /// shows to begin with.
+    ToolBarButton(CommandStates& states, std::function<void()> changed, base::Picture face)
+        : states_(states), changed_(std::move(changed)), face_(std::move(face)) {}
 
-    /// A button that the office has kept.
+    /// A button that the office has kept. Its face is not known.
     struct Kept {
         std::string tag;
         std::string caption;
@@ -40,9 +41,10 @@ class ToolBarButton final : public host::CommandBarControl {
     /// Empty for a button without a tag.
     std::string command() const;
     bool deleted() const { return deleted_; }
-    /// A face that was pasted and not yet written.
-    const base::Picture& newFace() const { return newFace_; }
-    void faceWritten() { newFace_ = {}; }
+    const base::Picture& face() const { return face_; }
+    /// Whether the face has been pasted since it was written.
+    bool faceChanged() const { return faceChanged_; }
+    void faceWritten() { faceChanged_ = false; }
     /// Whether its texts have been set since they were written, or since it was found.
     bool textsChanged() const { return textsChanged_; }
     void textsWritten() { textsChanged_ = false; }
@@ -57,7 +59,8 @@ class ToolBarButton final : public host::CommandBarControl {
     std::string caption_;
     std::string tooltip_;
     bool textsChanged_ = false;
-    base::Picture newFace_;
+    base::Picture face_;
+    bool faceChanged_ = false;
     bool enabled_ = true;
     bool deleted_ = false;
 };

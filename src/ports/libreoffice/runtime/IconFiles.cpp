@@ -1,34 +1,62 @@
 #include "ports/libreoffice/runtime/IconFiles.h"
 
+#include <png.h>
+
+#include <algorithm>
 #include <fstream>
 #include <iterator>
 
+#include "base/Bitmap.h"
 #include "base/Text.h"
 
 namespace huebrush::libreoffice {
 
 namespace {
 
-constexpr std::int32_t kSizes[] = {16, 24, 32};
+constexpr std::int32_t kButtonSizes[] = {16, 24, 32};
+constexpr std::int32_t kLargestButton = 32;
 /// The size of the pictures in dialogs.
 constexpr std::int32_t kDialogSize = 64;
-constexpr std::int32_t kIcons[] = {101, 102, 103};
+constexpr std::int32_t kButtonIcons[] = {101, 102, 103};
+
+/// The pixels of a PNG as a 32-bit bitmap; no picture where there is none.
+base::Picture bitmapOfPng(const base::Picture& png) {
+    png_image image{};
+    image.version = PNG_IMAGE_VERSION;
+    if (png.empty() ||
+        png_image_begin_read_from_memory(&image, png.bytes().data(), png.bytes().size()) == 0) {
+        return {};
+    }
+    image.format = PNG_FORMAT_BGRA;
+    std::vector<std::uint8_t> pixels(PNG_IMAGE_SIZE(image));
+    if (png_image_finish_read(&image, nullptr, pixels.data(), 0, nullptr) == 0) return {};
+    return base::bitmapOf(static_cast<std::int32_t>(image.width),
+                          static_cast<std::int32_t>(image.height), pixels);
+}
 
 }  // namespace
 
 base::Picture IconFiles::largest(std::int32_t number) const {
     const auto known = largest_.find(number);
     if (known != largest_.end()) return known->second;
-    base::Picture found = picture(number, kDialogSize);
-    if (found.empty()) found = picture(number, *std::rbegin(kSizes));
-    return largest_[number] = found;
+    return largest_[number] = read(number);
+}
+
+base::Picture IconFiles::read(std::int32_t number) const {
+    const bool ofButton = std::ranges::find(kButtonIcons, number) != std::end(kButtonIcons);
+    return ofButton ? bitmapOfPng(picture(number, kLargestButton)) : picture(number, kDialogSize);
+}
+
+base::Picture IconFiles::blankFace() {
+    constexpr std::size_t kPixels = std::size_t{kLargestButton} * kLargestButton;
+    return base::bitmapOf(kLargestButton, kLargestButton, std::vector<std::uint8_t>(4 * kPixels));
 }
 
 std::vector<base::Picture> IconFiles::sizesOf(const base::Picture& wanted) const {
-    for (const std::int32_t number : kIcons) {
+    for (const std::int32_t number : kButtonIcons) {
         if (largest(number) != wanted) continue;
         std::vector<base::Picture> sizes;
-        for (const std::int32_t size : kSizes) sizes.push_back(picture(number, size));
+        for (const std::int32_t size : kButtonSizes) sizes.push_back(picture(number, size));
         return sizes;
     }
     return {wanted};
