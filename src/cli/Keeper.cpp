@@ -9,13 +9,11 @@
 
 #include <algorithm>
 #include <array>
-#include <chrono>
 #include <csignal>
 #include <cstdlib>
 #include <fstream>
 #include <sstream>
 #include <system_error>
-#include <thread>
 
 #include "base/Text.h"
 #include "cli/Failure.h"
@@ -25,9 +23,9 @@ namespace huebrush::cli {
 namespace {
 
 namespace fs = std::filesystem;
-using namespace std::chrono_literals;
 
 constexpr std::size_t kLongestMessage = 1U << 16U;
+constexpr int kLookAgain = 100;  // Milliseconds.
 
 /// The other side is a process of this program, so nothing but its end makes this fail.
 void send(int link, const std::string& message) {
@@ -174,13 +172,16 @@ class KeeperProcess {
         return true;
     }
 
-    void reap() {
+    /// False when there are no children left.
+    bool reap() const {
         std::array<char, sizeof(signalfd_siginfo)> seen{};
         while (::read(signals_, seen.data(), seen.size()) > 0) {
         }
-        for (pid_t pid = 0; (pid = ::waitpid(-1, nullptr, WNOHANG)) > 0;) {
+        pid_t pid = 0;
+        while ((pid = ::waitpid(-1, nullptr, WNOHANG)) > 0) {
             if (pid == program_) send(link_, "ended");
         }
+        return pid == 0;
     }
 
     void endAll() const {
@@ -191,9 +192,11 @@ class KeeperProcess {
         ::kill(-program_, SIGSTOP);
         const std::vector<std::string> sockets = socketsOf(program_);
         ::kill(-program_, SIGKILL);
-        while (::waitpid(-1, nullptr, WNOHANG) >= 0) {
+        while (reap()) {
             for (const pid_t each : children()) ::kill(each, SIGKILL);
-            std::this_thread::sleep_for(2ms);
+            // The list may leave one out while others end, so it is looked at again in any case.
+            pollfd ended{signals_, POLLIN, 0};
+            ::poll(&ended, 1, kLookAgain);
         }
         for (const std::string& each : sockets) ::unlink(each.c_str());
     }
