@@ -6,7 +6,10 @@ Option Explicit
 ' document and sorts them by fill, gives a quarter of the fills a new colour, and returns how many
 ' milliseconds each took, as JSON, or else the error. Nothing is read that is not needed: the kind
 ' of fill first, then only what that kind has, and a structure once. The selections come first
-' because each would be a command of its own: no shape is held from a walk before.
+' because each would be a command of its own: no shape is held from a walk before. A change is a
+' whole one: the theme's colour goes, which would be stored instead of the new one, and the document
+' counts as modified. Only a step of the Undo list is beyond Basic, whose listeners have no
+' attributes, and so no title; nothing is counted in for it.
 
 ' The values of com.sun.star.drawing.FillStyle; its names would be looked up at each use.
 Const FILL_NONE = 0
@@ -22,13 +25,16 @@ Const CONNECTOR_TYPE = "com.sun.star.drawing.ConnectorShape"
 Const CONTROL_TYPE = "com.sun.star.drawing.ControlShape"
 
 Const MIXED = "mixed"
+Const OPAQUE = "/0"
 Const NEW_COLOR = &H0070C0
+Const NO_THEME = -1
 
 Private mShapes() As Object   ' all leaf shapes, in order
 Private mFillOf() As Long     ' the number of each one's fill
 Private mShapeCount As Long
 Private mFillNumbers As Object ' the number of each fill by its key
 Private mFillStyles() As Long
+Private mIsOpaque() As Boolean ' whether a fill has no transparency
 Private mFillCount As Long
 
 Function Measure(oDocument As Object) As String
@@ -106,6 +112,7 @@ Private Sub Scan(oDocument As Object)
 	ReDim mShapes(1023)
 	ReDim mFillOf(1023)
 	ReDim mFillStyles(63)
+	ReDim mIsOpaque(63)
 	mShapeCount = 0
 	mFillCount = 0
 	mFillNumbers = com.sun.star.container.EnumerableMap.create("string", "long")
@@ -138,8 +145,12 @@ Private Function FillNumber(sKey As String, nStyle As Long) As Long
 		FillNumber = mFillNumbers.get(sKey)
 	Else
 		mFillNumbers.put(sKey, CreateUnoValue("long", mFillCount))
-		If mFillCount > UBound(mFillStyles) Then ReDim Preserve mFillStyles(2 * mFillCount - 1)
+		If mFillCount > UBound(mFillStyles) Then
+			ReDim Preserve mFillStyles(2 * mFillCount - 1)
+			ReDim Preserve mIsOpaque(2 * mFillCount - 1)
+		End If
 		mFillStyles(mFillCount) = nStyle
+		mIsOpaque(mFillCount) = (Right(sKey, 2) = OPAQUE)
 		FillNumber = mFillCount
 		mFillCount = mFillCount + 1
 	End If
@@ -167,7 +178,7 @@ Private Function FillKey(oShape As Object, sType As String, nStyle As Long) As S
 End Function
 
 Private Function Opacity(oShape As Object) As String
-	Opacity = "/" & oShape.FillTransparence
+	Opacity = "/" & oShape.FillTransparence ' OPAQUE, where there is none
 	If oShape.FillTransparenceGradientName <> "" Then
 		Opacity = Opacity & "/" & GradientKey(oShape.FillTransparenceGradient)
 	End If
@@ -195,11 +206,19 @@ Private Function Apply(oDocument As Object) As Long
 		If nFill Mod 4 = 0 Then
 			oShape = mShapes(i)
 			If mFillStyles(nFill) <> FILL_SOLID Then oShape.FillStyle = FILL_SOLID
+			If Not mIsOpaque(nFill) Then
+				oShape.FillTransparenceGradientName = ""
+				oShape.FillTransparence = 0
+			End If
 			oShape.FillColor = NEW_COLOR
+			' A colour of the theme would be stored instead of the new one.
+			If oShape.FillColorTheme <> NO_THEME Then oShape.FillColorTheme = NO_THEME
 			nApplied = nApplied + 1
 		End If
 	Next
 	oDocument.unlockControllers()
+	' The office takes no change of a shape's properties for one of the document.
+	oDocument.setModified(True)
 	Apply = nApplied
 End Function
 

@@ -5,13 +5,15 @@ job selects by fill and by line as the first shape has it, walks the drawing sha
 and sorts them by fill, gives a quarter of the fills a new colour, and returns the milliseconds of
 each as JSON. Nothing is read that is not needed: the kind of fill first, then only what that kind
 has. The selections come first because each would be a command of its own: no shape is held from a
-walk before.
+walk before. A change is a whole one: the theme's colour goes, which would be stored instead of the
+new one, Undo takes all of it back in one step, and the document counts as modified.
 """
 
 import json
 from time import perf_counter
 
 import unohelper
+from com.sun.star.document import XUndoAction
 from com.sun.star.drawing.FillStyle import BITMAP, GRADIENT, HATCH, SOLID
 from com.sun.star.drawing.LineStyle import NONE as NO_LINE
 from com.sun.star.task import XJob
@@ -28,6 +30,14 @@ UNFILLED_TYPES = {
 MIXED = "mixed"
 UNFILLED = "none"
 NEW_COLOR = 0x0070C0
+OPAQUE_SOLID = {"FillStyle": SOLID, "FillTransparenceGradientName": "", "FillTransparence": 0}
+NO_THEME = -1
+# What makes up a fill beside its style and transparency; a solid one's is known from its key.
+BODIES = {
+    GRADIENT.value: ("FillGradient",),
+    HATCH.value: ("FillHatch", "FillBackground", "FillColor"),
+    BITMAP.value: ("FillBitmapName", "FillBitmapMode"),
+}
 
 
 def elements(access):
@@ -118,19 +128,66 @@ def scan(document):
 
 
 def apply(document, fills):
+    """Gives every fourth fill a new colour, as one step of the Undo list."""
+    changes = []
     applied = 0
     document.lockControllers()
     for number, (key, shapes) in enumerate(fills.items()):
-        if number % 4:
-            continue
-        is_solid = key[0] == "solid"
-        for shape in shapes:
-            if not is_solid:
-                shape.FillStyle = SOLID
-            shape.FillColor = NEW_COLOR
-        applied += len(shapes)
+        if number % 4 == 0:
+            recolour(key, shapes, changes)
+            applied += len(shapes)
     document.unlockControllers()
+    document.UndoManager.addUndoAction(Recolour(changes))
+    # The office takes no change of a shape's properties for one of the document.
+    document.setModified(True)
     return applied
+
+
+def recolour(key, shapes, changes):
+    new = {"FillColor": NEW_COLOR}
+    if key[0] == "solid" and key[-2:] == (0, None):
+        changes.append((shapes, {"FillColor": key[1]}, new))
+    else:
+        changes.extend(([shape], properties_now(shape), OPAQUE_SOLID | new) for shape in shapes)
+        write(shapes, OPAQUE_SOLID)
+    for shape in shapes:
+        shape.FillColor = NEW_COLOR
+        # A colour of the theme would be stored instead of the new one.
+        theme = shape.FillColorTheme
+        if theme != NO_THEME:
+            shape.FillColorTheme = NO_THEME
+            changes.append(([shape], {"FillColorTheme": theme}, {"FillColorTheme": NO_THEME}))
+
+
+def properties_now(shape):
+    body = BODIES.get(shape.FillStyle.value, ("FillColor",))
+    names = ("FillStyle", *body, "FillTransparence")
+    if shape.FillTransparenceGradientName != "":
+        names += ("FillTransparenceGradientName",)
+    return {name: shape.getPropertyValue(name) for name in names}
+
+
+class Recolour(unohelper.Base, XUndoAction):
+    """Shapes with their properties before and after: what Undo and Redo write."""
+
+    Title = "Recolour"
+
+    def __init__(self, changes):
+        self.changes = changes
+
+    def undo(self):
+        for shapes, before, _ in reversed(self.changes):
+            write(shapes, before)
+
+    def redo(self):
+        for shapes, _, after in self.changes:
+            write(shapes, after)
+
+
+def write(shapes, properties):
+    for shape in shapes:
+        for name, value in properties.items():
+            shape.setPropertyValue(name, value)
 
 
 def select_same(context, document, key_of):
