@@ -7,6 +7,8 @@
 #include <com/sun/star/awt/XControlModel.hpp>
 #include <com/sun/star/beans/PropertyValue.hpp>
 #include <com/sun/star/beans/XPropertySet.hpp>
+#include <com/sun/star/beans/XPropertyState.hpp>
+#include <com/sun/star/container/XNameContainer.hpp>
 #include <com/sun/star/container/XNamed.hpp>
 #include <com/sun/star/document/XUndoManagerSupplier.hpp>
 #include <com/sun/star/drawing/FillStyle.hpp>
@@ -557,6 +559,40 @@ TEST_F(DocumentsTest, SelectedTextIsNoShape) {
     OpenDocument other;
     const auto text = documents.documentOf(other.model());
     EXPECT_EQ(text->Selection()->ShapeRange()->Count(), 0);
+}
+
+// What few shapes have
+
+TEST_F(DocumentsTest, ATransparencyIsReadOfTheShapesThatHaveOne) {
+    const ShapeReference own = addRectangle(open.model(), kRed);
+    addRectangle(open.model(), kRed);
+    const Reference<css::beans::XPropertyState> states(own, UNO_QUERY_THROW);
+    setProperty(own, "FillTransparence", sal_Int16(10));
+    EXPECT_FLOAT_EQ(shape(0)->Fill().Transparency(), 0.1F);
+    EXPECT_FLOAT_EQ(shape(1)->Fill().Transparency(), 0.0F);
+    setProperty(own, "FillTransparence", sal_Int16(0));
+    EXPECT_FLOAT_EQ(shape(0)->Fill().Transparency(), 0.0F);
+    setProperty(own, "FillTransparence", sal_Int16(20));
+    states->setPropertyToDefault("FillTransparence");
+    EXPECT_FLOAT_EQ(shape(0)->Fill().Transparency(), 0.0F);
+}
+
+TEST_F(DocumentsTest, ATransparencyGradientIsReadOfTheShapesThatHaveOne) {
+    addRectangle(open.model(), kRed);
+    const ShapeReference other = addRectangle(open.model(), kRed);
+    const HandlerScope handler(documents.snapshot());
+    EXPECT_FLOAT_EQ(shape(1)->Fill().Transparency(), 0.0F);
+    documents.snapshot()->invalidate();
+    const css::awt::Gradient gradient(css::awt::GradientStyle_LINEAR, 0x000000, 0xFFFFFF, 0, 0, 50,
+                                      50, 100, 100, 0);
+    const Reference<css::lang::XMultiServiceFactory> factory(open.model(), UNO_QUERY_THROW);
+    const Reference<css::container::XNameContainer> table(
+        factory->createInstance("com.sun.star.drawing.TransparencyGradientTable"), UNO_QUERY_THROW);
+    table->insertByName("Fading", Any(gradient));
+    setProperty(other, "FillTransparenceGradientName", rtl::OUString("Fading"));
+    documents.snapshot()->invalidate();
+    EXPECT_FLOAT_EQ(shape(0)->Fill().Transparency(), 0.0F);
+    EXPECT_FLOAT_EQ(shape(1)->Fill().Transparency(), 0.5F);
 }
 
 // The snapshot

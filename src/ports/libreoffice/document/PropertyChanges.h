@@ -1,12 +1,14 @@
 #pragma once
 
 #include <com/sun/star/beans/XMultiPropertySet.hpp>
+#include <com/sun/star/beans/XPropertySet.hpp>
 #include <com/sun/star/drawing/XShape.hpp>
 #include <vector>
 
 namespace huebrush::libreoffice {
 
-/// Properties of a shape to be set in one call: it costs the same for many as for one.
+/// Properties of a shape to be set in one call: for many it costs the same as for two. The call for
+/// one alone takes two thirds of that.
 class PropertyChanges {
  public:
     void add(const rtl::OUString& name, const com::sun::star::uno::Any& value) {
@@ -17,6 +19,12 @@ class PropertyChanges {
 
     /// The office's exceptions pass to the caller.
     void apply(const com::sun::star::uno::Reference<com::sun::star::drawing::XShape>& shape) const {
+        if (names_.size() == 1) {
+            const com::sun::star::uno::Reference<com::sun::star::beans::XPropertySet> single(
+                shape, com::sun::star::uno::UNO_QUERY_THROW);
+            single->setPropertyValue(names_.front(), values_.front());
+            return;
+        }
         const auto count = static_cast<sal_Int32>(names_.size());
         const com::sun::star::uno::Reference<com::sun::star::beans::XMultiPropertySet> set(
             shape, com::sun::star::uno::UNO_QUERY_THROW);

@@ -1,6 +1,8 @@
 #include "ports/libreoffice/document/ShapeFill.h"
 
+#include <array>
 #include <com/sun/star/beans/XPropertySet.hpp>
+#include <com/sun/star/beans/XPropertyState.hpp>
 #include <com/sun/star/drawing/BitmapMode.hpp>
 #include <com/sun/star/drawing/FillStyle.hpp>
 #include <com/sun/star/drawing/Hatch.hpp>
@@ -38,6 +40,8 @@ struct Names {
     /// The attribute that holds the memory, and its XML namespace.
     OUString memory{"huebrush:fill"};
     OUString space{"urn:huebrush:fill:1.0"};
+    /// Most shapes have none of these.
+    std::array<OUString, 3> rare{transparence, transparenceGradientName, attributes};
 };
 
 const Names& names() {
@@ -98,13 +102,31 @@ void readBody(const Reference<css::beans::XPropertySet>& set, OfficeFill& fill) 
     }
 }
 
-std::string readMemory(const Reference<css::beans::XPropertySet>& set) {
-    const Reference<css::container::XNameContainer> attributes(
-        set->getPropertyValue(names().attributes), UNO_QUERY);
+std::string memoryIn(const Any& value) {
+    const Reference<css::container::XNameContainer> attributes(value, UNO_QUERY);
     if (!attributes.is() || !attributes->hasByName(names().memory)) return {};
     css::xml::AttributeData data;
     attributes->getByName(names().memory) >>= data;
     return fromOffice(data.Value);
+}
+
+/// What few shapes have is read only of those that do: which ones, the office tells sooner than a
+/// value. Its defaults are no transparency and no attributes, and no document has others.
+void readRare(const ShapeReference& shape, const Reference<css::beans::XPropertySet>& set,
+              ShapeFill& fill) {
+    const auto& rare = names().rare;
+    const css::uno::Sequence<css::beans::PropertyState> states =
+        Reference<css::beans::XPropertyState>(shape, UNO_QUERY_THROW)
+            ->getPropertyStates({rare.data(), static_cast<sal_Int32>(rare.size())});
+    const auto has = [&](std::size_t at) {
+        return states[static_cast<sal_Int32>(at)] != css::beans::PropertyState_DEFAULT_VALUE;
+    };
+    if (has(0)) fill.office.transparence = get<sal_Int16>(set, names().transparence);
+    if (has(1) && !get<OUString>(set, names().transparenceGradientName).isEmpty()) {
+        fill.office.transparenceGradient =
+            gradientOf(set->getPropertyValue(names().transparenceGradient));
+    }
+    if (has(2)) fill.memory = memoryIn(set->getPropertyValue(names().attributes));
 }
 
 Any readBitmap(const ShapeReference& shape) {
@@ -183,12 +205,7 @@ ShapeFill readFill(const ShapeReference& shape) {
     ShapeFill fill;
     fill.office.style = styleOf(get<css::drawing::FillStyle>(set, names().style));
     readBody(set, fill.office);
-    fill.office.transparence = get<sal_Int16>(set, names().transparence);
-    if (!get<OUString>(set, names().transparenceGradientName).isEmpty()) {
-        fill.office.transparenceGradient =
-            gradientOf(set->getPropertyValue(names().transparenceGradient));
-    }
-    fill.memory = readMemory(set);
+    readRare(shape, set, fill);
     return fill;
 }
 

@@ -23,8 +23,9 @@ struct ShapeFill {
     com::sun::star::uno::Any transparenceGradient;
 };
 
-/// Reads a shape's fill: its style first and then only what that style uses, because each property
-/// costs a call, and names are slow. The office's exceptions pass to the caller.
+/// Reads a shape's fill: its style first and then only what that style uses and what the shape has
+/// values of its own for, because each property costs a call, and names are slow. The office's
+/// exceptions pass to the caller.
 ShapeFill readFill(const ShapeReference& shape);
 
 /// Before the fill `now` of the shape is replaced: reads its origin into it, and keeps its bitmap
