@@ -39,12 +39,11 @@ void Pointing::heard(const MouseInput& input) {
     if (window_.peer().is()) followPointer(onSurface(input), held);
 }
 
-/// What the place of the mouse means for the windows themselves. No tool tip comes up below a mouse
-/// whose button is held.
+/// What the place of the mouse means for the windows themselves.
 void Pointing::followPointer(const Mouse::Place& at, bool held) {
     if (at.surface == nullptr) return;
     if (Surface* const surface = window_.windowOf(*at.surface)) {
-        surface->setToolTip(held ? std::string() : Mouse::toolTipAt(at));
+        surface->setToolTip(Mouse::toolTipAt(at));
     }
     scrollWhileDragging(held ? Mouse::scrollWantedAt(at) : 0);
 }
