@@ -238,7 +238,7 @@ class Recolouring(OnDocuments):
                     self.assertGreater(json.loads(done.stdout)["changed"], 10)
                     self.assert_alike(
                         normal_form.NormalForm(Path(os.fsdecode(output))).shapes,
-                        normal_form.NormalForm(self.town, normal_form.solid_fills(MAP)).shapes)
+                        normal_form.NormalForm(self.plain, normal_form.solid_fills(MAP)).shapes)
 
     def test_a_relative_link_stays_relative_to_the_document(self):
         (self.folder / "in").mkdir()

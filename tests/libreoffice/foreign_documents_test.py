@@ -128,9 +128,19 @@ def fill_of(properties):
     return None
 
 
+def picture_in_vml(shape):
+    """The relation to the picture that a shape in VML shows: beside its fill, or in newer offices as
+    a tile in the fill."""
+    for element in (V + "imagedata", V + "fill"):
+        found = shape.find(element)
+        if found is not None and found.get(R + "id") is not None:
+            return found.get(R + "id")
+    return None
+
+
 def vml_fill_of(shape):
     fill = shape.find(V + "fill")
-    if shape.find(V + "imagedata") is not None:
+    if picture_in_vml(shape) is not None:
         return ("picture", None, None)
     if fill is not None and fill.get("on") in ("false", "f"):
         return ("none", None, None)
@@ -209,8 +219,9 @@ class EveryBranch(InFolder):
             relations = {r.get("Id"): r.get("Target") for r in
                          ET.fromstring(package.read("word/_rels/document.xml.rels"))}
             names = set(package.namelist())
-        used = [e.get(R + "embed") or e.get(R + "id") for e in self.body.iter()
-                if e.tag in (A + "blip", V + "imagedata")]
+        used = [blip.get(R + "embed") for blip in self.body.iter(A + "blip")]
+        used += [picture for shape in shapes_in_vml(self.body)
+                 if (picture := picture_in_vml(shape)) is not None]
         self.assertEqual(len(used), 80)
         for each in used:
             self.assertIn("word/" + relations[each], names)

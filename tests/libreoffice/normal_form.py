@@ -195,6 +195,7 @@ def docx_other_parts(path):
                  if name != "word/document.xml"}
     for name, data in parts.items():
         if name.startswith("docProps/"):
-            parts[name] = re.sub(rb"<(dcterms:modified|cp:revision|TotalTime)[^>]*>[^<]*<", b"<",
-                                 data)
+            # Newer offices leave the time out where nothing was changed.
+            parts[name] = re.sub(
+                rb"<(dcterms:modified|cp:revision|TotalTime)\b([^>]*/>|[^>]*>[^<]*</\1>)", b"", data)
     return parts
