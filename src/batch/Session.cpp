@@ -194,11 +194,13 @@ void Session::account(std::int16_t index, bool wasChanged, const std::string& di
 
 StoredFills Session::givenFills() const {
     GivenFills given;
-    for (const std::int16_t index : recoloured_) {
-        const ColorElement& row = dialog_->Element[index];
+    for (std::int16_t i = 1; i <= dialog_->Element.ubound(); ++i) {
+        const ColorElement& row = dialog_->Element[i];
+        const bool isNew =
+            std::find(recoloured_.begin(), recoloured_.end(), i) != recoloured_.end();
         for (const host::ShapePointer& shape : *row.ElementsGroup) {
-            if (isUnfillable(row, *shape)) continue;
-            given[shape->Name()] = {index, row.FillObject().original()};
+            if (isNew && isUnfillable(row, *shape)) continue;
+            given[shape->Name()] = {isNew ? i : std::int32_t{0}, row.FillObject().original()};
         }
     }
     return {*document_, std::move(given)};

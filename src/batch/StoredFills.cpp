@@ -129,7 +129,7 @@ struct StoredFills::Node {
     std::string name;
     bool isGroup = false;
     std::vector<Node> members;
-    /// What a shape was given; nothing for one that was left as it is.
+    /// What is known of a shape's fill.
     std::optional<GivenFill> given;
     /// Of the stored document.
     host::ShapePointer shape;
@@ -172,7 +172,7 @@ void giveFills(Nodes& nodes, GivenFills& given) {
 }
 
 std::size_t countGiven(const Node& node) {
-    std::size_t count = node.given ? 1 : 0;
+    std::size_t count = node.given && node.given->isNew() ? 1 : 0;
     for (const Node& member : node.members) count += countGiven(member);
     return count;
 }
@@ -218,6 +218,31 @@ void pairGaps(const Nodes& nodes, const Nodes& stored, Pairing& pairing) {
     close(nullptr);
 }
 
+/// Pairs what is left by its fill, if nothing has come or gone.
+void pairByFill(const Nodes& nodes, const Nodes& stored, Pairing& pairing) {
+    if (nodes.size() != stored.size()) return;
+    const std::unordered_set<const Node*> paired(pairing.begin(), pairing.end());
+    std::vector<std::pair<const Node*, FillProperties>> left;
+    for (const Node& node : stored) {
+        if (!node.isGroup && !paired.contains(&node)) {
+            left.emplace_back(&node, fillOf(node.shape->Fill()));
+        }
+    }
+    // A shape that was left as it is must not stand for one that was changed.
+    for (const bool isNew : {false, true}) {
+        for (std::size_t i = 0; i < nodes.size(); ++i) {
+            const auto& given = nodes[i].given;
+            if (pairing[i] != nullptr || !given || given->isNew() != isNew) continue;
+            const auto found = std::find_if(left.begin(), left.end(), [&](const auto& each) {
+                return hasArrived(given->fill, each.second);
+            });
+            if (found == left.end()) continue;
+            pairing[i] = found->first;
+            left.erase(found);
+        }
+    }
+}
+
 Pairing byOrder(const Nodes& nodes, const Nodes& stored) {
     Pairing pairing(nodes.size());
     pairGaps(nodes, stored, pairing);
@@ -235,6 +260,7 @@ Pairing byName(const Nodes& nodes, const Nodes& stored) {
         named.erase(found);
     }
     pairGaps(nodes, stored, pairing);
+    pairByFill(nodes, stored, pairing);
     return pairing;
 }
 
@@ -266,7 +292,7 @@ StoredResult comparePair(const Node& node, const Node* stored) {
         result.notFound = countGiven(node);
     } else if (node.isGroup) {
         result = compareNodes(node.members, stored->members);
-    } else if (node.given) {
+    } else if (node.given && node.given->isNew()) {
         const FillProperties fill = fillOf(stored->shape->Fill());
         if (hasArrived(node.given->fill, fill)) {
             ++result.confirmed;

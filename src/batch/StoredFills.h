@@ -13,10 +13,12 @@
 
 namespace huebrush::batch {
 
-/// The fill that a shape was given, and the row that gave it.
+/// The fill of a shape, and the row that gave it; no row for a shape that was left as it is.
 struct GivenFill {
     std::int32_t row = 0;
     fill::FillProperties fill;
+
+    bool isNew() const { return row != 0; }
 };
 /// By the names of the shapes.
 using GivenFills = std::unordered_map<std::string, GivenFill>;
@@ -53,7 +55,9 @@ class StoredFills {
 
     /// Compares with the stored document. No format keeps all there is to know a shape by: names
     /// are lost by some, the order is changed by others. Of the two ways to pair the shapes of a
-    /// page or group, the one is taken that explains more.
+    /// page or group, the one is taken that explains more. Where both are lost the shapes that
+    /// remain are told apart by their fills, those left as they are first: all that have a fill
+    /// must be there again.
     StoredResult compare(host::Document& stored) const;
 
     struct Node;

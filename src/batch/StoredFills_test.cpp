@@ -17,6 +17,7 @@ using host::MsoTriState;
 
 constexpr std::int32_t kRed = 0x0000C0;
 constexpr std::int32_t kBlue = 0xC07000;
+constexpr std::int32_t kGreen = 0x00A014;
 
 FillProperties solid(std::int32_t color) {
     FillProperties fill;
@@ -102,6 +103,21 @@ TEST_F(StoredFillsOf, FindsShapesWithoutNamesBetweenThoseWithNames) {
     stored->addSolid("B", kRed);
     stored->addSolid("That was a text frame", kRed);
     EXPECT_TRUE(compare({{"first", {1, solid(kBlue)}}}).isAsAsked());
+}
+
+TEST_F(StoredFillsOf, TellsShapesByTheirFillsWhereNamesAndOrderAreLost) {
+    for (const char* name : {"A", "first", "second", "third", "B"}) worked->addSolid(name, kRed);
+    const GivenFills given{
+        {"first", {1, solid(kBlue)}}, {"second", {0, solid(kGreen)}}, {"third", {0, solid(kBlue)}}};
+    stored->addSolid("Shape1", kBlue);
+    stored->addSolid("B", kRed);
+    stored->addSolid("Shape3", kGreen);
+    stored->addSolid("A", kRed);
+    const auto last = stored->addSolid("Shape2", kBlue);
+    EXPECT_TRUE(compare(given).isAsAsked());
+    EXPECT_EQ(compare(given).confirmed, 1U);
+    static_cast<FillProperties&>(last->fill) = solid(kRed);
+    EXPECT_EQ(compare(given).confirmed, 0U) << "the blue one is the third";
 }
 
 TEST_F(StoredFillsOf, FindsMembersOfGroups) {
