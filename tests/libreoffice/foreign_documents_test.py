@@ -26,6 +26,7 @@ from private_office import FILTERS  # noqa: E402
 import generated_documents  # noqa: E402
 import handmade_docx as handmade  # noqa: E402
 import normal_form  # noqa: E402
+from office import office_version  # noqa: E402
 
 PROGRAM = os.environ["HUEBRUSH_PROGRAM"]
 SAMPLES = os.environ.get("HUEBRUSH_SAMPLES")
@@ -33,12 +34,6 @@ LIMIT = 240
 ROOFS, BLUE = "#c00000", "#0070c0"
 MAP = {ROOFS: BLUE}
 STORED_OTHERWISE = 3
-
-
-def office_version():
-    said = subprocess.run(["soffice", "--version"], stdin=subprocess.DEVNULL, timeout=LIMIT,
-                          check=True, stdout=subprocess.PIPE, text=True).stdout
-    return tuple(map(int, re.match(r"LibreOffice (\d+)\.(\d+)", said).groups()))
 
 
 # Offices from 7.6 on keep the colours between a gradient's ends.

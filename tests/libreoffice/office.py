@@ -1,6 +1,7 @@
 """A LibreOffice process of one's own: private profile, own process group, gone at the end."""
 
 import os
+import re
 import signal
 import subprocess
 import sys
@@ -10,6 +11,13 @@ import time
 def end_cleanly_when_told_to():
     """Lets SIGTERM unwind the stack, so that what was started is ended."""
     signal.signal(signal.SIGTERM, lambda number, _: sys.exit(128 + number))
+
+
+def office_version(program="soffice"):
+    """The version of an office, as (25, 2)."""
+    said = subprocess.run([program, "--version"], stdin=subprocess.DEVNULL, timeout=60, check=True,
+                          stdout=subprocess.PIPE, text=True).stdout
+    return tuple(map(int, re.match(r"LibreOffice (\d+)\.(\d+)", said).groups()))
 
 
 class Office:
