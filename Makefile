@@ -55,8 +55,9 @@ bench: build
 screenshots: build
 	@/usr/bin/python3 tools/screenshots.py
 
-# The build and the tests in a Debian 13 of its own, with the newer LibreOffice there. As root.
-newer:
+# The build and the tests in a Debian 13 of its own, with the newer LibreOffice there, and what is
+# built here tried there. As root.
+newer: build
 	@tools/newer.sh
 
 clean:

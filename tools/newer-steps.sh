@@ -27,11 +27,25 @@ build() {
   cmake --preset release >/dev/null && cmake --build --preset release
 }
 
+# What was built with an older LibreOffice, if that was given: program, extension and package.
+older() {
+  local office=/usr/lib/libreoffice/program tests=tests/libreoffice
+  HUEBRUSH_PROGRAM=$PWD/build/older/huebrush HUEBRUSH_EXTENSIONS=$PWD/build/older/extension \
+    /usr/bin/python3 $tests/foreign_documents_test.py EveryBranch GradientsOfManyColours &&
+    HUEBRUSH_PACKAGE=build/older/huebrush.oxt HUEBRUSH_UNOPKG=$office/unopkg \
+      /usr/bin/python3 $tests/package_test.py Package &&
+    for subject in window dialog; do
+      /usr/bin/python3 $tests/${subject}_test.py --plugin gen --office $office/soffice \
+        --extensions build/older/extension || return
+    done
+}
+
 if step packages tools/install-packages.sh && step build build; then
   step demo tools/demo.sh
   step unit tests -j2 -L unit
   step office tests -j2 -L libreoffice
   step gtk3 tests -j2 -L gtk3
+  [ ! -d build/older ] || step older older
 fi
 
 . /etc/os-release

@@ -2,7 +2,9 @@
 # Builds the project in a Debian 13 of its own and runs the tests there, with the newer compiler and
 # the newer LibreOffice of that system. Needs root.
 #
-#   tools/newer.sh            packages, build, demo and tests; ends with what passed
+#   tools/newer.sh            packages, build, demo and tests; ends with what passed. What this machine
+#                             itself has built, with an older LibreOffice, is tried there, too, and
+#                             the other way round.
 #   tools/newer.sh CMD...     runs a command in that system, in the source tree
 #
 # The system is made once and kept, with its build, in HUEBRUSH_NEWER or else in the user's cache
@@ -50,6 +52,14 @@ if command -v npm >/dev/null; then
   tests/readers/install.sh "$folder/build/release/readers"
 fi
 
+release_build=build/release
+older=$folder/build/older
+if [ $# -eq 0 ] && [ -f $release_build/huebrush.oxt ]; then
+  rm -rf "$older"
+  mkdir -p "$older"
+  cp -r $release_build/bin/huebrush $release_build/huebrush.oxt $release_build/extension "$older"
+fi
+
 # The tree read-only, with a build folder of its own.
 mkdir -p "$system/huebrush" build
 mount --bind . "$system/huebrush"
@@ -60,9 +70,32 @@ mount -t tmpfs tmpfs "$system/tmp"
 mount --rbind /dev "$system/dev"
 cp -L /etc/resolv.conf "$system/etc/resolv.conf"
 
-[ $# -gt 0 ] || set -- tools/newer-steps.sh
 settings=(HOME=/root PATH=/usr/sbin:/usr/bin:/sbin:/bin LANG=C.UTF-8 TERM="${TERM:-dumb}")
 for name in http_proxy https_proxy no_proxy GTEST_FILTER; do
   [ -z "${!name:-}" ] || settings+=("$name=${!name}")
 done
-chroot "$system" env -i "${settings[@]}" sh -c 'cd /huebrush && exec "$@"' sh "$@"
+inside() {
+  chroot "$system" env -i "${settings[@]}" sh -c 'cd /huebrush && exec "$@"' sh "$@"
+}
+
+if [ $# -gt 0 ]; then
+  inside "$@"
+  exit
+fi
+status=0
+inside tools/newer-steps.sh || status=1
+
+# Its package on this machine. (An office as new as that one takes it.)
+needed() {
+  sed -n 's/.*minimal-version value="\([0-9.]*\)".*/\1/p' "$1"
+}
+description=extension/huebrush/description.xml
+newer_package=$folder/build/release/huebrush.oxt
+if [ -f "$older/$description" ] && [ -f "$newer_package" ] &&
+  [ "$(needed "$older/$description")" != "$(needed "$folder/build/release/$description")" ]; then
+  HUEBRUSH_PACKAGE=$newer_package HUEBRUSH_UNOPKG=$(command -v unopkg) \
+    /usr/bin/python3 tests/libreoffice/package_test.py PackageOfANewerOffice && result=passed ||
+    { result=FAILED; status=1; }
+  echo "  the package from there on this machine: $result"
+fi
+exit "$status"

@@ -1,5 +1,9 @@
 """The extension's package: the office's extension manager takes it, and an office older than the one
-that it was built with refuses it."""
+that it was built with refuses it.
+
+    package_test.py Package                 the package of this office, or of an older one
+    package_test.py PackageOfANewerOffice   the package of a newer one
+"""
 
 import os
 import pathlib
@@ -17,7 +21,7 @@ DESCRIPTION = "description.xml"
 NOBODY = 65534
 
 
-class Package(unittest.TestCase):
+class PackageCase(unittest.TestCase):
     def setUp(self):
         self.folder = pathlib.Path(tempfile.mkdtemp(prefix="huebrush-package-"))
         self.addCleanup(shutil.rmtree, self.folder, True)
@@ -35,6 +39,11 @@ class Package(unittest.TestCase):
              *arguments], env=dict(os.environ, HOME=str(self.folder)), text=True, timeout=120,
             stdout=subprocess.PIPE, stderr=subprocess.STDOUT, check=False, **user)
 
+    def is_installed(self):
+        return IDENTIFIER in self.unopkg("list").stdout
+
+
+class Package(PackageCase):
     def demand(self, version):
         """Has the package ask for that version of the office."""
         wanted = self.folder / "other.oxt"
@@ -48,9 +57,6 @@ class Package(unittest.TestCase):
                 target.writestr(item, data)
         return wanted
 
-    def is_installed(self):
-        return IDENTIFIER in self.unopkg("list").stdout
-
     def test_the_extension_manager_installs_and_removes_it(self):
         done = self.unopkg("add", str(self.package))
         self.assertEqual(done.returncode, 0, done.stdout)
@@ -62,6 +68,14 @@ class Package(unittest.TestCase):
     def test_an_older_office_refuses_it(self):
         done = self.unopkg("add", str(self.demand("99.8")))
         self.assertNotEqual(done.returncode, 0)
+        self.assertFalse(self.is_installed())
+
+
+class PackageOfANewerOffice(PackageCase):
+    def test_this_office_refuses_it(self):
+        done = self.unopkg("add", str(self.package))
+        self.assertNotEqual(done.returncode, 0)
+        self.assertIn("unsatisfied dependencies", done.stdout)
         self.assertFalse(self.is_installed())
 
 
