@@ -5,6 +5,7 @@
 #include <com/sun/star/container/XNameAccess.hpp>
 #include <com/sun/star/document/XUndoManagerSupplier.hpp>
 #include <com/sun/star/drawing/FillStyle.hpp>
+#include <com/sun/star/drawing/Hatch.hpp>
 #include <com/sun/star/lang/XMultiServiceFactory.hpp>
 #include <fstream>
 #include <typelib/typedescription.hxx>
@@ -166,6 +167,13 @@ class GradientStopsTest : public testing::Test {
         return Reference<css::document::XUndoManagerSupplier>(open.model(), UNO_QUERY_THROW)
             ->getUndoManager();
     }
+    static Reference<css::container::XNameAccess> table(const ModelReference& model,
+                                                        const char* name) {
+        const Reference<css::lang::XMultiServiceFactory> factory(model, UNO_QUERY_THROW);
+        return {factory->createInstance(
+                    libreoffice::toOffice(base::text("com.sun.star.drawing.", name))),
+                UNO_QUERY_THROW};
+    }
     /// What is written reaches the office before the next read.
     static void show(host::Shape& shape, MsoTriState visible) {
         shape.Fill().setVisible(visible);
@@ -262,6 +270,59 @@ TEST_F(GradientStopsTest, NewColoursLeaveNoStopsBetweenThem) {
               value(open.model(), kEnds, "FillGradient"));
 }
 
+TEST_F(GradientStopsTest, ANewGradientDoesNotTakeTheOldOnesName) {
+    const auto expectOwnNames = [&] {
+        const auto colors = table(open.model(), "GradientTable");
+        for (const Shape index : {kGreen, kGreenToo, kYellow, kEarly, kEnds, kEndsAsStops}) {
+            rtl::OUString name;
+            value(open.model(), index, "FillGradientName") >>= name;
+            EXPECT_EQ(libreoffice::gradientOf(colors->getByName(name)),
+                      libreoffice::gradientOf(value(open.model(), index, "FillGradient")))
+                << index;
+        }
+    };
+    const auto all = shapes();
+    {
+        const auto group = documents.documentOf(open.model())->undoGroup("Přebarvit");
+        for (const Shape index : {kGreen, kYellow, kEarly, kEnds, kEndsAsStops}) {
+            all[index]->Fill().setForeColorRGB(base::rgb(1, 2, index));
+        }
+    }
+    for (const Shape index : {kGreen, kYellow, kEarly, kEnds, kEndsAsStops}) {
+        EXPECT_EQ(all[index]->Fill().ForeColorRGB(), base::rgb(1, 2, index));
+    }
+    EXPECT_EQ(all[kGreenToo]->Fill().ForeColorRGB(), base::rgb(255, 0, 0));
+    expectOwnNames();
+    undoManager()->undo();
+    expectOwnNames();
+    undoManager()->redo();
+    expectOwnNames();
+}
+
+TEST_F(GradientStopsTest, ANewHatchDoesNotTakeTheOldOnesName) {
+    std::vector<ShapeReference> hatched;
+    for (sal_Int32 distance = 100; distance < 110; ++distance) {
+        const ShapeReference shape = addRectangle(open.model(), 0);
+        setProperty(shape, "FillStyle", css::drawing::FillStyle_HATCH);
+        setProperty(shape, "FillHatch",
+                    css::drawing::Hatch(css::drawing::HatchStyle_SINGLE, 0xFF, distance, 450));
+        hatched.push_back(shape);
+    }
+    const auto all = shapes();
+    for (const host::ShapePointer& shape : all) {
+        if (shape->Fill().Type() != host::MsoFillType::msoFillPatterned) continue;
+        shape->Fill().setForeColorRGB(base::rgb(1, 2, 3));
+        EXPECT_EQ(shape->Fill().ForeColorRGB(), base::rgb(1, 2, 3));
+    }
+    const auto hatches = table(open.model(), "HatchTable");
+    for (const ShapeReference& shape : hatched) {
+        const auto hatch = getProperty<css::drawing::Hatch>(shape, "FillHatch");
+        EXPECT_EQ(hatch.Color, 0x010203);
+        EXPECT_EQ(hatches->getByName(getProperty<rtl::OUString>(shape, "FillHatchName")),
+                  css::uno::makeAny(hatch));
+    }
+}
+
 TEST_F(GradientStopsTest, AHiddenFillIsShownAgainWithItsStops) {
     const auto all = shapes();
     for (const Shape index : {kYellow, kEarly, kBoth, kBothEnds}) {
@@ -291,13 +352,9 @@ TEST_F(GradientStopsTest, OneGradientOfTransparencyHasOneName) {
             show(*all[index], MsoTriState::msoTrue);
         }
     }
-    const Reference<css::lang::XMultiServiceFactory> factory(open.model(), UNO_QUERY_THROW);
-    const Reference<css::container::XNameAccess> table(
-        factory->createInstance(
-            libreoffice::toOffice("com.sun.star.drawing.TransparencyGradientTable")),
-        UNO_QUERY_THROW);
     std::size_t ours = 0;
-    for (const rtl::OUString& name : table->getElementNames()) {
+    for (const rtl::OUString& name :
+         table(open.model(), "TransparencyGradientTable")->getElementNames()) {
         if (name.startsWith("Huebrush transparency")) ++ours;
     }
     EXPECT_EQ(ours, officeKnowsStops() ? 2U : 1U);

@@ -146,6 +146,20 @@ Any attributesWith(const Reference<css::beans::XPropertySet>& set, const std::st
     return value;
 }
 
+/// Whether a gradient or hatch is replaced by another one.
+bool replacesNamed(const ShapeFill& now, const ShapeFill& wanted) {
+    if (now.office.style != wanted.office.style) return false;
+    switch (wanted.office.style) {
+        case OfficeFillStyle::gradient:
+            return wanted.gradient.hasValue() ? wanted.gradient != now.gradient
+                                              : !(wanted.office.gradient == now.office.gradient);
+        case OfficeFillStyle::hatch:
+            return !(wanted.office.hatch == now.office.hatch);
+        default:
+            return false;
+    }
+}
+
 void addBody(const OfficeFill& now, const ShapeFill& target, PropertyChanges& changes) {
     const OfficeFill& wanted = target.office;
     // A change of the style drops what belongs to other styles, so all of the new one is written.
@@ -157,14 +171,14 @@ void addBody(const OfficeFill& now, const ShapeFill& target, PropertyChanges& ch
             if (fresh || now.color != wanted.color) changes.add(names().color, Any(wanted.color));
             break;
         case OfficeFillStyle::gradient:
-            if (target.gradient.hasValue()) {
-                changes.add(names().gradient, target.gradient);
-            } else if (fresh || !(now.gradient == wanted.gradient)) {
-                changes.add(names().gradient, officeValueOf(wanted.gradient));
+            if (fresh) {
+                changes.add(names().gradient, target.gradient.hasValue()
+                                                  ? target.gradient
+                                                  : officeValueOf(wanted.gradient));
             }
             break;
         case OfficeFillStyle::hatch:
-            changes.add(names().hatch, Any(hatchOf(wanted.hatch)));
+            if (fresh) changes.add(names().hatch, Any(hatchOf(wanted.hatch)));
             changes.add(names().background, Any(wanted.background));
             if (wanted.background) changes.add(names().color, Any(wanted.color));
             break;
@@ -240,8 +254,15 @@ KnownFill knownFillOf(const ShapeFill& fill, const ShapeReference& shape, FillTa
 void writeFill(const ShapeReference& shape, const ShapeFill& now, const ShapeFill& wanted,
                FillTables& tables) {
     const Reference<css::beans::XPropertySet> set(shape, UNO_QUERY_THROW);
+    OfficeFill from = now.office;
+    if (replacesNamed(now, wanted)) {
+        // Newer offices may leave the new one under the old one's name, and store either for both.
+        // Another style drops the old one.
+        set->setPropertyValue(names().style, Any(css::drawing::FillStyle_SOLID));
+        from.style = OfficeFillStyle::solid;
+    }
     PropertyChanges changes;
-    addBody(now.office, wanted, changes);
+    addBody(from, wanted, changes);
     addTransparence(now.office, wanted, tables, changes);
     if (now.memory != wanted.memory) {
         changes.add(names().attributes, attributesWith(set, wanted.memory));
