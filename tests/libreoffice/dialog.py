@@ -1,6 +1,6 @@
 """The recolour dialog on the screen: where its parts are, and what their pixels say."""
 
-from screen import wait_until
+from screen import WindowIsGone, wait_until
 
 CAPTION = "Změna výplně grafických objektů..."
 DONE = "Zpracování je dokončeno..."
@@ -38,7 +38,10 @@ class Menu:
 
     def _opened(self, before):
         for window in self.screen.windows() - before:
-            left, top, width, height = self.screen.bounds_of(window)
+            try:
+                left, top, width, height = self.screen.bounds_of(window)
+            except WindowIsGone:
+                continue
             if height > self.LEAST_HEIGHT and self._is_painted(left, top, width, height):
                 return window
         return None

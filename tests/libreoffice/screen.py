@@ -57,6 +57,10 @@ class Pointer:
         return bool(buttons.value & self.LEFT)
 
 
+class WindowIsGone(Exception):
+    """The window has closed since it was listed, as a tool tip does by itself."""
+
+
 class Screen:
     """Entering starts the X server and the window manager; leaving ends both."""
 
@@ -199,10 +203,13 @@ class Screen:
         return left, top, height
 
     def bounds_of(self, window):
-        """Left, top, width and height of a window, without what the window manager adds."""
+        """Left, top, width and height of a window, without what the window manager adds. Raises
+        WindowIsGone."""
         values = dict(line.strip().split(": ", 1)
                       for line in self._run("xwininfo", "-id", window).splitlines()
                       if ": " in line)
+        if "Width" not in values:
+            raise WindowIsGone(window)
         return tuple(int(values[name]) for name in ("Absolute upper-left X",
                                                     "Absolute upper-left Y", "Width", "Height"))
 
