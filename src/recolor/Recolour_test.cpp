@@ -10,6 +10,12 @@ using host::MsoTriState;
 using memory::ShownBox;
 using Calls = std::vector<std::string>;
 
+/// The dialog's report of error 7, "popis".
+const ShownBox kOwnError{
+    "Chyba v modulu \"Huebrush.frmEditGraphic.cmdDiscolour_Click\"...\r\n\r\nPři převádění výplní "
+    "došlo k chybě...\r\n\r\nSystémový popis výjimky:\r\npopis",
+    16, "Chyba č. 7"};
+
 class RecolourTest : public DialogTest {
  protected:
     /// Rows of the colours 1 … count, all ticked.
@@ -266,11 +272,7 @@ TEST_F(RecolourTest, AFillThatFailedForAShapeOfNoRowIsReportedByTheDialog) {
     change(1);
     test.document->failedWrites = {{"", base::Error(7, "popis")}};
     press();
-    EXPECT_EQ(test.runtime.boxes,
-              (std::vector<ShownBox>{
-                  {"Chyba v modulu \"Huebrush.frmEditGraphic.cmdDiscolour_Click\"...\r\n\r\nPři "
-                   "převádění výplní došlo k chybě...\r\n\r\nSystémový popis výjimky:\r\npopis",
-                   16, "Chyba č. 7"}}));
+    EXPECT_EQ(test.runtime.boxes, std::vector<ShownBox>{kOwnError});
     EXPECT_TRUE(dialog->cmdDiscolour.Enabled);
 }
 
@@ -302,11 +304,7 @@ TEST_F(RecolourTest, AnErrorOfItsOwnLeavesTheRowsDoneAndTheButtonDisabled) {
     for (std::int16_t i = 1; i <= 3; ++i) change(i);
     test.log().failAt("read Application.Selection", base::Error(7, "popis"), 2);
     press();
-    EXPECT_EQ(test.runtime.boxes,
-              (std::vector<ShownBox>{
-                  {"Chyba v modulu \"Huebrush.frmEditGraphic.cmdDiscolour_Click\"...\r\n\r\nPři "
-                   "převádění výplní došlo k chybě...\r\n\r\nSystémový popis výjimky:\r\npopis",
-                   16, "Chyba č. 7"}}));
+    EXPECT_EQ(test.runtime.boxes, std::vector<ShownBox>{kOwnError});
     EXPECT_EQ(changedShapes(), Colors{1});
     EXPECT_FALSE(row(1).FillObject().Change());
     EXPECT_TRUE(row(2).FillObject().Change());
