@@ -753,6 +753,30 @@ TEST_F(DocumentsTest, AWrittenFillLeavesTheThemeAndUndoBringsItBack) {
     }
 }
 
+TEST_F(DocumentsTest, EveryClosedTypeOfShapeTakesAFillAlsoAsAMember) {
+    const std::vector<std::string> services{
+        "RectangleShape", "EllipseShape", "PolyPolygonShape",  "TextShape",
+        "CustomShape",    "CaptionShape", "ClosedBezierShape", "ClosedFreeHandShape"};
+    std::vector<ShapeReference> members;
+    for (const std::string& service : services) {
+        addShape(open.model(), service);
+        members.push_back(addShape(open.model(), service));
+    }
+    groupShapes(open.model(), members);
+    {
+        const HandlerScope handler(documents.snapshot());
+        const auto group = document()->undoGroup("Přebarvit");
+        for (const auto& each : shapes()) {
+            paint(each->Fill(), [&] { each->Fill().Solid(); });
+        }
+        for (const host::FailedWrite& each : group->finish()) {
+            ADD_FAILURE() << each.shape << ": " << each.error.description();
+        }
+    }
+    EXPECT_EQ(shapes().size(), services.size() + 1);
+    for (const auto& each : shapes()) EXPECT_EQ(each->Fill().ForeColorRGB(), kBlue) << each->Name();
+}
+
 TEST_F(DocumentsTest, AnUndoGroupAnswersWhichOfItsGatheredWritesHaveFailed) {
     for (const char* const name : {"Moon", "Star", "Sun"}) {
         const ShapeReference rectangle = addRectangle(open.model(), kRed);

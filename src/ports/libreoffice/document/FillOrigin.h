@@ -19,10 +19,11 @@ struct FillOrigin {
     std::vector<com::sun::star::beans::PropertyValue> remembered;
 };
 
-/// The properties of this kind that the running office has: which they are depends on its version.
+/// The properties of this kind that shapes of one type have: which they are depends on the type (a
+/// text shape has no filters' memory) and on the office's version.
 class OriginProperties {
  public:
-    /// Asks any drawing shape.
+    /// Asks a shape of the type.
     explicit OriginProperties(
         const com::sun::star::uno::Reference<com::sun::star::beans::XPropertySet>& shape);
 

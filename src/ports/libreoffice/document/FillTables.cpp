@@ -131,4 +131,15 @@ css::uno::Any FillTables::graphicOf(const std::vector<std::uint8_t>& bytes) cons
     return graphic.is() ? css::uno::Any(graphic) : css::uno::Any();
 }
 
+const OriginProperties& FillTables::originProperties(
+    const css::uno::Reference<css::drawing::XShape>& shape) {
+    const rtl::OUString type = shape->getShapeType();
+    auto known = originProperties_.find(type);
+    if (known == originProperties_.end()) {
+        const css::uno::Reference<css::beans::XPropertySet> set(shape, css::uno::UNO_QUERY_THROW);
+        known = originProperties_.emplace(type, OriginProperties(set)).first;
+    }
+    return known->second;
+}
+
 }  // namespace huebrush::libreoffice

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <com/sun/star/container/XNameContainer.hpp>
+#include <com/sun/star/drawing/XShape.hpp>
 #include <com/sun/star/frame/XModel.hpp>
 #include <map>
 #include <optional>
@@ -39,12 +40,9 @@ class FillTables {
     /// What a shape's bitmap is known as, by its name or its pixels.
     std::optional<OwnPicture> recognise(const std::string& name,
                                         const com::sun::star::uno::Any& bitmap);
-    /// The properties about a fill's origin, as the first shape asked tells them.
+    /// The properties about a fill's origin that shapes of this one's type have.
     const OriginProperties& originProperties(
-        const com::sun::star::uno::Reference<com::sun::star::beans::XPropertySet>& shape) {
-        if (!originProperties_) originProperties_.emplace(shape);
-        return *originProperties_;
-    }
+        const com::sun::star::uno::Reference<com::sun::star::drawing::XShape>& shape);
 
     /// Bitmaps may have changed under their names.
     void forgetRecognised() { recognised_.clear(); }
@@ -57,7 +55,8 @@ class FillTables {
     com::sun::star::uno::Reference<com::sun::star::container::XNameContainer> transparences_;
     std::map<std::string, com::sun::star::uno::Any> kept_;
     std::map<std::string, std::optional<OwnPicture>> recognised_;
-    std::optional<OriginProperties> originProperties_;
+    /// By the types of shapes.
+    std::map<rtl::OUString, OriginProperties> originProperties_;
 };
 
 }  // namespace huebrush::libreoffice

@@ -225,7 +225,7 @@ ShapeFill readFill(const ShapeReference& shape) {
 
 void prepareWrite(ShapeFill& now, const ShapeReference& shape, FillTables& tables) {
     const Reference<css::beans::XPropertySet> set(shape, UNO_QUERY_THROW);
-    now.origin = tables.originProperties(set).read(set);
+    now.origin = tables.originProperties(shape).read(set);
     if (now.office.style == OfficeFillStyle::gradient) {
         now.gradient = set->getPropertyValue(names().gradient);
     }
@@ -268,7 +268,7 @@ void writeFill(const ShapeReference& shape, const ShapeFill& now, const ShapeFil
         changes.add(names().attributes, attributesWith(set, wanted.memory));
     }
     if (changes.empty()) return;
-    tables.originProperties(set).change(set, now.origin, wanted.origin, changes);
+    tables.originProperties(shape).change(set, now.origin, wanted.origin, changes);
     if (wanted.office.style == OfficeFillStyle::bitmap) tables.restore(wanted.office.bitmapName);
     changes.apply(shape);
 }
