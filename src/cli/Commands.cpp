@@ -11,6 +11,7 @@
 #include "cli/Failure.h"
 #include "cli/FillText.h"
 #include "cli/InputFile.h"
+#include "cli/OfficeCommand.h"
 #include "cli/OfficeJob.h"
 #include "cli/OutputFile.h"
 #include "protocol/DocumentFormat.h"
@@ -77,8 +78,8 @@ bool printStored(const json& stored, const fs::path& output) {
     }
     const auto notFound = stored.at("notFound").get<std::size_t>();
     if (notFound > 0) {
-        std::cerr << text("huebrush: ", shapesText(notFound),
-                          " not found again in the stored file: check their fills\n");
+        std::cerr << text("huebrush: ", shapesText(notFound), notFound == 1 ? " was" : " were",
+                          " not found in the stored file; what became of the fill is not known\n");
     }
     return notFound > 0 || !stored.at("differences").empty();
 }
@@ -145,7 +146,8 @@ int runRecolor(const RecolorOptions& options) {
     job.filter = filterOf(output);
     OutputFile file(output);
     OfficeJob office;
-    job.output = office.folder() / "result";
+    job.output = office.placeBeside(output);
+    job.outputUrl = fileUrl(output);
     json result = office.run(job, !options.json);
     file.commit(job.output);
     result["document"] = options.document;

@@ -4,11 +4,13 @@
 #include <sys/prctl.h>
 #include <sys/signalfd.h>
 #include <sys/socket.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <array>
+#include <cctype>
 #include <csignal>
 #include <cstdlib>
 #include <fstream>
@@ -26,6 +28,10 @@ namespace fs = std::filesystem;
 
 constexpr std::size_t kLongestMessage = 1U << 16U;
 constexpr int kLookAgain = 100;  // Milliseconds.
+
+/// The orders of the first process: the word that each begins with.
+constexpr const char* kStart = "start";
+constexpr const char* kRemoveAtEnd = "remove";
 
 /// The other side is a process of this program, so nothing but its end makes this fail.
 void send(int link, const std::string& message) {
@@ -58,6 +64,7 @@ std::vector<std::string> split(const std::string& message) {
 
 [[noreturn]] void become(const std::vector<std::string>& command, const fs::path& folder) {
     ::setpgid(0, 0);
+    ::umask(S_IRWXG | S_IRWXO);
     ::setenv("TMPDIR", folder.c_str(), 1);
     ::unsetenv("DISPLAY");
     sigset_t none;
@@ -123,6 +130,7 @@ class KeeperProcess {
         endAll();
         std::error_code ignored;
         if (!folder_.empty()) fs::remove_all(folder_, ignored);
+        for (const fs::path& each : filesElsewhere_) removeWithCompanions(each);
         ::_exit(0);
     }
 
@@ -164,27 +172,56 @@ class KeeperProcess {
         if (awaited[0].revents == 0) return true;
         const std::string order = receive(link_);
         if (order.empty()) return false;
-        program_ = ::fork();
-        if (program_ == 0) become(split(order), folder_);
-        if (program_ < 0) send(link_, "ended");
-        // By both, so that neither runs on before it is done.
-        ::setpgid(program_, program_);
+        std::vector<std::string> words = split(order);
+        const std::string kind = words.front();
+        words.erase(words.begin());
+        if (kind == kStart) start(words);
+        if (kind == kRemoveAtEnd) filesElsewhere_.emplace_back(words.front());
         return true;
     }
 
+    void start(const std::vector<std::string>& command) {
+        program_ = ::fork();
+        if (program_ == 0) become(command, folder_);
+        if (program_ < 0) send(link_, "ended");
+        // By both, so that neither runs on before it is done.
+        ::setpgid(program_, program_);
+    }
+
     /// False when there are no children left.
-    bool reap() const {
+    bool reap() {
         std::array<char, sizeof(signalfd_siginfo)> seen{};
         while (::read(signals_, seen.data(), seen.size()) > 0) {
         }
         pid_t pid = 0;
         while ((pid = ::waitpid(-1, nullptr, WNOHANG)) > 0) {
+            ended_.push_back(pid);
             if (pid == program_) send(link_, "ended");
         }
         return pid == 0;
     }
 
-    void endAll() const {
+    /// While it stores a file, the office has its lock and, until it has written all, a file that
+    /// is called by the number of its process beside it.
+    void removeWithCompanions(const fs::path& file) const {
+        const fs::path folder = file.parent_path();
+        std::error_code ignored;
+        fs::remove(file, ignored);
+        fs::remove(folder / base::text(".~lock.", file.filename().string(), "#"), ignored);
+        std::vector<fs::path> unfinished;
+        for (const auto& each : fs::directory_iterator(folder, ignored)) {
+            const std::string name = each.path().filename();
+            const bool isOurs = std::any_of(ended_.begin(), ended_.end(), [&](pid_t pid) {
+                const std::string begin = base::text("lu", pid);
+                return name.starts_with(begin) && name.ends_with(".tmp") &&
+                       std::isdigit(static_cast<unsigned char>(name[begin.size()])) == 0;
+            });
+            if (isOurs) unfinished.push_back(each.path());
+        }
+        for (const fs::path& each : unfinished) fs::remove(each, ignored);
+    }
+
+    void endAll() {
         // A group whose processes have all ended may be somebody else's by now.
         siginfo_t child = {};
         if (::waitid(P_ALL, 0, &child, WEXITED | WNOHANG | WNOWAIT) != 0) return;
@@ -205,6 +242,8 @@ class KeeperProcess {
     int signals_ = -1;
     pid_t program_ = -1;
     fs::path folder_;
+    std::vector<fs::path> filesElsewhere_;
+    std::vector<pid_t> ended_;
 };
 
 }  // namespace
@@ -240,7 +279,13 @@ void Keeper::letGo() {
 }
 
 void Keeper::start(const std::vector<std::string>& command) {
-    send(link_.get(), joined(command));
+    std::vector<std::string> order{kStart};
+    order.insert(order.end(), command.begin(), command.end());
+    send(link_.get(), joined(order));
+}
+
+void Keeper::removeAtEnd(const fs::path& file) {
+    send(link_.get(), joined({kRemoveAtEnd, file}));
 }
 
 bool Keeper::hasEnded() {

@@ -28,6 +28,9 @@ class Keeper {
     /// Starts a program, without a terminal or a screen, in a process group of its own. Its
     /// temporary files lie in the folder, too. Once only.
     void start(const std::vector<std::string>& command);
+    /// A file that the program is to store elsewhere: it goes with the folder, and so does what an
+    /// office has beside it while it stores. REQUIRES: the name is not in use.
+    void removeAtEnd(const std::filesystem::path& file);
     /// Whether the program that was started has ended.
     bool hasEnded();
 

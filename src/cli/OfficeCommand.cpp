@@ -50,7 +50,7 @@ std::string fileUrl(const fs::path& path) {
     constexpr std::string_view kPlain = "/-_.~";
     std::ostringstream url;
     url << "file://" << std::hex << std::uppercase;
-    for (const char character : path.string()) {
+    for (const char character : fs::absolute(path).lexically_normal().string()) {
         const auto byte = static_cast<unsigned char>(character);
         const bool isPlain = (byte < 0x80 && std::isalnum(byte) != 0) ||
                              kPlain.find(character) != std::string_view::npos;

@@ -21,7 +21,7 @@ std::vector<std::string> officeCommand(const Installation& installation,
                                        const std::filesystem::path& profile,
                                        const std::vector<std::string>& arguments);
 
-/// The URL of a file, whose path may consist of any bytes.
+/// The URL of a file; its path may be relative and consist of any bytes.
 std::string fileUrl(const std::filesystem::path& path);
 
 }  // namespace huebrush::cli

@@ -1,6 +1,8 @@
 #include "cli/OfficeJob.h"
 
 #include <chrono>
+#include <clocale>
+#include <cstdlib>
 #include <fstream>
 #include <optional>
 #include <string>
@@ -60,15 +62,38 @@ json waitForResult(Channel& channel, Keeper& office, bool showProgress,
     }
 }
 
-/// Gives the document a name that any locale can express: the office cannot open others by theirs.
-std::filesystem::path linkTo(const std::string& document, const std::filesystem::path& folder) {
+/// Whether the office can open a file by its path: it knows the characters of its locale only.
+bool canBeExpressed(const std::filesystem::path& path) {
+    const locale_t locale = ::newlocale(LC_CTYPE_MASK, "", nullptr);
+    if (locale == nullptr) return false;
+    const locale_t before = ::uselocale(locale);
+    const bool can = std::mbstowcs(nullptr, path.c_str(), 0) != static_cast<std::size_t>(-1);
+    ::uselocale(before);
+    ::freelocale(locale);
+    return can;
+}
+
+/// A path by which the office can open the document, and knows its format: its own where that does,
+/// because some formats are read relative to it, else that of a link in the folder.
+std::filesystem::path openablePath(const std::string& document,
+                                   const std::filesystem::path& folder) {
+    const auto target = std::filesystem::absolute(document).lexically_normal();
     const protocol::DocumentFormat* const format = protocol::formatOfName(document);
+    if (format != nullptr && canBeExpressed(target)) return target;
     auto link = folder / text("document", format == nullptr ? "" : format->ending);
-    std::filesystem::create_symlink(std::filesystem::absolute(document), link);
+    std::filesystem::create_symlink(target, link);
     return link;
 }
 
 }  // namespace
+
+std::filesystem::path OfficeJob::placeBeside(const std::filesystem::path& output) {
+    const auto target = std::filesystem::absolute(output).lexically_normal();
+    const auto place = target.parent_path() / ("." + folder().filename().string());
+    if (!canBeExpressed(place) || std::filesystem::exists(place)) return folder() / "result";
+    keeper_.removeAtEnd(place);
+    return place;
+}
 
 json OfficeJob::run(protocol::Job job, bool showProgress, std::chrono::milliseconds longestStart) {
     const Installation installation = findInstallation();
@@ -77,8 +102,8 @@ json OfficeJob::run(protocol::Job job, bool showProgress, std::chrono::milliseco
     Channel channel(channelPath);
     job.channel = channelPath;
     job.name = job.input;
-    job.inputUrl = fileUrl(std::filesystem::absolute(job.input));
-    job.input = linkTo(job.input, folder());
+    job.inputUrl = fileUrl(job.input);
+    job.input = openablePath(job.input, folder());
     // A name may be of bytes that are no text.
     std::ofstream(jobPath) << protocol::toJson(job).dump(-1, ' ', false,
                                                          json::error_handler_t::replace);

@@ -52,9 +52,10 @@ void addPlan(const json& plan, std::vector<batch::RowEdit>& rows) {
 }  // namespace
 
 json toJson(const Job& job) {
-    return {{"input", job.input},   {"name", job.name},     {"inputUrl", job.inputUrl},
-            {"output", job.output}, {"filter", job.filter}, {"channel", job.channel},
-            {"maps", job.maps},     {"rows", job.rows},     {"plan", job.plan}};
+    return {{"input", job.input},     {"name", job.name},           {"inputUrl", job.inputUrl},
+            {"output", job.output},   {"outputUrl", job.outputUrl}, {"filter", job.filter},
+            {"channel", job.channel}, {"maps", job.maps},           {"rows", job.rows},
+            {"plan", job.plan}};
 }
 
 Job jobFromJson(const json& value) {
@@ -62,6 +63,7 @@ Job jobFromJson(const json& value) {
             value.at("name").get<std::string>(),
             value.at("inputUrl").get<std::string>(),
             value.at("output").get<std::string>(),
+            value.at("outputUrl").get<std::string>(),
             value.at("filter").get<std::string>(),
             value.at("channel").get<std::string>(),
             value.at("maps").get<std::vector<std::string>>(),

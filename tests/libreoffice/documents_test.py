@@ -4,6 +4,7 @@ import hashlib
 import json
 import os
 import random
+import re
 import shutil
 import signal
 import socket
@@ -12,6 +13,7 @@ import sys
 import tempfile
 import time
 import unittest
+import zipfile
 from pathlib import Path
 
 ROOT = Path(__file__).resolve().parents[2]
@@ -240,16 +242,43 @@ class Recolouring(OnDocuments):
                         normal_form.NormalForm(Path(os.fsdecode(output))).shapes,
                         normal_form.NormalForm(self.plain, normal_form.solid_fills(MAP)).shapes)
 
-    def test_a_relative_link_stays_relative_to_the_document(self):
-        (self.folder / "in").mkdir()
-        document = self.folder / "in" / "linked.fodt"
-        text = self.flat_town()
-        link = '<text:p><text:a xlink:type="simple" xlink:href="pictures/a.png">a</text:a></text:p>'
-        document.write_text(text.replace("</office:text>", link + "</office:text>"),
+    def test_relative_links_lead_to_the_same_file_from_wherever_the_result_lies(self):
+        folder = self.folder / "links"
+        (folder / "pictures").mkdir(parents=True)
+        (folder / "else" / "where").mkdir(parents=True)
+        target = folder / "pictures" / "a.png"
+        link = ('<text:p><text:a xlink:type="simple" '
+                f'xlink:href="{target.as_uri()}">a</text:a></text:p>')
+        absolute = self.folder / "absolute.fodt"
+        absolute.write_text(self.flat_town().replace("</office:text>", link + "</office:text>"),
                             encoding="utf-8")
-        output = document.with_name("result.fodt")
-        self.recolour_to(document, output)
-        self.assertTrue('xlink:href="pictures/a.png"' in output.read_text(encoding="utf-8"))
+        documents = {suffix: folder / f"linked{suffix}" for suffix in (".fodt", ".odt", ".docx")}
+        with PrivateOffice() as office:
+            office.convert(absolute, *documents.values())
+        for suffix, document in documents.items():
+            for output, expected in ((document.with_name(f"result{suffix}"), "pictures/a.png"),
+                                     (folder / "else" / "where" / f"result{suffix}",
+                                      "../../pictures/a.png")):
+                with self.subTest(output.relative_to(folder)):
+                    self.recolour_to(document, output)
+                    # A package is one step deeper than its file.
+                    step = "../" if suffix == ".odt" else ""
+                    self.assertEqual(self.links_of(output), [step + expected])
+                    self.assertEqual([name for name in os.listdir(output.parent)
+                                      if name.startswith(".")], [])
+
+    @staticmethod
+    def links_of(path):
+        if path.suffix == ".docx":
+            with zipfile.ZipFile(path) as package:
+                text = package.read("word/_rels/document.xml.rels").decode()
+            return re.findall(r'Target="([^"]*a\.png)"', text)
+        if path.suffix == ".fodt":
+            text = path.read_text(encoding="utf-8")
+        else:
+            with zipfile.ZipFile(path) as package:
+                text = package.read("content.xml").decode()
+        return re.findall(r'xlink:href="([^"]*a\.png)"', text)
 
     def flat_town(self):
         return self.inputs[".fodt"].read_text(encoding="utf-8")

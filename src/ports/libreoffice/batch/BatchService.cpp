@@ -58,7 +58,7 @@ batch::StoredResult readBack(const ContextReference& context, Application& appli
                              const batch::StoredFills& given, const protocol::Job& job) {
     std::optional<TextDocumentFile> stored;
     try {
-        stored.emplace(context, job.output, job.name, job.inputUrl);
+        stored.emplace(context, job.output, job.name, job.outputUrl);
     } catch (const FileError&) {
         throw FileError("LibreOffice cannot read the result that it has stored");
     }
@@ -87,7 +87,7 @@ ordered_json work(const ContextReference& context, const protocol::Job& job,
         result = protocol::toJson(session.recolor(protocol::requestOf(job)));
         const batch::StoredFills given = session.givenFills();
         application.snapshot()->invalidate();
-        file.storeTo(job.output, job.filter);
+        file.storeTo(job.output, job.filter, job.outputUrl);
         result["stored"] = protocol::toJson(readBack(context, application, given, job));
     }
     return protocol::message::result(std::move(result), runtime.messages());

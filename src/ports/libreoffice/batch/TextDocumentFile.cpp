@@ -110,7 +110,8 @@ TextDocumentFile::~TextDocumentFile() {
     close(model_);
 }
 
-void TextDocumentFile::storeTo(const std::string& path, const std::string& filter) const {
+void TextDocumentFile::storeTo(const std::string& path, const std::string& filter,
+                               const std::string& url) const {
     if (filter.empty() && !protocol::formatOfFilter(filter_)->isStored) {
         throw FileError(text("documents such as ", name_, " cannot be written; specify an output ",
                              "that ends in one of ", protocol::storedEndings()));
@@ -119,8 +120,9 @@ void TextDocumentFile::storeTo(const std::string& path, const std::string& filte
     try {
         const css::uno::Reference<css::frame::XStorable> storable(model_,
                                                                   css::uno::UNO_QUERY_THROW);
-        storable->storeToURL(urlOf(path),
-                             properties({property("FilterName", css::uno::Any(format))}));
+        storable->storeToURL(
+            urlOf(path), properties({property("FilterName", css::uno::Any(format)),
+                                     property("DocumentBaseURL", css::uno::Any(toOffice(url)))}));
     } catch (const css::uno::Exception&) {
         throw FileError(
             text("LibreOffice cannot store the result: ", currentHostError().description()));

@@ -32,7 +32,8 @@ class TextDocumentFile {
     }
 
     /// Stores a copy by a filter of the office, or in the document's own format when it is empty.
-    void storeTo(const std::string& path, const std::string& filter) const;
+    /// `url` is where the copy will lie: what its links are to be relative to.
+    void storeTo(const std::string& path, const std::string& filter, const std::string& url) const;
 
  private:
     com::sun::star::uno::Reference<com::sun::star::frame::XModel> model_;
