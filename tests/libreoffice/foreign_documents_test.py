@@ -476,39 +476,61 @@ class NothingElse(InFolder):
 
 @unittest.skipUnless(SAMPLES, "HUEBRUSH_SAMPLES names no folder of documents")
 class Samples(InFolder):
-    """Real documents: their first solid fill gets another colour."""
+    """Real documents: the first solid fill of each gets another colour, and nothing but fills
+    changes. Where the office itself does not store a shape, the program says so."""
 
     @classmethod
     def setUpClass(cls):
         super().setUpClass()
-        cls.plain = cls.folder / "plain"
+        cls.plain, cls.outputs = cls.folder / "plain", cls.folder / "outputs"
+        cls.outputs.mkdir()
         cls.sources = [s for s in sorted(Path(SAMPLES).glob("**/*")) if s.suffix in (".docx", ".odt")]
         load_and_store(cls.sources, cls.plain)
+
+    @staticmethod
+    def first_solid_color(source):
+        listed = huebrush("fills", source, "--json")
+        if listed.returncode != 0:
+            return None
+        solid = [row["fill"]["ForeColorRGB"] for row in json.loads(listed.stdout)["rows"]
+                 if row["fill"]["Visible"] == -1 and row["fill"]["Type"] == 1]
+        return "#" + EveryBranch.hex_of(solid[0]).lower() if solid else None
+
+    @staticmethod
+    def shapes_of(path):
+        listed = huebrush("fills", path, "--json")
+        return sum(row["shapes"] for row in json.loads(listed.stdout)["rows"]) if (
+            listed.returncode == 0) else 0
+
+    def assert_stored(self, source, done):
+        stored = json.loads(done.stdout)["stored"]
+        self.assertEqual(stored["differences"], [], done.stderr)
+        lost = self.shapes_of(source) - self.shapes_of(self.plain / source.name)
+        self.assertLessEqual(stored["notFound"], lost, done.stderr)
+        self.assertEqual(done.returncode, STORED_OTHERWISE if stored["notFound"] else 0, done.stderr)
 
     def test_samples(self):
         tried = 0
         for source in self.sources:
-            listed = huebrush("fills", source, "--json")
-            if listed.returncode != 0:
-                continue
-            solid = [row["fill"] for row in json.loads(listed.stdout)["rows"]
-                     if row["fill"]["Visible"] == -1 and row["fill"]["Type"] == 1]
-            if not solid:
+            color = self.first_solid_color(source)
+            if color is None:
                 continue
             tried += 1
-            color = "#" + EveryBranch.hex_of(solid[0]["ForeColorRGB"]).lower()
-            new = "#123457"
             with self.subTest(source.name, color=color):
-                output = self.folder / source.name
+                output, plain = self.outputs / source.name, self.plain / source.name
                 done = huebrush("recolor", source, "-o", output, "--json", "--map",
-                                f"{color}={new}")
-                self.assertEqual(done.returncode, 0, done.stderr)
+                                f"{color}=#123457")
+                self.assertNotEqual(done.stdout, "", done.stderr)
+                self.assert_stored(source, done)
                 if source.suffix == ".odt":
-                    recolour = normal_form.solid_fills_of_their_own({color: new})
-                    plain = self.plain / source.name
-                    self.assertEqual(normal_form.NormalForm(output).body,
-                                     normal_form.NormalForm(plain, recolour).body)
+                    self.assertEqual(normal_form.NormalForm(output, normal_form.without_fills).body,
+                                     normal_form.NormalForm(plain, normal_form.without_fills).body)
                     self.assertEqual(normal_form.styles_of(output), normal_form.styles_of(plain))
+                else:
+                    self.assertEqual(normal_form.docx_body_without_fills(output),
+                                     normal_form.docx_body_without_fills(plain))
+                    self.assertEqual(normal_form.docx_other_parts(output),
+                                     normal_form.docx_other_parts(plain))
         self.assertGreater(tried, 0)
 
 

@@ -77,10 +77,11 @@ class NormalForm:
         properties = []
         for child in style:
             attributes = dict(child.items())
-            if is_fill and self._recolour and DRAW + "fill-color" in attributes:
+            if is_fill and self._recolour:
                 attributes = self._recolour(attributes)
-            properties.append((child.tag, tuple(sorted(attributes.items())),
-                               tuple(canonical(inner) for inner in child)))
+            if attributes or len(child):
+                properties.append((child.tag, tuple(sorted(attributes.items())),
+                                   tuple(canonical(inner) for inner in child)))
         attributes = tuple(sorted((name, value) for name, value in style.items()
                                   if name != STYLE + "name"))
         return (attributes, tuple(properties))
@@ -90,7 +91,7 @@ def solid_fills(mapping):
     """A recolour of the solid fills in a style's attributes. A style that names no kind of fill has
     the default, which is solid."""
     def recolour(attributes):
-        color = attributes[DRAW + "fill-color"].lower()
+        color = attributes.get(DRAW + "fill-color", "").lower()
         if attributes.get(DRAW + "fill", "solid") == "solid" and color in mapping:
             attributes[DRAW + "fill-color"] = mapping[color]
         return attributes
@@ -106,12 +107,19 @@ def solid_fills_of_their_own(mapping):
     recolour = solid_fills(mapping)
 
     def cut(attributes):
-        before = attributes[DRAW + "fill-color"]
+        before = attributes.get(DRAW + "fill-color")
         attributes = recolour(attributes)
-        if attributes[DRAW + "fill-color"] == before:
+        if attributes.get(DRAW + "fill-color") == before:
             return attributes
         return {name: value for name, value in attributes.items() if name not in THEME}
     return cut
+
+
+def without_fills(attributes):
+    """A recolour that takes all of the fills away, for documents in which they can come from styles
+    and defaults as well."""
+    return {name: value for name, value in attributes.items()
+            if not re.match(r"(fill|opacity)", name.split("}")[1])}
 
 
 def styles_of(path):
@@ -157,12 +165,19 @@ def complement(color):
     return f"#{0xFFFFFF - int(color[1:], 16):06x}"
 
 
+# Numbers that the office draws anew each time that it stores.
+DRAWN = re.compile(rb'(<w:id w:val=|ObjectID=|<c:(?:axId|crossAx) val=)"[^"]*"')
+
+
+def docx_part(package, name):
+    return DRAWN.sub(rb'\1""', package.read(name))
+
+
 def docx_body(path, mapping=None, theme=None):
     """The body of a .docx, with the solid fills of its shapes mapped; the count of those. `theme`
     has the colours of the theme by their names."""
     with zipfile.ZipFile(path) as package:
-        text = package.read("word/document.xml").decode("utf-8")
-    root = ET.fromstring(text)
+        root = ET.fromstring(docx_part(package, "word/document.xml"))
     mapped = 0
     for properties in root.iter(WPS + "spPr"):
         fill = properties.find(DRAWINGML + "solidFill")
@@ -188,10 +203,28 @@ def docx_body(path, mapping=None, theme=None):
     return canonical(root), mapped
 
 
+FILLS = {DRAWINGML + kind + "Fill" for kind in ("no", "solid", "grad", "blip", "patt")}
+
+
+def docx_body_without_fills(path):
+    """The body of a .docx without what it says of the fills of shapes."""
+    with zipfile.ZipFile(path) as package:
+        root = ET.fromstring(docx_part(package, "word/document.xml"))
+    for properties in root.iter(WPS + "spPr"):
+        for fill in [child for child in properties if child.tag in FILLS]:
+            properties.remove(fill)
+    for shape in root.iter():
+        for name in ("fillcolor", "filled"):
+            shape.attrib.pop(name, None)
+        for fill in shape.findall(VML + "fill"):
+            shape.remove(fill)
+    return canonical(root)
+
+
 def docx_other_parts(path):
     """The other parts of a .docx, without what says when it was changed, and how often."""
     with zipfile.ZipFile(path) as package:
-        parts = {name: package.read(name) for name in package.namelist()
+        parts = {name: docx_part(package, name) for name in package.namelist()
                  if name != "word/document.xml"}
     for name, data in parts.items():
         if name.startswith("docProps/"):
