@@ -68,6 +68,9 @@ class NormalForm:
     def _value(self, name, value, owner):
         if name not in STYLE_REFERENCES or value not in self._styles:
             return value
+        # Whatever is written of a shape, the office may write the alignment of its text as well.
+        if name == DRAW + "text-style-name" and self._recolour is without_fills:
+            return ""
         style = self._styles[value]
         # The office writes a shape's fill a second time, into the style of its text.
         is_fill = name in FILL_STYLES and owner.tag in SHAPES
@@ -222,13 +225,14 @@ def docx_body_without_fills(path):
 
 
 def docx_other_parts(path):
-    """The other parts of a .docx, without what says when it was changed, and how often."""
+    """The other parts of a .docx, without what says when and by whom it was changed, and how
+    often."""
     with zipfile.ZipFile(path) as package:
         parts = {name: docx_part(package, name) for name in package.namelist()
                  if name != "word/document.xml"}
     for name, data in parts.items():
         if name.startswith("docProps/"):
             # Newer offices leave the time out where nothing was changed.
-            parts[name] = re.sub(
-                rb"<(dcterms:modified|cp:revision|TotalTime)\b([^>]*/>|[^>]*>[^<]*</\1>)", b"", data)
+            parts[name] = re.sub(rb"<(dcterms:modified|cp:revision|cp:lastModifiedBy|TotalTime)\b"
+                                 rb"([^>]*/>|[^>]*>[^<]*</\1>)", b"", data)
     return parts
