@@ -32,11 +32,11 @@ older() {
   local office=/usr/lib/libreoffice/program tests=tests/libreoffice
   HUEBRUSH_PROGRAM=$PWD/build/older/huebrush HUEBRUSH_EXTENSIONS=$PWD/build/older/extension \
     /usr/bin/python3 $tests/foreign_documents_test.py EveryBranch GradientsOfManyColours &&
-    HUEBRUSH_PACKAGE=build/older/huebrush.oxt HUEBRUSH_UNOPKG=$office/unopkg \
+    HUEBRUSH_PACKAGE=$PWD/build/older/huebrush.oxt HUEBRUSH_UNOPKG=$office/unopkg \
       /usr/bin/python3 $tests/package_test.py Package &&
     for subject in window dialog; do
       /usr/bin/python3 $tests/${subject}_test.py --plugin gen --office $office/soffice \
-        --extensions build/older/extension || return
+        --extensions "$PWD/build/older/extension" || return
     done
 }
 

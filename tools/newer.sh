@@ -71,7 +71,7 @@ mount --rbind /dev "$system/dev"
 cp -L /etc/resolv.conf "$system/etc/resolv.conf"
 
 settings=(HOME=/root PATH=/usr/sbin:/usr/bin:/sbin:/bin LANG=C.UTF-8 TERM="${TERM:-dumb}")
-for name in http_proxy https_proxy no_proxy GTEST_FILTER; do
+for name in http_proxy https_proxy no_proxy; do
   [ -z "${!name:-}" ] || settings+=("$name=${!name}")
 done
 inside() {
