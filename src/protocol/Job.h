@@ -13,13 +13,13 @@ namespace huebrush::protocol {
 /// requestOf on either side: by the program to refuse bad ones early, by the office to carry them
 /// out.
 struct Job {  // NOLINT(bugprone-exception-escape): the JSON value checks itself when moved
-    std::string input;     ///< A path by which the office can open the document.
-    std::string name;      ///< What messages call the document.
-    std::string inputUrl;  ///< Where the document lies: what its links are relative to.
-    std::string output;    ///< Where to store the result; empty to list the fills only.
+    std::string input;      ///< A path by which the office can open the document.
+    std::string name;       ///< What messages call the document.
+    std::string inputUrl;   ///< Where the document lies: what its links are relative to.
+    std::string output;     ///< Where to store the result; empty to list the fills only.
     std::string outputUrl;  ///< Where the result will lie: what its links are to be relative to.
-    std::string filter;    ///< The office's name of the result's format; empty: the document's.
-    std::string channel;   ///< The pipe that takes the messages.
+    std::string filter;     ///< The office's name of the result's format; empty: the document's.
+    std::string channel;    ///< The pipe that takes the messages.
     std::vector<std::string> maps;
     std::vector<std::string> rows;
     nlohmann::json plan = nullptr;  ///< An edited listing, or null.
