@@ -77,7 +77,7 @@ bool canBeExpressed(const std::filesystem::path& path) {
 /// because some formats are read relative to it, else that of a link in the folder.
 std::filesystem::path openablePath(const std::string& document,
                                    const std::filesystem::path& folder) {
-    const auto target = std::filesystem::absolute(document).lexically_normal();
+    auto target = std::filesystem::absolute(document).lexically_normal();
     const protocol::DocumentFormat* const format = protocol::formatOfName(document);
     if (format != nullptr && canBeExpressed(target)) return target;
     auto link = folder / text("document", format == nullptr ? "" : format->ending);
@@ -89,7 +89,7 @@ std::filesystem::path openablePath(const std::string& document,
 
 std::filesystem::path OfficeJob::placeBeside(const std::filesystem::path& output) {
     const auto target = std::filesystem::absolute(output).lexically_normal();
-    const auto place = target.parent_path() / ("." + folder().filename().string());
+    auto place = target.parent_path() / ("." + folder().filename().string());
     if (!canBeExpressed(place) || std::filesystem::exists(place)) return folder() / "result";
     keeper_.removeAtEnd(place);
     return place;
