@@ -7,9 +7,13 @@
 
 namespace huebrush::base {
 
-/// An uncompressed bitmap file of 32 bits a pixel. `pixels` holds blue, green, red and alpha of
-/// each, from the upper left on; the colours are not multiplied by the alpha.
-/// REQUIRES: four bytes for each of `width` times `height` pixels.
+/// The bytes of an uncompressed bitmap file. `pixels` holds blue, green, red and, where a pixel has
+/// four bytes and not three, alpha of each, from the upper left on and without gaps.
+/// REQUIRES: `bytesOfPixel` bytes for each of `width` times `height` pixels.
+std::vector<std::uint8_t> bitmapFile(std::int32_t width, std::int32_t height, int bytesOfPixel,
+                                     const std::vector<std::uint8_t>& pixels);
+
+/// The same as a picture of four bytes a pixel; the colours are not multiplied by the alpha.
 Picture bitmapOf(std::int32_t width, std::int32_t height, const std::vector<std::uint8_t>& pixels);
 
 }  // namespace huebrush::base

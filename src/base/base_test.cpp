@@ -113,6 +113,14 @@ TEST(Bitmap, IsAFileOfItsPixelsWithTheLowestRowFirst) {
                              0,   0,   0,  0, 0, 0, 0, 0,  0, 0, 0,  0, 5, 6, 7,  8, 1, 2, 3, 4}));
 }
 
+TEST(Bitmap, FillsRowsOfThreeBytesAPixelUp) {
+    const std::vector<std::uint8_t> file = bitmapFile(1, 2, 3, {1, 2, 3, 4, 5, 6});
+    ASSERT_EQ(file.size(), 62U);
+    EXPECT_EQ(file[28], 24);
+    EXPECT_EQ(std::vector<std::uint8_t>(file.begin() + 54, file.end()),
+              (std::vector<std::uint8_t>{4, 5, 6, 0, 1, 2, 3, 0}));
+}
+
 TEST(Error, AnyExceptionInFlightBecomesAnErrorWithItsText) {
     const auto caught = [](const auto& thrown) {
         try {

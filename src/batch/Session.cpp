@@ -196,8 +196,7 @@ StoredFills Session::givenFills() const {
     GivenFills given;
     for (std::int16_t i = 1; i <= dialog_->Element.ubound(); ++i) {
         const ColorElement& row = dialog_->Element[i];
-        const bool isNew =
-            std::find(recoloured_.begin(), recoloured_.end(), i) != recoloured_.end();
+        const bool isNew = std::binary_search(recoloured_.begin(), recoloured_.end(), i);
         for (const host::ShapePointer& shape : *row.ElementsGroup) {
             if (isNew && isUnfillable(row, *shape)) continue;
             given[shape->Name()] = {isNew ? i : std::int32_t{0}, row.FillObject().original()};

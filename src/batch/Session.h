@@ -120,7 +120,7 @@ class Session {
     std::size_t messagesSeen_ = 0;
     /// What rows reported of their recolour, by their numbers.
     std::map<std::int16_t, std::string> failures_;
-    /// The rows whose shapes got a new fill.
+    /// The rows whose shapes got a new fill, in rising order.
     std::vector<std::int16_t> recoloured_;
 };
 

@@ -357,17 +357,13 @@ class OpenDocument::Group final : public host::UndoGroup {
         document_->flush();
         ++document_->undoGroups_;
     }
-    Group(const Group&) = delete;
-    Group& operator=(const Group&) = delete;
-    ~Group() override { end(); }
-    std::vector<host::FailedWrite> finish() override { return end(); }
-
- private:
-    std::vector<host::FailedWrite> end() {
+    ~Group() override { Group::finish(); }
+    std::vector<host::FailedWrite> finish() override {
         if (!std::exchange(open_, false)) return {};
         return document_->endUndoGroup(title_);
     }
 
+ private:
     std::shared_ptr<OpenDocument> document_;
     std::string title_;
     bool open_ = true;

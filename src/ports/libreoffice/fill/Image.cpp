@@ -1,5 +1,7 @@
 #include "ports/libreoffice/fill/Image.h"
 
+#include "base/Bitmap.h"
+
 namespace huebrush::libreoffice {
 
 namespace {
@@ -13,13 +15,6 @@ constexpr std::size_t kBitsField = 28;
 constexpr std::size_t kCompressionField = 30;
 constexpr std::int32_t kLargestSide = 4096;
 constexpr std::uint32_t kBitFields = 3;
-
-void put(std::vector<std::uint8_t>& out, std::uint32_t value, int bytes) {
-    for (int i = 0; i < bytes; ++i) {
-        out.push_back(static_cast<std::uint8_t>(value & 0xFFU));
-        value >>= 8U;
-    }
-}
 
 std::uint32_t get(const std::vector<std::uint8_t>& bytes, std::size_t at, std::size_t count) {
     std::uint32_t value = 0;
@@ -53,33 +48,17 @@ struct PixelReader {
 }  // namespace
 
 std::vector<std::uint8_t> bitmapFileOf(const Image& image) {
-    constexpr std::uint32_t kBits = 24;
-    const auto width = static_cast<std::uint32_t>(image.width());
-    const auto height = static_cast<std::uint32_t>(image.height());
-    const std::size_t row = rowSize(width, kBits);
-    const std::size_t headers = kFileHeaderSize + kInfoHeaderSize;
-    std::vector<std::uint8_t> out;
-    out.reserve(headers + row * height);
-    out.push_back('B');
-    out.push_back('M');
-    put(out, static_cast<std::uint32_t>(headers + row * height), 4);
-    put(out, 0, 4);
-    put(out, headers, 4);
-    put(out, kInfoHeaderSize, 4);
-    put(out, width, 4);
-    put(out, height, 4);
-    put(out, 1, 2);
-    put(out, kBits, 2);
-    put(out, 0, 4);
-    put(out, static_cast<std::uint32_t>(row * height), 4);
-    out.resize(headers, 0);
-    for (std::int32_t y = image.height(); y-- > 0;) {
+    constexpr int kBytesOfPixel = 3;
+    std::vector<std::uint8_t> pixels;
+    for (std::int32_t y = 0; y < image.height(); ++y) {
         for (std::int32_t x = 0; x < image.width(); ++x) {
-            put(out, static_cast<std::uint32_t>(image.at(x, y)), 3);
+            const std::int32_t color = image.at(x, y);
+            for (int i = 0; i < kBytesOfPixel; ++i) {
+                pixels.push_back(static_cast<std::uint8_t>(color >> (8 * i)));
+            }
         }
-        out.resize(headers + row * static_cast<std::size_t>(image.height() - y), 0);
     }
-    return out;
+    return base::bitmapFile(image.width(), image.height(), kBytesOfPixel, pixels);
 }
 
 Image imageOfBitmapFile(const std::vector<std::uint8_t>& bytes) {

@@ -3,6 +3,7 @@
 #include <png.h>
 
 #include <algorithm>
+#include <array>
 #include <fstream>
 #include <iterator>
 
@@ -13,8 +14,8 @@ namespace huebrush::libreoffice {
 
 namespace {
 
-constexpr std::int32_t kButtonSizes[] = {16, 24, 32};
-constexpr std::int32_t kLargestButton = 32;
+constexpr std::array<std::int32_t, 3> kButtonSizes{16, 24, 32};
+constexpr std::int32_t kLargestButton = kButtonSizes.back();
 /// The size of the pictures in dialogs.
 constexpr std::int32_t kDialogSize = 64;
 constexpr std::int32_t kButtonIcons[] = {101, 102, 103};
@@ -56,6 +57,7 @@ std::vector<base::Picture> IconFiles::sizesOf(const base::Picture& wanted) const
     for (const std::int32_t number : kButtonIcons) {
         if (largest(number) != wanted) continue;
         std::vector<base::Picture> sizes;
+        sizes.reserve(kButtonSizes.size());
         for (const std::int32_t size : kButtonSizes) sizes.push_back(picture(number, size));
         return sizes;
     }
