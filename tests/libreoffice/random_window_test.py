@@ -15,7 +15,7 @@ from case import run_tests
 from dialog import (ADD, ALL, BOX, DESTINATION, DOWN, HANDLE, LOGO, MENU, NOT_SELECTED, RECOLOUR,
                     REMOVE, SELECT_ALL, SELECTED, SOURCE, UP, dialogs_on)
 from dialog_case import CHANGE_FILLS, COLOURS, Dialog, DialogCase
-from screen import comes_soon, wait_until
+from screen import WindowIsGone, comes_soon, wait_until
 
 SEED = int(os.environ.get("HUEBRUSH_SEED", "4711"))
 ACTIONS = 200
@@ -78,7 +78,7 @@ class RandomWindowTest(DialogCase):
         self.done.append(action.__name__)
         try:
             action()
-        except (KeyError, ValueError):
+        except WindowIsGone:
             if not self.is_closed():  # What was done before may have ended it only now.
                 raise
         self.escape()
