@@ -1,6 +1,7 @@
 """What the tests in Writer's window share: a screen and a profile for each, and their command line."""
 
 import argparse
+import faulthandler
 import os
 import sys
 import tempfile
@@ -9,6 +10,10 @@ import unittest
 from office import end_cleanly_when_told_to
 from screen import Screen, comes_soon, wait_until
 from writer import Writer
+
+
+# A little before CTest ends a program of these.
+HANG_LIMIT = 570.0
 
 
 class WriterCase(unittest.TestCase):
@@ -72,5 +77,6 @@ def run_tests(description):
     parser.add_argument("--plugin", required=True, choices=["gen", "gtk3"])
     parser.add_argument("--pictures", help="a folder for the screens of failed tests")
     end_cleanly_when_told_to()
+    faulthandler.dump_traceback_later(HANG_LIMIT)
     WriterCase.options, remaining = parser.parse_known_args()
     unittest.main(argv=[sys.argv[0], *remaining], verbosity=2)

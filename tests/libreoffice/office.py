@@ -48,11 +48,14 @@ class Office:
 
     def __exit__(self, *unused):
         if self._process.poll() is None:
-            try:
-                os.killpg(self._process.pid, signal.SIGKILL)
-            except ProcessLookupError:
-                pass
+            self.kill()
         self._process.wait()
+
+    def kill(self):
+        try:
+            os.killpg(self._process.pid, signal.SIGKILL)
+        except ProcessLookupError:
+            pass
 
     @property
     def exit_code(self):

@@ -2,6 +2,8 @@
 
 import os
 import re
+import sys
+import threading
 
 import uno
 from com.sun.star.accessibility import AccessibleStateType
@@ -21,7 +23,13 @@ from screen import wait_until
 
 BAR_NAME = "Huebrush"
 ASK_TO_QUIT_AGAIN = 10.0
+START_LIMIT = 60.0
+STARTS = 3
 STATUS_BAR = "private:resource/statusbar/statusbar"
+
+
+class WriterHangs(Exception):
+    """Writer has taken a connection and says no more."""
 
 
 class Writer(Office):
@@ -46,20 +54,54 @@ class Writer(Office):
         self.desktop = None
 
     def __enter__(self):
-        super().__enter__()
+        self.context = self._start()
         try:
-            if self._meanwhile is not None:
-                self._meanwhile()
-            self.context = wait_until(self._connect, "Writer answers", 60.0)
             self.desktop = self.create("com.sun.star.frame.Desktop")
-            wait_until(self.frames, "Writer has a window", 60.0)
+            wait_until(self.frames, "Writer has a window", START_LIMIT)
             self.maximise(self.frame())
             if self._has_bar:
-                wait_until(self.bar, "Writer's window shows the bar", 60.0)
+                wait_until(self.bar, "Writer's window shows the bar", START_LIMIT)
         except BaseException:
             self.__exit__()
             raise
         return self
+
+    def _start(self):
+        """Writer's context. LibreOffice 25.2 hangs once in some hundred starts when the first
+        connection comes just as its first window is made accessible: each of two threads holds a
+        lock that the other one waits for. It is started anew then."""
+        for _ in range(STARTS):
+            super().__enter__()
+            try:
+                if self._meanwhile is not None:
+                    self._meanwhile()
+                return self._connect_or_kill()
+            except WriterHangs:
+                self.__exit__()
+                print("Writer hung at its start; it is started anew.", file=sys.stderr)
+            except BaseException:
+                self.__exit__()
+                raise
+        raise AssertionError(f"Writer hung at {STARTS} starts")
+
+    def _connect_or_kill(self):
+        """Only the end of the office ends a call that it does not answer."""
+        has_hung = threading.Event()
+
+        def end_hang():
+            has_hung.set()
+            self.kill()
+
+        watchdog = threading.Timer(1.5 * START_LIMIT, end_hang)
+        watchdog.start()
+        try:
+            return wait_until(self._connect, "Writer answers", START_LIMIT)
+        except AssertionError:
+            if has_hung.is_set():
+                raise WriterHangs from None
+            raise
+        finally:
+            watchdog.cancel()
 
     def _connect(self):
         local = uno.getComponentContext()
