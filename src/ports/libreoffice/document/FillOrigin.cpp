@@ -77,9 +77,8 @@ FillOrigin OriginProperties::read(const Reference<css::beans::XPropertySet>& sha
     return origin;
 }
 
-void OriginProperties::change(const Reference<css::beans::XPropertySet>& shape,
-                              const FillOrigin& now, const FillOrigin& wanted,
-                              PropertyChanges& changes) const {
+void addOriginChange(const Reference<css::beans::XPropertySet>& shape, const FillOrigin& now,
+                     const FillOrigin& wanted, PropertyChanges& changes) {
     for (const auto& [name, value] : wanted.theme) changes.add(name, value);
     if (wanted.theme.empty() && !now.theme.empty()) changes.add(names().theme, Any(kNoTheme));
     if (now.remembered.empty() && wanted.remembered.empty()) return;

@@ -30,9 +30,6 @@ class OriginProperties {
     /// The office's exceptions pass to the caller.
     FillOrigin read(
         const com::sun::star::uno::Reference<com::sun::star::beans::XPropertySet>& shape) const;
-    /// Adds what makes the shape's origin, which is `now`, the `wanted` one.
-    void change(const com::sun::star::uno::Reference<com::sun::star::beans::XPropertySet>& shape,
-                const FillOrigin& now, const FillOrigin& wanted, PropertyChanges& changes) const;
 
  private:
     bool hasTheme_ = false;
@@ -40,5 +37,10 @@ class OriginProperties {
     /// What belongs to a theme's colour beside its number there.
     std::vector<rtl::OUString> themeDetails_;
 };
+
+/// Adds what makes the shape's origin, which is `now`, the `wanted` one.
+void addOriginChange(
+    const com::sun::star::uno::Reference<com::sun::star::beans::XPropertySet>& shape,
+    const FillOrigin& now, const FillOrigin& wanted, PropertyChanges& changes);
 
 }  // namespace huebrush::libreoffice

@@ -268,7 +268,7 @@ void writeFill(const ShapeReference& shape, const ShapeFill& now, const ShapeFil
         changes.add(names().attributes, attributesWith(set, wanted.memory));
     }
     if (changes.empty()) return;
-    tables.originProperties(shape).change(set, now.origin, wanted.origin, changes);
+    addOriginChange(set, now.origin, wanted.origin, changes);
     if (wanted.office.style == OfficeFillStyle::bitmap) tables.restore(wanted.office.bitmapName);
     changes.apply(shape);
 }

@@ -141,17 +141,27 @@ ShapeReference ShapeTree::shapeOf(ShapeNode& node) {
     return node.shape;
 }
 
-ShapeReference ShapeTree::memberOf(ShapeNode& group, std::int32_t index) {
+ShapeTree::GroupOnWay ShapeTree::openGroup(ShapeNode& group) {
+    const auto members = membersOfGroup(shapeOf(group));
+    return {group.shared_from_this(), members, members->getCount()};
+}
+
+/// Within a handler.
+const ShapeTree::GroupOnWay& ShapeTree::wayTo(ShapeNode& group) {
     const auto known = std::find_if(way_.begin(), way_.end(),
                                     [&](const GroupOnWay& on) { return on.group.get() == &group; });
     if (known != way_.end()) {
         way_.erase(known + 1, way_.end());
     } else {
-        const auto members = membersOfGroup(shapeOf(group));
+        GroupOnWay opened = openGroup(group);
         while (!way_.empty() && way_.back().group != group.parent) way_.pop_back();
-        way_.push_back({group.shared_from_this(), members});
+        way_.push_back(std::move(opened));
     }
-    return memberAt(way_.back().members, index);
+    return way_.back();
+}
+
+ShapeReference ShapeTree::memberOf(ShapeNode& group, std::int32_t index) {
+    return memberAt(wayTo(group).members, index);
 }
 
 void ShapeTree::checkAlive(ShapeNode& node) {
@@ -182,11 +192,11 @@ bool ShapeTree::isFoundByParent(ShapeNode& node) {
 
 bool ShapeTree::isMember(ShapeNode& node) {
     if (!isAlive(*node.parent)) return false;
-    const auto members = membersOfGroup(shapeOf(*node.parent));
-    const std::int32_t count = members->getCount();
-    if (node.index < count && memberAt(members, node.index) == node.shape) return true;
-    for (std::int32_t index = 0; index < count; ++index) {
-        if (memberAt(members, index) == node.shape) {
+    const bool inHandler = snapshot_->generation() != Snapshot::kNever;
+    const GroupOnWay group = inHandler ? wayTo(*node.parent) : openGroup(*node.parent);
+    if (node.index < group.count && memberAt(group.members, node.index) == node.shape) return true;
+    for (std::int32_t index = 0; index < group.count; ++index) {
+        if (memberAt(group.members, index) == node.shape) {
             node.index = index;
             return true;
         }

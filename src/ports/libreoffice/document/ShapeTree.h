@@ -80,6 +80,13 @@ class ShapeTree {
     void visit(Groups groups, const Visitor& visitor);
     void visitMembers(Groups groups, const NodePointer& group, const ShapeReference& shape,
                       const Visitor& visitor);
+    struct GroupOnWay {
+        NodePointer group;
+        com::sun::star::uno::Reference<com::sun::star::container::XIndexAccess> members;
+        std::int32_t count = 0;
+    };
+    GroupOnWay openGroup(ShapeNode& group);
+    const GroupOnWay& wayTo(ShapeNode& group);
     ShapeReference memberOf(ShapeNode& group, std::int32_t index);
     static void letGo(const std::vector<NodePointer>& nodes);
     void holdStructure();
@@ -104,12 +111,8 @@ class ShapeTree {
     std::vector<NodePointer> topLevel_;
     /// The groups that have been entered.
     std::vector<NodePointer> groups_;
-    /// The groups on the way to the member that was found last by its place: one in the same group,
-    /// or near it, is often next.
-    struct GroupOnWay {
-        NodePointer group;
-        com::sun::star::uno::Reference<com::sun::star::container::XIndexAccess> members;
-    };
+    /// The groups on the way to the member that was looked for last: one in the same group, or near
+    /// it, is often next. Empty outside a handler.
     std::vector<GroupOnWay> way_;
 
     std::int32_t count_ = 0;
