@@ -179,6 +179,23 @@ class Dialog:
         wait_until(lambda: self.colours(len(wanted), x) == wanted,
                    f"the previews are {[hex(c) for c in wanted]}")
 
+    def scroll_to(self, first, colours):
+        """Turns the wheel until the list stands still with the row `first`, counted from 0, at its
+        top. `colours` are those of all rows, each another one. A busy window may miss a notch."""
+        shown = []
+
+        def is_there():
+            self.park_mouse()
+            shown.append(self.colours(1)[0])
+            if shown[-2:-1] != shown[-1:]:
+                return False
+            missing = first - colours.index(shown[-1])
+            if missing:
+                self.screen.turn_wheel(*self.on_screen(self.in_row(1, SOURCE)), missing)
+            return not missing
+
+        wait_until(is_there, f"row {first} is at the top of the list")
+
     def park_mouse(self):
         """Puts the mouse where no tool tip comes up that could cover something."""
         self.screen.move(*self.on_screen((5060, 3000)))

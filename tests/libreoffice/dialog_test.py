@@ -168,9 +168,9 @@ class DialogTest(DialogCase):
         dialog = self.open(colours)
         dialog.add()
         dialog.wait_for_colours(colours[:9])
-        self.screen.turn_wheel(*dialog.on_screen(dialog.in_row(3, SOURCE)), 2)
+        dialog.scroll_to(2, colours)
         dialog.wait_for_colours(colours[2:9])
-        self.screen.turn_wheel(*dialog.on_screen(dialog.in_row(3, BOX)), -1)
+        dialog.scroll_to(1, colours)
         dialog.wait_for_colours(colours[1:9])
 
     # Ends.

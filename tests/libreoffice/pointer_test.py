@@ -80,7 +80,7 @@ class PointerTest(DialogCase):
 
     def test_a_row_dragged_above_the_list_scrolls_it(self):
         dialog = self.open_full()
-        self.screen.turn_wheel(*dialog.on_screen(dialog.in_row(3, SOURCE)), 8)
+        dialog.scroll_to(8, COLOURS)
         dialog.wait_for_colours(COLOURS[8:8 + ROWS])
         self.hold_row(dialog, 3, ABOVE)
         wait_until(lambda: dialog.colours(1)[0] in COLOURS[:5], "the list scrolls")
