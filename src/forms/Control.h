@@ -16,14 +16,20 @@ class Form;
 /// The keys and shift states that mean something here, with the classic numbers.
 namespace KeyCode {
 inline constexpr std::int16_t kBack = 8;
+inline constexpr std::int16_t kTab = 9;
 inline constexpr std::int16_t kReturn = 13;
 inline constexpr std::int16_t kAlt = 18;
 inline constexpr std::int16_t kEscape = 27;
 inline constexpr std::int16_t kSpace = 32;
+inline constexpr std::int16_t kEnd = 35;
+inline constexpr std::int16_t kHome = 36;
+inline constexpr std::int16_t kLeft = 37;
 inline constexpr std::int16_t kUp = 38;
+inline constexpr std::int16_t kRight = 39;
 inline constexpr std::int16_t kDown = 40;
 inline constexpr std::int16_t kDelete = 46;
 inline constexpr std::int16_t kContextMenu = 93;
+inline constexpr std::int16_t kF10 = 121;
 }  // namespace KeyCode
 
 namespace Shift {

@@ -18,7 +18,6 @@
 #include "ports/libreoffice/Snapshot.h"
 #include "ports/libreoffice/runtime/OfficeRuntime.h"
 #include "ports/libreoffice/uno/MainThread.h"
-#include "ports/libreoffice/window/ControlPeer.h"
 #include "ports/libreoffice/window/FormWindow.h"
 #include "ports/libreoffice/window/native/Native.h"
 #include "ports/memory/Driver.h"
@@ -38,14 +37,14 @@ class OfficePort {
     void settle() { libreoffice::EventPump(officeContext(), snapshot_).runNow(); }
     void click(forms::Control& control) {
         settle();
-        const auto* const peer = libreoffice::ControlPeer::of(&control);
+        const auto* const peer = view::ControlPeer::of(&control);
         if (peer == nullptr || peer->native == nullptr ||
             dynamic_cast<forms::OptionButton*>(&control) != nullptr) {
             memory::Driver(control.form()).click(control);
             return;
         }
         const css::uno::Reference<css::accessibility::XAccessible> accessible(
-            peer->native->window(), css::uno::UNO_QUERY_THROW);
+            dynamic_cast<libreoffice::Native&>(*peer->native).window(), css::uno::UNO_QUERY_THROW);
         const css::uno::Reference<css::accessibility::XAccessibleAction> action(
             accessible->getAccessibleContext(), css::uno::UNO_QUERY_THROW);
         action->doAccessibleAction(0);

@@ -36,22 +36,15 @@ set(HUEBRUSH_WINDOW_SOURCES
   uno/Percent.cpp
   uno/Repeater.cpp
   uno/Text.cpp
-  window/AccessKeys.cpp
-  window/ControlPeer.cpp
-  window/Deeds.cpp
-  window/FormKeys.cpp
   window/FormMenu.cpp
   window/FormWindow.cpp
   window/FormWindows.cpp
-  window/Keyboard.cpp
+  window/Input.cpp
+  window/KeyListener.cpp
   window/MenuPainter.cpp
   window/MenuWindow.cpp
-  window/Mouse.cpp
-  window/MouseInput.cpp
   window/Painter.cpp
   window/Pictures.cpp
-  window/Pointing.cpp
-  window/Scene.cpp
   window/Surface.cpp
   window/Theme.cpp
   window/native/Button.cpp

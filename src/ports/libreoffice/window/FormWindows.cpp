@@ -24,7 +24,7 @@ void FormWindows::show(forms::Form& form, bool modal) {
     }
     const auto window = std::make_shared<FormWindow>(context_, form, snapshot_);
     const Owner parent = modal ? owner() : documentWindow();
-    const auto paused = modal ? pauseDeeds() : std::vector<std::shared_ptr<void>>();
+    const auto paused = modal ? pauseActions() : std::vector<std::shared_ptr<void>>();
     shown_.push_back(window);
     try {
         officeCalls([&] { window->open(parent); });
@@ -73,13 +73,13 @@ FormWindows::Owner FormWindows::owner() const {
 
 std::shared_ptr<void> FormWindows::hold() {
     std::shared_ptr<Held> held = held_.lock();
-    if (held == nullptr) held_ = held = std::make_shared<Held>(Held{{}, pauseDeeds()});
+    if (held == nullptr) held_ = held = std::make_shared<Held>(Held{{}, pauseActions()});
     return held;
 }
 
-std::vector<std::shared_ptr<void>> FormWindows::pauseDeeds() const {
+std::vector<std::shared_ptr<void>> FormWindows::pauseActions() const {
     std::vector<std::shared_ptr<void>> paused;
-    for (const auto& window : shown_) paused.push_back(window->pauseDeeds());
+    for (const auto& window : shown_) paused.push_back(window->pauseActions());
     return paused;
 }
 

@@ -54,7 +54,7 @@ class FormWindows {
     };
 
     Owner documentWindow() const;
-    std::vector<std::shared_ptr<void>> pauseDeeds() const;
+    std::vector<std::shared_ptr<void>> pauseActions() const;
 
     ContextReference context_;
     const ActiveWindow& window_;

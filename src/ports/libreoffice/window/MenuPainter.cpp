@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <com/sun/star/awt/XFont.hpp>
 
 #include "ports/libreoffice/uno/Text.h"
@@ -16,130 +17,92 @@ constexpr sal_Int32 kNothing = -1;
 /// How far disabled lines, and the lines between others, fade into the background.
 constexpr double kFaded = 0.55;
 constexpr double kFaintLine = 0.75;
-// In twips.
-constexpr double kThickness = 15;
-constexpr double kEdge = 45;
-constexpr double kGap = 75;
-constexpr double kSeparatorHeight = 120;
 
-sal_Int32 textHeight(const MenuPainter::Device& device, const css::awt::FontDescriptor& font) {
-    const css::awt::SimpleFontMetric metric = device->getFont(font)->getFontMetric();
-    return metric.Ascent + metric.Descent;
+void drawRect(const MenuPainter::Graphics& graphics, const view::Rectangle& place) {
+    graphics->drawRect(place.left, place.top, place.width, place.height);
 }
 
 }  // namespace
 
-MenuPainter::MenuPainter(const Device& device, const Theme& theme, const Scale& scale,
+MenuPainter::MenuPainter(const Device& device, const Theme& theme, const view::Scale& scale,
                          const forms::MenuChoice& choice)
     : device_(device),
       theme_(theme),
       choice_(choice),
       font_(theme.fontFor({})),
-      edge_(scale.toPixels(kEdge)),
-      gap_(scale.toPixels(kGap)),
-      lineHeight_(textHeight(device, font_) + 2 * gap_),
-      separatorHeight_(scale.toPixels(kSeparatorHeight)),
-      thickness_(scale.toPixels(kThickness)) {
-    sal_Int32 text = 0;
+      layout_(layoutOf(scale)) {}
+
+view::MenuLayout MenuPainter::layoutOf(const view::Scale& scale) const {
+    std::int32_t widest = 0;
     for (const forms::MenuEntry& entry : choice_.entries()) {
-        text = std::max(text, widthOf(entry.text));
-        size_.Height += entry.separator ? separatorHeight_ : lineHeight_;
+        widest = std::max(widest, widthOf(toOffice(entry.text)));
     }
-    // Before the text is the place of the tick, and behind it as much again.
-    size_.Width = text + 2 * (edge_ + lineHeight_);
-    size_.Height += 2 * edge_;
+    const css::awt::SimpleFontMetric metric = device_->getFont(font_)->getFontMetric();
+    return {choice_.entries(), scale, widest, metric.Ascent + metric.Descent};
 }
 
-css::awt::Size MenuPainter::size() const {
-    return size_;
-}
-
-sal_Int32 MenuPainter::widthOf(const std::string& text) const {
-    return device_->getFont(font_)->getStringWidth(toOffice(text));
-}
-
-css::awt::Rectangle MenuPainter::placeOf(std::size_t line) const {
-    sal_Int32 top = edge_;
-    const auto heightOf = [&](std::size_t at) {
-        return choice_.entries()[at].separator ? separatorHeight_ : lineHeight_;
-    };
-    for (std::size_t above = 0; above < line; ++above) top += heightOf(above);
-    return {edge_, top, size_.Width - 2 * edge_, heightOf(line)};
-}
-
-std::optional<std::size_t> MenuPainter::lineAt(sal_Int32 x, sal_Int32 y) const {
-    for (std::size_t line = 0; line < choice_.entries().size(); ++line) {
-        const css::awt::Rectangle place = placeOf(line);
-        if (x >= place.X && x < place.X + place.Width && y >= place.Y &&
-            y < place.Y + place.Height) {
-            return line;
-        }
-    }
-    return std::nullopt;
+std::int32_t MenuPainter::widthOf(const rtl::OUString& text) const {
+    return device_->getFont(font_)->getStringWidth(text);
 }
 
 void MenuPainter::paint(const Graphics& graphics) const {
     graphics->setLineColor(mixed(theme_.menuText, theme_.menu, kFaded));
     graphics->setFillColor(theme_.menu);
-    graphics->drawRect(0, 0, size_.Width, size_.Height);
+    drawRect(graphics, {0, 0, size().width, size().height});
     graphics->selectFont(font_);
     for (std::size_t line = 0; line < choice_.entries().size(); ++line) paintLine(graphics, line);
 }
 
 void MenuPainter::paintLine(const Graphics& graphics, std::size_t line) const {
     const forms::MenuEntry& entry = choice_.entries()[line];
-    css::awt::Rectangle place = placeOf(line);
     graphics->setLineColor(kNothing);
     if (entry.separator) {
         graphics->setFillColor(mixed(theme_.menuText, theme_.menu, kFaintLine));
-        graphics->drawRect(place.X + gap_, place.Y + (place.Height - thickness_) / 2,
-                           place.Width - 2 * gap_, thickness_);
+        drawRect(graphics, layout_.ruleOf(line));
         return;
     }
     sal_Int32 text = entry.enabled ? theme_.menuText : mixed(theme_.menuText, theme_.menu, kFaded);
     if (choice_.highlighted() == line) {
         graphics->setFillColor(theme_.highlight);
-        graphics->drawRect(place.X, place.Y, place.Width, place.Height);
+        drawRect(graphics, layout_.placeOf(line));
         text = theme_.highlightText;
     }
-    if (entry.checked) paintTick(graphics, place, text);
-    place.X += lineHeight_;
-    place.Y += gap_;
-    paintText(graphics, entry, place, text);
+    if (entry.checked) paintTick(graphics, layout_.tickOf(line), text);
+    paintText(graphics, line, text);
 }
 
-/// In the square before the text.
-void MenuPainter::paintTick(const Graphics& graphics, const css::awt::Rectangle& place,
+void MenuPainter::paintTick(const Graphics& graphics, const view::Rectangle& place,
                             sal_Int32 colour) const {
     /// The corners, as shares of the square.
     constexpr std::array<double, 6> kX = {0.28, 0.44, 0.72, 0.78, 0.44, 0.22};
     constexpr std::array<double, 6> kY = {0.48, 0.62, 0.26, 0.32, 0.76, 0.54};
-    const auto along = [&](sal_Int32 begin, const std::array<double, 6>& shares) {
+    const auto along = [&](std::int32_t begin, const std::array<double, 6>& shares) {
         css::uno::Sequence<sal_Int32> places(static_cast<sal_Int32>(shares.size()));
         std::ranges::transform(shares, places.getArray(), [&](double share) {
-            return begin + static_cast<sal_Int32>(std::lround(lineHeight_ * share));
+            return begin + static_cast<sal_Int32>(std::lround(place.width * share));
         });
         return places;
     };
     graphics->setLineColor(colour);
     graphics->setFillColor(colour);
-    graphics->drawPolygon(along(place.X, kX), along(place.Y, kY));
+    graphics->drawPolygon(along(place.left, kX), along(place.top, kY));
 }
 
-void MenuPainter::paintText(const Graphics& graphics, const forms::MenuEntry& entry,
-                            const css::awt::Rectangle& place, sal_Int32 colour) const {
-    graphics->setTextColor(colour);
-    graphics->drawText(place.X, place.Y, toOffice(entry.text));
-    if (!entry.key) return;
+void MenuPainter::paintText(const Graphics& graphics, std::size_t line, sal_Int32 colour) const {
+    const forms::MenuEntry& entry = choice_.entries()[line];
+    const view::Point at = layout_.textOf(line);
     const rtl::OUString text = toOffice(entry.text);
+    graphics->setTextColor(colour);
+    graphics->drawText(at.x, at.y, text);
+    if (!entry.key) return;
     const sal_Int32 before = toOffice(entry.beforeKey()).getLength();
-    const css::uno::Reference<css::awt::XFont> font = device_->getFont(font_);
-    const sal_Int32 left = font->getStringWidth(text.copy(0, before));
-    const sal_Int32 right = font->getStringWidth(text.copy(0, before + 1));
+    const std::int32_t left = widthOf(text.copy(0, before));
+    const std::int32_t right = widthOf(text.copy(0, before + 1));
+    const sal_Int32 ascent = device_->getFont(font_)->getFontMetric().Ascent;
     graphics->setLineColor(kNothing);
     graphics->setFillColor(colour);
-    const sal_Int32 ascent = font->getFontMetric().Ascent;
-    graphics->drawRect(place.X + left, place.Y + ascent + thickness_, right - left, thickness_);
+    drawRect(graphics,
+             {at.x + left, at.y + ascent + layout_.thickness(), right - left, layout_.thickness()});
 }
 
 }  // namespace huebrush::libreoffice

@@ -4,7 +4,6 @@
 #include <com/sun/star/accessibility/XAccessible.hpp>
 #include <com/sun/star/accessibility/XAccessibleComponent.hpp>
 #include <com/sun/star/awt/InvalidateStyle.hpp>
-#include <com/sun/star/awt/Key.hpp>
 #include <com/sun/star/awt/WindowAttribute.hpp>
 #include <com/sun/star/awt/XPaintListener.hpp>
 
@@ -14,7 +13,6 @@
 namespace huebrush::libreoffice {
 
 namespace css = com::sun::star;
-namespace Key = com::sun::star::awt::Key;
 
 using css::uno::Reference;
 using css::uno::UNO_QUERY_THROW;
@@ -36,7 +34,7 @@ class MenuWindow::Listener final
     void SAL_CALL mouseMoved(const css::awt::MouseEvent& event) override { moveTo(event); }
     void SAL_CALL mouseEntered(const css::awt::MouseEvent& event) override { moveTo(event); }
     void SAL_CALL mouseReleased(const css::awt::MouseEvent& event) override {
-        if (menu_ != nullptr) menu_->pickAt({event.X, event.Y});
+        if (menu_ != nullptr) menu_->releaseAt({event.X, event.Y});
     }
     void SAL_CALL mouseExited(const css::awt::MouseEvent&) override {}
     void SAL_CALL disposing(const css::lang::EventObject&) override {}
@@ -50,15 +48,15 @@ class MenuWindow::Listener final
 };
 
 MenuWindow::MenuWindow(const Toolkit& toolkit, const Peer& below, const Theme& theme,
-                       const Scale& scale, const forms::PopupMenu& menu,
-                       const css::awt::Point& place)
-    : choice_(menu), listener_(new Listener(*this)) {
+                       const view::Scale& scale, const forms::PopupMenu& menu,
+                       const view::Point& place)
+    : pick_(menu), listener_(new Listener(*this)) {
     // Of all its attributes only this one leaves a floating window without title and focus.
     window_ =
         makeNativeWindow(toolkit, below, "floatingwindow", css::awt::WindowAttribute::CLOSEABLE);
     peer_.set(window_, UNO_QUERY_THROW);
     painter_ = std::make_unique<MenuPainter>(Reference<css::awt::XDevice>(window_, UNO_QUERY_THROW),
-                                             theme, scale, choice_);
+                                             theme, scale, pick_.choice());
     peer_->setBackground(theme.menu);
     window_->addPaintListener(listener_.get());
     window_->addMouseListener(listener_.get());
@@ -72,15 +70,15 @@ MenuWindow::~MenuWindow() {
 }
 
 void MenuWindow::end() {
-    open_ = false;
+    pick_.close();
     listener_->forget();
     dispose(window_);
 }
 
 /// Such a window is placed in its parent's pixels. The screen that the office tells of may be
 /// another one than the parent's.
-void MenuWindow::place(const Toolkit& toolkit, const Peer& below, css::awt::Point at) {
-    const css::awt::Size size = painter_->size();
+void MenuWindow::place(const Toolkit& toolkit, const Peer& below, view::Point at) {
+    const view::Size size = painter_->size();
     ignoringOffice([&] {
         const Reference<css::accessibility::XAccessibleComponent> parent(
             Reference<css::accessibility::XAccessible>(below, UNO_QUERY_THROW)
@@ -92,70 +90,30 @@ void MenuWindow::place(const Toolkit& toolkit, const Peer& below, css::awt::Poin
             const bool isOn = start >= begin && start < begin + room;
             return isOn ? std::max(begin, std::min(start, begin + room - length)) : start;
         };
-        at = {moved(origin.X + at.X, size.Width, screen.X, screen.Width) - origin.X,
-              moved(origin.Y + at.Y, size.Height, screen.Y, screen.Height) - origin.Y};
+        at = {moved(origin.X + at.x, size.width, screen.X, screen.Width) - origin.X,
+              moved(origin.Y + at.y, size.height, screen.Y, screen.Height) - origin.Y};
     });
-    window_->setPosSize(at.X, at.Y, size.Width, size.Height, css::awt::PosSize::POSSIZE);
+    window_->setPosSize(at.x, at.y, size.width, size.height, css::awt::PosSize::POSSIZE);
 }
 
-void MenuWindow::press(const css::awt::KeyEvent& key) {
-    switch (key.KeyCode) {
-        case Key::DOWN:
-            choice_.moveDown();
-            break;
-        case Key::UP:
-            choice_.moveUp();
-            break;
-        case Key::HOME:
-            choice_.moveToFirst();
-            break;
-        case Key::END:
-            choice_.moveToLast();
-            break;
-        case Key::RETURN:
-        case Key::SPACE:
-            pickHighlighted();
-            break;
-        case Key::ESCAPE:
-            open_ = false;
-            break;
-        default:
-            call(key);
-            break;
-    }
+void MenuWindow::press(const view::Key& key) {
+    pick_.press(key);
     repaint();
 }
 
-void MenuWindow::call(const css::awt::KeyEvent& key) {
-    if (key.KeyCode < Key::A || key.KeyCode > Key::Z) return;
-    if (choice_.call(static_cast<char>('a' + (key.KeyCode - Key::A)))) pickHighlighted();
+void MenuWindow::pointAt(const view::Point& at) {
+    if (pick_.pointAt(painter_->lineAt(at))) repaint();
 }
 
-void MenuWindow::pointAt(const css::awt::Point& at) {
-    const auto before = choice_.highlighted();
-    choice_.pointAt(painter_->lineAt(at.X, at.Y));
-    if (choice_.highlighted() != before) repaint();
-}
-
-/// gtk3 tells an open menu of all that the mouse does, wherever it is, and of a press elsewhere as
+/// gtk3 reports to an open menu all that the mouse does, wherever it is, and a press elsewhere as
 /// one in the corner of the menu's frame.
-void MenuWindow::pressAt(const css::awt::Point& at) {
-    if (painter_->lineAt(at.X, at.Y)) {
-        pointAt(at);
-    } else {
-        open_ = false;
-    }
+void MenuWindow::pressAt(const view::Point& at) {
+    pick_.pressAt(painter_->lineAt(at));
+    repaint();
 }
 
-/// A click on a line that cannot be picked leaves the menu open.
-void MenuWindow::pickAt(const css::awt::Point& at) {
-    if (choice_.pointAt(painter_->lineAt(at.X, at.Y))) pickHighlighted();
-}
-
-void MenuWindow::pickHighlighted() {
-    if (!open_) return;
-    picked_ = choice_.highlighted();
-    open_ = false;
+void MenuWindow::releaseAt(const view::Point& at) {
+    pick_.releaseAt(painter_->lineAt(at));
 }
 
 void MenuWindow::repaint() {
@@ -163,12 +121,12 @@ void MenuWindow::repaint() {
 }
 
 void MenuWindow::paint() {
-    const css::awt::Size size = painter_->size();
+    const view::Size size = painter_->size();
     const Reference<css::awt::XDevice> device(window_, UNO_QUERY_THROW);
-    const Reference<css::awt::XDevice> buffer = device->createDevice(size.Width, size.Height);
+    const Reference<css::awt::XDevice> buffer = device->createDevice(size.width, size.height);
     painter_->paint(buffer->createGraphics());
-    device->createGraphics()->copy(buffer, 0, 0, size.Width, size.Height, 0, 0, size.Width,
-                                   size.Height);
+    device->createGraphics()->copy(buffer, 0, 0, size.width, size.height, 0, 0, size.width,
+                                   size.height);
 }
 
 }  // namespace huebrush::libreoffice

@@ -9,6 +9,7 @@
 
 #include "ports/libreoffice/uno/Errors.h"
 #include "ports/libreoffice/uno/Text.h"
+#include "view/Geometry.h"
 
 namespace huebrush::libreoffice {
 
@@ -27,14 +28,10 @@ inline NativeWindow makeNativeWindow(
 }
 
 /// Moves a window, if its place is another one. Whether it is.
-inline bool moveTo(const NativeWindow& window, com::sun::star::awt::Rectangle& now,
-                   const com::sun::star::awt::Rectangle& place) {
-    if (place.X == now.X && place.Y == now.Y && place.Width == now.Width &&
-        place.Height == now.Height) {
-        return false;
-    }
+inline bool moveTo(const NativeWindow& window, view::Rectangle& now, const view::Rectangle& place) {
+    if (place == now) return false;
     now = place;
-    window->setPosSize(place.X, place.Y, place.Width, place.Height,
+    window->setPosSize(place.left, place.top, place.width, place.height,
                        com::sun::star::awt::PosSize::POSSIZE);
     return true;
 }

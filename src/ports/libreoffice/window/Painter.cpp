@@ -23,7 +23,7 @@ constexpr double kFaded = 0.55;
 /// A user control's canvas: its place on the surface.
 class FaceCanvas final : public forms::Canvas {
  public:
-    FaceCanvas(Painter& painter, const Box& place) : painter_(painter), place_(place) {}
+    FaceCanvas(Painter& painter, const view::Box& place) : painter_(painter), place_(place) {}
 
     void Cls() override { painter_.fill(place_, painter_.theme().face, painter_.theme().shadow); }
     double TextWidth(const std::string& text, const forms::Font& font) override {
@@ -40,7 +40,7 @@ class FaceCanvas final : public forms::Canvas {
 
  private:
     Painter& painter_;
-    Box place_;
+    view::Box place_;
 };
 
 }  // namespace
@@ -51,7 +51,7 @@ unsigned backgroundOf(const forms::Control& surface) {
 }
 
 Painter::Painter(const Device& device, const Graphics& graphics, const Theme& theme,
-                 const Scale& scale, Pictures& pictures)
+                 const view::Scale& scale, Pictures& pictures)
     : device_(device), graphics_(graphics), theme_(theme), scale_(scale), pictures_(pictures) {}
 
 void Painter::paint(forms::Control& surface, sal_Int32 width, sal_Int32 height) {
@@ -59,7 +59,8 @@ void Painter::paint(forms::Control& surface, sal_Int32 width, sal_Int32 height) 
     graphics_->setLineColor(kNothing);
     graphics_->setFillColor(theme_.colour(background_));
     graphics_->drawRect(0, 0, width, height);
-    for (const Placed& placed : sceneOf(surface, scale_.toTwips(width), scale_.toTwips(height))) {
+    for (const view::Placed& placed :
+         view::sceneOf(surface, scale_.toTwips(width), scale_.toTwips(height))) {
         paintControl(placed);
     }
     const auto* const box = dynamic_cast<const forms::PictureBox*>(&surface);
@@ -68,7 +69,7 @@ void Painter::paint(forms::Control& surface, sal_Int32 width, sal_Int32 height) 
     }
 }
 
-void Painter::paintControl(const Placed& placed) {
+void Painter::paintControl(const view::Placed& placed) {
     forms::Control& control = *placed.control;
     if (auto* const face = dynamic_cast<forms::UserControl*>(&control)) {
         paintFace(*face, placed.place);
@@ -83,16 +84,16 @@ void Painter::paintControl(const Placed& placed) {
     }
 }
 
-void Painter::paintFace(forms::UserControl& control, const Box& place) {
+void Painter::paintFace(forms::UserControl& control, const view::Box& place) {
     FaceCanvas canvas(*this, place);
     control.paint(canvas);
 }
 
-void Painter::paintFrame(const forms::Frame& frame, const Box& place) {
+void Painter::paintFrame(const forms::Frame& frame, const view::Box& place) {
     if (frame.BorderStyle == 0) return;
     const rtl::OUString caption = toOffice(frame.Caption.get());
     const double height = scale_.toTwips(textSize(caption, {}).Height);
-    Box border = place;
+    view::Box border = place;
     border.top += height / 2;
     border.height -= height / 2;
     outline(border, theme_.shadow);
@@ -108,7 +109,7 @@ void Painter::paintFrame(const forms::Frame& frame, const Box& place) {
           frame.isUsable() ? text : mixed(text, background, kFaded));
 }
 
-void Painter::paintLabel(const forms::Label& label, const Box& place) {
+void Painter::paintLabel(const forms::Label& label, const view::Box& place) {
     const double lineHeight = scale_.toTwips(textSize({}, {}).Height);
     double top = place.top;
     for (const rtl::OUString& line : linesOf(label, lineHeight)) {
@@ -140,22 +141,22 @@ std::vector<rtl::OUString> Painter::linesOf(const forms::Label& label, double li
     return lines;
 }
 
-void Painter::paintImage(const forms::Image& image, const Box& place) {
+void Painter::paintImage(const forms::Image& image, const view::Box& place) {
     const Pictures::Drawable picture = pictures_.drawable(image.Picture.get(), device_);
-    const css::awt::Rectangle room = scale_.toPixels(place);
+    const view::Rectangle room = scale_.toPixels(place);
     if (picture.bitmap.is() && picture.size.Width > 0 && picture.size.Height > 0) {
-        const double fit = std::min(double(room.Width) / picture.size.Width,
-                                    double(room.Height) / picture.size.Height);
+        const double fit = std::min(double(room.width) / picture.size.Width,
+                                    double(room.height) / picture.size.Height);
         const auto width = static_cast<sal_Int32>(std::lround(picture.size.Width * fit));
         const auto height = static_cast<sal_Int32>(std::lround(picture.size.Height * fit));
         graphics_->draw(picture.bitmap, 0, 0, picture.size.Width, picture.size.Height,
-                        room.X + (room.Width - width) / 2, room.Y + (room.Height - height) / 2,
+                        room.left + (room.width - width) / 2, room.top + (room.height - height) / 2,
                         width, height);
     }
     if (image.BorderStyle != 0) outline(place, theme_.shadow);
 }
 
-void Painter::paintLine(const forms::Line& line, const Box& place) {
+void Painter::paintLine(const forms::Line& line, const view::Box& place) {
     graphics_->setLineColor(theme_.colour(line.BorderColor));
     const sal_Int32 left = scale_.toPixels(place.left);
     const sal_Int32 top = scale_.toPixels(place.top);
@@ -163,14 +164,14 @@ void Painter::paintLine(const forms::Line& line, const Box& place) {
                         scale_.toPixels(place.top + line.Height));
 }
 
-void Painter::fill(const Box& box, sal_Int32 colour, sal_Int32 edge) {
-    const css::awt::Rectangle place = scale_.toPixels(box);
+void Painter::fill(const view::Box& box, sal_Int32 colour, sal_Int32 edge) {
+    const view::Rectangle place = scale_.toPixels(box);
     graphics_->setLineColor(edge);
     graphics_->setFillColor(colour);
-    graphics_->drawRect(place.X, place.Y, place.Width, place.Height);
+    graphics_->drawRect(place.left, place.top, place.width, place.height);
 }
 
-void Painter::outline(const Box& box, sal_Int32 edge) {
+void Painter::outline(const view::Box& box, sal_Int32 edge) {
     fill(box, kNothing, edge);
 }
 

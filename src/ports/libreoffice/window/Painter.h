@@ -5,8 +5,8 @@
 #include <vector>
 
 #include "ports/libreoffice/window/Pictures.h"
-#include "ports/libreoffice/window/Scene.h"
 #include "ports/libreoffice/window/Theme.h"
+#include "view/Scene.h"
 
 namespace huebrush::forms {
 class Frame;
@@ -28,34 +28,34 @@ class Painter {
     using Device = com::sun::star::uno::Reference<com::sun::star::awt::XDevice>;
     using Graphics = com::sun::star::uno::Reference<com::sun::star::awt::XGraphics>;
 
-    Painter(const Device& device, const Graphics& graphics, const Theme& theme, const Scale& scale,
-            Pictures& pictures);
+    Painter(const Device& device, const Graphics& graphics, const Theme& theme,
+            const view::Scale& scale, Pictures& pictures);
 
     /// Draws a surface of a size in pixels and all that shows on it.
     void paint(forms::Control& surface, sal_Int32 width, sal_Int32 height);
 
     // For canvases, in twips of the surface.
-    void fill(const Box& box, sal_Int32 colour, sal_Int32 edge);
+    void fill(const view::Box& box, sal_Int32 colour, sal_Int32 edge);
     void print(const rtl::OUString& text, double x, double y, const forms::Font& font,
                sal_Int32 colour);
     com::sun::star::awt::Size textSize(const rtl::OUString& text, const forms::Font& font);
     const Theme& theme() const { return theme_; }
-    const Scale& scale() const { return scale_; }
+    const view::Scale& scale() const { return scale_; }
 
  private:
-    void paintControl(const Placed& placed);
-    void paintFrame(const forms::Frame& frame, const Box& place);
-    void paintLabel(const forms::Label& label, const Box& place);
+    void paintControl(const view::Placed& placed);
+    void paintFrame(const forms::Frame& frame, const view::Box& place);
+    void paintLabel(const forms::Label& label, const view::Box& place);
     std::vector<rtl::OUString> linesOf(const forms::Label& label, double lineHeight);
-    void paintImage(const forms::Image& image, const Box& place);
-    void paintLine(const forms::Line& line, const Box& place);
-    void paintFace(forms::UserControl& control, const Box& place);
-    void outline(const Box& box, sal_Int32 edge);
+    void paintImage(const forms::Image& image, const view::Box& place);
+    void paintLine(const forms::Line& line, const view::Box& place);
+    void paintFace(forms::UserControl& control, const view::Box& place);
+    void outline(const view::Box& box, sal_Int32 edge);
 
     Device device_;
     Graphics graphics_;
     const Theme& theme_;
-    const Scale& scale_;
+    const view::Scale& scale_;
     Pictures& pictures_;
     unsigned background_ = forms::SystemColor::kButtonFace;
 };

@@ -3,6 +3,9 @@
 #include <com/sun/star/awt/InvalidateStyle.hpp>
 #include <com/sun/star/awt/MouseWheelBehavior.hpp>
 #include <com/sun/star/awt/VclWindowPeerAttribute.hpp>
+#include <com/sun/star/awt/XMouseListener.hpp>
+#include <com/sun/star/awt/XMouseMotionListener.hpp>
+#include <com/sun/star/awt/XNumericField.hpp>
 #include <com/sun/star/awt/XPaintListener.hpp>
 #include <com/sun/star/awt/XSpinField.hpp>
 #include <com/sun/star/awt/XVclWindowPeer.hpp>
@@ -11,7 +14,9 @@
 #include "forms/Form.h"
 #include "ports/libreoffice/uno/Errors.h"
 #include "ports/libreoffice/uno/WeakImplHelper.h"
+#include "ports/libreoffice/window/Input.h"
 #include "ports/libreoffice/window/NativeWindow.h"
+#include "ports/libreoffice/window/native/Native.h"
 
 namespace huebrush::libreoffice {
 
@@ -25,26 +30,26 @@ class Surface::Listener final
     void forget() { surface_ = nullptr; }
 
     void SAL_CALL windowPaint(const css::awt::PaintEvent&) override {
-        if (surface_ != nullptr) ignoringOffice([&] { surface_->callbacks_.paint(*surface_); });
+        if (surface_ != nullptr) ignoringOffice([&] { surface_->owner_->paint(*surface_); });
     }
     void SAL_CALL mousePressed(const css::awt::MouseEvent& event) override {
-        hear(MouseInput::Kind::press, event);
+        hear(view::MouseInput::Kind::press, event);
     }
     void SAL_CALL mouseReleased(const css::awt::MouseEvent& event) override {
-        hear(MouseInput::Kind::release, event);
+        hear(view::MouseInput::Kind::release, event);
     }
     void SAL_CALL mouseDragged(const css::awt::MouseEvent& event) override {
-        hear(MouseInput::Kind::move, event);
+        hear(view::MouseInput::Kind::move, event);
     }
     void SAL_CALL mouseMoved(const css::awt::MouseEvent& event) override {
-        hear(MouseInput::Kind::move, event);
+        hear(view::MouseInput::Kind::move, event);
     }
     /// The first move over a window is told of as this only.
     void SAL_CALL mouseEntered(const css::awt::MouseEvent& event) override {
-        hear(MouseInput::Kind::move, event);
+        hear(view::MouseInput::Kind::move, event);
     }
     void SAL_CALL mouseExited(const css::awt::MouseEvent& event) override {
-        hear(MouseInput::Kind::leave, event);
+        hear(view::MouseInput::Kind::leave, event);
     }
     void SAL_CALL up(const css::awt::SpinEvent&) override { turn(-1); }
     void SAL_CALL down(const css::awt::SpinEvent&) override { turn(1); }
@@ -53,39 +58,39 @@ class Surface::Listener final
     void SAL_CALL disposing(const css::lang::EventObject&) override {}
 
  private:
-    void hear(MouseInput::Kind kind, const css::awt::MouseEvent& event) {
-        if (surface_ != nullptr) surface_->callbacks_.mouse(mouseInput(kind, event));
+    void hear(view::MouseInput::Kind kind, const css::awt::MouseEvent& event) {
+        if (surface_ != nullptr)
+            surface_->owner_->mouse(mouseInput(kind, surface_->control_, event));
     }
     void turn(int notches) {
-        if (surface_ != nullptr) surface_->callbacks_.wheel(*surface_, notches);
+        if (surface_ != nullptr) surface_->owner_->wheel(notches);
     }
 
     Surface* surface_;
 };
 
-Surface::Surface(const css::uno::Reference<css::awt::XToolkit>& toolkit, const Peer& parent,
-                 ControlReference control, Callbacks callbacks)
-    : control_(std::move(control)),
-      callbacks_(std::move(callbacks)),
-      listener_(new Listener(*this)) {
+Surface::Surface(std::shared_ptr<const Owner> owner, const Peer& parent,
+                 view::ControlReference control)
+    : owner_(std::move(owner)), control_(std::move(control)), listener_(new Listener(*this)) {
     Peer container = parent;
     if (control_->control->container() != nullptr) {
-        listenToTheWheel(toolkit, parent);
+        listenToTheWheel(parent);
         container.set(wheelField_, css::uno::UNO_QUERY_THROW);
     }
-    window_ = makeNativeWindow(toolkit, container, "window",
+    window_ = makeNativeWindow(owner_->toolkit, container, "window",
                                css::awt::VclWindowPeerAttribute::CLIPCHILDREN);
     peer_.set(window_, css::uno::UNO_QUERY_THROW);
     window_->addPaintListener(listener_.get());
     window_->addMouseListener(listener_.get());
     window_->addMouseMotionListener(listener_.get());
+    peer_->setBackground(owner_->background(*control_->control));
+    owner_->made(window_);
 }
 
-void Surface::listenToTheWheel(const css::uno::Reference<css::awt::XToolkit>& kit,
-                               const Peer& parent) {
+void Surface::listenToTheWheel(const Peer& parent) {
     constexpr double kFar = 1e9;
-    wheelField_ =
-        makeNativeWindow(kit, parent, "numericfield", css::awt::VclWindowPeerAttribute::NOBORDER);
+    wheelField_ = makeNativeWindow(owner_->toolkit, parent, "numericfield",
+                                   css::awt::VclWindowPeerAttribute::NOBORDER);
     const css::uno::Reference<css::awt::XNumericField> number(wheelField_,
                                                               css::uno::UNO_QUERY_THROW);
     number->setMin(-kFar);
@@ -99,18 +104,14 @@ void Surface::listenToTheWheel(const css::uno::Reference<css::awt::XToolkit>& ki
 
 Surface::~Surface() {
     listener_->forget();
-    for (const ControlReference& control : shown) {
-        if (control->peer != nullptr) control->peer->native.reset();
-    }
-    spare.clear();
     dispose(window_);
     dispose(wheelField_);
 }
 
-void Surface::place(const css::awt::Rectangle& place) {
+void Surface::place(const view::Rectangle& place) {
     const bool moved = moveTo(wheelField_.is() ? wheelField_ : window_, bounds_, place);
     if (moved && wheelField_.is()) {
-        window_->setPosSize(0, 0, place.Width, place.Height, css::awt::PosSize::POSSIZE);
+        window_->setPosSize(0, 0, place.width, place.height, css::awt::PosSize::POSSIZE);
     }
     if (visible_) return;
     visible_ = true;
@@ -130,6 +131,16 @@ void Surface::setToolTip(const std::string& text) {
     toolTip_ = toolTip_.empty() ? text : std::string();
     css::uno::Reference<css::awt::XVclWindowPeer>(peer_, css::uno::UNO_QUERY_THROW)
         ->setProperty("HelpText", css::uno::makeAny(toOffice(toolTip_)));
+}
+
+std::unique_ptr<view::NativeControl> Surface::makeControl(const forms::Control& control) {
+    auto native = Native::make(control, {owner_->toolkit, peer_, owner_->post, owner_->mouse});
+    owner_->made(native->window());
+    return native;
+}
+
+std::unique_ptr<view::NativeSurface> Surface::makeSurface(const view::ControlReference& box) {
+    return std::make_unique<Surface>(owner_, peer_, box);
 }
 
 void Surface::repaint() {

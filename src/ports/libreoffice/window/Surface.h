@@ -1,6 +1,5 @@
 #pragma once
 
-#include <com/sun/star/awt/XNumericField.hpp>
 #include <com/sun/star/awt/XToolkit.hpp>
 #include <com/sun/star/awt/XWindow.hpp>
 #include <com/sun/star/awt/XWindowPeer.hpp>
@@ -8,64 +7,62 @@
 #include <memory>
 #include <rtl/ref.hxx>
 #include <string>
-#include <vector>
 
-#include "ports/libreoffice/window/ControlPeer.h"
-#include "ports/libreoffice/window/MouseInput.h"
-#include "ports/libreoffice/window/native/Native.h"
+#include "ports/libreoffice/uno/Services.h"
+#include "view/MouseInput.h"
+#include "view/Native.h"
 
 namespace huebrush::libreoffice {
 
-/// The native window of a form's inside or of a picture box: its owner draws on it, and native
-/// controls lie on it.
-class Surface {
+/// The office's window for the inside of a form or of a picture box.
+class Surface final : public view::NativeSurface {
  public:
     using Peer = com::sun::star::uno::Reference<com::sun::star::awt::XWindowPeer>;
+    using Window = com::sun::star::uno::Reference<com::sun::star::awt::XWindow>;
 
-    struct Callbacks {
+    /// What all surfaces of a form's window share.
+    struct Owner {
+        com::sun::star::uno::Reference<com::sun::star::awt::XToolkit> toolkit;
         /// Draws the surface, within the toolkit's own painting.
         std::function<void(Surface&)> paint;
-        std::function<void(const MouseInput&)> mouse;
-        /// The wheel was turned over the surface: 1 for towards the user, -1 for away.
-        std::function<void(Surface&, int)> wheel;
+        std::function<void(const view::MouseInput&)> mouse;
+        /// The wheel was turned: 1 for towards the user, -1 for away.
+        std::function<void(int)> wheel;
+        /// Runs what the user did soon, from the event loop.
+        std::function<void(std::function<void()>)> post;
+        /// A new window lies in the form's: a surface or a native control.
+        std::function<void(const Window&)> made;
+        /// The colour of what native controls leave free, as 0xRRGGBB.
+        std::function<sal_Int32(const forms::Control&)> background;
     };
 
-    Surface(const com::sun::star::uno::Reference<com::sun::star::awt::XToolkit>& toolkit,
-            const Peer& parent, ControlReference control, Callbacks callbacks);
-    Surface(const Surface&) = delete;
-    Surface& operator=(const Surface&) = delete;
-    ~Surface();
+    Surface(std::shared_ptr<const Owner> owner, const Peer& parent, view::ControlReference control);
+    ~Surface() override;
+
+    void place(const view::Rectangle& place) override;
+    void hide() override;
+    void repaint() override;
+    void setToolTip(const std::string& text) override;
+    std::unique_ptr<view::NativeControl> makeControl(const forms::Control& control) override;
+    std::unique_ptr<view::NativeSurface> makeSurface(const view::ControlReference& box) override;
 
     /// Nothing once it has ended.
     forms::Control* control() const { return control_->control; }
-    void place(const com::sun::star::awt::Rectangle& place);
-    void hide();
-    /// The tool tip that the mouse brings up where it rests on the surface; nothing for none.
-    void setToolTip(const std::string& text);
-    /// Lets the surface be drawn anew, soon.
-    void repaint();
-
     const Peer& peer() const { return peer_; }
-    const com::sun::star::awt::Rectangle& bounds() const { return bounds_; }
-    com::sun::star::uno::Reference<com::sun::star::awt::XWindow> window() const { return window_; }
-
-    /// The native controls on the surface that show a control, and those that wait for one.
-    std::vector<ControlReference> shown;
-    std::vector<std::unique_ptr<Native>> spare;
+    const view::Rectangle& bounds() const { return bounds_; }
 
  private:
     class Listener;
-    void listenToTheWheel(const com::sun::star::uno::Reference<com::sun::star::awt::XToolkit>& kit,
-                          const Peer& parent);
+    void listenToTheWheel(const Peer& parent);
 
-    ControlReference control_;
-    Callbacks callbacks_;
+    std::shared_ptr<const Owner> owner_;
+    view::ControlReference control_;
     rtl::Reference<Listener> listener_;
-    /// The toolkit tells of the wheel to fields with a number only, so one lies under the surface.
-    com::sun::star::uno::Reference<com::sun::star::awt::XWindow> wheelField_;
-    com::sun::star::uno::Reference<com::sun::star::awt::XWindow> window_;
+    /// The toolkit reports the wheel to fields with a number only, so one lies under the surface.
+    Window wheelField_;
+    Window window_;
     Peer peer_;
-    com::sun::star::awt::Rectangle bounds_{0, 0, 0, 0};
+    view::Rectangle bounds_;
     bool visible_ = false;
     std::string toolTip_;
 };

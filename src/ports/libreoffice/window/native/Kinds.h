@@ -18,7 +18,7 @@ const std::vector<NativeKind>& nativeKinds();
 template <class Kind>
 class NativeOf : public Native {
  public:
-    bool fits(const forms::Control& control) const override { return isFor(control); }
+    bool fits(const forms::Control& control) const final { return isFor(control); }
     static bool isFor(const forms::Control& control) {
         return dynamic_cast<const Kind*>(&control) != nullptr;
     }

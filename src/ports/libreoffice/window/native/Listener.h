@@ -36,24 +36,24 @@ class Native::Listener final
         if (native_ != nullptr) native_->typed();
     }
     void SAL_CALL mousePressed(const com::sun::star::awt::MouseEvent& event) override {
-        hearMouse(MouseInput::Kind::press, event);
+        hearMouse(view::MouseInput::Kind::press, event);
     }
     void SAL_CALL mouseReleased(const com::sun::star::awt::MouseEvent& event) override {
-        hearMouse(MouseInput::Kind::release, event);
+        hearMouse(view::MouseInput::Kind::release, event);
     }
     void SAL_CALL mouseDragged(const com::sun::star::awt::MouseEvent& event) override {
-        hearMouse(MouseInput::Kind::move, event);
+        hearMouse(view::MouseInput::Kind::move, event);
     }
     void SAL_CALL mouseMoved(const com::sun::star::awt::MouseEvent& event) override {
-        hearMouse(MouseInput::Kind::move, event);
+        hearMouse(view::MouseInput::Kind::move, event);
     }
     void SAL_CALL mouseEntered(const com::sun::star::awt::MouseEvent&) override {}
     void SAL_CALL mouseExited(const com::sun::star::awt::MouseEvent&) override {}
     void SAL_CALL disposing(const com::sun::star::lang::EventObject&) override {}
 
  private:
-    void hearMouse(MouseInput::Kind kind, const com::sun::star::awt::MouseEvent& event) {
-        if (native_ != nullptr) native_->heardMouse(mouseInput(kind, event));
+    void hearMouse(view::MouseInput::Kind kind, const com::sun::star::awt::MouseEvent& event) {
+        if (native_ != nullptr) native_->heardMouse(kind, event);
     }
 
     Native* native_;

@@ -1,11 +1,11 @@
 #include "ports/libreoffice/window/native/Native.h"
 
-#include <algorithm>
 #include <com/sun/star/awt/XVclWindowPeer.hpp>
 #include <com/sun/star/awt/XWindow2.hpp>
 #include <com/sun/star/style/VerticalAlignment.hpp>
 
 #include "forms/Form.h"
+#include "ports/libreoffice/window/Input.h"
 #include "ports/libreoffice/window/NativeWindow.h"
 #include "ports/libreoffice/window/native/Kinds.h"
 #include "ports/libreoffice/window/native/Listener.h"
@@ -33,12 +33,7 @@ std::unique_ptr<Native> Native::make(const forms::Control& control, const Native
     return nullptr;
 }
 
-bool Native::isFor(const forms::Control& control) {
-    return std::ranges::any_of(nativeKinds(),
-                               [&](const NativeKind& kind) { return kind.isFor(control); });
-}
-
-void Native::show(const ControlReference& control, const css::awt::Rectangle& place) {
+void Native::show(const view::ControlReference& control, const view::Rectangle& place) {
     control_ = control;
     mirrorCommon(*control->control, place);
     mirror(*control->control);
@@ -56,7 +51,7 @@ bool Native::hasFocus() const {
     return window.is() && window->hasFocus();
 }
 
-void Native::mirrorCommon(const forms::Control& control, const css::awt::Rectangle& place) {
+void Native::mirrorCommon(const forms::Control& control, const view::Rectangle& place) {
     moveTo(window_, place_, place);
     if (const bool enabled = control.isUsable(); enabled != enabled_) {
         enabled_ = enabled;
@@ -82,15 +77,15 @@ void Native::setCaption(const std::string& caption) {
     setProperty("Label", css::uno::makeAny(toOffice(caption).replace('&', '~')));
 }
 
-void Native::heardMouse(const MouseInput& input) {
-    if (input.kind == MouseInput::Kind::press && takesFocusByMouse()) {
+void Native::heardMouse(view::MouseInput::Kind kind, const css::awt::MouseEvent& event) {
+    if (kind == view::MouseInput::Kind::press && takesFocusByMouse()) {
         post<forms::Control>([](forms::Control& control) {
             control.form().handle([&] {
                 if (control.isUsable()) control.SetFocus();
             });
         });
     }
-    site_.mouse(input);
+    site_.mouse(mouseInput(kind, control_, event));
 }
 
 }  // namespace huebrush::libreoffice

@@ -3,6 +3,7 @@
 #include <com/sun/star/awt/ActionEvent.hpp>
 #include <com/sun/star/awt/AdjustmentEvent.hpp>
 #include <com/sun/star/awt/ItemEvent.hpp>
+#include <com/sun/star/awt/MouseEvent.hpp>
 #include <com/sun/star/awt/XToolkit.hpp>
 #include <com/sun/star/awt/XWindow.hpp>
 #include <com/sun/star/awt/XWindowPeer.hpp>
@@ -12,8 +13,8 @@
 #include <string_view>
 
 #include "ports/libreoffice/uno/Services.h"
-#include "ports/libreoffice/window/ControlPeer.h"
-#include "ports/libreoffice/window/MouseInput.h"
+#include "view/MouseInput.h"
+#include "view/Native.h"
 
 namespace huebrush::libreoffice {
 
@@ -23,34 +24,27 @@ struct NativeSite {
     com::sun::star::uno::Reference<com::sun::star::awt::XWindowPeer> parent;
     /// Runs what the user did soon, from the event loop.
     std::function<void(std::function<void()>)> post;
-    /// Hears of the mouse in a native control, in pixels of that.
-    std::function<void(const MouseInput&)> mouse;
+    /// Hears of the mouse in a native control.
+    std::function<void(const view::MouseInput&)> mouse;
 };
 
 /// A control of the office's toolkit that shows a control of ours and hands on what the user does
 /// with it. It may show another one later.
-class Native {
+class Native : public view::NativeControl {
  public:
-    Native(const Native&) = delete;
-    Native& operator=(const Native&) = delete;
-    virtual ~Native();
+    ~Native() override;
 
-    /// Whether controls of this one's kind have native controls at all.
-    static bool isFor(const forms::Control& control);
-    /// A native control of that kind, hidden.
+    /// A native control of that kind, hidden; nothing where there is none for the kind.
     static std::unique_ptr<Native> make(const forms::Control& control, const NativeSite& site);
 
-    /// Whether this could show the control.
-    virtual bool fits(const forms::Control& control) const = 0;
-    /// Shows the control at a place in pixels of the site.
-    void show(const ControlReference& control, const com::sun::star::awt::Rectangle& place);
-    void hide();
+    void show(const view::ControlReference& control, const view::Rectangle& place) final;
+    void hide() final;
+    bool hasFocus() const final;
+    void takeFocus() final { window_->setFocus(); }
 
     const com::sun::star::uno::Reference<com::sun::star::awt::XWindow>& window() const {
         return window_;
     }
-    const com::sun::star::awt::Rectangle& place() const { return place_; }
-    bool hasFocus() const;
 
  protected:
     Native(NativeSite site, std::string_view service, sal_Int32 attributes = 0);
@@ -63,11 +57,11 @@ class Native {
     void centreVertically();
     /// The text with the office's mark of the access key.
     void setCaption(const std::string& caption);
-    /// A deed of the user on the control that is shown now.
+    /// What the user does to the control that is shown now.
     template <class Kind>
-    void post(std::function<void(Kind&)> deed) {
-        site_.post([control = control_, deed = std::move(deed)] {
-            if (control->control != nullptr) deed(dynamic_cast<Kind&>(*control->control));
+    void post(std::function<void(Kind&)> action) {
+        site_.post([control = control_, action = std::move(action)] {
+            if (control->control != nullptr) action(dynamic_cast<Kind&>(*control->control));
         });
     }
 
@@ -84,14 +78,14 @@ class Native {
     Listener* listener() const { return listener_.get(); }
 
  private:
-    void heardMouse(const MouseInput& input);
-    void mirrorCommon(const forms::Control& control, const com::sun::star::awt::Rectangle& place);
+    void heardMouse(view::MouseInput::Kind kind, const com::sun::star::awt::MouseEvent& event);
+    void mirrorCommon(const forms::Control& control, const view::Rectangle& place);
 
     NativeSite site_;
     com::sun::star::uno::Reference<com::sun::star::awt::XWindow> window_;
     rtl::Reference<Listener> listener_;
-    ControlReference control_;
-    com::sun::star::awt::Rectangle place_{0, 0, 0, 0};
+    view::ControlReference control_;
+    view::Rectangle place_;
     bool visible_ = false;
     bool enabled_ = true;
     std::string toolTip_;

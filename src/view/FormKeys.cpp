@@ -1,25 +1,20 @@
-#include "ports/libreoffice/window/FormKeys.h"
+#include "view/FormKeys.h"
 
 #include <algorithm>
-#include <com/sun/star/awt/Key.hpp>
-#include <com/sun/star/awt/KeyModifier.hpp>
 #include <iterator>
-#include <utility>
+#include <vector>
 
 #include "forms/Controls.h"
-#include "ports/libreoffice/window/AccessKeys.h"
-#include "ports/libreoffice/window/MouseInput.h"
+#include "view/AccessKeys.h"
 
-namespace huebrush::libreoffice {
+namespace huebrush::view {
 
-namespace css = com::sun::star;
-namespace Key = com::sun::star::awt::Key;
+namespace KeyCode = forms::KeyCode;
+namespace Shift = forms::Shift;
 
 namespace {
 
-using Deed = std::function<void(forms::Form&)>;
-
-Deed moveFocus(bool backwards) {
+FormAction moveFocus(bool backwards) {
     return [backwards](forms::Form& form) { form.handle([&] { form.focusNext(backwards); }); };
 }
 
@@ -52,7 +47,7 @@ void chooseBeside(forms::OptionButton& option, bool backwards) {
     (std::next(at) == options.end() ? options.front() : *std::next(at))->choose();
 }
 
-Deed arrow(bool backwards) {
+FormAction arrow(bool backwards) {
     return [backwards](forms::Form& form) {
         if (auto* const option = dynamic_cast<forms::OptionButton*>(form.focused())) {
             chooseBeside(*option, backwards);
@@ -69,16 +64,14 @@ bool isButtonLike(const forms::Control* control) {
            dynamic_cast<const forms::OptionButton*>(control) != nullptr;
 }
 
-Deed deedOfArrow(const forms::Form& form, sal_Int16 code, sal_Int16 modifiers) {
+FormAction actionOfArrow(const forms::Form& form, const Key& key) {
     if (!isButtonLike(form.focused())) return {};
-    if (modifiers != 0) return [](forms::Form&) {};
-    return arrow(code == Key::UP || code == Key::LEFT);
+    if (key.shift != Shift::kNone) return [](forms::Form&) {};
+    return arrow(key.code == KeyCode::kUp || key.code == KeyCode::kLeft);
 }
 
-Deed deedOfLetter(forms::Form& form, sal_Int16 code) {
-    if (code < Key::A || code > Key::Z) return {};
-    const char letter = static_cast<char>('a' + (code - Key::A));
-    if (controlOfAccessKey(form, letter) == nullptr) return {};
+FormAction actionOfLetter(forms::Form& form, char letter) {
+    if (letter == '\0' || controlOfAccessKey(form, letter) == nullptr) return {};
     return [letter](forms::Form& called) {
         if (forms::Control* const control = controlOfAccessKey(called, letter)) {
             callByAccessKey(*control);
@@ -87,16 +80,16 @@ Deed deedOfLetter(forms::Form& form, sal_Int16 code) {
 }
 
 /// What the keyboards that have a context-menu key do with it, for those that have none.
-Deed openContextMenu(const forms::Form& form) {
+FormAction openContextMenu(const forms::Form& form) {
     if (dynamic_cast<const forms::CheckBox*>(form.focused()) == nullptr) return {};
     return [](forms::Form& at) {
         if (auto* const box = dynamic_cast<forms::CheckBox*>(at.focused())) {
-            box->keyUp(forms::KeyCode::kContextMenu, forms::Shift::kNone);
+            box->keyUp(KeyCode::kContextMenu, Shift::kNone);
         }
     };
 }
 
-Deed cancel(const forms::Form& form) {
+FormAction cancel(const forms::Form& form) {
     if (form.dragged() != nullptr) return [](forms::Form&) {};
     // A form that stays has the key all the same: the office's dialog would end by it.
     return [](forms::Form& escaped) {
@@ -106,63 +99,59 @@ Deed cancel(const forms::Form& form) {
     };
 }
 
-/// The classic number of a key; 0 for one that means nothing here.
-std::int16_t classicCode(sal_Int16 code) {
+/// Whether check boxes hear of the release of a key.
+bool isHeardByBoxes(std::int16_t code) {
     switch (code) {
-        case Key::BACKSPACE:
-            return forms::KeyCode::kBack;
-        case Key::UP:
-            return forms::KeyCode::kUp;
-        case Key::DOWN:
-            return forms::KeyCode::kDown;
-        case Key::DELETE:
-            return forms::KeyCode::kDelete;
-        case Key::CONTEXTMENU:
-            return forms::KeyCode::kContextMenu;
-        case Key::SPACE:
-            return forms::KeyCode::kSpace;
+        case KeyCode::kBack:
+        case KeyCode::kUp:
+        case KeyCode::kDown:
+        case KeyCode::kDelete:
+        case KeyCode::kContextMenu:
+        case KeyCode::kSpace:
+            return true;
         default:
-            return 0;
+            return false;
     }
 }
 
 }  // namespace
 
-Deed deedOfKey(forms::Form& form, const css::awt::KeyEvent& key) {
-    switch (key.KeyCode) {
-        case Key::TAB:
-            if ((key.Modifiers & ~css::awt::KeyModifier::SHIFT) != 0) return {};
-            return moveFocus((key.Modifiers & css::awt::KeyModifier::SHIFT) != 0);
-        case Key::RETURN:
+FormAction actionOfKey(forms::Form& form, const Key& key) {
+    switch (key.code) {
+        case KeyCode::kTab:
+            if ((key.shift & ~Shift::kShift) != 0) return {};
+            return moveFocus((key.shift & Shift::kShift) != 0);
+        case KeyCode::kReturn:
             return pressByReturn;
-        case Key::ESCAPE:
+        case KeyCode::kEscape:
             return cancel(form);
-        case Key::F10:
-            if (key.Modifiers != css::awt::KeyModifier::SHIFT) break;
+        case KeyCode::kF10:
+            if (key.shift != Shift::kShift) break;
             return openContextMenu(form);
-        case Key::UP:
-        case Key::DOWN:
-        case Key::LEFT:
-        case Key::RIGHT:
-            return deedOfArrow(form, key.KeyCode, key.Modifiers);
+        case KeyCode::kUp:
+        case KeyCode::kDown:
+        case KeyCode::kLeft:
+        case KeyCode::kRight:
+            return actionOfArrow(form, key);
         default:
             break;
     }
-    if (key.Modifiers == css::awt::KeyModifier::MOD2) return deedOfLetter(form, key.KeyCode);
+    if (key.shift == Shift::kAlt) return actionOfLetter(form, letterOf(key));
     // What a box or button has no use for would go to the windows around it.
-    if (isButtonLike(form.focused()) && key.KeyCode != Key::SPACE && key.Modifiers == 0) {
+    if (isButtonLike(form.focused()) && key.code != KeyCode::kSpace && key.shift == Shift::kNone) {
         return [](forms::Form&) {};
     }
     return {};
 }
 
-Deed deedOfReleasedKey(forms::Form& form, const css::awt::KeyEvent& key) {
+FormAction actionOfReleasedKey(forms::Form& form, const Key& key) {
     if (dynamic_cast<forms::CheckBox*>(form.focused()) == nullptr) return {};
-    const std::int16_t code = classicCode(key.KeyCode);
-    if (code == 0) return {};
-    return [code, shift = shiftState(key.Modifiers)](forms::Form& at) {
-        if (auto* const box = dynamic_cast<forms::CheckBox*>(at.focused())) box->keyUp(code, shift);
+    if (!isHeardByBoxes(key.code)) return {};
+    return [key](forms::Form& at) {
+        if (auto* const box = dynamic_cast<forms::CheckBox*>(at.focused())) {
+            box->keyUp(key.code, key.shift);
+        }
     };
 }
 
-}  // namespace huebrush::libreoffice
+}  // namespace huebrush::view

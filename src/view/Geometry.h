@@ -2,11 +2,41 @@
 
 #include <algorithm>
 #include <cmath>
-#include <com/sun/star/awt/Rectangle.hpp>
+#include <cstdint>
 
 #include "base/Units.h"
 
-namespace huebrush::libreoffice {
+namespace huebrush::view {
+
+/// A place in pixels, from the upper left corner of a window's inside.
+struct Point {
+    std::int32_t x = 0;
+    std::int32_t y = 0;
+
+    bool operator==(const Point&) const = default;
+};
+
+/// In pixels.
+struct Size {
+    std::int32_t width = 0;
+    std::int32_t height = 0;
+
+    bool operator==(const Size&) const = default;
+};
+
+/// A place and size in pixels.
+struct Rectangle {
+    std::int32_t left = 0;
+    std::int32_t top = 0;
+    std::int32_t width = 0;
+    std::int32_t height = 0;
+
+    bool contains(const Point& point) const {
+        return point.x >= left && point.x < left + width && point.y >= top &&
+               point.y < top + height;
+    }
+    bool operator==(const Rectangle&) const = default;
+};
 
 /// A place and size in twips.
 struct Box {
@@ -36,14 +66,14 @@ class Scale {
  public:
     explicit Scale(double dotsPerInch = 96) : pixelsPerTwip_(dotsPerInch / base::kTwipsPerInch) {}
 
-    sal_Int32 toPixels(double twips) const {
-        return static_cast<sal_Int32>(std::lround(twips * pixelsPerTwip_));
+    std::int32_t toPixels(double twips) const {
+        return static_cast<std::int32_t>(std::lround(twips * pixelsPerTwip_));
     }
-    double toTwips(sal_Int32 pixels) const { return pixels / pixelsPerTwip_; }
+    double toTwips(std::int32_t pixels) const { return pixels / pixelsPerTwip_; }
     /// Boxes that meet in twips meet in pixels.
-    com::sun::star::awt::Rectangle toPixels(const Box& box) const {
-        const sal_Int32 left = toPixels(box.left);
-        const sal_Int32 top = toPixels(box.top);
+    Rectangle toPixels(const Box& box) const {
+        const std::int32_t left = toPixels(box.left);
+        const std::int32_t top = toPixels(box.top);
         return {left, top, std::max(0, toPixels(box.right()) - left),
                 std::max(0, toPixels(box.bottom()) - top)};
     }
@@ -52,4 +82,4 @@ class Scale {
     double pixelsPerTwip_;
 };
 
-}  // namespace huebrush::libreoffice
+}  // namespace huebrush::view

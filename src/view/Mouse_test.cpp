@@ -1,4 +1,4 @@
-#include "ports/libreoffice/window/Mouse.h"
+#include "view/Mouse.h"
 
 #include <gtest/gtest.h>
 
@@ -9,14 +9,14 @@
 
 #include "forms/Controls.h"
 #include "forms/Form.h"
-#include "ports/libreoffice/window/ControlPeer.h"
 #include "ports/memory/MemoryRuntime.h"
+#include "view/ControlPeer.h"
 
 namespace huebrush::tests {
 namespace {
 
-using libreoffice::ControlPeer;
-using libreoffice::Mouse;
+using view::ControlPeer;
+using view::Mouse;
 using Names = std::vector<std::string>;
 
 constexpr std::int16_t kNone = 0;
@@ -63,7 +63,7 @@ class MouseTest : public ::testing::Test {
     MouseTest() {
         for (forms::Control* const control : form->children()) {
             control->setPeer(
-                std::make_unique<ControlPeer>(*control, std::weak_ptr<libreoffice::FormWindow>()));
+                std::make_unique<ControlPeer>(*control, std::weak_ptr<view::FormView>()));
         }
     }
     Mouse::Place at(double x) const { return {form.get(), x, 50, 300, 100}; }

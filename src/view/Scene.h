@@ -3,9 +3,9 @@
 #include <vector>
 
 #include "forms/Control.h"
-#include "ports/libreoffice/window/Geometry.h"
+#include "view/Geometry.h"
 
-namespace huebrush::libreoffice {
+namespace huebrush::view {
 
 /// A control where it lies on a surface, and the part of its place that shows there, in twips of
 /// the surface.
@@ -19,6 +19,9 @@ struct Placed {
 /// box that lies in no other. All else is drawn on one of these.
 bool isSurface(const forms::Control& control);
 
+/// Whether a control has a native one of its own: those that take the focus, and scroll bars.
+bool isNative(const forms::Control& control);
+
 /// The controls inside `surface` that show in a view of this size, from the lowest to the
 /// uppermost; of surfaces within it only their place.
 std::vector<Placed> sceneOf(const forms::Control& surface, double width, double height);
@@ -29,4 +32,4 @@ Box placeOnSurface(const forms::Control& control);
 /// The surface that a control is drawn on.
 forms::Control& surfaceOf(forms::Control& control);
 
-}  // namespace huebrush::libreoffice
+}  // namespace huebrush::view

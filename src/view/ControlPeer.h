@@ -3,12 +3,13 @@
 #include <memory>
 
 #include "forms/Control.h"
+#include "view/Geometry.h"
 
-namespace huebrush::libreoffice {
+namespace huebrush::view {
 
-class FormWindow;
-class Native;
 class ControlPeer;
+class FormView;
+class NativeControl;
 
 /// A control, for what may outlive it: both are nothing once the control has ended or its form has
 /// left the screen.
@@ -18,11 +19,11 @@ struct ControlHandle {
 };
 using ControlReference = std::shared_ptr<const ControlHandle>;
 
-/// What stands for a control in a form's window: tells the window of changes, and owns the native
+/// What stands for a control in the view of its form: notifies that of changes, and owns the native
 /// control while there is one.
 class ControlPeer final : public forms::Peer {
  public:
-    ControlPeer(forms::Control& control, std::weak_ptr<FormWindow> window);
+    ControlPeer(forms::Control& control, std::weak_ptr<FormView> view);
     ~ControlPeer() override;
 
     /// The peer of a control that is on the screen; nothing for any other.
@@ -32,14 +33,16 @@ class ControlPeer final : public forms::Peer {
 
     const ControlReference& reference() const { return reference_; }
 
-    /// The native control, and the pass of the window in which it was last shown.
-    std::unique_ptr<Native> native;
+    /// The native control, its place on its surface, and the pass of the view in which the control
+    /// was last shown.
+    std::unique_ptr<NativeControl> native;
+    Rectangle place;
     unsigned shownInPass = 0;
 
  private:
-    std::weak_ptr<FormWindow> window_;
+    std::weak_ptr<FormView> view_;
     std::shared_ptr<ControlHandle> handle_;
     ControlReference reference_;
 };
 
-}  // namespace huebrush::libreoffice
+}  // namespace huebrush::view

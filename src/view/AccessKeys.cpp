@@ -1,4 +1,4 @@
-#include "ports/libreoffice/window/AccessKeys.h"
+#include "view/AccessKeys.h"
 
 #include <algorithm>
 #include <cctype>
@@ -7,7 +7,7 @@
 
 #include "forms/Controls.h"
 
-namespace huebrush::libreoffice {
+namespace huebrush::view {
 
 namespace {
 
@@ -54,4 +54,4 @@ void callByAccessKey(forms::Control& control) {
     if (auto* const option = dynamic_cast<forms::OptionButton*>(&control)) option->choose();
 }
 
-}  // namespace huebrush::libreoffice
+}  // namespace huebrush::view

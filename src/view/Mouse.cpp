@@ -1,11 +1,11 @@
-#include "ports/libreoffice/window/Mouse.h"
+#include "view/Mouse.h"
 
 #include <algorithm>
 
 #include "forms/UserControl.h"
-#include "ports/libreoffice/window/Scene.h"
+#include "view/Scene.h"
 
-namespace huebrush::libreoffice {
+namespace huebrush::view {
 
 namespace {
 
@@ -185,4 +185,4 @@ void Mouse::cancelDrag(forms::Form& form) {
     form.handle([&] { form.dropAt(nullptr, 0, 0); });
 }
 
-}  // namespace huebrush::libreoffice
+}  // namespace huebrush::view

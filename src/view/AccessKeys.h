@@ -2,7 +2,7 @@
 
 #include "forms/Form.h"
 
-namespace huebrush::libreoffice {
+namespace huebrush::view {
 
 /// The usable control whose caption marks this letter as its access key; of several, the next after
 /// the one that has the focus. Nothing where there is none.
@@ -12,4 +12,4 @@ forms::Control* controlOfAccessKey(forms::Form& form, char letter);
 /// chosen.
 void callByAccessKey(forms::Control& control);
 
-}  // namespace huebrush::libreoffice
+}  // namespace huebrush::view

@@ -5,10 +5,10 @@
 
 #include "forms/Controls.h"
 #include "forms/Form.h"
-#include "ports/libreoffice/window/ControlPeer.h"
-#include "ports/libreoffice/window/Geometry.h"
+#include "view/ControlPeer.h"
+#include "view/Geometry.h"
 
-namespace huebrush::libreoffice {
+namespace huebrush::view {
 
 /// The mouse over a surface: presses and releases on images, the focus that a press gives, and the
 /// dragging of controls.
@@ -52,4 +52,4 @@ class Mouse {
     bool twice_ = false;
 };
 
-}  // namespace huebrush::libreoffice
+}  // namespace huebrush::view

@@ -1,11 +1,11 @@
-#include "ports/libreoffice/window/Scene.h"
+#include "view/Scene.h"
 
 #include <algorithm>
 
 #include "forms/Controls.h"
 #include "forms/Form.h"
 
-namespace huebrush::libreoffice {
+namespace huebrush::view {
 
 namespace {
 
@@ -19,6 +19,11 @@ Box boxOf(const forms::Control& control, double left, double top) {
         box.height = std::max(box.height, kLineThickness);
     }
     return box;
+}
+
+template <class... Kinds>
+bool isAnyOf(const forms::Control& control) {
+    return ((dynamic_cast<const Kinds*>(&control) != nullptr) || ...);
 }
 
 void collect(const forms::Control& container, double left, double top, const Box& clip,
@@ -47,6 +52,11 @@ bool isSurface(const forms::Control& control) {
     return true;
 }
 
+bool isNative(const forms::Control& control) {
+    return isAnyOf<forms::CommandButton, forms::CheckBox, forms::OptionButton, forms::VScrollBar,
+                   forms::ListBox, forms::TextBox>(control);
+}
+
 std::vector<Placed> sceneOf(const forms::Control& surface, double width, double height) {
     std::vector<Placed> scene;
     collect(surface, 0, 0, {0, 0, width, height}, scene);
@@ -68,4 +78,4 @@ forms::Control& surfaceOf(forms::Control& control) {
     return *at;
 }
 
-}  // namespace huebrush::libreoffice
+}  // namespace huebrush::view

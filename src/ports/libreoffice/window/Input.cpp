@@ -1,0 +1,78 @@
+#include "ports/libreoffice/window/Input.h"
+
+#include <com/sun/star/awt/Key.hpp>
+#include <com/sun/star/awt/KeyModifier.hpp>
+#include <com/sun/star/awt/MouseButton.hpp>
+
+namespace huebrush::libreoffice {
+
+namespace css = com::sun::star;
+namespace Key = com::sun::star::awt::Key;
+namespace KeyCode = forms::KeyCode;
+
+namespace {
+
+std::int16_t shiftState(sal_Int16 modifiers) {
+    int state = forms::Shift::kNone;
+    if ((modifiers & css::awt::KeyModifier::SHIFT) != 0) state |= forms::Shift::kShift;
+    if ((modifiers & css::awt::KeyModifier::MOD1) != 0) state |= forms::Shift::kCtrl;
+    if ((modifiers & css::awt::KeyModifier::MOD2) != 0) state |= forms::Shift::kAlt;
+    return static_cast<std::int16_t>(state);
+}
+
+std::int16_t classicCode(sal_Int16 code) {
+    if (code >= Key::A && code <= Key::Z) return static_cast<std::int16_t>('A' + (code - Key::A));
+    switch (code) {
+        case Key::BACKSPACE:
+            return KeyCode::kBack;
+        case Key::TAB:
+            return KeyCode::kTab;
+        case Key::RETURN:
+            return KeyCode::kReturn;
+        case Key::ESCAPE:
+            return KeyCode::kEscape;
+        case Key::SPACE:
+            return KeyCode::kSpace;
+        case Key::END:
+            return KeyCode::kEnd;
+        case Key::HOME:
+            return KeyCode::kHome;
+        case Key::LEFT:
+            return KeyCode::kLeft;
+        case Key::UP:
+            return KeyCode::kUp;
+        case Key::RIGHT:
+            return KeyCode::kRight;
+        case Key::DOWN:
+            return KeyCode::kDown;
+        case Key::DELETE:
+            return KeyCode::kDelete;
+        case Key::CONTEXTMENU:
+            return KeyCode::kContextMenu;
+        case Key::F10:
+            return KeyCode::kF10;
+        default:
+            return 0;
+    }
+}
+
+}  // namespace
+
+view::Key keyOf(const css::awt::KeyEvent& event) {
+    return {classicCode(event.KeyCode), shiftState(event.Modifiers)};
+}
+
+view::MouseInput mouseInput(view::MouseInput::Kind kind, const view::ControlReference& control,
+                            const css::awt::MouseEvent& event) {
+    view::MouseInput input;
+    input.kind = kind;
+    input.control = control;
+    input.at = {event.X, event.Y};
+    if ((event.Buttons & css::awt::MouseButton::LEFT) != 0) input.button = 1;
+    if ((event.Buttons & css::awt::MouseButton::RIGHT) != 0) input.button = 2;
+    input.shift = shiftState(event.Modifiers);
+    input.twice = event.ClickCount == 2;
+    return input;
+}
+
+}  // namespace huebrush::libreoffice

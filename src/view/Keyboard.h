@@ -1,0 +1,34 @@
+#pragma once
+
+#include <optional>
+
+#include "view/Key.h"
+
+namespace huebrush::view {
+
+class FormView;
+
+/// The keys in a form's window that mean the same wherever the focus is: they are an open menu's,
+/// move the focus, press the default button, call controls by their access keys, and close the
+/// form. Check boxes hear of released keys here, too.
+class Keyboard {
+ public:
+    explicit Keyboard(FormView& view) : view_(view) {}
+    Keyboard(const Keyboard&) = delete;
+    Keyboard& operator=(const Keyboard&) = delete;
+
+    /// A key goes down. Whether it is used up: if not, it is the native control's that has the
+    /// focus.
+    bool press(const Key& key);
+    /// A key goes up. Whether it is used up.
+    bool release(const Key& key);
+
+ private:
+    FormView& view_;
+    /// The key that went down last, and the same if an open menu has had it: its release is the
+    /// menu's, too.
+    Key pressed_;
+    std::optional<std::int16_t> menuKey_;
+};
+
+}  // namespace huebrush::view

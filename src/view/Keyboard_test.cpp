@@ -1,0 +1,249 @@
+#include "view/Keyboard.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "forms/Controls.h"
+#include "ports/memory/MemoryRuntime.h"
+#include "view/FakeToolkit_test_support.h"
+
+namespace huebrush::view {
+namespace {
+
+namespace KeyCode = forms::KeyCode;
+namespace Shift = forms::Shift;
+using Names = std::vector<std::string>;
+
+constexpr std::int16_t kUnknown = 0;
+constexpr std::int16_t kBoth = Shift::kShift | Shift::kCtrl;
+
+/// One of each kind that keys mean something to.
+class KeyForm final : public forms::Form {
+ public:
+    KeyForm() : Form("KeyForm") {
+        Move(0, 0, 3000, 3000);
+        double top = 0;
+        for (forms::Control* const control : children()) {
+            control->Move(0, top, 300, 200);
+            top += 200;
+        }
+        ok.Caption = std::string("&Ok");
+        other.Caption = std::string("&Other");
+        box.Caption = std::string("&Box");
+        first.Caption = std::string("&First");
+        ok.Default = true;
+        ok.Click.connect([this] { events.emplace_back("ok"); });
+        other.Click.connect([this] { events.emplace_back("other"); });
+        box.Click.connect([this] { events.emplace_back("box"); });
+        box.KeyUp.connect([this](std::int16_t code, std::int16_t shift) {
+            events.push_back(std::to_string(code) + "+" + std::to_string(shift));
+        });
+    }
+    bool endsByEscape() const override { return endsByEscape_; }
+
+    forms::CommandButton ok{*this, "ok"};
+    forms::CommandButton other{*this, "other"};
+    forms::CheckBox box{*this, "box"};
+    forms::TextBox field{*this, "field"};
+    forms::OptionButton first{*this, "first"};
+    forms::OptionButton off{*this, "off"};
+    forms::OptionButton last{*this, "last"};
+    forms::Image image{*this, "image"};
+    Names events;
+    bool endsByEscape_ = true;
+};
+
+/// A menu that hears keys.
+class HearingMenu final : public NativeMenu {
+ public:
+    void press(const Key& key) override { heard.push_back(key.code); }
+    void end() override { ended = true; }
+
+    std::vector<std::int16_t> heard;
+    bool ended = false;
+};
+
+class KeyboardTest : public ::testing::Test {
+ protected:
+    KeyboardTest() {
+        form->off.Enabled = false;
+        view->open(Scale());
+    }
+
+    void focus(forms::Control& control) {
+        view->post([&] { control.SetFocus(); });
+        frame.turn(*view);
+    }
+    /// A key goes down and up again. Whether the press was used up.
+    bool type(std::int16_t code, std::int16_t shift = Shift::kNone) {
+        const bool used = view->keyboard().press({code, shift});
+        view->keyboard().release({code, shift});
+        frame.turn(*view);
+        return used;
+    }
+    Names events() { return std::exchange(form->events, {}); }
+
+    memory::MemoryRuntime runtime;
+    forms::RuntimeScope scope{runtime};
+    std::shared_ptr<KeyForm> form = std::make_shared<KeyForm>();
+    FakeFrame frame;
+    std::shared_ptr<FormView> view = std::make_shared<FormView>(*form, frame);
+};
+
+TEST_F(KeyboardTest, TabMovesTheFocusForwardsAndBackwards) {
+    EXPECT_TRUE(type(KeyCode::kTab));
+    EXPECT_EQ(form->focused(), &form->other);
+    EXPECT_TRUE(type(KeyCode::kTab, Shift::kShift));
+    EXPECT_EQ(form->focused(), &form->ok);
+    EXPECT_FALSE(type(KeyCode::kTab, Shift::kCtrl)) << "the desktop's";
+    EXPECT_EQ(form->focused(), &form->ok);
+}
+
+TEST_F(KeyboardTest, ReturnPressesTheButtonWithTheFocusOrElseTheDefaultOne) {
+    focus(form->other);
+    EXPECT_TRUE(type(KeyCode::kReturn));
+    EXPECT_EQ(events(), Names{"other"});
+    focus(form->field);
+    EXPECT_TRUE(type(KeyCode::kReturn));
+    EXPECT_EQ(events(), Names{"ok"});
+}
+
+TEST_F(KeyboardTest, EscapeEndsTheForm) {
+    EXPECT_TRUE(type(KeyCode::kEscape));
+    EXPECT_TRUE(form->isUnloaded());
+}
+
+TEST_F(KeyboardTest, EscapeIsUsedUpByAFormThatStays) {
+    form->endsByEscape_ = false;
+    EXPECT_TRUE(type(KeyCode::kEscape));
+    EXPECT_FALSE(form->isUnloaded());
+}
+
+TEST_F(KeyboardTest, EscapeEndsADragAndNotTheForm) {
+    form->image.Drag();
+    EXPECT_TRUE(type(KeyCode::kEscape));
+    EXPECT_EQ(form->dragged(), nullptr);
+    EXPECT_FALSE(form->isUnloaded());
+}
+
+TEST_F(KeyboardTest, ArrowsMoveTheFocusFromAButtonAndStayInAField) {
+    EXPECT_TRUE(type(KeyCode::kRight));
+    EXPECT_EQ(form->focused(), &form->other);
+    EXPECT_TRUE(type(KeyCode::kUp));
+    EXPECT_EQ(form->focused(), &form->ok);
+    EXPECT_TRUE(type(KeyCode::kDown, Shift::kShift));
+    EXPECT_EQ(form->focused(), &form->ok) << "with a shift key they are for released keys only";
+    focus(form->field);
+    EXPECT_FALSE(type(KeyCode::kLeft));
+    EXPECT_EQ(form->focused(), &form->field);
+}
+
+TEST_F(KeyboardTest, ArrowsChooseTheOptionBesideRoundAndRound) {
+    focus(form->first);
+    type(KeyCode::kDown);
+    EXPECT_TRUE(form->last.Value) << "the one between is disabled";
+    focus(form->last);
+    type(KeyCode::kDown);
+    EXPECT_TRUE(form->first.Value);
+    focus(form->first);
+    type(KeyCode::kUp);
+    EXPECT_TRUE(form->last.Value);
+}
+
+TEST_F(KeyboardTest, AltAndALetterCallsAControl) {
+    EXPECT_TRUE(type('B', Shift::kAlt));
+    EXPECT_EQ(form->box.Value, forms::CheckValue::kTicked);
+    EXPECT_EQ(events(), Names{"box"});
+    EXPECT_TRUE(type('F', Shift::kAlt));
+    EXPECT_TRUE(form->first.Value);
+    EXPECT_FALSE(type('X', Shift::kAlt)) << "nobody's letter";
+}
+
+TEST_F(KeyboardTest, OfSeveralWithTheSameLetterTheNextOneIsCalled) {
+    type('O', Shift::kAlt);
+    EXPECT_EQ(events(), Names{"other"}) << "Ok has the focus";
+    focus(form->other);
+    type('O', Shift::kAlt);
+    EXPECT_EQ(events(), Names{"ok"});
+}
+
+TEST_F(KeyboardTest, ADisabledControlIsNotCalled) {
+    form->box.Enabled = false;
+    EXPECT_FALSE(type('B', Shift::kAlt));
+}
+
+TEST_F(KeyboardTest, ABoxHearsReleasedKeysOnce) {
+    focus(form->box);
+    for (const std::int16_t code : {KeyCode::kDelete, KeyCode::kBack, KeyCode::kContextMenu}) {
+        type(code);
+        EXPECT_EQ(events(), Names{std::to_string(code) + "+0"});
+    }
+    type('A');
+    type(KeyCode::kEnd);
+    EXPECT_EQ(events(), Names{});
+    focus(form->ok);
+    type(KeyCode::kDelete);
+    EXPECT_EQ(events(), Names{});
+}
+
+TEST_F(KeyboardTest, AShiftKeyThatComesUpFirstIsMeantNoLess) {
+    focus(form->box);
+    view->keyboard().press({KeyCode::kDown, kBoth});
+    view->keyboard().release({KeyCode::kDown, Shift::kNone});
+    frame.turn(*view);
+    EXPECT_EQ(events(), Names{std::to_string(KeyCode::kDown) + "+" + std::to_string(kBoth)});
+    view->keyboard().press({KeyCode::kDelete, Shift::kShift});
+    view->keyboard().release({KeyCode::kBack, Shift::kNone});
+    frame.turn(*view);
+    EXPECT_EQ(events(), Names{std::to_string(KeyCode::kBack) + "+0"}) << "of another key";
+}
+
+TEST_F(KeyboardTest, ShiftAndF10IsTheContextMenuKey) {
+    focus(form->box);
+    EXPECT_TRUE(type(KeyCode::kF10, Shift::kShift));
+    EXPECT_EQ(events(), Names{std::to_string(KeyCode::kContextMenu) + "+0"});
+    focus(form->field);
+    EXPECT_FALSE(type(KeyCode::kF10, Shift::kShift));
+}
+
+TEST_F(KeyboardTest, WhatAButtonHasNoUseForGoesNoFurther) {
+    EXPECT_TRUE(type('A'));
+    EXPECT_TRUE(type(kUnknown));
+    EXPECT_FALSE(type(KeyCode::kSpace)) << "the native button's own";
+    EXPECT_FALSE(type('C', Shift::kCtrl));
+    focus(form->field);
+    EXPECT_FALSE(type('A'));
+    EXPECT_FALSE(type(kUnknown));
+}
+
+TEST_F(KeyboardTest, AKeyEndsADragBeforeItActs) {
+    form->image.Drag();
+    type(KeyCode::kTab);
+    EXPECT_EQ(form->dragged(), nullptr);
+    EXPECT_EQ(form->focused(), &form->other);
+}
+
+TEST_F(KeyboardTest, AnOpenMenuHasAllKeysTheReleaseOfTheLastIncluded) {
+    const forms::PopupMenu menu("menu");
+    HearingMenu window;
+    focus(form->box);
+    {
+        const Menu::Opened opened(view->menu(), window, menu);
+        EXPECT_TRUE(type(KeyCode::kTab));
+        EXPECT_TRUE(view->keyboard().press({KeyCode::kDelete}));
+    }
+    EXPECT_TRUE(view->keyboard().release({KeyCode::kDelete})) << "it closed the menu";
+    frame.turn(*view);
+    EXPECT_EQ(window.heard, (std::vector<std::int16_t>{KeyCode::kTab, KeyCode::kDelete}));
+    EXPECT_EQ(events(), Names{});
+    EXPECT_EQ(form->focused(), &form->box);
+    type(KeyCode::kDelete);
+    EXPECT_EQ(events().size(), 1U) << "the next one is the box's again";
+}
+
+}  // namespace
+}  // namespace huebrush::view

@@ -1,0 +1,82 @@
+#include "view/Pointing.h"
+
+#include <chrono>
+#include <utility>
+
+#include "forms/Controls.h"
+#include "forms/Form.h"
+#include "view/FormView.h"
+#include "view/Scene.h"
+
+namespace huebrush::view {
+
+void Pointing::handle(const MouseInput& input) {
+    const Mouse::Place at = onSurface(input);
+    if (at.surface == nullptr) return;
+    const forms::MouseEvent event{input.button, input.shift};
+    switch (input.kind) {
+        case MouseInput::Kind::press:
+            mouse_.press(at, event, input.twice);
+            break;
+        case MouseInput::Kind::release:
+            mouse_.release(at, event);
+            break;
+        case MouseInput::Kind::move:
+            mouse_.move(at, event);
+            break;
+        case MouseInput::Kind::leave:
+            mouse_.leave(at);
+            return;
+    }
+    const bool held = input.kind != MouseInput::Kind::release && input.button != 0;
+    if (view_.isOpen()) followPointer(onSurface(input), held);
+}
+
+/// What the place of the mouse means for the surfaces themselves.
+void Pointing::followPointer(const Mouse::Place& at, bool held) {
+    if (at.surface == nullptr) return;
+    view_.setToolTip(*at.surface, Mouse::toolTipAt(at));
+    scrollWhileDragging(held ? Mouse::scrollWantedAt(at) : 0);
+}
+
+void Pointing::scrollWhileDragging(int direction) {
+    constexpr std::chrono::milliseconds kInterval(100);
+    if (direction == std::exchange(dragScrollDirection_, direction)) return;
+    dragScroll_.reset();
+    if (direction == 0) return;
+    dragScroll_ = view_.frame().repeat(kInterval, [this, weak = view_.weak_from_this(), direction] {
+        const auto view = weak.lock();
+        if (view == nullptr || dragScrollDirection_ != direction) return;
+        view->post([this, direction] { scrollDragged(direction); });
+    });
+}
+
+void Pointing::scrollDragged(int direction) {
+    if (view_.form().dragged() == nullptr) {
+        scrollWhileDragging(0);
+    } else {
+        scroll(direction);
+    }
+}
+
+/// Where the mouse is on the surface whose window it is in, or that the native control lies on.
+Mouse::Place Pointing::onSurface(const MouseInput& input) const {
+    const ControlPeer* const peer = input.control == nullptr ? nullptr : input.control->peer;
+    if (peer == nullptr) return {};
+    forms::Control& control = *input.control->control;
+    if (isSurface(control)) return view_.placeOn(control, input.at);
+    if (peer->native == nullptr) return {};
+    return view_.placeOn(surfaceOf(control),
+                         {peer->place.left + input.at.x, peer->place.top + input.at.y});
+}
+
+void Pointing::scroll(int rows) {
+    for (forms::Control* const child : view_.form().children()) {
+        auto* const bar = dynamic_cast<forms::VScrollBar*>(child);
+        if (bar == nullptr || !bar->isUsable()) continue;
+        bar->scrollTo(bar->value() + rows * bar->SmallChange);
+        return;
+    }
+}
+
+}  // namespace huebrush::view

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <memory>
+
+#include "view/Mouse.h"
+#include "view/MouseInput.h"
+
+namespace huebrush::view {
+
+class FormView;
+
+/// The mouse in a form's window: what it does goes to the controls under it, and to the surfaces
+/// themselves, which show tool tips and scroll.
+class Pointing {
+ public:
+    explicit Pointing(FormView& view) : view_(view) {}
+    Pointing(const Pointing&) = delete;
+    Pointing& operator=(const Pointing&) = delete;
+
+    /// The mouse has done something in one of the native windows.
+    void handle(const MouseInput& input);
+    /// Scrolls the form's list by a number of rows, downwards where that is more than 0.
+    void scroll(int rows);
+    /// Ends a drag without a drop.
+    void cancelDrag(forms::Form& form) { mouse_.cancelDrag(form); }
+    void stop() { scrollWhileDragging(0); }
+
+ private:
+    Mouse::Place onSurface(const MouseInput& input) const;
+    void followPointer(const Mouse::Place& at, bool held);
+    void scrollWhileDragging(int direction);
+    void scrollDragged(int direction);
+
+    FormView& view_;
+    Mouse mouse_;
+    /// Scrolls while a control is dragged beyond the edge of its list, that way.
+    std::shared_ptr<void> dragScroll_;
+    int dragScrollDirection_ = 0;
+};
+
+}  // namespace huebrush::view
