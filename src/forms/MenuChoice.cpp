@@ -28,6 +28,17 @@ MenuEntry::MenuEntry(const MenuItem& item)
     }
 }
 
+std::string MenuEntry::throughKey() const {
+    constexpr unsigned kContinues = 0x80;
+    constexpr unsigned kContinuationBits = 0xC0;
+    std::size_t end = key.value() + 1;
+    while (end < text.size() &&
+           (static_cast<unsigned char>(text[end]) & kContinuationBits) == kContinues) {
+        ++end;
+    }
+    return text.substr(0, end);
+}
+
 MenuChoice::MenuChoice(const PopupMenu& menu) {
     for (const MenuItem* const item : menu.items()) entries_.emplace_back(*item);
 }

@@ -17,6 +17,8 @@ struct MenuEntry {
     bool usable() const { return enabled && !separator; }
     /// What is shown before the letter of the access key.
     std::string beforeKey() const { return text.substr(0, key.value_or(0)); }
+    /// The same with that letter. REQUIRES: an access key is marked.
+    std::string throughKey() const;
 
     /// The caption as it is shown: without the mark of the access key.
     std::string text;

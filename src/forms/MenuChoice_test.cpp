@@ -35,9 +35,13 @@ TEST_F(MenuChoiceTest, ALineTellsItsTextItsAccessKeyAndItsState) {
     EXPECT_TRUE(entries[kLine].separator);
     EXPECT_FALSE(entries[kLine].usable());
     EXPECT_EQ(entries[kSecond].beforeKey(), "Se");
+    EXPECT_EQ(entries[kSecond].throughKey(), "Sec");
     EXPECT_EQ(entries[kLast].text, "Čau & Conč");
     EXPECT_EQ(entries[kLast].beforeKey(), "Čau & ");
+    EXPECT_EQ(entries[kLast].throughKey(), "Čau & C");
     EXPECT_TRUE(entries[kLast].checked);
+    MenuItem accented(this->menu, "accented", "Za &čárkou");
+    EXPECT_EQ(MenuEntry(accented).throughKey(), "Za č");
     EXPECT_FALSE(entries[kFirst].checked);
 }
 

@@ -41,9 +41,8 @@ set(HUEBRUSH_WINDOW_SOURCES
   window/FormWindows.cpp
   window/Input.cpp
   window/KeyListener.cpp
-  window/MenuPainter.cpp
   window/MenuWindow.cpp
-  window/Painter.cpp
+  window/OfficeCanvas.cpp
   window/Pictures.cpp
   window/Surface.cpp
   window/Theme.cpp

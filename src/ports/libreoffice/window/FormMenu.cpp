@@ -24,7 +24,7 @@ bool isActiveWindow(const Peer& window) {
 }  // namespace
 
 forms::MenuItem* pickFromMenu(const ContextReference& context, view::Menu& state,
-                              const forms::PopupMenu& menu, const Peer& below, const Theme& theme,
+                              const forms::PopupMenu& menu, const Peer& below, Look& look,
                               const view::Scale& scale, const view::Point& place) {
     /// Short enough for the menu to follow the mouse.
     constexpr std::chrono::milliseconds kPause(10);
@@ -32,7 +32,7 @@ forms::MenuItem* pickFromMenu(const ContextReference& context, view::Menu& state
     return officeCalls([&]() -> forms::MenuItem* {
         const auto toolkit =
             createService<css::awt::XToolkitExperimental>(context, "com.sun.star.awt.Toolkit");
-        MenuWindow window({toolkit, css::uno::UNO_QUERY_THROW}, below, theme, scale, menu, place);
+        MenuWindow window({toolkit, css::uno::UNO_QUERY_THROW}, below, look, scale, menu, place);
         const view::Menu::Opened opened(state, window, menu);
         // The window may lose the keyboard to its own menu for a moment, while events run.
         bool wasActive = false;

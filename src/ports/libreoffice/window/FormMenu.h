@@ -4,7 +4,7 @@
 
 #include "forms/PopupMenu.h"
 #include "ports/libreoffice/uno/Services.h"
-#include "ports/libreoffice/window/Theme.h"
+#include "ports/libreoffice/window/OfficeCanvas.h"
 #include "view/Geometry.h"
 #include "view/Menu.h"
 
@@ -14,7 +14,7 @@ namespace huebrush::libreoffice {
 /// user has picked, or nothing.
 forms::MenuItem* pickFromMenu(
     const ContextReference& context, view::Menu& state, const forms::PopupMenu& menu,
-    const com::sun::star::uno::Reference<com::sun::star::awt::XWindowPeer>& below,
-    const Theme& theme, const view::Scale& scale, const view::Point& place);
+    const com::sun::star::uno::Reference<com::sun::star::awt::XWindowPeer>& below, Look& look,
+    const view::Scale& scale, const view::Point& place);
 
 }  // namespace huebrush::libreoffice

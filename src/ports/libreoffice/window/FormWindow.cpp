@@ -21,7 +21,7 @@
 #include "ports/libreoffice/window/FormMenu.h"
 #include "ports/libreoffice/window/KeyListener.h"
 #include "ports/libreoffice/window/NativeWindow.h"
-#include "ports/libreoffice/window/Painter.h"
+#include "view/Painter.h"
 
 namespace huebrush::libreoffice {
 
@@ -101,7 +101,7 @@ FormWindow::FormWindow(const ContextReference& context, forms::Form& form,
                        std::shared_ptr<Snapshot> snapshot)
     : context_(context),
       snapshot_(std::move(snapshot)),
-      pictures_(context),
+      look_(context),
       view_(std::make_shared<view::FormView>(form, static_cast<view::NativeFrame&>(*this))) {}
 
 FormWindow::~FormWindow() {
@@ -113,7 +113,7 @@ FormWindow::~FormWindow() {
 void FormWindow::open(const Peer& parent) {
     toolkit_ = createService<css::awt::XToolkit>(context_, "com.sun.star.awt.Toolkit");
     makeDialog(parent);
-    theme_ = themeOf(peer());
+    look_.theme = themeOf(peer());
     listenToKeys();
     view_->open(scaleOf(peer()));
     centreOver(parent);
@@ -242,8 +242,7 @@ forms::MenuItem* FormWindow::pickFrom(const forms::PopupMenu& menu, forms::Contr
     const view::ActionQueue::Pause pause(view_->actions());
     forms::MenuItem* picked = nullptr;
     error::ignoring([&] {
-        picked =
-            pickFromMenu(context_, view_->menu(), menu, peer(), theme_, view_->scale(), *place);
+        picked = pickFromMenu(context_, view_->menu(), menu, peer(), look_, view_->scale(), *place);
     });
     return picked;
 }
@@ -251,13 +250,10 @@ forms::MenuItem* FormWindow::pickFrom(const forms::PopupMenu& menu, forms::Contr
 void FormWindow::paint(const Surface& surface) {
     forms::Control* const control = surface.control();
     if (control == nullptr) return;
-    const Reference<css::awt::XDevice> device(surface.peer(), UNO_QUERY_THROW);
-    const view::Rectangle& bounds = surface.bounds();
-    const Reference<css::awt::XDevice> buffer = device->createDevice(bounds.width, bounds.height);
-    Painter(device, buffer->createGraphics(), theme_, view_->scale(), pictures_)
-        .paint(*control, bounds.width, bounds.height);
-    device->createGraphics()->copy(buffer, 0, 0, bounds.width, bounds.height, 0, 0, bounds.width,
-                                   bounds.height);
+    const view::Size size{surface.bounds().width, surface.bounds().height};
+    paintWindow(surface.peer(), size, look_, [&](view::Canvas& canvas) {
+        view::Painter(canvas, look_.theme.colours, view_->scale()).paint(*control, size);
+    });
 }
 
 // What the view asks for.
@@ -289,7 +285,7 @@ std::unique_ptr<view::NativeSurface> FormWindow::makeSurface(const view::Control
     owner->post = [this](std::function<void()> action) { view_->post(std::move(action)); };
     owner->made = [this](const Surface::Window& made) { made->addFocusListener(listener_.get()); };
     owner->background = [this](const forms::Control& control) {
-        return theme_.colour(backgroundOf(control));
+        return look_.theme.colours.colour(view::backgroundOf(control));
     };
     return std::make_unique<Surface>(owner, peer(), form);
 }

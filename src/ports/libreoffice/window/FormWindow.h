@@ -12,9 +12,8 @@
 #include "forms/Form.h"
 #include "forms/PopupMenu.h"
 #include "ports/libreoffice/uno/Services.h"
-#include "ports/libreoffice/window/Pictures.h"
+#include "ports/libreoffice/window/OfficeCanvas.h"
 #include "ports/libreoffice/window/Surface.h"
-#include "ports/libreoffice/window/Theme.h"
 #include "view/FormView.h"
 
 namespace huebrush::libreoffice {
@@ -84,8 +83,7 @@ class FormWindow : public std::enable_shared_from_this<FormWindow>, private view
 
     ContextReference context_;
     std::shared_ptr<Snapshot> snapshot_;
-    Pictures pictures_;
-    Theme theme_;
+    Look look_;
     std::shared_ptr<view::FormView> view_;
 
     com::sun::star::uno::Reference<com::sun::star::awt::XToolkit> toolkit_;

@@ -47,22 +47,28 @@ class MenuWindow::Listener final
     MenuWindow* menu_;
 };
 
-MenuWindow::MenuWindow(const Toolkit& toolkit, const Peer& below, const Theme& theme,
+MenuWindow::MenuWindow(const Toolkit& toolkit, const Peer& below, Look& look,
                        const view::Scale& scale, const forms::PopupMenu& menu,
                        const view::Point& place)
-    : pick_(menu), listener_(new Listener(*this)) {
-    // Of all its attributes only this one leaves a floating window without title and focus.
-    window_ =
-        makeNativeWindow(toolkit, below, "floatingwindow", css::awt::WindowAttribute::CLOSEABLE);
-    peer_.set(window_, UNO_QUERY_THROW);
-    painter_ = std::make_unique<MenuPainter>(Reference<css::awt::XDevice>(window_, UNO_QUERY_THROW),
-                                             theme, scale, pick_.choice());
-    peer_->setBackground(theme.menu);
+    : pick_(menu),
+      // Of all its attributes only this one leaves a floating window without title and focus.
+      window_(
+          makeNativeWindow(toolkit, below, "floatingwindow", css::awt::WindowAttribute::CLOSEABLE)),
+      peer_(window_, UNO_QUERY_THROW),
+      look_(look),
+      layout_(measured(scale)),
+      listener_(new Listener(*this)) {
+    peer_->setBackground(look.theme.colours.menu);
     window_->addPaintListener(listener_.get());
     window_->addMouseListener(listener_.get());
     window_->addMouseMotionListener(listener_.get());
     this->place(toolkit, below, place);
     window_->setVisible(true);
+}
+
+view::MenuLayout MenuWindow::measured(const view::Scale& scale) {
+    OfficeCanvas canvas(OfficeCanvas::Device(window_, UNO_QUERY_THROW), {}, look_);
+    return view::layoutOf(pick_.choice(), canvas, scale);
 }
 
 MenuWindow::~MenuWindow() {
@@ -78,7 +84,7 @@ void MenuWindow::end() {
 /// Such a window is placed in its parent's pixels. The screen that the office tells of may be
 /// another one than the parent's.
 void MenuWindow::place(const Toolkit& toolkit, const Peer& below, view::Point at) {
-    const view::Size size = painter_->size();
+    const view::Size size = layout_.size();
     ignoringOffice([&] {
         const Reference<css::accessibility::XAccessibleComponent> parent(
             Reference<css::accessibility::XAccessible>(below, UNO_QUERY_THROW)
@@ -102,18 +108,18 @@ void MenuWindow::press(const view::Key& key) {
 }
 
 void MenuWindow::pointAt(const view::Point& at) {
-    if (pick_.pointAt(painter_->lineAt(at))) repaint();
+    if (pick_.pointAt(layout_.lineAt(at))) repaint();
 }
 
 /// gtk3 reports to an open menu all that the mouse does, wherever it is, and a press elsewhere as
 /// one in the corner of the menu's frame.
 void MenuWindow::pressAt(const view::Point& at) {
-    pick_.pressAt(painter_->lineAt(at));
+    pick_.pressAt(layout_.lineAt(at));
     repaint();
 }
 
 void MenuWindow::releaseAt(const view::Point& at) {
-    pick_.releaseAt(painter_->lineAt(at));
+    pick_.releaseAt(layout_.lineAt(at));
 }
 
 void MenuWindow::repaint() {
@@ -121,12 +127,9 @@ void MenuWindow::repaint() {
 }
 
 void MenuWindow::paint() {
-    const view::Size size = painter_->size();
-    const Reference<css::awt::XDevice> device(window_, UNO_QUERY_THROW);
-    const Reference<css::awt::XDevice> buffer = device->createDevice(size.width, size.height);
-    painter_->paint(buffer->createGraphics());
-    device->createGraphics()->copy(buffer, 0, 0, size.width, size.height, 0, 0, size.width,
-                                   size.height);
+    paintWindow(peer_, layout_.size(), look_, [this](view::Canvas& canvas) {
+        view::MenuPainter(canvas, look_.theme.colours, layout_, pick_.choice()).paint();
+    });
 }
 
 }  // namespace huebrush::libreoffice

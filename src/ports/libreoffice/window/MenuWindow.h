@@ -6,9 +6,10 @@
 #include <optional>
 #include <rtl/ref.hxx>
 
-#include "ports/libreoffice/window/MenuPainter.h"
 #include "ports/libreoffice/window/NativeWindow.h"
+#include "ports/libreoffice/window/OfficeCanvas.h"
 #include "view/Menu.h"
+#include "view/MenuPainter.h"
 #include "view/MenuPick.h"
 
 namespace huebrush::libreoffice {
@@ -21,9 +22,9 @@ class MenuWindow final : public view::NativeMenu {
     using Peer = com::sun::star::uno::Reference<com::sun::star::awt::XWindowPeer>;
 
     /// Opens a menu with its upper left corner at a place of the window below, in its pixels, or
-    /// near it where the screen has no room there. `theme` outlives it.
-    MenuWindow(const Toolkit& toolkit, const Peer& below, const Theme& theme,
-               const view::Scale& scale, const forms::PopupMenu& menu, const view::Point& place);
+    /// near it where the screen has no room there. `look` outlives it.
+    MenuWindow(const Toolkit& toolkit, const Peer& below, Look& look, const view::Scale& scale,
+               const forms::PopupMenu& menu, const view::Point& place);
     ~MenuWindow() override;
 
     /// Until the user has picked a line, or closed it without.
@@ -37,6 +38,7 @@ class MenuWindow final : public view::NativeMenu {
  private:
     class Listener;
 
+    view::MenuLayout measured(const view::Scale& scale);
     void place(const Toolkit& toolkit, const Peer& below, view::Point at);
     void pointAt(const view::Point& at);
     void pressAt(const view::Point& at);
@@ -47,7 +49,8 @@ class MenuWindow final : public view::NativeMenu {
     view::MenuPick pick_;
     NativeWindow window_;
     Peer peer_;
-    std::unique_ptr<MenuPainter> painter_;
+    Look& look_;
+    view::MenuLayout layout_;
     rtl::Reference<Listener> listener_;
 };
 

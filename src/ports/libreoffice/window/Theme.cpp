@@ -5,7 +5,6 @@
 #include <com/sun/star/awt/XDevice.hpp>
 #include <com/sun/star/awt/XStyleSettingsSupplier.hpp>
 
-#include "base/Color.h"
 #include "base/Units.h"
 #include "ports/libreoffice/uno/Errors.h"
 
@@ -15,17 +14,6 @@ namespace css = com::sun::star;
 
 namespace {
 
-constexpr unsigned kSystemColourBit = 0x80000000U;
-
-sal_Int32 channel(sal_Int32 colour, int shift) {
-    return static_cast<sal_Int32>((static_cast<sal_uInt32>(colour) >> shift) & 0xFFU);
-}
-
-bool isDark(sal_Int32 colour) {
-    constexpr sal_Int32 kHalf = 3 * 128;
-    return channel(colour, 0) + channel(colour, 8) + channel(colour, 16) < kHalf;
-}
-
 sal_Int16 inPixels(sal_Int16 points, const css::uno::Reference<css::awt::XWindowPeer>& window) {
     constexpr double kPointsPerMetre = base::kPointsPerInch / 0.0254;
     const css::uno::Reference<css::awt::XDevice> device(window, css::uno::UNO_QUERY_THROW);
@@ -34,45 +22,6 @@ sal_Int16 inPixels(sal_Int16 points, const css::uno::Reference<css::awt::XWindow
 }
 
 }  // namespace
-
-sal_Int32 mixed(sal_Int32 first, sal_Int32 second, double share) {
-    sal_Int32 result = 0;
-    for (const int shift : {16, 8, 0}) {
-        const double from = channel(first, shift);
-        result = result * 0x100 + static_cast<sal_Int32>(
-                                      std::lround(from + (channel(second, shift) - from) * share));
-    }
-    return result;
-}
-
-sal_Int32 Theme::colour(unsigned number) const {
-    if ((number & kSystemColourBit) == 0)
-        return base::swapRedAndBlue(static_cast<base::Rgb>(number));
-    switch (number) {
-        case forms::SystemColor::kWindowBackground:
-            return field;
-        case forms::SystemColor::kHighlight:
-            return highlight;
-        case forms::SystemColor::kHighlightText:
-            return highlightText;
-        case forms::SystemColor::kApplicationWorkspace:
-            return workspace;
-        case forms::SystemColor::kButtonShadow:
-            return shadow;
-        case forms::SystemColor::kButtonText:
-            return buttonText;
-        case forms::SystemColor::kInfoBackground:
-            return info;
-        default:
-            return dialog;
-    }
-}
-
-sal_Int32 Theme::textOn(unsigned background) const {
-    if (background == forms::SystemColor::kWindowBackground) return fieldText;
-    if (background == forms::SystemColor::kButtonFace) return dialogText;
-    return isDark(colour(background)) ? 0xFFFFFF : 0;
-}
 
 css::awt::FontDescriptor Theme::fontFor(const forms::Font& wanted) const {
     const double common = forms::Font{}.Size;
@@ -88,19 +37,20 @@ Theme themeOf(const css::uno::Reference<css::awt::XWindowPeer>& window) {
         const css::uno::Reference<css::awt::XStyleSettingsSupplier> supplier(
             window, css::uno::UNO_QUERY_THROW);
         const css::uno::Reference<css::awt::XStyleSettings> style = supplier->getStyleSettings();
-        theme.dialog = style->getDialogColor();
-        theme.dialogText = style->getDialogTextColor();
-        theme.field = style->getFieldColor();
-        theme.fieldText = style->getFieldTextColor();
-        theme.face = style->getFaceColor();
-        theme.buttonText = style->getButtonTextColor();
-        theme.shadow = mixed(theme.dialog, theme.dialogText, 0.3);
-        theme.highlight = style->getHighlightColor();
-        theme.highlightText = style->getHighlightTextColor();
-        theme.menu = style->getMenuColor();
-        theme.menuText = style->getMenuTextColor();
-        theme.workspace = mixed(theme.dialog, theme.dialogText, 0.5);
-        theme.info = mixed(theme.dialog, theme.highlight, 0.15);
+        view::Theme& colours = theme.colours;
+        colours.dialog = style->getDialogColor();
+        colours.dialogText = style->getDialogTextColor();
+        colours.field = style->getFieldColor();
+        colours.fieldText = style->getFieldTextColor();
+        colours.face = style->getFaceColor();
+        colours.buttonText = style->getButtonTextColor();
+        colours.shadow = view::mixed(colours.dialog, colours.dialogText, 0.3);
+        colours.highlight = style->getHighlightColor();
+        colours.highlightText = style->getHighlightTextColor();
+        colours.menu = style->getMenuColor();
+        colours.menuText = style->getMenuTextColor();
+        colours.workspace = view::mixed(colours.dialog, colours.dialogText, 0.5);
+        colours.info = view::mixed(colours.dialog, colours.highlight, 0.15);
         theme.font = style->getLabelFont();
         theme.font.Height = inPixels(theme.font.Height, window);
     });

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "view/Canvas.h"
+#include "view/Scene.h"
+#include "view/Theme.h"
+
+namespace huebrush::forms {
+class Frame;
+class Image;
+class Label;
+class Line;
+class UserControl;
+}  // namespace huebrush::forms
+
+namespace huebrush::view {
+
+/// The number of the colour that a surface has where nothing lies on it.
+unsigned backgroundOf(const forms::Control& surface);
+
+/// Draws on a surface what has no native control there: labels, images, lines, frames and the faces
+/// of user controls.
+class Painter {
+ public:
+    /// All outlive it.
+    Painter(Canvas& canvas, const Theme& theme, const Scale& scale)
+        : canvas_(canvas), theme_(theme), scale_(scale) {}
+
+    /// Draws a surface of that size and all that shows on it.
+    void paint(forms::Control& surface, const Size& size);
+
+ private:
+    class Face;
+
+    void paintControl(const Placed& placed);
+    void paintFrame(const forms::Frame& frame, const Box& place);
+    void paintLabel(const forms::Label& label, const Box& place);
+    std::vector<std::string> linesOf(const forms::Label& label, double lineHeight);
+    void paintImage(const forms::Image& image, const Box& place);
+    void paintLine(const forms::Line& line, const Box& place);
+    void outline(const Box& box);
+    /// In twips of the surface.
+    void print(const std::string& text, double x, double y, const forms::Font& font,
+               std::int32_t colour);
+    double textWidth(const std::string& text, const forms::Font& font = {});
+    double textHeight(const std::string& text, const forms::Font& font = {});
+
+    Canvas& canvas_;
+    const Theme& theme_;
+    const Scale& scale_;
+    unsigned background_ = forms::SystemColor::kButtonFace;
+};
+
+}  // namespace huebrush::view
