@@ -55,6 +55,7 @@ void MenuPainter::paintTick(const Rectangle& place, std::int32_t colour) const {
         return begin + static_cast<std::int32_t>(std::lround(length * share));
     };
     std::vector<Point> corners;
+    corners.reserve(kCorners.size());
     for (const auto& [x, y] : kCorners) {
         corners.push_back({along(place.left, place.width, x), along(place.top, place.height, y)});
     }

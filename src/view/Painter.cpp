@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "base/Text.h"
 #include "forms/Controls.h"
 #include "forms/Form.h"
 #include "forms/UserControl.h"
@@ -123,7 +124,7 @@ std::vector<std::string> Painter::linesOf(const forms::Label& label, double line
         const std::size_t end = std::min(caption.find(' ', begin), caption.size());
         const std::string word = caption.substr(begin, end - begin);
         std::string& line = lines.back();
-        const std::string longer = line.empty() ? word : line + " " + word;
+        const std::string longer = line.empty() ? word : base::text(line, " ", word);
         if (line.empty() || textWidth(longer) <= label.Width) {
             line = longer;
         } else {
