@@ -36,7 +36,6 @@ set(HUEBRUSH_WINDOW_SOURCES
   uno/Percent.cpp
   uno/Repeater.cpp
   uno/Text.cpp
-  window/FormMenu.cpp
   window/FormWindow.cpp
   window/FormWindows.cpp
   window/Input.cpp

@@ -1,21 +1,76 @@
 #include "ports/libreoffice/window/MenuWindow.h"
 
 #include <algorithm>
+#include <chrono>
 #include <com/sun/star/accessibility/XAccessible.hpp>
 #include <com/sun/star/accessibility/XAccessibleComponent.hpp>
 #include <com/sun/star/awt/InvalidateStyle.hpp>
 #include <com/sun/star/awt/WindowAttribute.hpp>
+#include <com/sun/star/awt/XMouseListener.hpp>
+#include <com/sun/star/awt/XMouseMotionListener.hpp>
 #include <com/sun/star/awt/XPaintListener.hpp>
+#include <com/sun/star/awt/XToolkit.hpp>
+#include <com/sun/star/awt/XToolkitExperimental.hpp>
+#include <com/sun/star/awt/XWindow2.hpp>
+#include <optional>
+#include <rtl/ref.hxx>
+#include <thread>
 
 #include "ports/libreoffice/uno/Errors.h"
 #include "ports/libreoffice/uno/WeakImplHelper.h"
+#include "ports/libreoffice/window/NativeWindow.h"
+#include "view/MenuPainter.h"
+#include "view/MenuPick.h"
 
 namespace huebrush::libreoffice {
 
 namespace css = com::sun::star;
 
 using css::uno::Reference;
+using css::uno::UNO_QUERY;
 using css::uno::UNO_QUERY_THROW;
+
+namespace {
+
+using Peer = Reference<css::awt::XWindowPeer>;
+
+/// The window of an open menu. It floats over another window and takes no focus from it, so the
+/// keys come by way of that.
+class MenuWindow final : public view::NativeMenu {
+ public:
+    using Toolkit = Reference<css::awt::XToolkit>;
+
+    /// Places and lifetimes as for pickFromMenu.
+    MenuWindow(const Toolkit& toolkit, const Peer& below, Look& look, const view::Scale& scale,
+               const forms::PopupMenu& menu, const view::Point& place);
+    ~MenuWindow() override;
+
+    /// Until the user has picked a line, or closed it without.
+    bool isOpen() const { return pick_.isOpen(); }
+    /// The number of the line that was picked; nothing as long as none is.
+    std::optional<std::size_t> picked() const { return pick_.picked(); }
+    /// What it floats over may be about to go.
+    void end() override;
+    void press(const view::Key& key) override;
+
+ private:
+    class Listener;
+
+    view::MenuLayout measured(const view::Scale& scale);
+    void place(const Toolkit& toolkit, const Peer& below, view::Point at);
+    void pointAt(const view::Point& at);
+    void pressAt(const view::Point& at);
+    void releaseAt(const view::Point& at);
+    void repaint();
+    void paint();
+
+    view::MenuPick pick_;
+    NativeWindow window_;
+    Peer peer_;
+    Look& look_;
+    view::MenuLayout layout_;
+    rtl::Reference<Listener> listener_;
+};
 
 class MenuWindow::Listener final
     : public WeakImplHelper<css::awt::XPaintListener, css::awt::XMouseListener,
@@ -129,6 +184,38 @@ void MenuWindow::repaint() {
 void MenuWindow::paint() {
     paintWindow(peer_, layout_.size(), look_, [this](view::Canvas& canvas) {
         view::MenuPainter(canvas, look_.theme.colours, layout_, pick_.choice()).paint();
+    });
+}
+
+bool isActiveWindow(const Peer& window) {
+    const Reference<css::awt::XWindow2> active(window, UNO_QUERY);
+    return active.is() && active->isActive();
+}
+
+}  // namespace
+
+forms::MenuItem* pickFromMenu(const ContextReference& context, view::Menu& state,
+                              const forms::PopupMenu& menu, const Peer& below, Look& look,
+                              const view::Scale& scale, const view::Point& place) {
+    /// Short enough for the menu to follow the mouse.
+    constexpr std::chrono::milliseconds kPause(10);
+    if (!state.mayOpen(menu)) return nullptr;
+    return officeCalls([&]() -> forms::MenuItem* {
+        const auto toolkit =
+            createService<css::awt::XToolkitExperimental>(context, "com.sun.star.awt.Toolkit");
+        MenuWindow window({toolkit, UNO_QUERY_THROW}, below, look, scale, menu, place);
+        const view::Menu::Opened opened(state, window, menu);
+        // The window may lose the keyboard to its own menu for a moment, while events run.
+        bool wasActive = false;
+        while (window.isOpen()) {
+            toolkit->processEventsToIdle();
+            const bool isActive = window.isOpen() && isActiveWindow(below);
+            if (wasActive && !isActive) break;
+            wasActive = isActive;
+            std::this_thread::sleep_for(kPause);
+        }
+        const auto line = window.picked();
+        return line ? menu.items().at(*line) : nullptr;
     });
 }
 
