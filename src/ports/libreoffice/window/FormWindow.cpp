@@ -18,8 +18,8 @@
 #include "ports/libreoffice/uno/MainThread.h"
 #include "ports/libreoffice/uno/Repeater.h"
 #include "ports/libreoffice/uno/WeakImplHelper.h"
-#include "ports/libreoffice/window/MenuWindow.h"
 #include "ports/libreoffice/window/KeyListener.h"
+#include "ports/libreoffice/window/MenuWindow.h"
 #include "ports/libreoffice/window/NativeWindow.h"
 #include "view/Painter.h"
 
