@@ -1,5 +1,7 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <algorithm>
 #include <functional>
 #include <memory>
@@ -8,6 +10,7 @@
 #include <utility>
 #include <vector>
 
+#include "ports/memory/MemoryRuntime.h"
 #include "view/FormView.h"
 
 namespace huebrush::view {
@@ -132,6 +135,27 @@ class FakeFrame::Surface final : public NativeSurface {
 
  private:
     FakeFrame& frame_;
+};
+
+/// A form of some class on such a toolkit, not opened yet.
+template <class FormKind>
+class ViewTest : public ::testing::Test {
+ protected:
+    void open() {
+        view->open(Scale());
+        view->flush();
+    }
+    void turn() { frame.turn(*view); }
+    void focus(forms::Control& control) {
+        view->post([&] { control.SetFocus(); });
+        turn();
+    }
+
+    memory::MemoryRuntime runtime;
+    forms::RuntimeScope scope{runtime};
+    std::shared_ptr<FormKind> form = std::make_shared<FormKind>();
+    FakeFrame frame;
+    std::shared_ptr<FormView> view = std::make_shared<FormView>(*form, frame);
 };
 
 inline std::unique_ptr<NativeSurface> FakeFrame::makeSurface(const ControlReference& form) {

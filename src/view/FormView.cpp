@@ -35,7 +35,6 @@ void FormView::open(const Scale& scale) {
     const ControlReference& form = ControlPeer::of(&form_)->reference();
     root_ = std::make_unique<Surface>(form, frame_.makeSurface(form));
     if (form_.focused() == nullptr) form_.handle([this] { form_.focusNext(); });
-    flush();
 }
 
 void FormView::close() {

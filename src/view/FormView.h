@@ -30,8 +30,8 @@ class FormView : public std::enable_shared_from_this<FormView> {
     FormView& operator=(const FormView&) = delete;
     ~FormView();
 
-    /// Makes the surfaces and native controls, up to date. What the toolkit throws passes to the
-    /// caller.
+    /// Attaches to the form and makes its surface; the caller flushes. What the toolkit throws
+    /// passes to the caller.
     void open(const Scale& scale);
     /// Detaches from the form: neither notices the other any more. Harmless when it is not open.
     void close();

@@ -9,7 +9,6 @@
 
 #include "forms/ControlArray.h"
 #include "forms/Controls.h"
-#include "ports/memory/MemoryRuntime.h"
 #include "view/FakeToolkit_test_support.h"
 
 namespace huebrush::view {
@@ -79,11 +78,10 @@ class ListForm final : public forms::Form {
     }
 };
 
-class FormViewTest : public ::testing::Test {
+class FormViewTest : public ViewTest<ListForm> {
  protected:
-    FormViewTest() { view->open(Scale()); }
+    FormViewTest() { open(); }
 
-    void turn() { frame.turn(*view); }
     /// The mouse does something on the list, in its pixels.
     void mouse(Kind kind, std::int32_t x, std::int32_t y, std::int16_t button) {
         mouseOn(form->list, kind, x, y, button);
@@ -93,21 +91,11 @@ class FormViewTest : public ::testing::Test {
         view->mouse({kind, frame.surfaceFor(surface)->reference, {x, y}, button});
         turn();
     }
-    void focus(forms::Control& control) {
-        view->post([&] { control.SetFocus(); });
-        turn();
-    }
     void scrollTo(std::int32_t row) {
         form->bar.scrollTo(row);
         turn();
     }
     Names events() { return std::exchange(form->events, {}); }
-
-    memory::MemoryRuntime runtime;
-    forms::RuntimeScope scope{runtime};
-    std::shared_ptr<ListForm> form = std::make_shared<ListForm>();
-    FakeFrame frame;
-    std::shared_ptr<FormView> view = std::make_shared<FormView>(*form, frame);
 };
 
 // What shows.

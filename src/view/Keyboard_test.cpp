@@ -8,7 +8,6 @@
 #include <vector>
 
 #include "forms/Controls.h"
-#include "ports/memory/MemoryRuntime.h"
 #include "view/FakeToolkit_test_support.h"
 
 namespace huebrush::view {
@@ -67,31 +66,21 @@ class HearingMenu final : public NativeMenu {
     bool ended = false;
 };
 
-class KeyboardTest : public ::testing::Test {
+class KeyboardTest : public ViewTest<KeyForm> {
  protected:
     KeyboardTest() {
         form->off.Enabled = false;
-        view->open(Scale());
+        open();
     }
 
-    void focus(forms::Control& control) {
-        view->post([&] { control.SetFocus(); });
-        frame.turn(*view);
-    }
     /// A key goes down and up again. Whether the press was used up.
     bool type(std::int16_t code, std::int16_t shift = Shift::kNone) {
         const bool used = view->keyboard().press({code, shift});
         view->keyboard().release({code, shift});
-        frame.turn(*view);
+        turn();
         return used;
     }
     Names events() { return std::exchange(form->events, {}); }
-
-    memory::MemoryRuntime runtime;
-    forms::RuntimeScope scope{runtime};
-    std::shared_ptr<KeyForm> form = std::make_shared<KeyForm>();
-    FakeFrame frame;
-    std::shared_ptr<FormView> view = std::make_shared<FormView>(*form, frame);
 };
 
 TEST_F(KeyboardTest, TabMovesTheFocusForwardsAndBackwards) {
@@ -194,11 +183,11 @@ TEST_F(KeyboardTest, AShiftKeyThatComesUpFirstIsMeantNoLess) {
     focus(form->box);
     view->keyboard().press({KeyCode::kDown, kBoth});
     view->keyboard().release({KeyCode::kDown, Shift::kNone});
-    frame.turn(*view);
+    turn();
     EXPECT_EQ(events(), Names{std::to_string(KeyCode::kDown) + "+" + std::to_string(kBoth)});
     view->keyboard().press({KeyCode::kDelete, Shift::kShift});
     view->keyboard().release({KeyCode::kBack, Shift::kNone});
-    frame.turn(*view);
+    turn();
     EXPECT_EQ(events(), Names{std::to_string(KeyCode::kBack) + "+0"}) << "of another key";
 }
 
@@ -237,7 +226,7 @@ TEST_F(KeyboardTest, AnOpenMenuHasAllKeysTheReleaseOfTheLastIncluded) {
         EXPECT_TRUE(view->keyboard().press({KeyCode::kDelete}));
     }
     EXPECT_TRUE(view->keyboard().release({KeyCode::kDelete})) << "it closed the menu";
-    frame.turn(*view);
+    turn();
     EXPECT_EQ(window.heard, (std::vector<std::int16_t>{KeyCode::kTab, KeyCode::kDelete}));
     EXPECT_EQ(events(), Names{});
     EXPECT_EQ(form->focused(), &form->box);

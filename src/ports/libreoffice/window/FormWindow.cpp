@@ -116,6 +116,7 @@ void FormWindow::open(const Peer& parent) {
     look_.theme = themeOf(peer());
     listenToKeys();
     view_->open(scaleOf(peer()));
+    flush();
     centreOver(parent);
     window_->setVisible(true);
 }
