@@ -22,19 +22,25 @@ if(HUEBRUSH_SANITIZE)
   target_compile_definitions(huebrush_flags INTERFACE HUEBRUSH_SANITIZED _GLIBCXX_ASSERTIONS)
 endif()
 
-# huebrush_library(NAME USES library... SOURCES file...)
-# The library of the current folder. USES lists the folders that it may include, which the build
-# links and tests/structure checks.
+# huebrush_library(NAME LIBRARIES library... SOURCES file...)
+# The library of the current folder. It links those of the folders that its row in src/README.md
+# names, and LIBRARIES, which are not ours or only for tests.
 function(huebrush_library name)
-  cmake_parse_arguments(ARG "" "" "USES;SOURCES" ${ARGN})
+  cmake_parse_arguments(ARG "" "" "LIBRARIES;SOURCES" ${ARGN})
+  file(RELATIVE_PATH folder ${PROJECT_SOURCE_DIR}/src ${CMAKE_CURRENT_SOURCE_DIR})
+  get_property(first GLOBAL PROPERTY huebrush_library_of_${folder})
+  if(NOT first)
+    set_property(GLOBAL PROPERTY huebrush_library_of_${folder} ${name})
+  endif()
+  huebrush_used_libraries(used ${folder})
   if(ARG_SOURCES)
     add_library(${name} STATIC ${ARG_SOURCES})
     target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
-    target_link_libraries(${name} PUBLIC ${ARG_USES} PRIVATE huebrush_flags)
+    target_link_libraries(${name} PUBLIC ${used} ${ARG_LIBRARIES} PRIVATE huebrush_flags)
   else()
     add_library(${name} INTERFACE)
     target_include_directories(${name} INTERFACE ${PROJECT_SOURCE_DIR}/src)
-    target_link_libraries(${name} INTERFACE ${ARG_USES})
+    target_link_libraries(${name} INTERFACE ${used} ${ARG_LIBRARIES})
   endif()
 endfunction()
 

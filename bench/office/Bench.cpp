@@ -17,9 +17,9 @@
 #include "base/Error.h"
 #include "batch/Session.h"
 #include "error/mError.h"
-#include "ports/libreoffice/app/Application.h"
 #include "ports/libreoffice/document/DrawPage.h"
 #include "ports/libreoffice/document/WindowSelection.h"
+#include "ports/libreoffice/entry/Application.h"
 #include "ports/libreoffice/runtime/OfficeRuntime.h"
 #include "select/mToolbarFunction.h"
 

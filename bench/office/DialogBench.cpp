@@ -12,7 +12,7 @@
 
 #include "Job.h"
 #include "forms/ForwardingRuntime.h"
-#include "ports/libreoffice/app/Application.h"
+#include "ports/libreoffice/entry/Application.h"
 #include "ports/libreoffice/runtime/OfficeRuntime.h"
 #include "recolor/frmEditGraphic.h"
 

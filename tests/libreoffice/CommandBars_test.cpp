@@ -6,10 +6,10 @@
 #include "TestComponent.h"
 #include "addin/ButtonFace.h"
 #include "forms/Runtime.h"
-#include "ports/libreoffice/Snapshot.h"
 #include "ports/libreoffice/app/ActiveWindow.h"
 #include "ports/libreoffice/bar/TextWindows.h"
 #include "ports/libreoffice/runtime/OfficeRuntime.h"
+#include "ports/libreoffice/uno/Snapshot.h"
 
 namespace huebrush::tests {
 namespace {

@@ -10,7 +10,7 @@
 
 #include "OpenDocument.h"
 #include "host/HostContract.h"
-#include "ports/libreoffice/Documents.h"
+#include "ports/libreoffice/document/Documents.h"
 
 namespace huebrush::tests {
 

@@ -12,7 +12,7 @@
 #include "TestComponent.h"
 #include "base/Color.h"
 #include "error/mError.h"
-#include "ports/libreoffice/app/Application.h"
+#include "ports/libreoffice/entry/Application.h"
 #include "ports/libreoffice/runtime/OfficeRuntime.h"
 #include "ports/libreoffice/uno/MainThread.h"
 #include "recolor/frmEditGraphic.h"

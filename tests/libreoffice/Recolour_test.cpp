@@ -17,7 +17,7 @@
 #include "base/Color.h"
 #include "batch/WholeDocument.h"
 #include "forms/ForwardingRuntime.h"
-#include "ports/libreoffice/app/Application.h"
+#include "ports/libreoffice/entry/Application.h"
 #include "ports/libreoffice/runtime/EventPump.h"
 #include "ports/libreoffice/runtime/OfficeRuntime.h"
 #include "ports/libreoffice/uno/MainThread.h"

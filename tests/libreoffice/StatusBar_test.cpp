@@ -6,8 +6,8 @@
 #include <com/sun/star/awt/XToolkitExperimental.hpp>
 
 #include "OpenDocument.h"
-#include "ports/libreoffice/Snapshot.h"
 #include "ports/libreoffice/app/RateLimit.h"
+#include "ports/libreoffice/uno/Snapshot.h"
 
 namespace huebrush::tests {
 namespace {

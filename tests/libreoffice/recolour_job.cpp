@@ -11,7 +11,7 @@
 #include "base/Error.h"
 #include "batch/Session.h"
 #include "error/mError.h"
-#include "ports/libreoffice/app/Application.h"
+#include "ports/libreoffice/entry/Application.h"
 #include "ports/libreoffice/runtime/OfficeRuntime.h"
 #include "ports/libreoffice/uno/MainThread.h"
 #include "ports/libreoffice/uno/WeakImplHelper.h"

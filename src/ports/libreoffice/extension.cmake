@@ -31,12 +31,8 @@ function(huebrush_extension_resources target folder)
   add_dependencies(${target} ${target}_icons)
 endfunction()
 
-if(NOT HUEBRUSH_DOCUMENT_SOURCES)
-  return()
-endif()
-
 set(EXTENSION_FOLDER ${CMAKE_BINARY_DIR}/extension/huebrush)
-add_library(huebrush_component MODULE component.cpp)
+add_library(huebrush_component MODULE entry/component.cpp)
 set_target_properties(huebrush_component PROPERTIES
   PREFIX "" OUTPUT_NAME huebrush LIBRARY_OUTPUT_DIRECTORY ${EXTENSION_FOLDER})
 target_link_options(huebrush_component PRIVATE -Wl,-z,defs)

@@ -9,9 +9,9 @@
 #include <rtl/ref.hxx>
 #include <utility>
 
-#include "ports/libreoffice/Snapshot.h"
 #include "ports/libreoffice/uno/Errors.h"
 #include "ports/libreoffice/uno/MainThread.h"
+#include "ports/libreoffice/uno/Snapshot.h"
 #include "ports/libreoffice/uno/WeakImplHelper.h"
 
 namespace huebrush::libreoffice {

@@ -8,13 +8,13 @@
 #include <vector>
 
 #include "host/Document.h"
-#include "ports/libreoffice/Snapshot.h"
 #include "ports/libreoffice/document/FillPool.h"
 #include "ports/libreoffice/document/FillTables.h"
 #include "ports/libreoffice/document/FillUndo.h"
 #include "ports/libreoffice/document/ShapeNames.h"
 #include "ports/libreoffice/document/ShapeTree.h"
 #include "ports/libreoffice/uno/Errors.h"
+#include "ports/libreoffice/uno/Snapshot.h"
 
 namespace huebrush::libreoffice {
 

@@ -6,10 +6,10 @@
 #include <vector>
 
 #include "base/Error.h"
-#include "ports/libreoffice/Snapshot.h"
 #include "ports/libreoffice/document/ShapeFill.h"
 #include "ports/libreoffice/document/ShapeKind.h"
 #include "ports/libreoffice/document/ShapeLine.h"
+#include "ports/libreoffice/uno/Snapshot.h"
 
 namespace huebrush::libreoffice {
 

@@ -5,9 +5,9 @@
 #include <unordered_map>
 #include <vector>
 
-#include "ports/libreoffice/Snapshot.h"
 #include "ports/libreoffice/document/DrawPage.h"
 #include "ports/libreoffice/document/ShapeNode.h"
+#include "ports/libreoffice/uno/Snapshot.h"
 
 namespace huebrush::libreoffice {
 

@@ -3,8 +3,8 @@
 #include <com/sun/star/awt/XToolkitExperimental.hpp>
 #include <utility>
 
-#include "ports/libreoffice/Snapshot.h"
 #include "ports/libreoffice/uno/Errors.h"
+#include "ports/libreoffice/uno/Snapshot.h"
 
 namespace huebrush::libreoffice {
 

@@ -3,9 +3,9 @@
 #include <utility>
 
 #include "base/Error.h"
-#include "ports/libreoffice/Snapshot.h"
 #include "ports/libreoffice/runtime/FilePicker.h"
 #include "ports/libreoffice/runtime/MessageBox.h"
+#include "ports/libreoffice/uno/Snapshot.h"
 #include "ports/libreoffice/window/FormWindow.h"
 
 namespace huebrush::libreoffice {

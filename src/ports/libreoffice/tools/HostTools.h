@@ -3,7 +3,7 @@
 #include <memory>
 
 #include "host/Application.h"
-#include "ports/libreoffice/Documents.h"
+#include "ports/libreoffice/document/Documents.h"
 #include "ports/libreoffice/uno/Services.h"
 
 namespace huebrush::libreoffice {

@@ -12,11 +12,11 @@
 #include <utility>
 
 #include "error/mError.h"
-#include "ports/libreoffice/Snapshot.h"
 #include "ports/libreoffice/app/Pointer.h"
 #include "ports/libreoffice/uno/Errors.h"
 #include "ports/libreoffice/uno/MainThread.h"
 #include "ports/libreoffice/uno/Repeater.h"
+#include "ports/libreoffice/uno/Snapshot.h"
 #include "ports/libreoffice/uno/WeakImplHelper.h"
 #include "ports/libreoffice/window/KeyListener.h"
 #include "ports/libreoffice/window/MenuWindow.h"

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <utility>
 
-#include "ports/libreoffice/Snapshot.h"
 #include "ports/libreoffice/uno/Errors.h"
+#include "ports/libreoffice/uno/Snapshot.h"
 #include "ports/libreoffice/window/FormWindow.h"
 
 namespace huebrush::libreoffice {

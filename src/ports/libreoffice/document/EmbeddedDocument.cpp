@@ -1,4 +1,4 @@
-#include "ports/libreoffice/tools/EmbeddedDocument.h"
+#include "ports/libreoffice/document/EmbeddedDocument.h"
 
 #include <com/sun/star/awt/WindowDescriptor.hpp>
 #include <com/sun/star/awt/XToolkit.hpp>

@@ -1,4 +1,4 @@
-#include "ports/libreoffice/batch/TextDocumentFile.h"
+#include "ports/libreoffice/document/TextDocumentFile.h"
 
 #include <com/sun/star/document/MacroExecMode.hpp>
 #include <com/sun/star/document/UpdateDocMode.hpp>

@@ -1,8 +1,8 @@
 // What the office calls to make the objects of this component, by the names in its .components.
 
-#include "ports/libreoffice/AddIn.h"
-#include "ports/libreoffice/bar/ProtocolHandler.h"
-#include "ports/libreoffice/batch/BatchService.h"
+#include "ports/libreoffice/entry/AddIn.h"
+#include "ports/libreoffice/entry/BatchService.h"
+#include "ports/libreoffice/entry/ProtocolHandler.h"
 
 namespace css = com::sun::star;
 

@@ -1,4 +1,4 @@
-#include "ports/libreoffice/batch/BatchService.h"
+#include "ports/libreoffice/entry/BatchService.h"
 
 #include <chrono>
 #include <com/sun/star/frame/XDesktop.hpp>
@@ -12,8 +12,8 @@
 
 #include "batch/Session.h"
 #include "error/mError.h"
-#include "ports/libreoffice/app/Application.h"
-#include "ports/libreoffice/batch/TextDocumentFile.h"
+#include "ports/libreoffice/document/TextDocumentFile.h"
+#include "ports/libreoffice/entry/Application.h"
 #include "ports/libreoffice/runtime/OfficeComponent.h"
 #include "ports/libreoffice/runtime/OfficeRuntime.h"
 #include "ports/libreoffice/uno/Errors.h"

@@ -1,4 +1,4 @@
-#include "ports/libreoffice/app/Application.h"
+#include "ports/libreoffice/entry/Application.h"
 
 #include "ports/libreoffice/app/Pointer.h"
 #include "ports/libreoffice/uno/Errors.h"

@@ -1,11 +1,11 @@
-#include "ports/libreoffice/Session.h"
+#include "ports/libreoffice/entry/AddInSession.h"
 
 #include "error/mError.h"
 #include "ports/libreoffice/uno/Errors.h"
 
 namespace huebrush::libreoffice {
 
-Session::Session(const ContextReference& context, const std::string& folder)
+AddInSession::AddInSession(const ContextReference& context, const std::string& folder)
     : application_(context, folder),
       runtime_(context, folder, application_.activeWindow(), application_.snapshot()),
       scope_(runtime_) {
@@ -18,13 +18,13 @@ Session::Session(const ContextReference& context, const std::string& folder)
     runtime_.setEventsMayRun(true);
 }
 
-Session::~Session() {
+AddInSession::~AddInSession() {
     runtime_.setEventsMayRun(false);
     enter([&] { addIn_.OnDisconnection(); });
     enter([&] { application_.CommandBars().removeLeftBehind(); });
 }
 
-void Session::click(const ActiveWindow::Frame& frame, const std::string& command) {
+void AddInSession::click(const ActiveWindow::Frame& frame, const std::string& command) {
     if (commandRuns_) return;
     application_.activeWindow().activate(frame);
     commandRuns_ = true;
@@ -32,7 +32,7 @@ void Session::click(const ActiveWindow::Frame& frame, const std::string& command
     commandRuns_ = false;
 }
 
-void Session::enter(const std::function<void()>& handler) noexcept {
+void AddInSession::enter(const std::function<void()>& handler) noexcept {
     const HandlerScope scope(application_.snapshot());
     error::ignoring([&] {
         try {

@@ -15,7 +15,7 @@
 
 namespace huebrush::libreoffice {
 
-class Session;
+class AddInSession;
 
 /// The one object of the component in an office: the job that the office runs at its start, which
 /// connects the add-in, and the listener at its end, which disconnects it. No exception leaves it
@@ -52,7 +52,7 @@ class AddIn final
 
     ContextReference context_;
     std::thread::id mainThread_;
-    std::unique_ptr<Session> session_;
+    std::unique_ptr<AddInSession> session_;
 };
 
 }  // namespace huebrush::libreoffice

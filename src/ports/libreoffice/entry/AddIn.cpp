@@ -1,4 +1,4 @@
-#include "ports/libreoffice/AddIn.h"
+#include "ports/libreoffice/entry/AddIn.h"
 
 #include <com/sun/star/frame/TerminationVetoException.hpp>
 #include <com/sun/star/frame/XDesktop.hpp>
@@ -6,7 +6,7 @@
 #include <utility>
 
 #include "error/mError.h"
-#include "ports/libreoffice/Session.h"
+#include "ports/libreoffice/entry/AddInSession.h"
 #include "ports/libreoffice/runtime/MessageBox.h"
 #include "ports/libreoffice/uno/Errors.h"
 #include "ports/libreoffice/uno/MainThread.h"
@@ -61,7 +61,7 @@ css::uno::Any SAL_CALL AddIn::execute(const css::uno::Sequence<css::beans::Named
 void AddIn::connect() {
     const auto desktop =
         createService<css::frame::XDesktop>(context_, "com.sun.star.frame.Desktop");
-    session_ = std::make_unique<Session>(context_, extensionFolder(context_, kExtension));
+    session_ = std::make_unique<AddInSession>(context_, extensionFolder(context_, kExtension));
     desktop->addTerminateListener(this);
 }
 

@@ -1,4 +1,4 @@
-#include "ports/libreoffice/Documents.h"
+#include "ports/libreoffice/document/Documents.h"
 
 #include <algorithm>
 #include <com/sun/star/frame/XComponentLoader.hpp>
@@ -9,10 +9,10 @@
 #include <utility>
 #include <vector>
 
+#include "ports/libreoffice/document/EmbeddedDocument.h"
 #include "ports/libreoffice/document/OpenDocument.h"
 #include "ports/libreoffice/document/WindowSelection.h"
 #include "ports/libreoffice/document/WriterDocument.h"
-#include "ports/libreoffice/tools/EmbeddedDocument.h"
 #include "ports/libreoffice/uno/Errors.h"
 #include "ports/libreoffice/uno/Properties.h"
 #include "ports/libreoffice/uno/WeakImplHelper.h"

@@ -1,12 +1,12 @@
-#include "ports/libreoffice/bar/ProtocolHandler.h"
+#include "ports/libreoffice/entry/ProtocolHandler.h"
 
 #include <cppuhelper/supportsservice.hxx>
 #include <rtl/ref.hxx>
 #include <utility>
 
 #include "error/mError.h"
-#include "ports/libreoffice/AddIn.h"
 #include "ports/libreoffice/bar/ButtonCommand.h"
+#include "ports/libreoffice/entry/AddIn.h"
 #include "ports/libreoffice/uno/Properties.h"
 
 namespace huebrush::libreoffice {

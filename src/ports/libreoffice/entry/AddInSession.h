@@ -4,21 +4,21 @@
 
 #include "addin/ConnectW2000.h"
 #include "forms/Runtime.h"
-#include "ports/libreoffice/app/Application.h"
+#include "ports/libreoffice/entry/Application.h"
 #include "ports/libreoffice/runtime/OfficeRuntime.h"
 #include "ports/libreoffice/uno/Services.h"
 
 namespace huebrush::libreoffice {
 
 /// The add-in in a running office, from the office's start to its end. For the main thread only.
-class Session {
+class AddInSession {
  public:
     /// Connects the add-in. `folder` is the component's.
-    Session(const ContextReference& context, const std::string& folder);
-    Session(const Session&) = delete;
-    Session& operator=(const Session&) = delete;
+    AddInSession(const ContextReference& context, const std::string& folder);
+    AddInSession(const AddInSession&) = delete;
+    AddInSession& operator=(const AddInSession&) = delete;
     /// Disconnects it.
-    ~Session();
+    ~AddInSession();
 
     /// Whether a handler runs, be it that it only waits for the user. On any thread.
     bool isBusy() const { return application_.snapshot()->isInHandler(); }

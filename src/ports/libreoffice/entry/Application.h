@@ -1,10 +1,10 @@
 #pragma once
 
 #include "host/Application.h"
-#include "ports/libreoffice/Documents.h"
 #include "ports/libreoffice/app/ActiveWindow.h"
 #include "ports/libreoffice/app/StatusBar.h"
 #include "ports/libreoffice/bar/CommandBars.h"
+#include "ports/libreoffice/document/Documents.h"
 #include "ports/libreoffice/tools/HostTools.h"
 
 namespace huebrush::libreoffice {

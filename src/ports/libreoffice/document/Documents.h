@@ -10,8 +10,8 @@
 
 #include "host/Application.h"
 #include "host/Document.h"
-#include "ports/libreoffice/Snapshot.h"
 #include "ports/libreoffice/uno/Services.h"
+#include "ports/libreoffice/uno/Snapshot.h"
 
 namespace huebrush::libreoffice {
 
