@@ -39,7 +39,7 @@ def cell(number):
 
 
 def chunks(items, size):
-    return [items[i : i + size] for i in range(0, len(items), size)]
+    return [items[i:i + size] for i in range(0, len(items), size)]
 
 
 def page(document, numbers, fills, nested):

@@ -4,10 +4,10 @@
     bench/palettes.py [--build FOLDER] [--rows 200000] [--runs 5]
 
 Our times and those of mdb-reader are taken inside the process. mdb-export is measured as a whole
-process, less the time in which the same program starts and does nothing; what it prints is thrown
-away. A save replaces the file; "old file gone" is the part of its time in which the system takes the
-old one off the medium. A dump and mdb-export are measured in turn, as whole processes; the most memory
-that dump and import take is the system's figure of theirs.
+process, less the time in which the same program starts and does nothing; its output is discarded.
+A save replaces the file; "old file gone" is the part of its time in which the system removes the
+old one from the disk. A dump and mdb-export are measured in turn, as whole processes; the peak
+memory of dump and import is the system's own figure.
 """
 
 import argparse
@@ -22,7 +22,7 @@ from pathlib import Path
 ROOT = Path(__file__).resolve().parents[1]
 TABLE = "TFillElementParameter"
 FILLS = 100
-# A bound for what loading a palette of a large file takes: its own values and the pages they are on.
+# An upper bound for loading a palette of a large file: its own values and the pages they are on.
 LOAD_MEMORY_KB = 4096
 # And one for what any number of rows takes, however they come and go.
 ROWS_MEMORY_KB = 64 * 1024
@@ -107,7 +107,8 @@ def measure(build, runs, rows):
 
 def print_table(figures):
     print("\npalette files (ms)")
-    print(f"{'':12}{'load of 100':>16}{'scan':>16}{'save of 100':>16}{'its syncs':>16}{'old file gone':>16}")
+    columns = ("load of 100", "scan", "save of 100", "its syncs", "old file gone")
+    print(" " * 12 + "".join(f"{column:>16}" for column in columns))
     for reader in ("huebrush", "mdb-export", "mdb-reader"):
         cells = [f"{figures[name][reader]['ms']:.2f}" for name in ("load", "scan")]
         if reader == "huebrush":
@@ -121,7 +122,8 @@ def print_table(figures):
     print(f"a row of 20 columns with three indexes took {insert['rising']['us_a_row']:.1f} us, and "
           f"{insert['random']['us_a_row']:.1f} us with keys in no order")
     print(f"{stream['json_kb']} KB of JSON: dumped in {stream['dump']['ms']:.0f} ms and "
-          f"{stream['dump']['memory_kb']} KB of memory (mdb-export {stream['mdb-export']['ms']:.0f} ms), "
+          f"{stream['dump']['memory_kb']} KB of memory "
+          f"(mdb-export {stream['mdb-export']['ms']:.0f} ms), "
           f"imported in {stream['import']['ms']:.0f} ms and {stream['import']['memory_kb']} KB")
 
 

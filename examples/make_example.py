@@ -27,7 +27,6 @@ from flat_odf import (  # noqa: E402
     TO_PAGE,
     TO_PARAGRAPH,
     Document,
-    length,
     line,
     png,
     solid,

@@ -222,7 +222,7 @@ class Document:
         pairs = [f"{x} {y}" for x, y in relative]
         path = "M" + pairs[0]
         for i in range(1, len(pairs), 3):
-            path += "C" + " ".join(pairs[i : i + 3])
+            path += "C" + " ".join(pairs[i:i + 3])
         extra = {"svg:viewBox": self._view_box(box), "svg:d": path + ("Z" if closed else "")}
         return self._boxed("draw:path", box, fill, stroke, name, anchor, extra)
 

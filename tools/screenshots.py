@@ -17,7 +17,8 @@ from pathlib import Path
 ROOT = Path(__file__).resolve().parent.parent
 sys.path.insert(0, str(ROOT / "tests" / "libreoffice"))
 
-from dialog import BOX, DESTINATION, HANDLE, LOGO, MENU, REMOVE, SELECTED, SOURCE, Dialog  # noqa: E402
+from dialog import (  # noqa: E402
+    BOX, DESTINATION, HANDLE, LOGO, MENU, REMOVE, SELECTED, SOURCE, Dialog)
 from office import end_cleanly_when_told_to  # noqa: E402
 from screen import Screen, wait_until  # noqa: E402
 from writer import Writer  # noqa: E402

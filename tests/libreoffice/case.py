@@ -1,4 +1,4 @@
-"""What the tests in Writer's window share: a screen and a profile for each, and their command line."""
+"""What the tests in Writer's window share: a screen and a profile each, and the command line."""
 
 import argparse
 import faulthandler
@@ -29,7 +29,8 @@ class WriterCase(unittest.TestCase):
     def tearDown(self):
         """Keeps a picture of what a failed test saw."""
         result = self._outcome.result
-        if self.options.pictures and any(test is self for test, _ in result.failures + result.errors):
+        if self.options.pictures and any(
+                test is self for test, _ in result.failures + result.errors):
             self.screen.save_picture(os.path.join(self.options.pictures, self.id() + ".png"))
 
     def enter(self, context):
@@ -42,8 +43,8 @@ class WriterCase(unittest.TestCase):
         if self.SCALE != 1:
             self.set_environment("SAL_FORCEDPI", str(96 * self.SCALE))
         return self.enter(Writer(self.screen, self.options.office, self._folder.name,
-                                 self.options.extensions if extensions else None, self.options.plugin,
-                                 meanwhile=meanwhile))
+                                 self.options.extensions if extensions else None,
+                                 self.options.plugin, meanwhile=meanwhile))
 
     def set_environment(self, name, value):
         """Gives what is started from now on a variable, until the test is over."""

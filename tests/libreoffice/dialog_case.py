@@ -1,6 +1,6 @@
 """A test of the recolour dialog: Writer with shapes in a document, and the dialog open over it."""
 
-import uno  # pylint: disable=unused-import  # The modules of the office come with it.
+import uno  # noqa: F401  # The modules of the office come with it.
 from com.sun.star.accessibility import AccessibleRole, AccessibleStateType
 
 from case import WriterCase

@@ -107,8 +107,8 @@ class DialogChangesTest(DialogCase):
         self.assertEqual(self.writer.quit(), 0)
 
     def keeps_objects(self):
-        """Whether shapes that enter or leave a group, or come back by Undo, are the same objects for
-        Writer. An older one makes new ones, and the old ones cannot be found again."""
+        """Whether shapes that enter or leave a group, or come back by Undo, stay the same objects
+        in Writer. An older one makes new ones, and the old ones cannot be found again."""
         return office_version(self.options.office) >= (25, 2)
 
     def test_they_are_grouped(self):

@@ -26,6 +26,7 @@ class DialogPartsTest(DialogCase):
 
     def test_the_menu_removes_what_it_says(self):
         dialog = self.open_filled()
+
         def remove(item, *usable):
             menu = dialog.open_remove_menu()
             self.assertEqual(menu.usable(), list(usable))

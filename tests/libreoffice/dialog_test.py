@@ -5,8 +5,8 @@
 """
 
 from case import run_tests
-from dialog import (ADD, ALL, BOX, DESTINATION, DONE, DOWN, NO_FILL, NOT_SELECTED, RECOLOUR, ROW_MENU,
-                    SELECT_ALL, SELECTED, SOURCE, UP, Dialog, Menu, dialogs_on)
+from dialog import (ADD, ALL, BOX, DESTINATION, DONE, DOWN, NO_FILL, NOT_SELECTED, RECOLOUR,
+                    ROW_MENU, SELECT_ALL, SELECTED, SOURCE, UP, Dialog, Menu, dialogs_on)
 from dialog_case import BLUE, CHANGE_FILLS, COLOURS, GREEN, GREY, RED, YELLOW, DialogCase
 from screen import wait_until
 

@@ -104,7 +104,7 @@ class Recolouring(OnDocuments):
             office.convert(cls.town, cls.inputs[".doc"], cls.inputs[".fodt"])
         for suffix, source in cls.inputs.items():
             cls.load_and_store(source, FILTERS[suffix])
-        # Not the example itself: each version of the office writes more properties than the one before.
+        # Not the example itself: each version of the office writes more properties than the last.
         cls.plain = cls.folder / "plain.odt"
 
     @classmethod
@@ -183,9 +183,9 @@ class Recolouring(OnDocuments):
         self.assertEqual(output.read_bytes()[:2], b"PK")
         self.assertGreater(normal_form.docx_body(output, {BLUE: BLUE})[1], 10)
 
-    def test_the_output_takes_the_format_of_its_name_in_any_case_and_without_an_ending_the_documents(
-            self):
-        for name, beginning in {"other.DOCX": b"PK", "other.Doc": b"\xd0\xcf", "bare": b"PK"}.items():
+    def test_the_outputs_ending_in_any_case_or_else_the_document_chooses_the_format(self):
+        beginnings = {"other.DOCX": b"PK", "other.Doc": b"\xd0\xcf", "bare": b"PK"}
+        for name, beginning in beginnings.items():
             output = self.folder / name
             self.recolour_to(EXAMPLES / "town.docx", output)
             self.assertEqual(output.read_bytes()[:2], beginning, name)
@@ -448,8 +448,8 @@ class BadInput(OnDocuments):
 
     def test_an_output_that_cannot_be_written(self):
         mapping = ("--map", f"{ROOFS}={BLUE}")
-        self.assert_refused("cannot write", "recolor", self.town, "-o", self.folder / "no" / "x.odt",
-                            *mapping)
+        self.assert_refused("cannot write", "recolor", self.town, "-o",
+                            self.folder / "no" / "x.odt", *mapping)
         output = self.folder / "open-for-writing.odt"
         output.write_text("mine")
         with output.open("r+"):
@@ -466,19 +466,21 @@ class BadInput(OnDocuments):
         device.symlink_to("/dev/null")
         for output in (self.folder, pipe, self.folder / "socket.odt", device):
             before = output.stat()
-            self.assert_refused("is not a regular file", "recolor", self.town, "-o", output, "--map",
-                                f"{ROOFS}={BLUE}")
+            self.assert_refused("is not a regular file", "recolor", self.town, "-o", output,
+                                "--map", f"{ROOFS}={BLUE}")
             self.assertEqual((output.stat().st_mode, output.stat().st_ino),
                              (before.st_mode, before.st_ino))
 
     def test_an_output_that_is_the_document(self):
-        self.assert_refused("--in-place", "recolor", self.town, "-o", self.town, "--map", f"{ROOFS}={BLUE}")
+        self.assert_refused("--in-place", "recolor", self.town, "-o", self.town,
+                            "--map", f"{ROOFS}={BLUE}")
 
     def test_unknown_rows_and_colours(self):
         output = self.folder / "unknown.odt"
         output.write_text("mine")
         self.assert_refused("no row 999", "recolor", self.town, "-o", output, "--row", "999=none")
-        self.assert_refused("#010203", "recolor", self.town, "-o", output, "--map", "#010203=#000000")
+        self.assert_refused("#010203", "recolor", self.town, "-o", output,
+                            "--map", "#010203=#000000")
         self.assertEqual(output.read_text(), "mine")
 
     def test_malformed_requests(self):

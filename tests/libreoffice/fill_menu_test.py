@@ -5,7 +5,8 @@
 """
 
 from case import run_tests
-from dialog import BOX, COLOUR, DESTINATION, FORMAT, HALF, LOOK, NO_FILL, RECOLOUR, RESTORE, ROW_MENU
+from dialog import (BOX, COLOUR, DESTINATION, FORMAT, HALF, LOOK, NO_FILL, RECOLOUR, RESTORE,
+                    ROW_MENU)
 from dialog_case import BLUE, GREEN, RED, DialogCase
 from screen import wait_until
 

@@ -74,9 +74,11 @@ class InFolder(unittest.TestCase):
 FILLS = {
     "accent1": "#0070C0",
     "accent2": json.dumps({"Visible": -1, "Type": 3, "GradientColorType": 2, "GradientStyle": 1,
-                           "GradientVariant": 1, "ForeColorRGB": 0x665544, "BackColorRGB": 0xCCBBAA}),
+                           "GradientVariant": 1,
+                           "ForeColorRGB": 0x665544, "BackColorRGB": 0xCCBBAA}),
     "accent3": json.dumps({"Visible": -1, "Type": 3, "GradientColorType": 2, "GradientStyle": 7,
-                           "GradientVariant": 1, "ForeColorRGB": 0x112233, "BackColorRGB": 0x778899}),
+                           "GradientVariant": 1,
+                           "ForeColorRGB": 0x112233, "BackColorRGB": 0x778899}),
     "accent4": json.dumps({"Visible": -1, "Type": 2, "Pattern": 14, "ForeColorRGB": 0x332211,
                            "BackColorRGB": 0xFFEEDD}),
     "accent5": json.dumps({"Visible": -1, "Type": 4, "TextureType": 1, "PresetTexture": 12}),
@@ -105,8 +107,7 @@ def twenty_shapes(document, name):
     document.shape(handmade.solid(color), twin=twin())
     document.shape(handmade.solid(color), handmade.style_reference(other, 3), twin=twin())
     document.shape(handmade.solid(color), prst="star5")
-    document.shape(handmade.theme(name), text="Šířka", extra=(
-        '<wp14:sizeRelH relativeFrom="margin"><wp14:pctWidth>40000</wp14:pctWidth></wp14:sizeRelH>'))
+    document.shape(handmade.theme(name), text="Šířka", extra=handmade.width_of_margin(40))
     document.group(document.wps(handmade.theme(name)), document.wps(handmade.solid(color)),
                    document.wps("", handmade.style_reference(name)))
 
@@ -124,8 +125,8 @@ def fill_of(properties):
 
 
 def picture_in_vml(shape):
-    """The relation to the picture that a shape in VML shows: beside its fill, or in newer offices as
-    a tile in the fill."""
+    """The relation to the picture that a shape in VML shows: beside its fill, or in newer offices
+    as a tile in the fill."""
     for element in (V + "imagedata", V + "fill"):
         found = shape.find(element)
         if found is not None and found.get(R + "id") is not None:
@@ -191,8 +192,10 @@ class EveryBranch(InFolder):
 
     def test_the_drawing_branch(self):
         pictures = ("blipFill", (), ())
+
         def solid(color, *alpha):
             return ("solidFill", (("srgbClr", color),), alpha)
+
         def gradient(*colors):
             return ("gradFill", tuple(("srgbClr", color) for color in colors), ())
         expected = {solid("0070c0"): 20, solid("123456", "50000"): 20,
@@ -484,7 +487,8 @@ class Samples(InFolder):
         super().setUpClass()
         cls.plain, cls.outputs = cls.folder / "plain", cls.folder / "outputs"
         cls.outputs.mkdir()
-        cls.sources = [s for s in sorted(Path(SAMPLES).glob("**/*")) if s.suffix in (".docx", ".odt")]
+        cls.sources = [each for each in sorted(Path(SAMPLES).glob("**/*"))
+                       if each.suffix in (".docx", ".odt")]
         load_and_store(cls.sources, cls.plain)
 
     @staticmethod
@@ -507,7 +511,8 @@ class Samples(InFolder):
         self.assertEqual(stored["differences"], [], done.stderr)
         lost = self.shapes_of(source) - self.shapes_of(self.plain / source.name)
         self.assertLessEqual(stored["notFound"], lost, done.stderr)
-        self.assertEqual(done.returncode, STORED_OTHERWISE if stored["notFound"] else 0, done.stderr)
+        expected = STORED_OTHERWISE if stored["notFound"] else 0
+        self.assertEqual(done.returncode, expected, done.stderr)
 
     def test_samples(self):
         tried = 0

@@ -1,5 +1,5 @@
-"""Documents with drawing shapes as programs other than an office write them: by hand, by python-docx,
-by odfpy and by pandoc. Each has shapes of the colour ROOFS, and others."""
+"""Documents with drawing shapes as programs other than an office write them: by hand, by
+python-docx, by odfpy and by pandoc. Each has shapes of the colour ROOFS, and others."""
 
 import subprocess
 
@@ -66,8 +66,7 @@ def with_footer(document):
 
 
 def with_text_box(document):
-    document.shape(handmade.theme("accent1"), text="Polovina", extra=(
-        '<wp14:sizeRelH relativeFrom="margin"><wp14:pctWidth>50000</wp14:pctWidth></wp14:sizeRelH>'))
+    document.shape(handmade.theme("accent1"), text="Polovina", extra=handmade.width_of_margin(50))
     document.shape(handmade.solid(WALLS), text="Pevná")
 
 

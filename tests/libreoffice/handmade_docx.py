@@ -51,7 +51,8 @@ def gradient(*stops, angle=0, path=None):
         return f'<a:{kind} val="{value}"/>'
     inner = "".join(f'<a:gs pos="{at * 1000}">{color(value)}</a:gs>' for at, value in stops)
     way = (f'<a:lin ang="{angle * 60000}" scaled="0"/>' if path is None else
-           f'<a:path path="{path}"><a:fillToRect l="50000" t="50000" r="50000" b="50000"/></a:path>')
+           f'<a:path path="{path}"><a:fillToRect l="50000" t="50000" r="50000" b="50000"/>'
+           '</a:path>')
     return f'<a:gradFill rotWithShape="1"><a:gsLst>{inner}</a:gsLst>{way}</a:gradFill>'
 
 
@@ -69,6 +70,12 @@ def picture(tiled):
 NO_FILL = "<a:noFill/>"
 
 
+def width_of_margin(per_cent):
+    """A shape's width as a part of the text's, in newer versions' own element."""
+    return (f'<wp14:sizeRelH relativeFrom="margin"><wp14:pctWidth>{per_cent * 1000}</wp14:pctWidth>'
+            '</wp14:sizeRelH>')
+
+
 def style_reference(color="accent1", index=1, **transforms):
     """The style of a shape, whose fill is `index` of the theme's fills in this colour."""
     inner = "".join(f'<a:{name} val="{value * 1000}"/>' for name, value in transforms.items())
@@ -83,8 +90,9 @@ def png(width=4, height=4, color=(0, 128, 0)):
         checked = name + data
         return struct.pack(">I", len(data)) + checked + struct.pack(">I", zlib.crc32(checked))
     rows = (b"\0" + bytes(color) * width) * height
-    return (b"\x89PNG\r\n\x1a\n" + chunk(b"IHDR", struct.pack(">IIBBBBB", width, height, 8, 2, 0, 0, 0))
-            + chunk(b"IDAT", zlib.compress(rows)) + chunk(b"IEND", b""))
+    header = struct.pack(">IIBBBBB", width, height, 8, 2, 0, 0, 0)
+    return (b"\x89PNG\r\n\x1a\n" + chunk(b"IHDR", header) + chunk(b"IDAT", zlib.compress(rows))
+            + chunk(b"IEND", b""))
 
 
 class Docx:
@@ -171,9 +179,9 @@ class Docx:
         section = (f'<w:sectPr>{references}<w:pgSz w:w="11906" w:h="16838"/><w:pgMar w:top="1440" '
                    'w:right="1440" w:bottom="1440" w:left="1440" w:header="708" w:footer="708" '
                    'w:gutter="0"/></w:sectPr>')
+        body = element_only("w:body", "".join(self.paragraphs) + section)
         parts = {
-            "word/document.xml": element("w:document", element_only("w:body", "".join(self.paragraphs)
-                                                                   + section)),
+            "word/document.xml": element("w:document", body),
             "word/theme/theme1.xml": theme_part(),
             "word/media/image1.png": png(),
         }
@@ -226,8 +234,9 @@ def element(tag, content):
 
 
 def relationships(entries):
-    inner = "".join(f'<Relationship Id="{name}" Type="{OFFICE_RELATIONS}/{kind}" Target="{target}"/>'
-                    for name, kind, target in entries)
+    inner = "".join(
+        f'<Relationship Id="{name}" Type="{OFFICE_RELATIONS}/{kind}" Target="{target}"/>'
+        for name, kind, target in entries)
     return f'{HEADER}<Relationships xmlns="{PACKAGE_RELATIONS}">{inner}</Relationships>'
 
 

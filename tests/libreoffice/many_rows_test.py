@@ -1,6 +1,7 @@
-"""The recolour dialog with as many rows as a large picture has fills, on a screen with twice the usual
-dots: its list is higher than any window can be. many_rows_test.py --office SOFFICE --extensions FOLDER
---plugin gen|gtk3 [unittest arguments]
+"""The recolour dialog with as many rows as a large picture has fills, on a screen of twice the
+usual resolution: its list is taller than any window can be.
+
+    many_rows_test.py --office SOFFICE --extensions FOLDER --plugin gen|gtk3 [unittest arguments]
 """
 
 from case import run_tests

@@ -101,7 +101,7 @@ class RandomWindowTest(DialogCase):
         def is_open():
             if dialogs_on(self.screen):
                 return True
-            # A box about what ended it may have come only now: it is closed, and the click repeated.
+            # A box about what ended it may appear only now: it is closed, and the click repeated.
             wait_until(has_the_keyboard, "Writer has the keyboard", 60.0)
             self.writer.select(self.frame, *self.shapes)
             self.writer.click_button(CHANGE_FILLS)
@@ -141,6 +141,7 @@ class RandomWindowTest(DialogCase):
                                  f"{error}") from error
         left = subprocess.run(["pgrep", "-f", folder], stdout=subprocess.PIPE, check=False)
         self.assertEqual(left.stdout.split(), [])
+
 
 if __name__ == "__main__":
     run_tests(__doc__)

@@ -125,7 +125,8 @@ class Screen:
 
     def _run(self, *command):
         return subprocess.run(command, env=self.environment, check=False, text=True,
-                              timeout=TOOL_LIMIT, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL).stdout
+                              timeout=TOOL_LIMIT, stdout=subprocess.PIPE,
+                              stderr=subprocess.DEVNULL).stdout
 
     def move(self, x, y):
         self._run("xdotool", "mousemove", str(x), str(y))

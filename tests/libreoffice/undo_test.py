@@ -12,7 +12,7 @@ import tempfile
 import unittest
 from pathlib import Path
 
-import uno  # pylint: disable=unused-import  # The modules of the office come with it.
+import uno  # noqa: F401  # The modules of the office come with it.
 from com.sun.star.beans import NamedValue
 
 from screen import Screen, wait_until

@@ -245,7 +245,8 @@ class WindowTest(WriterCase):
         writer = self.start()
         bottom = uno.Enum("com.sun.star.ui.DockingArea", "DOCKINGAREA_BOTTOM")
         writer.frame().LayoutManager.dockWindow(writer.bar_url(), bottom, Point(0, 0))
-        wait_until(lambda: self.top_of_bar(writer) > self.screen.HEIGHT // 2, "the bar is at the bottom")
+        wait_until(lambda: self.top_of_bar(writer) > self.screen.HEIGHT // 2,
+                   "the bar is at the bottom")
         self.assertEqual(writer.quit(), 0)
         writer = self.start()
         wait_until(lambda: self.top_of_bar(writer) > self.screen.HEIGHT // 2,

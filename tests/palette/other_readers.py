@@ -97,7 +97,8 @@ class OnOtherReaders(OnPaletteFiles):
         body = re.search(rf"CREATE TABLE \[{table}\]\s*\((.*?)\n\);", schema, re.DOTALL).group(1)
         found = []
         for line in body.strip().splitlines():
-            match = re.fullmatch(r"\s*\[(\w+)\]\s+([A-Za-z ]+?)(?: \((\d+)\))?( NOT NULL)?,? *", line)
+            match = re.fullmatch(
+                r"\s*\[(\w+)\]\s+([A-Za-z ]+?)(?: \((\d+)\))?( NOT NULL)?,? *", line)
             name, type_name, size, required = match.groups()
             kind = next(key for key, value in SCHEMA_TYPES.items() if value == type_name)
             size = int(size) if size and kind == TEXT else None

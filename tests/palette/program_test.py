@@ -11,8 +11,8 @@ import subprocess
 import time
 import unittest
 
-from program import (LIMIT, MANY_PALETTES, PREVIEW_SIZES, PROGRAM, OnPaletteFiles, as_stored, element, huebrush,
-                     palette, various_palettes)
+from program import (LIMIT, MANY_PALETTES, PREVIEW_SIZES, PROGRAM, OnPaletteFiles, as_stored,
+                     element, huebrush, palette, various_palettes)
 
 
 class Refusals(OnPaletteFiles):
@@ -79,7 +79,8 @@ class Refusals(OnPaletteFiles):
                 {"palettes": [palette("a", [fill]), palette("b", [lacking])]},
             "palette 1, element 2: the table TFillElementParameter has no column Red":
                 {"palettes": [palette("a", [fill, {"Red": 1}])]},
-            "Visible must be a whole number": {"palettes": [palette("a", [{**fill, "Visible": 1.5}])]},
+            "Visible must be a whole number":
+                {"palettes": [palette("a", [{**fill, "Visible": 1.5}])]},
             "FillPreview must be bytes in base64":
                 {"palettes": [palette("a", [{**fill, "FillPreview": "?"}])]},
             "palette 1: Sloupec „Name“": {"palettes": [{"elements": [fill]}]},
@@ -279,7 +280,8 @@ class Palettes(OnPaletteFiles):
     def test_are_dumped_as_json_that_is_indented(self):
         self.add(various_palettes([10, None, 5000]))
         dumped = self.run_program("dump", self.file)
-        self.assertEqual(dumped, json.dumps(json.loads(dumped), indent=2, ensure_ascii=False) + "\n")
+        printed_anew = json.dumps(json.loads(dumped), indent=2, ensure_ascii=False) + "\n"
+        self.assertEqual(dumped, printed_anew)
 
     def test_go_from_file_to_file(self):
         self.add(various_palettes([10, None, 5000]))
@@ -404,7 +406,8 @@ class Check(OnPaletteFiles):
         violations = json.loads(result.stdout)["violations"]
         self.assertGreaterEqual(len(violations), broken)
         self.assertEqual([each["text"] for each in violations], lines[:len(violations)])
-        self.assertLess({"severity", "page", "offset", "rule", "object", "found"}, set(violations[0]))
+        self.assertLess({"severity", "page", "offset", "rule", "object", "found"},
+                        set(violations[0]))
         self.assertEqual({each["severity"] for each in violations}, {"damage"})
         self.assertRegex(lines[0], r"^damage: page \d+, byte \d+, table \w+: .* \(rule [A-Z]\d\)$")
         self.assertEqual(lines[-1], f"{self.file} is damaged")
