@@ -1,34 +1,53 @@
-# The everyday commands. `make demo` and `make check` do everything on a fresh machine.
+# The everyday commands. `make demo` and `make check` install what they need, on a fresh machine all of
+# it; `make packages` and `make check-packages` do only that; nothing else installs anything.
 
-.PHONY: all packages build demo check unit long asan fuzz office lint format bench screenshots newer clean
+.PHONY: all packages check-packages build demo check unit long asan fuzz office lint format bench \
+  screenshots newer install clean
 
 CTEST := ctest --output-on-failure
 
-all: build
+# $(call configure,PRESET,PACKAGES,COMMAND): configures with a preset. Where that fails because
+# packages are missing, they are named, and the command that installs them.
+configure = cmake --preset $(1) >/dev/null || { \
+  missing=$$(tools/install-packages.sh --missing $(2)); \
+  [ -z "$$missing" ] || echo "$$missing; \`$(3)\` installs them" >&2; exit 1; }
+
+# The program and the extension. A build that was configured with tests stays so.
+all:
+	@[ -e build/release/build.ninja ] || $(call configure,product,build,make packages)
+	@cmake --build --preset product
 
 packages:
-	@tools/install-packages.sh
+	@tools/install-packages.sh build
 
-build: packages
-	@cmake --preset release >/dev/null
+check-packages:
+	@tools/install-packages.sh check
+
+# The same with all tests and measurements.
+build:
+	@$(call configure,release,check,make check-packages)
 	@cmake --build --preset release
 
-demo: build
+demo:
+	@tools/install-packages.sh demo
+	@$(MAKE) --no-print-directory all
 	@tools/demo.sh
 
 # The sanitizers first: what they find explains the rest.
-check: asan build
+check: check-packages
+	@$(MAKE) --no-print-directory asan
+	@$(MAKE) --no-print-directory build
 	$(CTEST) --test-dir build/release -j2 -L 'unit|lint'
 	$(CTEST) --test-dir build/release -j2 -L libreoffice
 
-asan: packages
-	@cmake --preset asan >/dev/null
+asan:
+	@$(call configure,asan,check,make check-packages)
 	@cmake --build --preset asan
 	$(CTEST) --test-dir build/asan -j2 -LE long
 
 # Of these, only the random inputs for the database engine, for HUEBRUSH_FUZZ_SECONDS each.
-fuzz: packages
-	@cmake --preset asan >/dev/null
+fuzz:
+	@$(call configure,asan,check,make check-packages)
 	@cmake --build --preset asan --target damage_fuzz edit_fuzz
 	$(CTEST) --test-dir build/asan -L fuzz
 
@@ -52,13 +71,17 @@ bench: build
 	@/usr/bin/python3 bench/run.py --json build/bench.json
 
 # The pictures of docs/manual.md.
-screenshots: build
+screenshots: all
 	@/usr/bin/python3 tools/screenshots.py
 
 # The build and the tests in a Debian 13 of its own, with the newer LibreOffice there, and what is
 # built here tried there. As root.
 newer: build
 	@tools/newer.sh
+
+# Below PREFIX, or the folder that the build was configured for (/usr/local).
+install: all
+	@cmake --install build/release $(if $(PREFIX),--prefix $(PREFIX))
 
 clean:
 	rm -rf build

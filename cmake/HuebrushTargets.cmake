@@ -1,20 +1,18 @@
 # How the targets of this project are made: one library a folder of src/, with its tests beside it.
 
-find_package(GTest REQUIRED)
-include(GoogleTest)
-
-add_library(huebrush_flags INTERFACE)
-target_compile_options(huebrush_flags INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Werror)
-# Lines and functions are what the sanitizers and a backtrace tell; the rest takes a quarter of the
-# build's time.
-if(NOT HUEBRUSH_FULL_DEBUG_INFO)
-  target_compile_options(huebrush_flags INTERFACE -g1)
+if(BUILD_TESTING)
+  find_package(GTest REQUIRED)
+  include(GoogleTest)
 endif()
+
+# Whether a warning is an error, and what there is for a debugger, is for the presets to say.
+add_library(huebrush_flags INTERFACE)
+target_compile_options(huebrush_flags INTERFACE -Wall -Wextra -Wpedantic -Wconversion)
 if(HUEBRUSH_SANITIZE)
   if(NOT CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
     message(FATAL_ERROR "HUEBRUSH_SANITIZE needs clang, with which libFuzzer comes")
   endif()
-  # One build for the tests and the fuzzers: what fuzzers want to know of the code costs tests little.
+  # One build for the tests and the fuzzers: what the fuzzers need costs the tests little.
   target_compile_options(huebrush_flags INTERFACE
     -fsanitize=address,undefined,fuzzer-no-link -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_link_options(huebrush_flags INTERFACE -fsanitize=address,undefined)
@@ -54,8 +52,11 @@ function(huebrush_optimise name)
 endfunction()
 
 # huebrush_test(NAME USES library... SOURCES file...)
-# A GoogleTest program whose tests are registered one by one.
+# A GoogleTest program whose tests are registered one by one; nothing without BUILD_TESTING.
 function(huebrush_test name)
+  if(NOT BUILD_TESTING)
+    return()
+  endif()
   cmake_parse_arguments(ARG "" "" "USES;SOURCES" ${ARGN})
   add_executable(${name} ${ARG_SOURCES})
   target_link_libraries(${name} PRIVATE ${ARG_USES} huebrush_flags GTest::gtest GTest::gtest_main)
@@ -67,6 +68,9 @@ endfunction()
 # A test of that program that does more when HUEBRUSH_LONG is set, once more with all of its work:
 # what `make long` runs.
 function(huebrush_long_test program test)
+  if(NOT BUILD_TESTING)
+    return()
+  endif()
   add_test(NAME long.${test} COMMAND ${program} --gtest_filter=${test})
   set_tests_properties(long.${test} PROPERTIES LABELS long TIMEOUT 7200
     ENVIRONMENT HUEBRUSH_LONG=1

@@ -5,7 +5,7 @@ set(LIBREOFFICE_HEADERS ${CMAKE_BINARY_DIR}/libreoffice-headers)
 
 if(NOT EXISTS ${LIBREOFFICE_ROOT}/sdk/bin/cppumaker)
   message(FATAL_ERROR "The LibreOffice SDK is missing in ${LIBREOFFICE_ROOT}: "
-    "run tools/install-packages.sh, or configure with HUEBRUSH_LIBREOFFICE=OFF")
+    "install it (on Debian libreoffice-dev), or configure with HUEBRUSH_LIBREOFFICE=OFF")
 endif()
 
 file(STRINGS ${LIBREOFFICE_ROOT}/sdk/settings/dk.mk LIBREOFFICE_VERSION REGEX "^SDKVERSION=")

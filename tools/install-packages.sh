@@ -1,40 +1,78 @@
 #!/usr/bin/env bash
-# Installs what building, testing and the demo need on Debian 12 and 13. Does nothing when all is there.
+# Installs packages of Debian 12 or 13, as root or with sudo. Does nothing when all are there.
+#
+#   tools/install-packages.sh [--missing] [SET]
+#
+# The sets, each with what stands before it:
+#   build   what compiling the program and the extension needs
+#   demo    what tools/demo.sh runs
+#   check   what the tests, the linters and the measurements need (the default)
+#
+# With --missing nothing is installed: the packages that are not there are named.
 set -euo pipefail
 
-packages=(
-  # build
-  git g++ cmake ninja-build make libgtest-dev libgmock-dev libbenchmark-dev nlohmann-json3-dev libcli11-dev
-  libpng-dev librsvg2-bin zip
-  # the host
-  libreoffice-writer libreoffice-gtk3 libreoffice-dev libreoffice-dev-common
-  libreoffice-style-colibre adwaita-icon-theme fonts-dejavu fonts-liberation
+only_name=
+if [ "${1:-}" = --missing ]; then
+  only_name=yes
+  shift
+fi
+set=${1:-check}
+
+build=(
+  g++ cmake ninja-build make nlohmann-json3-dev libcli11-dev libpng-dev librsvg2-bin zip
+  libreoffice-writer libreoffice-dev libreoffice-dev-common
+)
+demo=(
+  # pictures of documents
+  python3 python3-uno poppler-utils
+)
+check=(
+  git libgtest-dev libgmock-dev libbenchmark-dev
+  # the host in its windows, with a user at the keyboard
+  libreoffice-gtk3 libreoffice-style-colibre adwaita-icon-theme fonts-dejavu fonts-liberation
+  xvfb xauth xdotool openbox wmctrl x11-utils imagemagick procps
   # another reader of database files, to compare with
   mdbtools mdbtools-dev pkg-config
   # other writers of documents, to be read
   pandoc python3-docx python3-odf
   # the sanitizers
   clang libclang-rt-dev
-  # tests in the host's windows, and pictures of its documents
-  python3 python3-uno xvfb xauth xdotool openbox wmctrl x11-utils imagemagick poppler-utils procps
+  # the linters of Python and of the manual page
+  flake8 mandoc
 )
 
-# tools/lint.sh needs these very versions. Debian 13 has only later ones.
+# The linters of C++: tools/lint.sh needs these very versions. Debian 13 has only later ones.
 if (. /etc/os-release && [ "$ID ${VERSION_ID:-}" = "debian 12" ]); then
-  packages+=(clang-format-14 clang-tidy-14)
+  check+=(clang-format-14 clang-tidy-14)
 fi
 
 # What runs the other reader may have come from elsewhere than from a package.
-command -v node >/dev/null || packages+=(nodejs)
-command -v npm >/dev/null || packages+=(npm)
+command -v node >/dev/null || check+=(nodejs)
+command -v npm >/dev/null || check+=(npm)
 
+case $set in
+  build) packages=("${build[@]}") ;;
+  demo) packages=("${build[@]}" "${demo[@]}") ;;
+  check) packages=("${build[@]}" "${demo[@]}" "${check[@]}") ;;
+  *) echo "install-packages: there is no set $set" >&2; exit 2 ;;
+esac
+
+if ! command -v dpkg-query >/dev/null; then
+  [ -n "$only_name" ] && exit
+  echo "install-packages: this is not Debian; install what it calls ${packages[*]}" >&2
+  exit 1
+fi
 missing=()
 for package in "${packages[@]}"; do
   dpkg-query -W -f '${db:Status-Status}\n' "$package" 2>/dev/null | grep -qx installed ||
     missing+=("$package")
 done
-[ ${#missing[@]} -eq 0 ] && exit 0
+[ ${#missing[@]} -eq 0 ] && exit
 
+if [ -n "$only_name" ]; then
+  echo "missing packages: ${missing[*]}"
+  exit
+fi
 as_root=()
 [ "$(id -u)" -eq 0 ] || as_root=(sudo)
 echo "installing: ${missing[*]}"

@@ -42,7 +42,7 @@ class AboutTest : public ::testing::Test {
 TEST_F(AboutTest, SaysWhatItIsAboutAndItsVersion) {
     EXPECT_EQ(box->Caption.get(), "O doplňku Huebrush");
     EXPECT_EQ(box->lblTitle.Caption.get(), "Huebrush");
-    EXPECT_EQ(box->lblVersion.Caption.get(), "Verze 1.0.0");
+    EXPECT_EQ(box->lblVersion.Caption.get(), "Verze 4.3.2");
     EXPECT_EQ(box->Label2.Caption.get(), "Doplněk aplikace MS Word 97/2000");
     EXPECT_EQ(box->cmdSysInfo.Caption.get(), "&System Info...");
 }

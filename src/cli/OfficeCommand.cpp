@@ -34,7 +34,9 @@ fs::path findExtensions() {
     std::error_code error;
     const fs::path program = fs::read_symlink("/proc/self/exe", error);
     const fs::path folder = program.parent_path();
-    for (const fs::path& place : {folder / "../extension", folder / "../lib/huebrush/extension"}) {
+    // In the build's folder, or installed.
+    for (const fs::path& place :
+         {folder / "../extension", folder / HUEBRUSH_EXTENSIONS_FROM_PROGRAM}) {
         if (hasExtension(place)) return fs::canonical(place);
     }
     throw Failure("the LibreOffice extension is missing beside the program: " + folder.string());

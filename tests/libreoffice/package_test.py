@@ -1,5 +1,5 @@
-"""The extension's package: the office's extension manager takes it, and an office older than the one
-that it was built with refuses it.
+"""The extension's package: the office's extension manager accepts it, and an office older than
+the one that it was built with refuses it.
 
     package_test.py Package                 the package of this office, or of an older one
     package_test.py PackageOfANewerOffice   the package of a newer one
@@ -13,11 +13,14 @@ import subprocess
 import tempfile
 import unittest
 import zipfile
+from xml.etree import ElementTree
 
 PACKAGE = pathlib.Path(os.environ["HUEBRUSH_PACKAGE"])
 UNOPKG = os.environ["HUEBRUSH_UNOPKG"]
 IDENTIFIER = "cz.huebrush.extension"
 DESCRIPTION = "description.xml"
+NAMES = {"d": "http://openoffice.org/extensions/description/2006"}
+LINK = "{http://www.w3.org/1999/xlink}href"
 NOBODY = 65534
 
 
@@ -44,6 +47,13 @@ class PackageCase(unittest.TestCase):
 
 
 class Package(PackageCase):
+    def element(self, path):
+        """An element of the description, of which there must be one."""
+        with zipfile.ZipFile(PACKAGE) as package:
+            found = ElementTree.fromstring(package.read(DESCRIPTION)).findall(path, NAMES)
+        self.assertEqual(len(found), 1, path)
+        return found[0]
+
     def demand(self, version):
         """Has the package ask for that version of the office."""
         wanted = self.folder / "other.oxt"
@@ -64,6 +74,25 @@ class Package(PackageCase):
         done = self.unopkg("remove", IDENTIFIER)
         self.assertEqual(done.returncode, 0, done.stdout)
         self.assertFalse(self.is_installed())
+
+    def test_it_has_a_publisher_a_licence_and_an_icon(self):
+        self.assertTrue(self.element("d:publisher/d:name[@lang='en']").text)
+        self.assertTrue(self.element("d:publisher/d:name[@lang='cs']").text)
+        icon = self.element("d:icon/d:default").get(LINK)
+        with zipfile.ZipFile(PACKAGE) as package:
+            self.assertIn(b"Mozilla Public License Version 2.0", package.read("LICENSE"))
+            self.assertTrue(package.read(icon).startswith(b"\x89PNG"))
+
+    def test_the_extension_manager_describes_it_in_czech_and_english(self):
+        self.assertEqual(self.unopkg("add", str(self.package)).returncode, 0)
+        texts = {}
+        for language in ("cs", "en"):
+            source = self.element(f"d:extension-description/d:src[@lang='{language}']").get(LINK)
+            with zipfile.ZipFile(PACKAGE) as package:
+                texts[language] = package.read(source).decode().splitlines()[0]
+        self.assertIn("přebarvuje", texts["cs"])
+        self.assertIn("recolours", texts["en"])
+        self.assertIn(texts["en"], self.unopkg("list", "--verbose").stdout)
 
     def test_an_older_office_refuses_it(self):
         done = self.unopkg("add", str(self.demand("99.8")))

@@ -6,7 +6,7 @@ set_target_properties(huebrush_recolour_job PROPERTIES
 target_link_options(huebrush_recolour_job PRIVATE -Wl,-z,defs)
 target_link_libraries(huebrush_recolour_job PRIVATE huebrush_libreoffice huebrush_flags)
 foreach(file description.xml huebrush_recolour_job.components META-INF/manifest.xml)
-  configure_file(recolour-extension/${file} ${RECOLOUR_EXTENSION}/${file} COPYONLY)
+  configure_file(recolour-extension/${file} ${RECOLOUR_EXTENSION}/${file} @ONLY)
 endforeach()
 add_test(NAME undo
   COMMAND /usr/bin/python3 ${CMAKE_CURRENT_SOURCE_DIR}/undo_test.py

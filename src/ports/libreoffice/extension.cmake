@@ -40,14 +40,31 @@ target_link_libraries(huebrush_component PRIVATE huebrush_libreoffice huebrush_f
 huebrush_extension_resources(huebrush_component ${EXTENSION_FOLDER})
 
 configure_file(extension/description.xml.in ${EXTENSION_FOLDER}/description.xml @ONLY)
-foreach(file META-INF/manifest.xml huebrush.components Jobs.xcu ProtocolHandler.xcu)
+foreach(file META-INF/manifest.xml huebrush.components Jobs.xcu ProtocolHandler.xcu
+    description/cs.txt description/en.txt)
   configure_file(extension/${file} ${EXTENSION_FOLDER}/${file} COPYONLY)
 endforeach()
+configure_file(${PROJECT_SOURCE_DIR}/LICENSE ${EXTENSION_FOLDER}/LICENSE COPYONLY)
+# The picture that the extension manager shows.
+add_custom_command(OUTPUT ${EXTENSION_FOLDER}/icon.png
+  DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/icons/103.svg
+  COMMAND ${RSVG_CONVERT} -w 42 -h 42 ${CMAKE_CURRENT_SOURCE_DIR}/icons/103.svg
+    -o ${EXTENSION_FOLDER}/icon.png VERBATIM)
+add_custom_target(huebrush_extension_icon DEPENDS ${EXTENSION_FOLDER}/icon.png)
 
-# The package is made anew each time: its parts are many, and packing takes a moment.
+# The package, without what only a debugger reads. It is made anew each time: its parts are many,
+# and packing takes a moment.
+set(PACKAGE_FOLDER ${CMAKE_BINARY_DIR}/package)
 set(EXTENSION_PACKAGE ${CMAKE_BINARY_DIR}/huebrush.oxt)
 add_custom_target(huebrush_extension ALL
-  COMMAND ${CMAKE_COMMAND} -E rm -f ${EXTENSION_PACKAGE}
-  COMMAND ${ZIP} -qrX ${EXTENSION_PACKAGE} .
-  WORKING_DIRECTORY ${EXTENSION_FOLDER} VERBATIM)
-add_dependencies(huebrush_extension huebrush_component)
+  COMMAND ${CMAKE_COMMAND} -E rm -rf ${PACKAGE_FOLDER} ${EXTENSION_PACKAGE}
+  COMMAND ${CMAKE_COMMAND} -E copy_directory ${EXTENSION_FOLDER} ${PACKAGE_FOLDER}
+  COMMAND ${CMAKE_STRIP} --strip-unneeded ${PACKAGE_FOLDER}/huebrush.so
+  COMMAND ${CMAKE_COMMAND} -E chdir ${PACKAGE_FOLDER} ${ZIP} -qrX ${EXTENSION_PACKAGE} .
+  VERBATIM)
+add_dependencies(huebrush_extension huebrush_component huebrush_extension_icon)
+
+install(TARGETS huebrush_component LIBRARY DESTINATION ${HUEBRUSH_EXTENSIONDIR}/huebrush)
+install(DIRECTORY ${EXTENSION_FOLDER} DESTINATION ${HUEBRUSH_EXTENSIONDIR}
+  PATTERN huebrush.so EXCLUDE)
+install(FILES ${EXTENSION_PACKAGE} DESTINATION ${CMAKE_INSTALL_DATADIR}/huebrush)

@@ -92,7 +92,7 @@ class MemoryRuntime final : public forms::Runtime,
     std::vector<std::string> savedSettings;
     char separator = '.';
     std::string componentFolder = "/huebrush";
-    std::string componentVersion = "1.0.0";
+    std::string componentVersion = "4.3.2";
     /// The registry: by key and name, under the one root that there is.
     std::map<std::pair<std::string, std::string>, forms::RegistryValue> registry;
     std::set<std::string> files;
