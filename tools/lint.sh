@@ -1,47 +1,67 @@
 #!/usr/bin/env bash
-# Checks the format of all C++ files, and runs clang-tidy over those that make the product. Both in
-# version 14: every version formats differently and has checks of its own.
+# Checks how the tree is written.
 #
-# tools/lint.sh [PART PARTS]: all files, or one part of them, so that several can run side by side.
+#   tools/lint.sh                everything
+#   tools/lint.sh text           the format of C++ (clang-format), Python (flake8), the manual page (mandoc)
+#   tools/lint.sh PART PARTS     C++ by clang-tidy: one part of the files, so that several can run side
+#                                by side
+#
+# clang-format and clang-tidy in version 14: every version formats differently and has checks of its
+# own. Where Debian does not have it, exit code 77 says that C++ was not checked.
 set -euo pipefail
 cd "$(dirname "$0")/.."
-part=${1:-1} parts=${2:-1}
 
-for tool in clang-format-14 clang-tidy-14; do
-  command -v "$tool" >/dev/null && continue
-  # tools/install-packages.sh has installed them where there are any.
+# has_version_14 TOOL: fails where tools/install-packages.sh would have installed it.
+has_version_14() {
+  command -v "$1" >/dev/null && return
   if (. /etc/os-release && [ "$ID ${VERSION_ID:-}" = "debian 12" ]); then
-    echo "lint: $tool is missing" >&2
+    echo "lint: $1 is missing" >&2
     exit 1
   fi
-  echo "lint: nothing was checked: it needs $tool, which Debian 12 has" >&2
+  echo "lint: C++ was not checked: it needs $1, which Debian 12 has" >&2
   exit 77
-done
+}
 
-tools/sources.sh | xargs clang-format-14 --dry-run -Werror
+check_text() {
+  tools/sources.sh '*.py' | xargs flake8
+  mandoc -T lint -W style man/huebrush.1.in
+  has_version_14 clang-format-14
+  tools/sources.sh | xargs clang-format-14 --dry-run -Werror
+}
 
-# Without the headers that gcc reads beforehand, so that each file shows whether it includes all that
-# it uses; clang cannot read those anyway.
-commands=build/lint/$part
-mkdir -p "$commands"
-sed -E 's/ -Winvalid-pch -include [^ "]*cmake_pch\.hxx//' build/release/compile_commands.json \
-  >"$commands/compile_commands.json"
+# The commands of the build without the headers that gcc reads beforehand, so that each file shows
+# whether it includes all that it uses; clang cannot read those anyway.
+write_commands() { # FOLDER
+  mkdir -p "$1"
+  sed -E 's/ -Winvalid-pch -include [^ "]*cmake_pch\.hxx//' build/release/compile_commands.json \
+    >"$1/compile_commands.json"
+}
 
-# Headers are checked through what includes them; tests are held to the compiler's warnings.
-mapfile -t sources < <(tools/sources.sh | grep '^src/.*\.cpp$' |
-  grep -vE '_test(_support)?\.cpp$|Contract\.cpp$' | awk -v part="$part" -v parts="$parts" \
-    'NR % parts == part % parts')
-[ ${#sources[@]} -gt 0 ] || { echo "lint: no files" >&2; exit 1; }
-jobs=$(nproc)
-[ "$parts" -eq 1 ] || jobs=1
-report=$(mktemp)
-trap 'rm -f "$report"' EXIT
-status=0
-printf '%s\n' "${sources[@]}" |
-  xargs -P "$jobs" -n 3 clang-tidy-14 -p "$commands" --quiet --warnings-as-errors='*' \
-  >"$report" 2>/dev/null || status=$?
-if [ "$status" -ne 0 ]; then
-  sort -u "$report"
-  exit 1
-fi
-echo "clang-format and clang-tidy: ${#sources[@]} files clean"
+# Headers are checked through what includes them.
+tidy() { # PART PARTS
+  local part=$1 parts=$2 commands=build/lint/$1 jobs=1 sources
+  has_version_14 clang-tidy-14
+  write_commands "$commands"
+  mapfile -t sources < <(tools/sources.sh '*.cpp' | grep '^src/' |
+    grep -vE '_test(_support)?\.cpp$|Contract\.cpp$' |
+    awk -v part="$part" -v parts="$parts" 'NR % parts == part % parts')
+  [ ${#sources[@]} -gt 0 ] || { echo "lint: no files" >&2; exit 1; }
+  [ "$parts" -gt 1 ] || jobs=$(nproc)
+  local report=$commands/report errors=$commands/errors
+  if ! printf '%s\n' "${sources[@]}" |
+    xargs -P "$jobs" -n 3 clang-tidy-14 -p "$commands" --quiet --warnings-as-errors='*' \
+      >"$report" 2>"$errors"; then
+    # A header's finding comes once for each file that includes it. What clang-tidy says of itself
+    # comes with them, but for its counts.
+    sort -u "$report"
+    grep -vE '^[0-9]+ warnings? ' "$errors" >&2 || true
+    exit 1
+  fi
+  echo "clang-tidy: ${#sources[@]} files clean"
+}
+
+case ${1:-} in
+  text) check_text ;;
+  '') check_text; tidy 1 1 ;;
+  *) tidy "$1" "$2" ;;
+esac

@@ -1,4 +1,7 @@
 #!/usr/bin/env bash
-# Lists the C++ files of the project.
+# Lists the project's source files: those of C++, or those whose names end in the given patterns.
+#
+#   tools/sources.sh [PATTERN...]
 cd "$(dirname "$0")/.."
-git ls-files -co --exclude-standard -- '*.h' '*.cpp'
+[ $# -gt 0 ] || set -- '*.h' '*.cpp'
+git ls-files -co --exclude-standard -- "$@"
