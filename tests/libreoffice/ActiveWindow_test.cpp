@@ -2,14 +2,14 @@
 
 #include <gtest/gtest.h>
 
-#include "OpenDocument.h"
+#include "TestDocument.h"
 #include "ports/libreoffice/uno/Errors.h"
 
 namespace huebrush::tests {
 namespace {
 
 using libreoffice::ActiveWindow;
-using Window = OpenDocument::Window;
+using Window = TestDocument::Window;
 
 TEST(ActiveWindow, WithoutADocumentThereIsNone) {
     const ActiveWindow window(officeContext());
@@ -25,16 +25,16 @@ TEST(ActiveWindow, WithoutADocumentThereIsNone) {
 
 TEST(ActiveWindow, IsTheOneOpenedLast) {
     const ActiveWindow window(officeContext());
-    const OpenDocument first;
+    const TestDocument first;
     EXPECT_TRUE(window.model() == first.model());
-    const OpenDocument second;
+    const TestDocument second;
     EXPECT_TRUE(window.model() == second.model());
 }
 
 TEST(ActiveWindow, IsTheOneThatTheUserTurnedToLast) {
     ActiveWindow window(officeContext());
-    const OpenDocument first;
-    const OpenDocument second;
+    const TestDocument first;
+    const TestDocument second;
     window.activate(first.frame());
     EXPECT_TRUE(window.model() == first.model());
     EXPECT_TRUE(window.frame() == first.frame());
@@ -42,9 +42,9 @@ TEST(ActiveWindow, IsTheOneThatTheUserTurnedToLast) {
 
 TEST(ActiveWindow, WhenItClosesTheOneBeforeItIsActive) {
     ActiveWindow window(officeContext());
-    const OpenDocument first;
-    const OpenDocument second;
-    OpenDocument third;
+    const TestDocument first;
+    const TestDocument second;
+    TestDocument third;
     window.activate(first.frame());
     window.activate(third.frame());
     third.close();
@@ -53,8 +53,8 @@ TEST(ActiveWindow, WhenItClosesTheOneBeforeItIsActive) {
 
 TEST(ActiveWindow, AHiddenDocumentNeverIs) {
     ActiveWindow window(officeContext());
-    const OpenDocument shown;
-    const OpenDocument hidden(Window::hidden);
+    const TestDocument shown;
+    const TestDocument hidden(Window::hidden);
     EXPECT_TRUE(window.model() == shown.model());
     window.activate(hidden.frame());
     EXPECT_TRUE(window.model() == shown.model());
@@ -62,7 +62,7 @@ TEST(ActiveWindow, AHiddenDocumentNeverIs) {
 
 TEST(ActiveWindow, AWebPageIsNone) {
     const ActiveWindow window(officeContext());
-    const OpenDocument page(Window::shown, "private:factory/swriter/web");
+    const TestDocument page(Window::shown, "private:factory/swriter/web");
     EXPECT_FALSE(window.frame().is());
 }
 

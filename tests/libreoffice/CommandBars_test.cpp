@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "OpenDocument.h"
 #include "TestComponent.h"
+#include "TestDocument.h"
 #include "addin/ButtonFace.h"
 #include "forms/Runtime.h"
 #include "ports/libreoffice/app/ActiveWindow.h"
@@ -278,7 +278,7 @@ TEST_F(CommandBarsTest, ANewBarStandsInARowOfItsOwn) {
 }
 
 TEST_F(CommandBarsTest, AnOpenWindowShowsTheBarAndWhereItIs) {
-    const OpenDocument document;
+    const TestDocument document;
     add("Jedna", "První");
     bars.save();
     bar->setVisible(true);

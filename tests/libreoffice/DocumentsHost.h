@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-#include "OpenDocument.h"
+#include "TestDocument.h"
 #include "host/HostContract.h"
 #include "ports/libreoffice/document/Documents.h"
 
@@ -89,8 +89,8 @@ class DocumentsHost final : public host::ContractHost {
  private:
     Id keep(const ShapeReference& shape, const std::string& name);
 
-    OpenDocument open_;
-    OpenDocument other_;
+    TestDocument open_;
+    TestDocument other_;
     PictureFile file_;
     libreoffice::Documents documents_;
     std::unique_ptr<libreoffice::HandlerScope> handler_;

@@ -86,7 +86,7 @@ class DocumentsTest : public testing::Test {
             ->getUndoManager();
     }
 
-    OpenDocument open;
+    TestDocument open;
     libreoffice::Documents documents{officeContext()};
 };
 
@@ -192,7 +192,7 @@ TEST_F(DocumentsTest, EveryFillSurvivesSavingAsOpenDocument) {
     }
     const StoredFile file(".odt");
     file.store(open.model(), "writer8");
-    OpenDocument again(OpenDocument::Window::hidden, file.url());
+    TestDocument again(TestDocument::Window::hidden, file.url());
     const auto enumerator = documents.documentOf(again.model())->Shapes()->enumerate();
     for (const Answers& answers : written) {
         const auto shape = enumerator->next();
@@ -209,7 +209,7 @@ TEST_F(DocumentsTest, AMembersFillSurvivesSavingAsOpenDocument) {
     const Answers written(member->Fill());
     const StoredFile file(".odt");
     file.store(open.model(), "writer8");
-    OpenDocument again(OpenDocument::Window::hidden, file.url());
+    TestDocument again(TestDocument::Window::hidden, file.url());
     const auto group = documents.documentOf(again.model())->Shapes()->enumerate()->next();
     EXPECT_EQ(Answers(group->GroupItems()->Item(2)->Fill()), written);
 }
@@ -223,7 +223,7 @@ TEST_F(DocumentsTest, PatternsAndTexturesSurviveSavingAsWordDocument) {
     paint(second->Fill(), [&] { second->Fill().PresetTextured(7); });
     const StoredFile file(".docx");
     file.store(open.model(), "MS Word 2007 XML");
-    OpenDocument again(OpenDocument::Window::hidden, file.url());
+    TestDocument again(TestDocument::Window::hidden, file.url());
     const auto enumerator = documents.documentOf(again.model())->Shapes()->enumerate();
     EXPECT_EQ(Answers(enumerator->next()->Fill()), Answers(first->Fill()));
     EXPECT_EQ(Answers(enumerator->next()->Fill()), Answers(second->Fill()));
@@ -528,7 +528,7 @@ TEST_F(DocumentsTest, ShapesOnPagesThatAreNotLaidOutYetAreSelectedToo) {
     for (std::int32_t i = 0; i < kPages; ++i) addPageWithRectangle(open.model());
     const StoredFile file(".odt");
     file.store(open.model(), "writer8");
-    OpenDocument again(OpenDocument::Window::shown, file.url());
+    TestDocument again(TestDocument::Window::shown, file.url());
     // What the office by itself takes into the selection.
     const Reference<css::view::XSelectionSupplier> window(again.model()->getCurrentController(),
                                                           UNO_QUERY_THROW);
@@ -556,7 +556,7 @@ TEST_F(DocumentsTest, SelectedTextIsNoShape) {
     ASSERT_EQ(document()->Selection()->ShapeRange()->Count(), 1);
     document()->Shapes()->Range({})->Select();
     EXPECT_EQ(document()->Selection()->ShapeRange()->Count(), 1) << "an empty range selected";
-    OpenDocument other;
+    TestDocument other;
     const auto text = documents.documentOf(other.model());
     EXPECT_EQ(text->Selection()->ShapeRange()->Count(), 0);
 }
@@ -813,6 +813,20 @@ TEST_F(DocumentsTest, AnUndoGroupWithoutChangesLeavesNoStep) {
         shape(0)->Fill().setForeColorRGB(kRed);
     }
     EXPECT_EQ(undoManager()->getAllUndoActionTitles().getLength(), steps);
+}
+
+TEST_F(DocumentsTest, AnUndoGroupSaysThatItsDocumentWasClosed) {
+    addRectangle(open.model(), kRed);
+    const auto unchanged = document()->undoGroup("Nic");
+    EXPECT_TRUE(unchanged->finish().empty());
+    const auto group = document()->undoGroup("Přebarvit");
+    shape(0)->Fill().setForeColorRGB(kBlue);
+    open.close();
+    const auto failed = group->finish();
+    EXPECT_TRUE(group->finish().empty());
+    ASSERT_EQ(failed.size(), 1U);
+    EXPECT_TRUE(failed[0].shape.empty());
+    EXPECT_EQ(failed[0].error.description(), "Dokument byl zavřen.");
 }
 
 TEST_F(DocumentsTest, UndoLeavesOutAShapeThatIsGone) {

@@ -79,7 +79,7 @@ class FillEditingOnScreen : public testing::Test {
             ->getCount();
     }
 
-    OpenDocument document;
+    TestDocument document;
     ShapeReference red = addRectangle(document.model(), kRed);
     ShapeReference blue = addRectangle(document.model(), kBlue);
     libreoffice::Application application{officeContext(), testFolder()};

@@ -190,7 +190,7 @@ class GradientStopsTest : public testing::Test {
     }
 
     GradientFile file;
-    OpenDocument open{OpenDocument::Window::hidden, file.url()};
+    TestDocument open{TestDocument::Window::hidden, file.url()};
     libreoffice::Documents documents{officeContext()};
 };
 
@@ -217,7 +217,7 @@ TEST_F(GradientStopsTest, FillsAreTheSameOnlyWithTheSameStops) {
 TEST_F(GradientStopsTest, EqualFillsAreEqualAfterSaving) {
     const StoredFile stored(".odt");
     stored.store(open.model(), "writer8");
-    OpenDocument again(OpenDocument::Window::hidden, stored.url());
+    TestDocument again(TestDocument::Window::hidden, stored.url());
     const auto before = shapes();
     const auto after = shapesOf(documents, again.model());
     ASSERT_EQ(after.size(), kShapeCount + 0U);

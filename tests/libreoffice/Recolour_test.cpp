@@ -13,7 +13,7 @@
 #include <vector>
 
 #include "OfficeContext.h"
-#include "OpenDocument.h"
+#include "TestDocument.h"
 #include "base/Color.h"
 #include "batch/WholeDocument.h"
 #include "forms/ForwardingRuntime.h"
@@ -98,7 +98,7 @@ class RecolourInTheOffice : public testing::Test {
     }
 
     libreoffice::Application application{officeContext(), std::string()};
-    OpenDocument document;
+    TestDocument document;
     libreoffice::OfficeRuntime office{officeContext(), std::string(), application.activeWindow(),
                                       application.snapshot()};
     PumpingRuntime runtime{officeContext(), office, application.snapshot()};

@@ -5,7 +5,7 @@
 #include <chrono>
 #include <com/sun/star/awt/XToolkitExperimental.hpp>
 
-#include "OpenDocument.h"
+#include "TestDocument.h"
 #include "ports/libreoffice/app/RateLimit.h"
 #include "ports/libreoffice/uno/Snapshot.h"
 
@@ -40,7 +40,7 @@ TEST(StatusBar, WithoutAWindowATextGoesNowhere) {
 }
 
 TEST(StatusBar, ThousandsOfTextsAreCheap) {
-    const OpenDocument document;
+    const TestDocument document;
     const libreoffice::ActiveWindow window(officeContext());
     libreoffice::StatusBar bar(officeContext(), window, std::make_shared<libreoffice::Snapshot>());
     const auto start = Clock::now();

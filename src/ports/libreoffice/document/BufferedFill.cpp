@@ -7,9 +7,9 @@ namespace huebrush::libreoffice {
 using host::MsoTriState;
 
 BufferedFill::~BufferedFill() {
-    document_->unbuffer(this);
+    if (!document_->isOpen() || !document_->fills().gathers(*this)) return;
     try {
-        commit();
+        document_->fills().finishEdit();
     } catch (const std::exception&) {  // NOLINT: read as the shape's error
     }
 }
@@ -23,27 +23,28 @@ std::string BufferedFill::TextureName() {
 }
 
 void BufferedFill::setVisible(MsoTriState visible) {
-    FillEdit& edit = writing().edit;
+    FillEdit& edit = gather().edit;
     const bool isFirst = edit.empty();
     edit.visible = visible == MsoTriState::msoFalse ? MsoTriState::msoFalse : MsoTriState::msoTrue;
     if (isFirst) return;
-    document_->commitBuffered();
-    writing_.reset();
+    document_->fills().finishEdit();
+    foreColor_.reset();
+    backColor_.reset();
 }
 
 void BufferedFill::setForeColorRGB(std::int32_t color) {
-    Writing& gathered = writing();
-    gathered.edit.foreColor = gathered.foreColor = color;
+    gather().edit.foreColor = color;
+    foreColor_ = color;
 }
 
 void BufferedFill::setBackColorRGB(std::int32_t color) {
-    Writing& gathered = writing();
-    gathered.edit.backColor = gathered.backColor = color;
+    gather().edit.backColor = color;
+    backColor_ = color;
 }
 
 void BufferedFill::setTransparency(float transparency) {
     const float checked = checkedTransparency(transparency);
-    writing().edit.transparency = checked;
+    gather().edit.transparency = checked;
 }
 
 void BufferedFill::Solid() {
@@ -71,52 +72,25 @@ void BufferedFill::PresetTextured(std::int32_t texture) {
 }
 
 void BufferedFill::UserTextured(const std::string& file) {
-    writing().userPicture = officeCalls([&] { return document_->tables().addFile(file); });
+    const std::string picture =
+        officeCalls([&] { return document_->shapes().tables().addFile(file); });
     build(userTextureBuild(file));
+    gather().userPicture = picture;
 }
 
 void BufferedFill::refresh() {
     // Only after the answer: it carries out writes, which end what was current.
-    answer_ = &document_->keep(answer());
-    stamp_ = document_->stamp();
-}
-
-BufferedFill::Writing& BufferedFill::writing() {
-    document_->buffer(this);
-    if (!writing_) writing_ = std::make_unique<Writing>();
-    if (writing_->edit.empty()) {
-        writing_->leaves = leaves();
-        officeCalls([&] {
-            for (const NodePointer& leaf : writing_->leaves) document_->tree().checkAlive(*leaf);
-        });
-    }
-    return *writing_;
+    const HostFill answer = shapes_.size() == 1 ? document_->fillOf(*shapes_.front())
+                                                : document_->commonFillOf(nodesOf(shapes_));
+    answer_ = &document_->shapes().keep(answer);
+    stamp_ = document_->shapes().stamp();
 }
 
 void BufferedFill::build(const FillBuild& build) {
-    Writing& gathered = writing();
-    gathered.edit.build = build;
-    if (!gathered.edit.foreColor) gathered.edit.foreColor = gathered.foreColor;
-    if (!gathered.edit.backColor) gathered.edit.backColor = gathered.backColor;
-}
-
-void BufferedFill::commit() {
-    if (!writing_ || writing_->edit.empty()) return;
-    const FillEdit edit = std::exchange(writing_->edit, {});
-    const std::vector<NodePointer> leaves = std::exchange(writing_->leaves, {});
-    document_->changeFills(leaves, edit, writing_->userPicture);
-}
-
-std::vector<NodePointer> ShapeFillFormat::leaves() {
-    std::vector<NodePointer> leaves;
-    document().collectLeaves(node_, leaves);
-    return leaves;
-}
-
-std::vector<NodePointer> RangeFillFormat::leaves() {
-    std::vector<NodePointer> leaves;
-    for (const NodePointer& node : nodes_) document().collectLeaves(node, leaves);
-    return leaves;
+    FillEdit& edit = gather().edit;
+    edit.build = build;
+    if (!edit.foreColor) edit.foreColor = foreColor_;
+    if (!edit.backColor) edit.backColor = backColor_;
 }
 
 }  // namespace huebrush::libreoffice

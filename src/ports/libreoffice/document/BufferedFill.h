@@ -1,26 +1,27 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
-#include <vector>
 
 #include "host/FillFormat.h"
 #include "ports/libreoffice/document/OpenDocument.h"
 
 namespace huebrush::libreoffice {
 
-/// The fill of some shapes. Writes are gathered, because each one to the office costs as much as
-/// thousands of reads here, and carried out together: when visibility is written after others (a
-/// whole fill ends or begins with it), before any read or other use of the document, and at the end
-/// of this object.
-/// What can be wrong with a call's arguments, or with the shapes, is an error of that call.
+/// The fill of a shape or group, or one fill for several of them. What is set is gathered by the
+/// document's FillWriter, and carried out when visibility is set after something else (a whole fill
+/// ends or begins with it), before any read or other use of the document, and at the end of this
+/// object. What can be wrong with a call's arguments, or with the shapes, is an error of that call.
 ///
 /// The logic compares each fill with thousands of others, so where the last answer is kept is known
 /// here, together with what says whether it still holds.
-class BufferedFill : public host::FillFormat {
+class BufferedFill final : public host::FillFormat {
  public:
-    explicit BufferedFill(std::shared_ptr<OpenDocument> document)
-        : document_(std::move(document)) {}
+    BufferedFill(std::shared_ptr<OpenDocument> document, ShapeHandles shapes)
+        : document_(std::move(document)), shapes_(std::move(shapes)) {}
+    BufferedFill(const BufferedFill&) = delete;
+    BufferedFill& operator=(const BufferedFill&) = delete;
     ~BufferedFill() override;
 
     host::MsoTriState Visible() override { return read().Visible; }
@@ -54,69 +55,23 @@ class BufferedFill : public host::FillFormat {
     void PresetTextured(std::int32_t texture) override;
     void UserTextured(const std::string& file) override;
 
-    /// Carries out what was gathered.
-    void commit();
-
- protected:
-    OpenDocument& document() const { return *document_; }
-    /// The answer of the shapes.
-    virtual HostFill answer() = 0;
-    /// The shapes, groups taken apart.
-    virtual std::vector<NodePointer> leaves() = 0;
-
  private:
-    /// Writes that are gathered. Most fills are never written.
-    struct Writing {
-        FillEdit edit;
-        /// The shapes that it is for.
-        std::vector<NodePointer> leaves;
-        std::string userPicture;
-        /// Colours written since the last build: one that the fill does not use is still there for
-        /// the next build.
-        std::optional<std::int32_t> foreColor;
-        std::optional<std::int32_t> backColor;
-    };
-
     const host::FillProperties& read() {
         if (!document_->holds(stamp_)) refresh();
         return *answer_;
     }
     void refresh();
-    Writing& writing();
+    FillWriter::Gathered& gather() { return document_->fills().gather(*this, shapes_); }
     void build(const FillBuild& build);
 
     std::shared_ptr<OpenDocument> document_;
+    ShapeHandles shapes_;
     OpenDocument::Stamp stamp_ = 0;
     const host::FillProperties* answer_ = nullptr;
-    std::unique_ptr<Writing> writing_;
-};
-
-/// The fill of one shape or group.
-class ShapeFillFormat final : public BufferedFill {
- public:
-    ShapeFillFormat(std::shared_ptr<OpenDocument> document, NodePointer node)
-        : BufferedFill(std::move(document)), node_(std::move(node)) {}
-
- protected:
-    HostFill answer() override { return document().fillOf(*node_); }
-    std::vector<NodePointer> leaves() override;
-
- private:
-    NodePointer node_;
-};
-
-/// One fill for several shapes and groups.
-class RangeFillFormat final : public BufferedFill {
- public:
-    RangeFillFormat(std::shared_ptr<OpenDocument> document, std::vector<NodePointer> nodes)
-        : BufferedFill(std::move(document)), nodes_(std::move(nodes)) {}
-
- protected:
-    HostFill answer() override { return document().commonFillOf(nodes_); }
-    std::vector<NodePointer> leaves() override;
-
- private:
-    std::vector<NodePointer> nodes_;
+    /// Colours set since a whole fill was: one that the fill does not use is still there for the
+    /// next build.
+    std::optional<std::int32_t> foreColor_;
+    std::optional<std::int32_t> backColor_;
 };
 
 }  // namespace huebrush::libreoffice

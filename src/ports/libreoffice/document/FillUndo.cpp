@@ -3,8 +3,10 @@
 #include <algorithm>
 #include <com/sun/star/container/XIndexAccess.hpp>
 #include <com/sun/star/document/UndoFailedException.hpp>
+#include <utility>
 
-#include "ports/libreoffice/document/OpenDocument.h"
+#include "ports/libreoffice/uno/Errors.h"
+#include "ports/libreoffice/uno/Text.h"
 #include "ports/libreoffice/uno/WeakImplHelper.h"
 
 namespace huebrush::libreoffice {
@@ -26,73 +28,64 @@ ShapeReference descend(ShapeReference shape, const std::vector<std::int32_t>& pl
     return shape;
 }
 
+void restoreFill(const FillStep& step, const ShapeReference& top, FillTables& tables) {
+    const ShapeReference shape = descend(top, step.change->place);
+    if (!shape.is()) return;
+    const ShapeKind kind = kindOf(shape);
+    if (!kind.canHaveFill || kind.isGroup() || kind.type != step.change->type) return;
+    ShapeFill now = readFill(shape);
+    prepareWrite(now, shape, tables);
+    writeFill(shape, now, *step.wanted, tables);
+}
+
 class FillAction final : public WeakImplHelper<css::document::XUndoAction> {
  public:
-    FillAction(std::weak_ptr<OpenDocument> document, const std::string& title,
-               std::vector<FillChange> changes)
-        : document_(std::move(document)), title_(toOffice(title)), changes_(std::move(changes)) {}
+    FillAction(const std::string& title, std::vector<FillChange> changes,
+               std::function<void(const FillSteps&)> restore)
+        : title_(toOffice(title)), changes_(std::move(changes)), restore_(std::move(restore)) {}
 
     rtl::OUString SAL_CALL getTitle() override { return title_; }
 
     void SAL_CALL undo() override {
-        std::vector<Step> steps;
+        FillSteps steps;
         for (const FillChange& change : changes_) steps.push_back({&change, &change.before});
         std::reverse(steps.begin(), steps.end());
         restore(steps);
     }
 
     void SAL_CALL redo() override {
-        std::vector<Step> steps;
+        FillSteps steps;
         for (const FillChange& change : changes_) steps.push_back({&change, &change.after});
         restore(steps);
     }
 
  private:
-    struct Step {
-        const FillChange* change;
-        const ShapeFill* wanted;
-    };
-
-    void restore(const std::vector<Step>& steps) {
-        const std::shared_ptr<OpenDocument> document = document_.lock();
-        if (!document) return;
+    void restore(const FillSteps& steps) {
         try {
-            document->changeFills([&] { restoreAll(*document, steps); }, steps.size());
+            restore_(steps);
         } catch (const base::Error& error) {
             throw css::document::UndoFailedException(toOffice(error.description()), *this, {});
         }
     }
 
-    /// In the order of the steps, because a shape may be in several.
-    static void restoreAll(OpenDocument& document, const std::vector<Step>& steps) {
-        const DrawPage& page = document.tree().page();
-        for (const Step& step : steps) {
-            const std::int32_t index = step.change->place.front();
-            if (index < page.count()) restoreOne(document, page.at(index), step);
-        }
-    }
-
-    static void restoreOne(OpenDocument& document, const ShapeReference& top, const Step& step) {
-        const ShapeReference shape = descend(top, step.change->place);
-        if (!shape.is()) return;
-        const ShapeKind kind = kindOf(shape);
-        if (!kind.canHaveFill || kind.isGroup() || kind.type != step.change->type) return;
-        ShapeFill now = readFill(shape);
-        prepareWrite(now, shape, document.tables());
-        writeFill(shape, now, *step.wanted, document.tables());
-    }
-
-    std::weak_ptr<OpenDocument> document_;
     rtl::OUString title_;
     std::vector<FillChange> changes_;
+    std::function<void(const FillSteps&)> restore_;
 };
 
 }  // namespace
 
-Reference<css::document::XUndoAction> makeUndoAction(std::weak_ptr<OpenDocument> document,
-                                                     const std::string& title,
-                                                     std::vector<FillChange> changes) {
-    return new FillAction(std::move(document), title, std::move(changes));
+void restoreFills(const FillSteps& steps, const DrawPage& page, FillTables& tables) {
+    for (const FillStep& step : steps) {
+        const std::int32_t index = step.change->place.front();
+        if (index < page.count()) restoreFill(step, page.at(index), tables);
+    }
+}
+
+Reference<css::document::XUndoAction> makeUndoAction(
+    const std::string& title, std::vector<FillChange> changes,
+    std::function<void(const FillSteps&)> restore) {
+    return new FillAction(title, std::move(changes), std::move(restore));
 }
 
 }  // namespace huebrush::libreoffice

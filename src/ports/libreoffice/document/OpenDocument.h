@@ -1,27 +1,20 @@
 #pragma once
 
-#include <com/sun/star/frame/XModel.hpp>
-#include <functional>
 #include <memory>
+#include <optional>
 #include <string>
-#include <unordered_map>
 #include <vector>
 
 #include "host/Document.h"
-#include "ports/libreoffice/document/FillPool.h"
-#include "ports/libreoffice/document/FillTables.h"
-#include "ports/libreoffice/document/FillUndo.h"
-#include "ports/libreoffice/document/ShapeNames.h"
-#include "ports/libreoffice/document/ShapeTree.h"
-#include "ports/libreoffice/uno/Errors.h"
-#include "ports/libreoffice/uno/Snapshot.h"
+#include "ports/libreoffice/document/DocumentSelection.h"
+#include "ports/libreoffice/document/DocumentShapes.h"
+#include "ports/libreoffice/document/FillWriter.h"
 
 namespace huebrush::libreoffice {
 
-class BufferedFill;
-
-/// One open document: its shapes, what is known of their fills, and the writes under way. Every
-/// call may throw base::Error, and nothing else.
+/// One open document: what there is of it while it is open, and what has to happen in one part of
+/// it before another one is asked. Every call may throw base::Error, and nothing else; it does so
+/// when the document has been closed.
 class OpenDocument : public std::enable_shared_from_this<OpenDocument> {
  public:
     using Model = DrawPage::Model;
@@ -30,79 +23,34 @@ class OpenDocument : public std::enable_shared_from_this<OpenDocument> {
                  std::shared_ptr<Snapshot> snapshot);
     OpenDocument(const OpenDocument&) = delete;
     OpenDocument& operator=(const OpenDocument&) = delete;
-    ~OpenDocument();
 
-    /// The model, its tree, names and tables; an error when the document has been closed.
-    const Model& model() const;
-    ShapeTree& tree();
-    ShapeNames& names();
-    FillTables& tables();
+    bool isOpen() const { return parts_.has_value(); }
+    const Model& model() const { return parts().model; }
+    DocumentShapes& shapes() { return parts().shapes; }
+    FillWriter& fills() { return parts().fills; }
     const ContextReference& context() const { return context_; }
-    const std::shared_ptr<Snapshot>& snapshot() const { return snapshot_; }
 
-    // Reading. What is current is answered at once; an error of reading it is thrown again.
+    // Fills as they will be when all that is gathered of them is carried out.
 
-    /// Marks what was read of fills; zero outside a handler, where nothing read holds.
-    using Stamp = std::uint64_t;
-    /// For what is read now.
-    Stamp stamp() const { return snapshot_->generation() == Snapshot::kNever ? 0 : stamp_; }
-    /// Whether nothing was written, and no events ran, since the stamp was given.
-    bool holds(Stamp stamp) const { return stamp == stamp_; }
-    const HostFill& fillOf(ShapeNode& node) {
-        if (buffered_ != nullptr) commitBuffered();
-        parts();
-        if (!snapshot_->isCurrent(node.fillRead)) readFillOf(node);
-        if (node.fillError) throw base::Error(*node.fillError);
-        return node.fill.host;
-    }
-    const ShapeLine& lineOf(ShapeNode& node) {
-        parts();
-        if (!snapshot_->isCurrent(node.lineRead)) readLineOf(node);
-        if (node.lineError) throw base::Error(*node.lineError);
-        return node.line;
-    }
-    /// The fill's properties as this document keeps them: good while the present stamp holds.
-    const host::FillProperties& keep(const HostFill& fill);
-    /// The common answer of several shapes.
+    using Stamp = DocumentShapes::Stamp;
+    bool holds(Stamp stamp) const { return parts_ && parts_->shapes.holds(stamp); }
+    const HostFill& fillOf(ShapeNode& node);
     HostFill commonFillOf(const std::vector<NodePointer>& nodes);
-    /// The shape, or all members of a group down to the last, that are no groups.
-    void collectLeaves(const NodePointer& node, std::vector<NodePointer>& leaves);
+    /// Before the office's own objects are used: brings all writes to them.
+    void finishWrites();
 
-    // Writing.
+    // Selection.
 
-    /// Fills of these shapes are being written: writes begun elsewhere are carried out before.
-    void buffer(BufferedFill* fill);
-    void unbuffer(const BufferedFill* fill) {
-        if (buffered_ == fill) buffered_ = nullptr;
-    }
-    /// Carries out writes that are still buffered.
-    void commitBuffered();
-    /// Changes the fills of shapes that are no groups; those that can have none are left alone. In
-    /// an undo group the office is told when the group or the generation ends, or its objects are
-    /// needed; else at once. `userPicture` is the table's name of a user texture's picture.
-    void changeFills(const std::vector<NodePointer>& leaves, const FillEdit& edit,
-                     const std::string& userPicture);
-    void setLineVisible(ShapeNode& node, bool visible);
-    /// Carries out the writes that wait in an undo group, which answers for those that fail.
-    void flush();
-
-    /// Runs a change of many fills that goes to the office's objects directly.
-    void changeFills(const std::function<void()>& change, std::size_t count);
+    std::vector<NodePointer> selected() { return parts().selection.selected(); }
+    /// Nothing happens when no shape is given.
+    void select(const std::vector<NodePointer>& nodes);
+    /// Brings the selection to the office, for one of its dialogs.
+    void showSelection();
 
     /// Whether it is shown to a user who may not change it. A document without a window is never
     /// read-only: it is stored elsewhere, if at all.
     bool isReadOnly();
     std::unique_ptr<host::UndoGroup> undoGroup(const std::string& title);
-    void markModified();
-
-    // Selection.
-
-    std::vector<NodePointer> selected();
-    /// Nothing happens when no shape is given.
-    void select(const std::vector<NodePointer>& nodes);
-    /// Tells the office of the selection of a document without a window, which is ours alone until
-    /// one of its dialogs is to work on it: telling costs as much as a picture of the shape.
-    void showSelection();
 
     /// A generation ends. Never throws.
     void endGeneration();
@@ -111,56 +59,31 @@ class OpenDocument : public std::enable_shared_from_this<OpenDocument> {
 
  private:
     class Group;
-    class LockedControllers;
-    struct Parts;
-    struct Write {
-        NodePointer node;
-        /// Where the node says that it stands.
-        std::vector<std::int32_t> place;
-        ShapeFill now;
-        ShapeFill wanted;
+    struct Parts {
+        Parts(const ContextReference& context, const Model& document,
+              const std::shared_ptr<Snapshot>& snapshot);
+
+        Model model;
+        bool hasWindow;
+        DocumentShapes shapes;
+        FillWriter fills;
+        DocumentSelection selection;
     };
 
-    Parts& parts() const {
+    const Parts& parts() const {
         if (!parts_) throwClosed();
         return *parts_;
     }
-    [[noreturn]] static void throwClosed();
-    void readFillOf(ShapeNode& node);
-    void readLineOf(ShapeNode& node);
-    ShapeLine commonLineIn(ShapeNode& group);
-    HostFill commonFillIn(ShapeNode& group);
-    void readFromShape(ShapeNode& node, const ShapeReference& shape);
-    void changeFill(const NodePointer& leaf, const FillEdit& edit, const std::string& userPicture);
-    void write(Write& one, const ShapeReference& shape);
-    void writeEach(std::vector<Write>& writes);
-    std::vector<std::int32_t> placeOf(const Write& one, const ShapeReference& shape);
-    std::vector<host::FailedWrite> writeOut();
-    void keepingError(const std::function<void()>& step);
-    std::vector<host::FailedWrite> endUndoGroup(const std::string& title);
-    void addUndoAction(const std::string& title);
-    void selectInWindow(const std::vector<NodePointer>& nodes);
-    void lockUntilGenerationEnds();
+    Parts& parts() {
+        if (!parts_) throwClosed();
+        return *parts_;
+    }
+    std::vector<host::FailedWrite> closeGroup(const std::string& title);
 
     ContextReference context_;
-    std::shared_ptr<Snapshot> snapshot_;
-    std::unique_ptr<Parts> parts_;
-    BufferedFill* buffered_ = nullptr;
-    /// Grows with every write that is begun or carried out, and with every generation's end.
-    Stamp stamp_ = 1;
-    FillPool pool_;
-
-    /// Of a document without a window, from the first write to the generation's end.
-    std::unique_ptr<LockedControllers> locked_;
-    std::vector<Write> writes_;
-    std::unordered_map<const ShapeNode*, std::size_t> writeOf_;
-    std::int32_t undoGroups_ = 0;
-    /// Writes of the undo group that have failed.
-    std::vector<host::FailedWrite> failed_;
-    std::vector<FillChange> changes_;
-
-    /// Of a document without a window, whose selection is ours alone.
-    std::vector<NodePointer> selection_;
+    std::optional<Parts> parts_;
+    /// What an undo group that is still open answers for when the document has been closed.
+    std::vector<host::FailedWrite> abandoned_;
 };
 
 }  // namespace huebrush::libreoffice

@@ -27,9 +27,9 @@ const std::string& ShapeNames::nameOf(ShapeNode& node) {
     return node.name;
 }
 
-std::vector<NodePointer> ShapeNames::find(const std::vector<std::string>& names) {
+ShapeHandles ShapeNames::find(const std::vector<std::string>& names) {
     const HandlerScope scope(snapshot_);
-    std::vector<NodePointer> found;
+    ShapeHandles found;
     found.reserve(names.size());
     bool allAreNamed = false;
     for (const std::string& name : names) {
@@ -44,7 +44,7 @@ std::vector<NodePointer> ShapeNames::find(const std::vector<std::string>& names)
                               base::text("Objekt s názvem „", name, "“ v dokumentu není."));
         }
         tree_.checkAlive(*node);
-        found.push_back(std::move(node));
+        found.emplace_back(std::move(node));
     }
     return found;
 }

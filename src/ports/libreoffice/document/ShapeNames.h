@@ -5,6 +5,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "ports/libreoffice/document/ShapeHandle.h"
 #include "ports/libreoffice/document/ShapeTree.h"
 
 namespace huebrush::libreoffice {
@@ -27,7 +28,7 @@ class ShapeNames {
     void forgetDead();
     /// The shapes of these names, whether they were handed out or are the office's own. An error
     /// where no shape has the name.
-    std::vector<NodePointer> find(const std::vector<std::string>& names);
+    ShapeHandles find(const std::vector<std::string>& names);
 
  private:
     NodePointer given(const std::string& name) const;

@@ -37,6 +37,9 @@ class ShapeNode : public std::enable_shared_from_this<ShapeNode> {
     Snapshot::Generation placed = Snapshot::kNever;
     Snapshot::Generation alive = Snapshot::kNever;
 
+    /// How many keep the shape (ShapeHandle); the tree itself does not count.
+    std::int32_t users = 0;
+
     /// The office's object; nothing while the place stands for it.
     ShapeReference shape;
 
@@ -48,6 +51,8 @@ class ShapeNode : public std::enable_shared_from_this<ShapeNode> {
     KnownFill fill;
     std::string memory;
     std::optional<base::Error> fillError;
+    /// Of a group: when the fill of a member was last written; the office may not have it yet.
+    Snapshot::Generation memberFillWritten = Snapshot::kNever;
 
     Snapshot::Generation lineRead = Snapshot::kNever;
     ShapeLine line;

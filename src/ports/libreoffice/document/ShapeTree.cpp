@@ -73,18 +73,6 @@ std::int32_t ShapeTree::count() {
     return count_;
 }
 
-std::vector<NodePointer> ShapeTree::all() {
-    std::vector<NodePointer> out;
-    for (const NodePointer& node : topLevel()) collect(node, out);
-    return out;
-}
-
-void ShapeTree::collect(const NodePointer& node, std::vector<NodePointer>& out) {
-    out.push_back(node);
-    if (!node->kind.isGroup()) return;
-    for (const NodePointer& member : membersOf(node)) collect(member, out);
-}
-
 std::vector<NodePointer> ShapeTree::membersOf(const NodePointer& group) {
     if (snapshot_->isCurrent(group->placed)) {
         if (!isEntered(*group)) enter(group, shapeOf(*group), reader_);
@@ -349,19 +337,14 @@ void ShapeTree::holdStructure() {
     });
 }
 
-/// Takes hold of what somebody else than the structure uses.
+/// Takes hold of what somebody uses, and of the groups that it is in.
 void ShapeTree::holdUsed() {
     std::unordered_set<ShapeNode*> used;
     const std::function<bool(const NodePointer&)> collectUsed = [&](const NodePointer& node) {
-        // The structure's own references to a node: its place in a list, and for a group that has
-        // been entered one of each member and one of the list of groups.
-        long own = 1;
-        bool isUsed = false;
+        bool isUsed = node->users > 0;
         if (isEntered(*node)) {
-            own += 1 + static_cast<long>(node->members.size());
             for (const NodePointer& member : node->members) isUsed |= collectUsed(member);
         }
-        isUsed |= node.use_count() > own;
         if (isUsed && !node->shape.is()) used.insert(node.get());
         return isUsed;
     };

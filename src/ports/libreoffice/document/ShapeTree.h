@@ -28,8 +28,6 @@ class ShapeTree {
     std::vector<NodePointer> topLevel();
     /// Their number; while the number of the page's objects stays, it is not counted anew.
     std::int32_t count();
-    /// All shapes in depth-first order, groups before their members. Walks the tree.
-    std::vector<NodePointer> all();
 
     /// A group's members. Inside a handler they are placed once, and the reader called for each.
     std::vector<NodePointer> membersOf(const NodePointer& group);
@@ -59,8 +57,8 @@ class ShapeTree {
 
     /// Lets go of the office's objects where many are held, before many are written.
     void letGo();
-    /// Takes hold again of the objects of all nodes in use, and forgets the structure: events are
-    /// about to run.
+    /// Takes hold again of the objects of all nodes that somebody keeps (ShapeHandle), and forgets
+    /// the structure: events are about to run.
     void endGeneration();
     /// Lets go of everything: the document is gone, and every node counts as deleted.
     void forget();
@@ -97,7 +95,6 @@ class ShapeTree {
     bool isFoundOnWalk(ShapeNode& node);
     void hold(ShapeNode& node, const ShapeReference& shape);
     void forgetDead();
-    void collect(const NodePointer& node, std::vector<NodePointer>& out);
 
     DrawPage::Model model_;
     DrawPage page_;

@@ -38,7 +38,7 @@ std::unique_ptr<host::UndoGroup> WriterDocument::undoGroup(const std::string& ti
 }
 
 void WriterDocument::markModified() {
-    document_->markModified();
+    libreoffice::markModified(document_->model());
 }
 
 }  // namespace huebrush::libreoffice

@@ -8,7 +8,7 @@
 namespace huebrush::libreoffice {
 
 std::shared_ptr<host::ShapeRange> WriterSelection::ShapeRange() {
-    return std::make_shared<WriterShapeRange>(document_, document_->selected());
+    return std::make_shared<WriterShapeRange>(document_, handlesOf(document_->selected()));
 }
 
 std::shared_ptr<host::Document> WriterSelection::Document() {
@@ -16,19 +16,20 @@ std::shared_ptr<host::Document> WriterSelection::Document() {
 }
 
 void WriterSelection::Copy() {
-    document_->commitBuffered();
-    document_->flush();
+    document_->finishWrites();
     const std::vector<NodePointer> selected = document_->selected();
     if (selected.empty()) {
         throw base::Error(HostErrorNumber::kCommandFailed, "Není vybrán žádný objekt.");
     }
-    ShapeNode& shape = *selected.front();
+    const ShapeHandle used(selected.front());
+    ShapeNode& shape = *used;
     const bool shows = document_->fillOf(shape).shown() ||
-                       document_->lineOf(shape).visible != host::MsoTriState::msoFalse;
+                       document_->shapes().lineOf(shape).visible != host::MsoTriState::msoFalse;
     base::Picture picture;
     if (shows) {
-        picture = officeCalls(
-            [&] { return pictureOf(document_->context(), document_->tree().shapeOf(shape)); });
+        picture = officeCalls([&] {
+            return pictureOf(document_->context(), document_->shapes().tree().shapeOf(shape));
+        });
     }
     forms::Runtime::current().Clipboard().SetData(picture);
 }

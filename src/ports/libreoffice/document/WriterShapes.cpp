@@ -21,7 +21,7 @@ namespace {
 
 class Enumerator final : public host::ShapeEnumerator {
  public:
-    explicit Enumerator(ShapesOfNodes shapes) : shapes_(std::move(shapes)) {}
+    explicit Enumerator(ShapeObjects shapes) : shapes_(std::move(shapes)) {}
 
     host::ShapePointer next() override {
         if (at_ == shapes_.count()) return nullptr;
@@ -29,7 +29,7 @@ class Enumerator final : public host::ShapeEnumerator {
     }
 
  private:
-    ShapesOfNodes shapes_;
+    ShapeObjects shapes_;
     std::int32_t at_ = 0;
 };
 
@@ -51,55 +51,56 @@ void makePlain(const ShapeReference& shape) {
 }  // namespace
 
 void WriterLine::setVisible(host::MsoTriState visible) {
-    document_->setLineVisible(*node_, visible != host::MsoTriState::msoFalse);
+    document_->shapes().setLineVisible(shape_.node(), visible != host::MsoTriState::msoFalse);
 }
 
 std::string WriterShape::Name() {
     return officeCalls([&] {
-        document_->tree().checkAlive(*node_);
-        return document_->names().nameOf(*node_);
+        document_->shapes().tree().checkAlive(*shape_);
+        return document_->shapes().names().nameOf(*shape_);
     });
 }
 
 host::MsoShapeType WriterShape::Type() {
-    officeCalls([&] { document_->tree().checkAlive(*node_); });
-    return node_->kind.type;
+    document_->shapes().checkAlive({shape_.node()});
+    return shape_->kind.type;
 }
 
 std::shared_ptr<host::ShapeList> WriterShape::GroupItems() {
-    if (!node_->kind.isGroup()) {
+    if (!shape_->kind.isGroup()) {
         throw base::Error(HostErrorNumber::kCommandFailed, "Objekt není skupina.");
     }
     return std::make_shared<WriterGroupItems>(
-        ShapesOfNodes(document_, officeCalls([&] { return document_->tree().membersOf(node_); })));
+        ShapeObjects(document_, handlesOf(officeCalls([&] {
+                         return document_->shapes().tree().membersOf(shape_.node());
+                     }))));
 }
 
 void WriterShape::Select() {
-    document_->select({node_});
+    document_->select({shape_.node()});
 }
 
-host::ShapePointer ShapesOfNodes::item(std::int32_t index) const {
+host::ShapePointer ShapeObjects::item(std::int32_t index) const {
     if (index < 1 || index > count()) {
         throw base::Error(base::ErrorNumber::kSubscriptOutOfRange,
                           "Požadovaný prvek kolekce neexistuje.");
     }
-    return std::make_shared<WriterShape>(document_, nodes_[static_cast<std::size_t>(index - 1)]);
+    return std::make_shared<WriterShape>(document_, shapes_[static_cast<std::size_t>(index - 1)]);
 }
 
 std::int32_t WriterShapes::Count() {
-    return officeCalls([&] { return document_->tree().count(); });
+    return officeCalls([&] { return document_->shapes().tree().count(); });
 }
 
 std::unique_ptr<host::ShapeEnumerator> WriterShapes::enumerate() {
-    document_->commitBuffered();
-    document_->flush();
-    return std::make_unique<Enumerator>(
-        ShapesOfNodes(document_, officeCalls([&] { return document_->tree().topLevel(); })));
+    document_->finishWrites();
+    return std::make_unique<Enumerator>(ShapeObjects(
+        document_, handlesOf(officeCalls([&] { return document_->shapes().tree().topLevel(); }))));
 }
 
 std::shared_ptr<host::ShapeRange> WriterShapes::Range(const std::vector<std::string>& names) {
     return std::make_shared<WriterShapeRange>(
-        document_, officeCalls([&] { return document_->names().find(names); }));
+        document_, officeCalls([&] { return document_->shapes().names().find(names); }));
 }
 
 host::ShapePointer WriterShapes::AddShape(host::MsoAutoShapeType type, float left, float top,
@@ -107,7 +108,7 @@ host::ShapePointer WriterShapes::AddShape(host::MsoAutoShapeType type, float lef
     if (type != host::MsoAutoShapeType::msoShapeRectangle) {
         throw base::Error(base::ErrorNumber::kInvalidProcedureCall, "Neznámý druh objektu.");
     }
-    const NodePointer node = officeCalls([&] {
+    const ShapeHandle added(officeCalls([&] {
         const Reference<css::lang::XMultiServiceFactory> factory(document_->model(),
                                                                  UNO_QUERY_THROW);
         const ShapeReference shape(factory->createInstance("com.sun.star.drawing.RectangleShape"),
@@ -116,10 +117,10 @@ host::ShapePointer WriterShapes::AddShape(host::MsoAutoShapeType type, float lef
         shape->setSize({toOfficeLength(width), toOfficeLength(height)});
         Reference<css::beans::XPropertySet>(shape, UNO_QUERY_THROW)
             ->setPropertyValue("AnchorType", Any(css::text::TextContentAnchorType_AT_PARAGRAPH));
-        return document_->tree().add(shape);
-    });
-    officeCalls([&] { makePlain(document_->tree().shapeOf(*node)); });
-    return std::make_shared<WriterShape>(document_, node);
+        return document_->shapes().tree().add(shape);
+    }));
+    officeCalls([&] { makePlain(document_->shapes().tree().shapeOf(*added)); });
+    return std::make_shared<WriterShape>(document_, added);
 }
 
 }  // namespace huebrush::libreoffice

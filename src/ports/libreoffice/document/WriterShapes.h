@@ -11,22 +11,24 @@ namespace huebrush::libreoffice {
 
 class WriterLine final : public host::LineFormat {
  public:
-    WriterLine(std::shared_ptr<OpenDocument> document, NodePointer node)
-        : document_(std::move(document)), node_(std::move(node)) {}
+    WriterLine(std::shared_ptr<OpenDocument> document, ShapeHandle shape)
+        : document_(std::move(document)), shape_(std::move(shape)) {}
 
-    host::MsoTriState Visible() override { return document_->lineOf(*node_).visible; }
+    host::MsoTriState Visible() override { return read().visible; }
     void setVisible(host::MsoTriState visible) override;
-    std::int32_t ForeColorRGB() override { return document_->lineOf(*node_).color; }
+    std::int32_t ForeColorRGB() override { return read().color; }
 
  private:
+    const ShapeLine& read() const { return document_->shapes().lineOf(*shape_); }
+
     std::shared_ptr<OpenDocument> document_;
-    NodePointer node_;
+    ShapeHandle shape_;
 };
 
 class WriterShape final : public host::Shape {
  public:
-    WriterShape(const std::shared_ptr<OpenDocument>& document, const NodePointer& node)
-        : document_(document), node_(node), fill_(document, node), line_(document, node) {}
+    WriterShape(const std::shared_ptr<OpenDocument>& document, const ShapeHandle& shape)
+        : document_(document), shape_(shape), fill_(document, {shape}), line_(document, shape) {}
 
     std::string Name() override;
     host::MsoShapeType Type() override;
@@ -37,53 +39,51 @@ class WriterShape final : public host::Shape {
 
  private:
     std::shared_ptr<OpenDocument> document_;
-    NodePointer node_;
-    ShapeFillFormat fill_;
+    ShapeHandle shape_;
+    BufferedFill fill_;
     WriterLine line_;
 };
 
-/// Some nodes as shapes, made when they are asked for.
-class ShapesOfNodes {
+/// Some shapes as objects of the object model, made when they are asked for.
+class ShapeObjects {
  public:
-    ShapesOfNodes(std::shared_ptr<OpenDocument> document, std::vector<NodePointer> nodes)
-        : document_(std::move(document)), nodes_(std::move(nodes)) {}
+    ShapeObjects(std::shared_ptr<OpenDocument> document, ShapeHandles shapes)
+        : document_(std::move(document)), shapes_(std::move(shapes)) {}
 
-    std::int32_t count() const { return static_cast<std::int32_t>(nodes_.size()); }
+    std::int32_t count() const { return static_cast<std::int32_t>(shapes_.size()); }
     /// Counts from 1; an error (9) outside the list.
     host::ShapePointer item(std::int32_t index) const;
-    const std::vector<NodePointer>& nodes() const { return nodes_; }
-    const std::shared_ptr<OpenDocument>& document() const { return document_; }
+    void select() const { document_->select(nodesOf(shapes_)); }
 
  private:
     std::shared_ptr<OpenDocument> document_;
-    std::vector<NodePointer> nodes_;
+    ShapeHandles shapes_;
 };
 
 class WriterGroupItems final : public host::ShapeList {
  public:
-    explicit WriterGroupItems(ShapesOfNodes shapes) : shapes_(std::move(shapes)) {}
+    explicit WriterGroupItems(ShapeObjects shapes) : shapes_(std::move(shapes)) {}
 
     std::int32_t Count() override { return shapes_.count(); }
     host::ShapePointer Item(std::int32_t index) override { return shapes_.item(index); }
 
  private:
-    ShapesOfNodes shapes_;
+    ShapeObjects shapes_;
 };
 
 class WriterShapeRange final : public host::ShapeRange {
  public:
-    WriterShapeRange(const std::shared_ptr<OpenDocument>& document,
-                     const std::vector<NodePointer>& nodes)
-        : shapes_(document, nodes), fill_(document, nodes) {}
+    WriterShapeRange(const std::shared_ptr<OpenDocument>& document, const ShapeHandles& shapes)
+        : shapes_(document, shapes), fill_(document, shapes) {}
 
     std::int32_t Count() override { return shapes_.count(); }
     host::ShapePointer Item(std::int32_t index) override { return shapes_.item(index); }
     host::FillFormat& Fill() override { return fill_; }
-    void Select() override { shapes_.document()->select(shapes_.nodes()); }
+    void Select() override { shapes_.select(); }
 
  private:
-    ShapesOfNodes shapes_;
-    RangeFillFormat fill_;
+    ShapeObjects shapes_;
+    BufferedFill fill_;
 };
 
 class WriterShapes final : public host::Shapes {

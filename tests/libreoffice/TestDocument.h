@@ -11,11 +11,11 @@
 namespace huebrush::tests {
 
 /// An empty document that is open for a lifetime, of Writer unless said otherwise.
-class OpenDocument {
+class TestDocument {
  public:
     enum class Window { shown, hidden };
 
-    explicit OpenDocument(Window window = Window::shown,
+    explicit TestDocument(Window window = Window::shown,
                           std::string_view factory = "private:factory/swriter") {
         namespace css = com::sun::star;
         const auto loader = libreoffice::createService<css::frame::XComponentLoader>(
@@ -26,9 +26,9 @@ class OpenDocument {
                                                     "Hidden", css::uno::makeAny(hidden))})),
                    css::uno::UNO_QUERY_THROW);
     }
-    OpenDocument(const OpenDocument&) = delete;
-    OpenDocument& operator=(const OpenDocument&) = delete;
-    ~OpenDocument() { close(); }
+    TestDocument(const TestDocument&) = delete;
+    TestDocument& operator=(const TestDocument&) = delete;
+    ~TestDocument() { close(); }
 
     void close() {
         namespace css = com::sun::star;
