@@ -1,4 +1,4 @@
-// Measures the work on palette files, and prints figures as JSON. bench/palettes.py runs it beside
+// Measures the work on palette files, and prints figures as JSON. bench/palettes.py runs it against
 // other readers of the same files.
 //
 //     palette_bench make FOLDER ROWS    one.mdb: one palette of 100 fills; rows.mdb: ROWS fills
@@ -55,7 +55,7 @@ std::size_t kilobytes(const std::string& figure) {
     throw std::runtime_error("the system does not tell " + figure);
 }
 
-/// The files of the system; the time that is spent in bringing them to the medium is noted.
+/// The files of the system; the time spent in writing them to the disk is recorded.
 class TimedFiles final : public jet::FileSystem {
  public:
     std::string resolve(const std::string& name) override { return system().resolve(name); }
@@ -70,10 +70,9 @@ class TimedFiles final : public jet::FileSystem {
         return std::make_unique<TimedLock>(*this, system().lock(name));
     }
 
-    /// From the bytes that are written until the file is on the medium under its name.
+    /// From the written bytes until the file is on the disk under its name.
     double syncs = 0;
-    /// The lock is the last that holds a replaced file open; then the system takes it off the
-    /// medium.
+    /// The lock is the last to hold a replaced file open; then the system removes it from the disk.
     double removals = 0;
 
  private:

@@ -1,5 +1,5 @@
 #!/usr/bin/python3
-"""Measures the work on palette files beside mdb-export and mdb-reader on the same files.
+"""Measures the work on palette files against mdb-export and mdb-reader on the same files.
 
     bench/palettes.py [--build FOLDER] [--rows 200000] [--runs 5]
 
@@ -24,7 +24,7 @@ TABLE = "TFillElementParameter"
 FILLS = 100
 # An upper bound for loading a palette of a large file: its own values and the pages they are on.
 LOAD_MEMORY_KB = 4096
-# And one for what any number of rows takes, however they come and go.
+# And one for any number of rows, however they are read and written.
 ROWS_MEMORY_KB = 64 * 1024
 ROW_GOAL_US = 10
 

@@ -7,9 +7,9 @@ Option Explicit
 ' milliseconds each took, as JSON, or else the error. Nothing is read that is not needed: the kind
 ' of fill first, then only what that kind has, and a structure once. The selections come first
 ' because each would be a command of its own: no shape is held from a walk before. A change is a
-' whole one: the theme's colour goes, which would be stored instead of the new one, and the document
-' counts as modified. Only a step of the Undo list is beyond Basic, whose listeners have no
-' attributes, and so no title; nothing is counted in for it.
+' complete one: the theme's colour, which would be stored instead of the new one, is removed, and the
+' document counts as modified. Only a step of the Undo list is beyond Basic, whose listeners have no
+' attributes, and so no title; the figures do not include one.
 
 ' The values of com.sun.star.drawing.FillStyle; its names would be looked up at each use.
 Const FILL_NONE = 0

@@ -5,8 +5,8 @@ job selects by fill and by line as the first shape has it, walks the drawing sha
 and sorts them by fill, gives a quarter of the fills a new colour, and returns the milliseconds of
 each as JSON. Nothing is read that is not needed: the kind of fill first, then only what that kind
 has. The selections come first because each would be a command of its own: no shape is held from a
-walk before. A change is a whole one: the theme's colour goes, which would be stored instead of the
-new one, Undo takes all of it back in one step, and the document counts as modified.
+walk before. A change is a complete one: the theme's colour, which would be stored instead of the
+new one, is removed, Undo reverts all of it in one step, and the document counts as modified.
 """
 
 import json

@@ -1,6 +1,6 @@
 #!/usr/bin/python3
-"""Measures Huebrush beside a Basic macro and a PyUNO script that do the same job, the recolour
-dialog in its window, and the work on palette files beside other readers, and prints tables.
+"""Measures Huebrush against a Basic macro and a PyUNO script that do the same job, the recolour
+dialog in its window, and the work on palette files against other readers, and prints tables.
 
     bench/run.py [--json FILE] [--shapes 250,1000,4000,16000] [--runs 3] [--documents-only]
 
@@ -111,7 +111,7 @@ def memory_figures(program):
 
 
 def slowest(all_results, key):
-    """The least that a peer takes of our time for an operation, and in which case."""
+    """The lowest ratio of a peer's time to ours for an operation, and in which case."""
     return min((results[peer][key] / results["huebrush"][key], peer, case)
                for case, results in all_results.items() for peer in PEERS
                if key in results.get(peer, {}))

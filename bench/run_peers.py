@@ -3,7 +3,7 @@
 
     bench/run_peers.py DOCUMENT [--runs 5] [--hidden]
 
-Each peer has a fresh private LibreOffice; in it the document is loaded anew for each run, and the
+Each peer has a fresh private LibreOffice; in it the document is reloaded for each run, and the
 peer works in the office's process, on its main thread. Printed are the medians. With --hidden the
 document has no window.
 """

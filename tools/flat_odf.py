@@ -258,8 +258,8 @@ class Document:
     # Text.
 
     def frame_text(self, content, text_properties):
-        """A paragraph of a text frame. How frames' text looks is said once for all of them: the
-        office forgets the direct formatting of such paragraphs when it stores."""
+        """A paragraph of a text frame. How the text of frames looks is defined once for
+        all of them: the office forgets the direct formatting of such paragraphs when it stores."""
         style = {"style:name": FRAME_TEXT_STYLE, "style:family": "paragraph"}
         self._define(tag("style:style", style, tag("style:text-properties", text_properties)))
         return tag("text:p", {"text:style-name": FRAME_TEXT_STYLE}, content)

@@ -63,7 +63,7 @@ class Stage:
         wait_until(differs, f"row {row} has a new fill")
 
     def picture(self, path, window=None, below=0):
-        """Keeps what the screen shows of a window, its frame included, and `below` pixels more."""
+        """Saves what the screen shows of a window, including its frame, and `below` pixels more."""
         wait_until_still(self.screen)
         left, top, width, height = self.screen.outline_of(window or self.dialog.window)
         size = f"{width + 2 * EDGE}x{height + 2 * EDGE + below}+{left - EDGE}+{top - EDGE}"
@@ -72,12 +72,12 @@ class Stage:
 
 
 def wait_until_still(screen):
-    """Waits until two looks at the screen, one after the other, see the same."""
+    """Waits until the screen looks the same twice in a row."""
     last = [b""]
 
     def is_still():
-        former, last[0] = last[0], screen.pixels(0, 0, screen.WIDTH, screen.HEIGHT)
-        return former == last[0]
+        previous, last[0] = last[0], screen.pixels(0, 0, screen.WIDTH, screen.HEIGHT)
+        return previous == last[0]
 
     wait_until(is_still, "the screen is still")
 

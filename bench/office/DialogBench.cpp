@@ -72,15 +72,15 @@ class DialogBench {
         const double closed = selectionChange();
         selectAll();
         const double before = kibibytesInUse();
-        figures_["open_ms"] = deed([&] {
+        figures_["open_ms"] = timed([&] {
             dialog_ = recolor::frmEditGraphic::create();
             dialog_->ShowDialog(application_);
         });
-        figures_["scan_ms"] = deed([&] { dialog_->cmdAdd.press(); });
+        figures_["scan_ms"] = timed([&] { dialog_->cmdAdd.press(); });
         const auto rows = dialog_->Element.ubound();
         figures_["rows"] = rows;
         figures_["row_kib"] = (kibibytesInUse() - before) / rows;
-        figures_["reopen_ms"] = deed([&] {
+        figures_["reopen_ms"] = timed([&] {
             platform_.closeForm(*dialog_);
             platform_.showForm(*dialog_, false);
         });
@@ -88,9 +88,9 @@ class DialogBench {
         figures_["selection_ms"] = selectionChange() - closed;
         // Removal at the end: there are fewer rows after it.
         tickEverySecond();
-        figures_["remove_half_ms"] = deed([&] { dialog_->mnuRemoveSelect.Click(); });
+        figures_["remove_half_ms"] = timed([&] { dialog_->mnuRemoveSelect.Click(); });
         figures_["rows_left"] = dialog_->Element.ubound();
-        deed([&] { dialog_->Unload(); });
+        timed([&] { dialog_->Unload(); });
         return figures_;
     }
 
@@ -102,7 +102,7 @@ class DialogBench {
 
     /// The time of something that the user does, until the office is idle again.
     template <class Work>
-    double deed(const Work& work) {
+    double timed(const Work& work) {
         return milliseconds([&] {
             {
                 const HandlerScope handler(application_.snapshot());
@@ -124,19 +124,19 @@ class DialogBench {
     void measureList() {
         std::vector<double> steps;
         for (int i = 0; i < kScrollSteps; ++i) {
-            steps.push_back(deed([&] { dialog_->vs.scrollTo(dialog_->vs.value() + kRow); }));
+            steps.push_back(timed([&] { dialog_->vs.scrollTo(dialog_->vs.value() + kRow); }));
         }
         figures_["scroll_ms"] = median(std::move(steps));
         std::vector<double> ticks;
         for (int i = 0; i < kTicks; ++i) {
-            ticks.push_back(deed([&] { dialog_->Element[1].chkSelect.toggle(); }));
+            ticks.push_back(timed([&] { dialog_->Element[1].chkSelect.toggle(); }));
         }
         figures_["tick_ms"] = median(std::move(ticks));
         // The ticks have left the box grey, which a click takes to clear.
-        deed([&] { dialog_->chkSelAll.toggle(); });
-        figures_["select_all_ms"] = deed([&] { dialog_->chkSelAll.toggle(); });
-        deed([&] { dialog_->chkSelAll.toggle(); });
-        figures_["drag_ms"] = deed([&] { dragFirstToLast(); });
+        timed([&] { dialog_->chkSelAll.toggle(); });
+        figures_["select_all_ms"] = timed([&] { dialog_->chkSelAll.toggle(); });
+        timed([&] { dialog_->chkSelAll.toggle(); });
+        figures_["drag_ms"] = timed([&] { dragFirstToLast(); });
     }
 
     void dragFirstToLast() {
@@ -152,7 +152,7 @@ class DialogBench {
     }
 
     void tickEverySecond() {
-        deed([&] {
+        timed([&] {
             for (std::int16_t i = 2; i <= dialog_->Element.ubound(); i = next(i)) {
                 dialog_->Element[i].setSelectValue(forms::CheckValue::kTicked);
             }

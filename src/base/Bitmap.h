@@ -7,8 +7,8 @@
 
 namespace huebrush::base {
 
-/// The bytes of an uncompressed bitmap file. `pixels` holds blue, green, red and, where a pixel has
-/// four bytes and not three, alpha of each, from the upper left on and without gaps.
+/// The bytes of an uncompressed bitmap file. `pixels` holds blue, green and red of each pixel, and
+/// alpha where a pixel has four bytes, row by row from the upper left, without gaps.
 /// REQUIRES: `bytesOfPixel` bytes for each of `width` times `height` pixels.
 std::vector<std::uint8_t> bitmapFile(std::int32_t width, std::int32_t height, int bytesOfPixel,
                                      const std::vector<std::uint8_t>& pixels);

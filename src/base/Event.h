@@ -10,9 +10,9 @@ namespace huebrush::base {
 
 /// A list of handlers, called in the order in which they were connected.
 ///
-/// A connection lasts as long as the event, or until its listener disconnects: who connects makes
-/// sure that what the handler uses is alive that long. A handler may connect further handlers (they
-/// are called from the next raise on), or end the event together with what it belongs to: the
+/// A connection lasts as long as the event, or until its listener disconnects: whoever connects
+/// makes sure that what the handler uses lives that long. A handler may connect further handlers
+/// (they are called from the next raise on), or end the event together with what it belongs to: the
 /// others are called all the same. What a handler throws passes to whoever raised the event.
 template <class... Arguments>
 class Event {

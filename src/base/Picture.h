@@ -10,7 +10,7 @@ namespace huebrush::base {
 enum class PictureFormat : std::int32_t { bitmap, icon, metafile, png };
 
 /// An immutable picture: the bytes of a picture file and what they are. Copies share the bytes, so
-/// a picture is as cheap to hand on as a pointer. A default picture is "no picture".
+/// a picture is as cheap to pass on as a pointer. A default picture is "no picture".
 /// Two pictures are equal when they are the same bytes of the same format.
 class Picture {
  public:

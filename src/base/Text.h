@@ -38,7 +38,7 @@ std::string text(const Parts&... parts) {
     return out;
 }
 
-/// The number that the text `value` shows, whatever the locale: a point is the decimal separator,
+/// The number that the text `value` spells, whatever the locale: a point is the decimal separator,
 /// and nothing else may stand in the text. Type mismatch error (13) otherwise.
 double toNumber(std::string_view value);
 

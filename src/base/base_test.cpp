@@ -113,7 +113,7 @@ TEST(Bitmap, IsAFileOfItsPixelsWithTheLowestRowFirst) {
                              0,   0,   0,  0, 0, 0, 0, 0,  0, 0, 0,  0, 5, 6, 7,  8, 1, 2, 3, 4}));
 }
 
-TEST(Bitmap, FillsRowsOfThreeBytesAPixelUp) {
+TEST(Bitmap, PadsRowsOfThreeBytesAPixel) {
     const std::vector<std::uint8_t> file = bitmapFile(1, 2, 3, {1, 2, 3, 4, 5, 6});
     ASSERT_EQ(file.size(), 62U);
     EXPECT_EQ(file[28], 24);

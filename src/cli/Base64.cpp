@@ -9,7 +9,7 @@ namespace {
 constexpr std::string_view kAlphabet =
     "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
 
-/// Three bytes, as four digits of six bits; what is missing of the bytes counts as 0.
+/// Three bytes as four digits of six bits; missing bytes count as 0.
 void appendFour(std::span<const std::uint8_t> three, std::string& out) {
     std::uint32_t bits = 0;
     for (std::size_t i = 0; i < 3; ++i) bits = bits << 8U | (i < three.size() ? three[i] : 0U);
@@ -18,7 +18,7 @@ void appendFour(std::span<const std::uint8_t> three, std::string& out) {
     }
 }
 
-/// The bits of four digits, of which the last `missing` ones are not there. None for other
+/// The bits of four digits, the last `missing` of which are absent. None for other
 /// characters.
 std::optional<std::uint32_t> bitsOf(std::string_view four, std::size_t missing) {
     std::uint32_t bits = 0;
@@ -50,7 +50,7 @@ std::optional<std::vector<std::uint8_t>> fromBase64(std::string_view text) {
         const std::size_t missing =
             !isLast || text[3] != '=' ? 0 : static_cast<std::size_t>(text[2] == '=' ? 2 : 1);
         const auto bits = bitsOf(text.substr(0, 4), missing);
-        // The bits of a byte that is not there are 0.
+        // The bits of an absent byte are 0.
         if (!bits || (*bits & ((1U << (8U * missing)) - 1U)) != 0) return std::nullopt;
         for (std::size_t i = 0; i < 3 - missing; ++i) {
             out.push_back(static_cast<std::uint8_t>(*bits >> (16U - 8U * i)));

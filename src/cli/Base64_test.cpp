@@ -9,7 +9,7 @@ std::string encoded(std::string_view text) {
     return toBase64({reinterpret_cast<const std::uint8_t*>(text.data()), text.size()});
 }
 
-TEST(Base64, GivesTheExamplesOfItsStandard) {
+TEST(Base64, MatchesTheExamplesOfItsStandard) {
     EXPECT_EQ(encoded(""), "");
     EXPECT_EQ(encoded("f"), "Zg==");
     EXPECT_EQ(encoded("fo"), "Zm8=");

@@ -13,12 +13,12 @@ namespace {
 constexpr int kMomentMilliseconds = 100;
 }
 
-// Opened for writing, too: so the pipe does not end when a writer closes it.
+// Opened for writing, too, so that the pipe does not end when a writer closes it.
 Channel::Channel(const std::filesystem::path& path) {
     if (mkfifo(path.c_str(), S_IRUSR | S_IWUSR) == 0) {
         file_ = open(path.c_str(), O_RDWR | O_NONBLOCK | O_CLOEXEC);
     }
-    if (file_ < 0) throw Failure("cannot make a pipe in " + path.parent_path().string());
+    if (file_ < 0) throw Failure("cannot create a pipe in " + path.parent_path().string());
 }
 
 Channel::~Channel() {

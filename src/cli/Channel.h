@@ -9,7 +9,7 @@ namespace huebrush::cli {
 /// A named pipe on which the office sends lines to the program.
 class Channel {
  public:
-    /// Makes the pipe. Failure when it cannot be made.
+    /// Creates the pipe. Failure when it cannot be created.
     explicit Channel(const std::filesystem::path& path);
     Channel(const Channel&) = delete;
     Channel& operator=(const Channel&) = delete;

@@ -24,8 +24,8 @@ namespace fs = std::filesystem;
 using base::text;
 using json = nlohmann::ordered_json;
 
-/// Tells what the logic would have shown in boxes. Whether one of them was an error.
-bool tellBoxes(const json& result) {
+/// Prints what the logic would have shown in boxes. Whether one of them was an error.
+bool printBoxes(const json& result) {
     bool failed = false;
     for (const json& box : result.at("messages")) {
         if (box.at("kind") == "information") continue;
@@ -56,7 +56,7 @@ void printRecolored(const json& result, const fs::path& output) {
         if (reason == "unchanged") continue;
         std::cout << text("row ", skipped.at("row").get<int>(), ": ",
                           skipped.at("shapes").get<std::size_t>(),
-                          " shapes left as they are: ", oneLine(reason), "\n");
+                          " shapes left unchanged: ", oneLine(reason), "\n");
     }
 }
 
@@ -64,7 +64,7 @@ std::string shapesText(std::size_t count) {
     return count == 1 ? "1 shape" : text(count, " shapes");
 }
 
-/// Prints what the stored file holds otherwise than asked. Whether there is such.
+/// Prints where the stored file differs from what was asked for. Whether it does.
 bool printStored(const json& stored, const fs::path& output) {
     const std::string format =
         output.has_extension() ? output.extension().string() : std::string("the format");
@@ -79,7 +79,7 @@ bool printStored(const json& stored, const fs::path& output) {
     const auto notFound = stored.at("notFound").get<std::size_t>();
     if (notFound > 0) {
         std::cerr << text("huebrush: ", shapesText(notFound), notFound == 1 ? " was" : " were",
-                          " not found in the stored file; what became of the fill is not known\n");
+                          " not found in the stored file; the fill there is unknown\n");
     }
     return notFound > 0 || !stored.at("differences").empty();
 }
@@ -99,11 +99,11 @@ std::string filterOf(const fs::path& output) {
     if (!output.has_extension()) return {};
     const protocol::DocumentFormat* const format = protocol::formatOfName(output.string());
     if (format != nullptr && format->isStored) return std::string(format->filter);
-    throw Failure(text("cannot write ", output.string(), ": its ending must be one of ",
+    throw Failure(text("cannot write ", output.string(), ": the name must end in one of ",
                        protocol::storedEndings()));
 }
 
-/// A listing or result, also with names whose bytes are no text.
+/// A listing or result, even with names whose bytes are not text.
 std::string printed(const json& value) {
     return value.dump(2, ' ', false, json::error_handler_t::replace);
 }
@@ -130,7 +130,7 @@ int runFills(const FillsOptions& options) {
     protocol::Job job;
     job.input = options.document;
     json result = OfficeJob().run(job, !options.json);
-    const bool failed = tellBoxes(result);
+    const bool failed = printBoxes(result);
     if (options.json) {
         std::cout << printed(result.at("listing")) << '\n';
     } else {
@@ -152,7 +152,7 @@ int runRecolor(const RecolorOptions& options) {
     file.commit(job.output);
     result["document"] = options.document;
     result["output"] = output.string();
-    const bool failed = tellBoxes(result);
+    const bool failed = printBoxes(result);
     if (options.json) {
         std::cout << printed(result) << '\n';
     } else {

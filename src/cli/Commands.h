@@ -20,8 +20,8 @@ struct RecolorOptions {
     bool json = false;
 };
 
-/// Each command does its work and prints its result; the exit code is returned. Failure and
-/// Interrupted for what ends it early: nothing is written then.
+/// Each command does its work, prints its result and returns the exit code. It throws Failure or
+/// Interrupted when it ends early: nothing is written then.
 int runFills(const FillsOptions& options);
 int runRecolor(const RecolorOptions& options);
 

@@ -8,11 +8,11 @@ namespace huebrush::cli {
 
 /// The forms runtime of a program in a terminal: message boxes are lines on the error output, and
 /// Abort, Retry and Ignore is a question that the next line of input answers. Where nobody can be
-/// asked, and at the end of the input, the answer is Abort. There is nothing else: all other calls
-/// are internal errors.
+/// asked, and at the end of the input, the answer is Abort. Everything else
+/// is an internal error.
 class ConsoleRuntime final : public forms::Runtime {
  public:
-    /// `interactive`: whether somebody reads `out` and writes `in`.
+    /// `interactive`: whether a user reads `out` and answers on `in`.
     ConsoleRuntime(std::istream& in, std::ostream& out, bool interactive)
         : in_(in), out_(out), interactive_(interactive) {}
 

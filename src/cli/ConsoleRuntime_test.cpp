@@ -40,7 +40,7 @@ TEST_F(Console, AbortsWhereNobodyAnswers) {
     EXPECT_EQ(out.str(), "huebrush: Chyba č. 61: Disk je plný.\n");
 }
 
-TEST_F(Console, ShowsAMessageAndHasNoOtherQuestions) {
+TEST_F(Console, ShowsAMessageAndAsksNothingElse) {
     std::istringstream in;
     ConsoleRuntime runtime(in, out, true);
     EXPECT_EQ(runtime.MsgBox("Hotovo", forms::MsgBoxStyle::kInformation, "Huebrush"),

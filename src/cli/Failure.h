@@ -14,13 +14,13 @@ inline constexpr int kStoredOtherwise = 3;
 inline constexpr int kInterrupted = 130;
 }  // namespace ExitCode
 
-/// What ends the program: one line for the user. It is told on standard error by main().
+/// What ends the program: one line for the user, which main() prints on standard error.
 class Failure : public std::runtime_error {
  public:
     using std::runtime_error::runtime_error;
 };
 
-/// The user pressed Ctrl-C, or the program was asked to end.
+/// The user pressed Ctrl-C, or the program was asked to terminate.
 class Interrupted : public std::exception {
  public:
     const char* what() const noexcept override { return "interrupted"; }

@@ -58,7 +58,7 @@ std::string describeType(const fill::FillProperties& fill) {
     }
 }
 
-/// Per cents with two decimals at most, and none where they say nothing.
+/// A percentage with two decimals at most, and with none where they would be 0.
 std::string percentText(float fraction) {
     constexpr std::int64_t kParts = 100;
     const std::int64_t parts = std::llround(fraction * static_cast<float>(kParts * kParts));

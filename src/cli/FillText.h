@@ -9,7 +9,7 @@ namespace huebrush::cli {
 /// A fill in a few words: "#C00000", "#C00000, 50% transparent", "two-colour gradient #… to #…".
 std::string describe(const fill::FillProperties& fill);
 
-/// A text of several lines as one, for a place that has but one.
+/// A text of several lines as one, for a place with room for only one.
 std::string oneLine(const std::string& text);
 
 /// A block in the fill's main colour for a terminal; blanks for no fill.

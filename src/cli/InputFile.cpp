@@ -35,7 +35,7 @@ bool beginsLikeADocument(std::string_view bytes) {
            bytes.substr(text).starts_with('<');
 }
 
-/// The number that four bytes are, lowest first.
+/// The number in four bytes, lowest first.
 std::uint32_t numberAt(std::string_view bytes, std::size_t at) {
     std::uint32_t number = 0;
     for (std::size_t i = 4; i > 0; --i) {
@@ -44,7 +44,7 @@ std::uint32_t numberAt(std::string_view bytes, std::size_t at) {
     return number;
 }
 
-/// Whether a compound file is the wrapping of an encrypted package: its list of parts names one.
+/// Whether a compound file wraps an encrypted package: its list of parts names one.
 bool isEncrypted(const fs::path& file, std::string_view header) {
     constexpr std::size_t kHeader = 512;
     constexpr std::size_t kSectorShift = 30;
@@ -62,7 +62,7 @@ bool isEncrypted(const fs::path& file, std::string_view header) {
 
 void requireReadable(const fs::path& file) {
     std::error_code error;
-    if (!fs::exists(file, error)) throw Failure("there is no file " + file.string());
+    if (!fs::exists(file, error)) throw Failure(file.string() + " does not exist");
     if (fs::is_directory(file, error)) throw Failure(file.string() + " is a folder");
     if (access(file.c_str(), R_OK) != 0) throw Failure("cannot read " + file.string());
 }
@@ -72,7 +72,7 @@ nlohmann::json readJson(const char* what, const fs::path& file) {
     std::ifstream input(file);
     nlohmann::json value = nlohmann::json::parse(input, nullptr, false);
     if (value.is_discarded())
-        throw Failure(std::string(what) + " " + file.string() + " is no JSON");
+        throw Failure(std::string(what) + " " + file.string() + " is not valid JSON");
     return value;
 }
 

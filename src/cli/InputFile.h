@@ -12,7 +12,7 @@ void requireReadable(const std::filesystem::path& file);
 /// be able to open, or are those of one that is encrypted.
 void requireDocument(const std::filesystem::path& file);
 
-/// A file of JSON. Failure when it is none; `what` is what it should be.
+/// Reads a JSON file. Failure when it is not one; `what` is what it should be, for the message.
 nlohmann::json readJson(const char* what, const std::filesystem::path& file);
 
 }  // namespace huebrush::cli

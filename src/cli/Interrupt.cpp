@@ -21,7 +21,7 @@ extern "C" void noteInterrupt(int) {
 
 constexpr std::array kInterrupts{SIGINT, SIGTERM, SIGHUP};
 
-/// Holds the signals back for a lifetime, so that none comes between a look and a wait.
+/// Blocks the signals while it lives, so that none arrives between a check and a wait.
 class InterruptsHeldBack {
  public:
     InterruptsHeldBack() {
@@ -53,7 +53,7 @@ bool waitForInput(int descriptor) {
     const InterruptsHeldBack held;
     pollfd awaited{descriptor, POLLIN, 0};
     while (interruptSeen == 0) {
-        // The signals come through while it waits, and only then.
+        // The signals get through while it waits, and only then.
         if (ppoll(&awaited, 1, nullptr, &held.former()) >= 0 || errno != EINTR) return true;
     }
     return false;

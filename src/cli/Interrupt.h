@@ -6,11 +6,11 @@ namespace huebrush::cli {
 /// that whoever waits can clean up first.
 void catchInterrupts();
 
-/// Waits until a file descriptor has something to read or has come to its end. False when a signal
-/// of these has come before or meanwhile.
+/// Waits until a file descriptor has something to read or is at its end. False when one of these
+/// signals came before or meanwhile.
 bool waitForInput(int descriptor);
 
-/// Throws Interrupted if such a signal has come.
+/// Throws Interrupted if one of these signals has come.
 void throwIfInterrupted();
 
 }  // namespace huebrush::cli

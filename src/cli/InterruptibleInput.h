@@ -5,8 +5,8 @@
 
 namespace huebrush::cli {
 
-/// What somebody types at a terminal, byte by byte as it comes. An interrupt is its end (see
-/// Interrupt.h), also one that comes just before the wait for a key begins.
+/// What somebody types at a terminal, byte by byte as it arrives. An interrupt ends it (see
+/// Interrupt.h), even one that arrives just before the wait for a key begins.
 class InterruptibleInput final : public std::streambuf {
  public:
     explicit InterruptibleInput(int descriptor) : descriptor_(descriptor) {}

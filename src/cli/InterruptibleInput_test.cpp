@@ -33,7 +33,7 @@ struct Pipe {
     std::array<int, 2> ends{};
 };
 
-TEST(InterruptibleInputs, GiveLineByLineWhatHasCome) {
+TEST(InterruptibleInputs, ReturnLineByLineWhatHasArrived) {
     Pipe pipe;
     const std::string lines = "r\n" + std::string(1000, 'x') + "\nlast";
     pipe.write(lines);
@@ -50,7 +50,7 @@ TEST(InterruptibleInputs, GiveLineByLineWhatHasCome) {
     EXPECT_FALSE(std::getline(in, line));
 }
 
-/// Ends the process: with 0 if an interrupt was the end of an input that has no other.
+/// Ends the process, with 0 if an interrupt ended an input that has no other end.
 [[noreturn]] void readInterrupted(void (*interrupt)()) {
     const Pipe pipe;
     catchInterrupts();

@@ -20,7 +20,7 @@ void JsonWriter::newLine() {
     held_.append(kIndent * depth_, ' ');
 }
 
-/// What comes before a key, or before a value of an array.
+/// What precedes a key, or a value of an array.
 void JsonWriter::beginValue() {
     if (!std::exchange(afterKey_, false) && depth_ > 0) {
         if (!first_) held_ += ',';
@@ -59,7 +59,7 @@ void JsonWriter::value(std::int32_t number) {
 void JsonWriter::value(const nlohmann::ordered_json& value) {
     beginValue();
     std::string text = value.dump(static_cast<int>(kIndent));
-    // What is not the first line of a value moves in with it.
+    // All lines of a value but the first are indented with it.
     for (std::size_t at = text.find('\n'); at != std::string::npos; at = text.find('\n', at + 1)) {
         text.insert(at + 1, kIndent * depth_, ' ');
     }

@@ -8,27 +8,27 @@
 namespace huebrush::cli {
 
 /// Writes JSON piece by piece, so that it need not be in memory as a whole; indented by two, as
-/// dump(2) of the JSON library does it.
+/// dump(2) of the JSON library does.
 class JsonWriter {
  public:
     explicit JsonWriter(std::ostream& out) : out_(out) {}
     JsonWriter(const JsonWriter&) = delete;
     JsonWriter& operator=(const JsonWriter&) = delete;
 
-    /// `value`s, objects and arrays follow each other in an array; in an object, each follows a
+    /// In an array, values, objects and arrays follow each other; in an object, each follows a
     /// key.
     void beginObject() { begin('{'); }
     void endObject() { end('}'); }
     void beginArray() { begin('['); }
     void endArray() { end(']'); }
-    /// A key as `quoted` gives it.
+    /// A key as returned by `quoted`.
     void key(std::string_view quoted);
     void value(std::int32_t number);
     /// A scalar, or a value that is small enough to be in memory.
     void value(const nlohmann::ordered_json& value);
 
-    /// Writes out what is still held back, and a line's end. Failure when it cannot be written,
-    /// here and as soon as it is seen.
+    /// Writes what is still buffered, and a newline. Failure when it cannot be written, here and
+    /// as soon as that is noticed.
     void finish();
 
     static std::string quoted(const std::string& text) { return nlohmann::json(text).dump(); }
@@ -43,7 +43,7 @@ class JsonWriter {
     std::ostream& out_;
     std::string held_;
     std::size_t depth_ = 0;
-    bool first_ = true;  ///< nothing stands in the innermost object or array yet
+    bool first_ = true;  ///< the innermost object or array is still empty
     bool afterKey_ = false;
 };
 

@@ -45,7 +45,7 @@ TEST(JsonWriter, WritesWhatTheLibraryDumps) {
     }
 }
 
-TEST(JsonWriter, IndentsWhatItGetsAsAWhole) {
+TEST(JsonWriter, IndentsAValueThatItGetsAsAWhole) {
     const auto value = ordered_json::parse(R"({"a":[{"b":[1,2],"c":{}}]})");
     std::ostringstream out;
     JsonWriter writer(out);
@@ -59,7 +59,7 @@ TEST(JsonWriter, IndentsWhatItGetsAsAWhole) {
     EXPECT_EQ(out.str(), value.dump(2) + "\n");
 }
 
-TEST(JsonWriter, WritesEarlyAndSaysWhenItCannot) {
+TEST(JsonWriter, WritesEarlyAndReportsWhenItCannot) {
     std::ostringstream out;
     JsonWriter writer(out);
     writer.beginArray();

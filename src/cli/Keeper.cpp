@@ -29,11 +29,11 @@ namespace fs = std::filesystem;
 constexpr std::size_t kLongestMessage = 1U << 16U;
 constexpr int kLookAgain = 100;  // Milliseconds.
 
-/// The orders of the first process: the word that each begins with.
+/// The first process's orders: the word that each begins with.
 constexpr const char* kStart = "start";
 constexpr const char* kRemoveAtEnd = "remove";
 
-/// The other side is a process of this program, so nothing but its end makes this fail.
+/// The other side is a process of this program, so only its end makes this fail.
 void send(int link, const std::string& message) {
     files::uninterrupted(
         [&] { return ::send(link, message.data(), message.size(), MSG_NOSIGNAL); });
@@ -118,7 +118,7 @@ std::vector<std::string> socketsOf(pid_t group) {
     return files;
 }
 
-/// The second process. It ends with the first one, or when that one lets it go.
+/// The second process. It ends with the first one, or when that one releases it.
 class KeeperProcess {
  public:
     explicit KeeperProcess(int link) : link_(link) {}
@@ -138,15 +138,15 @@ class KeeperProcess {
     /// Nothing that is done to the first process, its terminal or its group reaches this one.
     void detach() {
         ::setsid();
-        // Under another name, so that who ends all processes of the program's name leaves this one.
+        // Under another name, so that killing all processes of the program's name spares this one.
         ::prctl(PR_SET_NAME, "office-keeper");
-        // Whoever loses its parent becomes a child of this process, and cannot get away.
+        // Any process that loses its parent becomes a child of this one, and cannot escape.
         ::prctl(PR_SET_CHILD_SUBREAPER, 1);
         const int nowhere = ::open("/dev/null", O_RDWR);
         for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
             ::dup2(nowhere, stream);
         }
-        // What the first process has open, files and locks, is to end with it.
+        // What the first process has open, files and locks, must not outlive it here.
         link_ = ::dup2(link_, STDERR_FILENO + 1);
         ::close_range(static_cast<unsigned>(link_) + 1, ~0U, 0);
         ::fcntl(link_, F_SETFD, FD_CLOEXEC);
@@ -201,8 +201,8 @@ class KeeperProcess {
         return pid == 0;
     }
 
-    /// While it stores a file, the office has its lock and, until it has written all, a file that
-    /// is called by the number of its process beside it.
+    /// While it stores a file, the office keeps beside it its lock and, until everything is
+    /// written, a file named after its process number.
     void removeWithCompanions(const fs::path& file) const {
         const fs::path folder = file.parent_path();
         std::error_code ignored;
@@ -222,16 +222,16 @@ class KeeperProcess {
     }
 
     void endAll() {
-        // A group whose processes have all ended may be somebody else's by now.
+        // The number of a group whose processes have all ended may belong to others by now.
         siginfo_t child = {};
         if (::waitid(P_ALL, 0, &child, WEXITED | WNOHANG | WNOWAIT) != 0) return;
-        // Nobody makes anything more while it is looked at.
+        // Nobody creates anything more while it is examined.
         ::kill(-program_, SIGSTOP);
         const std::vector<std::string> sockets = socketsOf(program_);
         ::kill(-program_, SIGKILL);
         while (reap()) {
             for (const pid_t each : children()) ::kill(each, SIGKILL);
-            // The list may leave one out while others end, so it is looked at again in any case.
+            // The list may miss one while others end, so it is read again in any case.
             pollfd ended{signals_, POLLIN, 0};
             ::poll(&ended, 1, kLookAgain);
         }
@@ -266,7 +266,7 @@ Keeper::Keeper() {
     if (!folder_.empty()) return;
     letGo();
     std::error_code error;
-    throw Failure("cannot make a temporary folder in " + fs::temp_directory_path(error).string());
+    throw Failure("cannot create a temporary folder in " + fs::temp_directory_path(error).string());
 }
 
 Keeper::~Keeper() {
@@ -291,7 +291,7 @@ void Keeper::removeAtEnd(const fs::path& file) {
 bool Keeper::hasEnded() {
     if (ended_) return true;
     pollfd awaited{link_.get(), POLLIN, 0};
-    // A message says so, and the end of the keeper does.
+    // A message says so, and so does the end of the keeper.
     ended_ = ::poll(&awaited, 1, 0) > 0;
     return ended_;
 }

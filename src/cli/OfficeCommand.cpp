@@ -19,7 +19,7 @@ std::string environment(const char* name) {
     return value == nullptr ? "" : value;
 }
 
-/// Whether a folder of extensions has ours in it.
+/// Whether a folder of extensions contains ours.
 bool hasExtension(const fs::path& folder) {
     std::error_code error;
     return fs::is_regular_file(folder / "huebrush/huebrush.so", error);
@@ -28,8 +28,9 @@ bool hasExtension(const fs::path& folder) {
 fs::path findExtensions() {
     if (const char* const given = std::getenv("HUEBRUSH_EXTENSIONS")) {
         if (hasExtension(given)) return fs::absolute(given);
-        throw Failure(std::string("HUEBRUSH_EXTENSIONS names no folder with the extension: ") +
-                      given);
+        throw Failure(
+            std::string("HUEBRUSH_EXTENSIONS is not a folder that contains the extension: ") +
+            given);
     }
     std::error_code error;
     const fs::path program = fs::read_symlink("/proc/self/exe", error);
@@ -39,7 +40,7 @@ fs::path findExtensions() {
          {folder / "../extension", folder / HUEBRUSH_EXTENSIONS_FROM_PROGRAM}) {
         if (hasExtension(place)) return fs::canonical(place);
     }
-    throw Failure("the LibreOffice extension is missing beside the program: " + folder.string());
+    throw Failure("cannot find the LibreOffice extension that belongs to " + program.string());
 }
 
 }  // namespace

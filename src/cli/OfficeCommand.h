@@ -6,7 +6,7 @@
 
 namespace huebrush::cli {
 
-/// Where the program's parts are.
+/// Where what the program needs is installed.
 struct Installation {
     std::filesystem::path office;      ///< The command that starts LibreOffice.
     std::filesystem::path extensions;  ///< The folder that holds the unpacked extension.
@@ -16,7 +16,7 @@ struct Installation {
 /// (HUEBRUSH_EXTENSIONS, else beside the program). Failure, in one line, when either is missing.
 Installation findInstallation();
 
-/// The command line of a LibreOffice without a screen on a profile of its own.
+/// The command line of a LibreOffice without a screen and with a profile of its own.
 std::vector<std::string> officeCommand(const Installation& installation,
                                        const std::filesystem::path& profile,
                                        const std::vector<std::string>& arguments);

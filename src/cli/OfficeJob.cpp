@@ -23,14 +23,14 @@ namespace {
 using base::text;
 using json = nlohmann::ordered_json;
 
-/// The service of the extension, in the form in which the office's command line calls one.
+/// The extension's service, in the form in which the office's command line names one.
 constexpr const char* kService = "service:cz.huebrush.Batch?";
 
 /// Reads one message; the result when it is the last one. The office's first one says only that the
-/// extension is there.
+/// extension is loaded.
 std::optional<json> takeMessage(const std::string& line, ProgressBar& bar) {
     const json message = json::parse(line, nullptr, false);
-    if (!message.is_object()) throw Failure("LibreOffice sent a message that cannot be read");
+    if (!message.is_object()) throw Failure("LibreOffice sent an unreadable message");
     if (message.contains("started")) return std::nullopt;
     if (const auto progress = message.find("progress"); progress != message.end()) {
         bar.show(progress->at("done").get<std::size_t>(), progress->at("total").get<std::size_t>());
@@ -49,7 +49,7 @@ json waitForResult(Channel& channel, Keeper& office, bool showProgress,
     bool started = false;
     while (true) {
         throwIfInterrupted();
-        // Asked before reading: what a process has sent before its end is still read.
+        // Asked before reading, so that what a process sent before its end is still read.
         const bool ended = office.hasEnded();
         if (const auto line = channel.readLine()) {
             started = true;
@@ -57,12 +57,12 @@ json waitForResult(Channel& channel, Keeper& office, bool showProgress,
         } else if (ended) {
             throw Failure("LibreOffice ended before the work was done");
         } else if (!started && std::chrono::steady_clock::now() > startedBy) {
-            throw Failure("LibreOffice has not loaded the Huebrush extension");
+            throw Failure("LibreOffice did not load the Huebrush extension");
         }
     }
 }
 
-/// Whether the office can open a file by its path: it knows the characters of its locale only.
+/// Whether the office can open a file by its path: it knows only the characters of its locale.
 bool canBeExpressed(const std::filesystem::path& path) {
     const locale_t locale = ::newlocale(LC_CTYPE_MASK, "", nullptr);
     if (locale == nullptr) return false;
@@ -73,7 +73,7 @@ bool canBeExpressed(const std::filesystem::path& path) {
     return can;
 }
 
-/// A path by which the office can open the document, and knows its format: its own where that does,
+/// A path by which the office can open the document and recognise its format: its own if possible,
 /// because some formats are read relative to it, else that of a link in the folder.
 std::filesystem::path openablePath(const std::string& document,
                                    const std::filesystem::path& folder) {
@@ -104,7 +104,7 @@ json OfficeJob::run(protocol::Job job, bool showProgress, std::chrono::milliseco
     job.name = job.input;
     job.inputUrl = fileUrl(job.input);
     job.input = openablePath(job.input, folder());
-    // A name may be of bytes that are no text.
+    // A name may consist of bytes that are not text.
     std::ofstream(jobPath) << protocol::toJson(job).dump(-1, ' ', false,
                                                          json::error_handler_t::replace);
     keeper_.start(officeCommand(installation, folder() / "profile", {kService + jobPath.string()}));

@@ -16,7 +16,7 @@ namespace {
 namespace fs = std::filesystem;
 using namespace std::chrono_literals;
 
-/// Programs that stand for an office, with an extension that they do not look at.
+/// Programs that stand in for an office, with an extension that they ignore.
 class OfficeJobs : public testing::Test {
  protected:
     OfficeJobs() {
@@ -34,7 +34,7 @@ class OfficeJobs : public testing::Test {
         std::ofstream(root.path() / "office") << "#!/bin/sh\n" << script << '\n';
         fs::permissions(root.path() / "office", fs::perms::owner_all);
     }
-    /// What running a job on the document ends with.
+    /// The error with which running a job on the document ends.
     std::string failure(std::chrono::milliseconds longestStart) const {
         protocol::Job job;
         job.input = root.path() / "document.odt";
@@ -49,9 +49,9 @@ class OfficeJobs : public testing::Test {
     TemporaryFolder root;
 };
 
-TEST_F(OfficeJobs, AnOfficeWithoutTheExtensionIsNotWaitedForForEver) {
+TEST_F(OfficeJobs, AnOfficeWithoutTheExtensionIsNotWaitedForIndefinitely) {
     officeDoes("exec sleep 600");
-    EXPECT_EQ(failure(200ms), "LibreOffice has not loaded the Huebrush extension");
+    EXPECT_EQ(failure(200ms), "LibreOffice did not load the Huebrush extension");
 }
 
 TEST_F(OfficeJobs, AnOfficeThatEndsHasNotDoneTheWork) {
@@ -62,7 +62,7 @@ TEST_F(OfficeJobs, AnOfficeThatEndsHasNotDoneTheWork) {
 TEST_F(OfficeJobs, AFolderWithoutTheExtensionIsRefusedBeforeAnOfficeStarts) {
     officeDoes("touch '" + (root.path() / "started").string() + "'");
     fs::remove(root.path() / "extensions/huebrush/huebrush.so");
-    EXPECT_EQ(failure(10min), "HUEBRUSH_EXTENSIONS names no folder with the extension: " +
+    EXPECT_EQ(failure(10min), "HUEBRUSH_EXTENSIONS is not a folder that contains the extension: " +
                                   (root.path() / "extensions").string());
     EXPECT_FALSE(fs::exists(root.path() / "started"));
 }

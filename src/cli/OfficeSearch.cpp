@@ -43,7 +43,7 @@ std::optional<Version> versionIn(std::string_view name) {
     return version;
 }
 
-/// What stands in a folder under a name with a version, the newest first.
+/// The entries of a folder whose names have a version, the newest first.
 std::vector<fs::path> newestIn(const fs::path& folder) {
     std::vector<std::pair<Version, fs::path>> found;
     std::error_code error;
@@ -92,13 +92,13 @@ std::optional<fs::path> inUsualPlaces(const fs::path& root) {
 fs::path findOffice(const OfficeSearch& search) {
     if (!search.given.empty()) {
         if (isProgram(search.given)) return search.given;
-        throw Failure("HUEBRUSH_OFFICE names no program: " + search.given);
+        throw Failure("HUEBRUSH_OFFICE is not a program: " + search.given);
     }
     if (const auto found = onPath(search.path)) return *found;
     if (const auto found = inUsualPlaces(search.root)) return *found;
     throw Failure(
-        "LibreOffice is missing: install libreoffice-writer, or name its soffice in "
-        "HUEBRUSH_OFFICE");
+        "cannot find LibreOffice: install libreoffice-writer, or set HUEBRUSH_OFFICE to its "
+        "soffice");
 }
 
 }  // namespace huebrush::cli

@@ -65,14 +65,14 @@ TEST_F(OfficeSearches, OfTheMakersPackagesTheNewestIsTaken) {
     EXPECT_EQ(found(), "opt/libreoffice25.2/program/soffice");
 }
 
-TEST_F(OfficeSearches, OneThatWasRemovedButForItsFolderIsPassedOver) {
+TEST_F(OfficeSearches, OneOfWhichOnlyTheFolderIsLeftIsSkipped) {
     addProgram("opt/libreoffice24.8/program/soffice");
     fs::create_directories(root.path() / "opt/libreoffice25.2/program");
     addFile("opt/libreoffice25.8/program/soffice");
     EXPECT_EQ(found(), "opt/libreoffice24.8/program/soffice");
 }
 
-TEST_F(OfficeSearches, NamesThatOnlyBeginAlikeAreNoOffices) {
+TEST_F(OfficeSearches, NamesThatMerelyBeginAlikeAreNotOffices) {
     for (const char* const name :
          {"libreoffice25", "libreofficedev25.2", "libreoffice25.2-old", "libreoffice-25.2"}) {
         addProgram(std::string("bin/") + name);

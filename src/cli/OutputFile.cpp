@@ -12,7 +12,7 @@ namespace huebrush::cli {
 
 namespace {
 
-/// Runs a body whose errors end the program.
+/// Runs a body, turning its errors into Failure.
 template <class Body>
 void orFailure(const Body& body) {
     try {

@@ -8,17 +8,17 @@
 
 namespace huebrush::cli {
 
-/// A file that comes to be all at once: what is there before stays until the new content is safely
-/// on the disk. Without commit() nothing is left.
+/// A file that is written all at once: what was there before stays until the new content is safely
+/// on the disk. Without commit() nothing changes.
 class OutputFile {
  public:
-    /// Failure at once when nothing can be written there: what is there is no regular file, or
+    /// Failure at once when nothing can be written there: what exists is not a regular file, or
     /// another program has it open for writing.
     explicit OutputFile(const std::filesystem::path& target);
 
     /// Takes the content of another file, keeping owner, rights and attributes of a file that is
-    /// replaced. Failure, and everything stays, when another program has it open for writing now,
-    /// has changed it, or has put a file where there was none.
+    /// replaced. Failure, and nothing changes, when another program has it open for writing now,
+    /// has changed it, or has created a file where there was none.
     void commit(const std::filesystem::path& content);
 
  private:

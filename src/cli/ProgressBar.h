@@ -6,13 +6,14 @@
 
 namespace huebrush::cli {
 
-/// A bar on standard error that shows how far the work is; silent where that is no terminal.
+/// A bar on standard error that shows the progress of the work; silent where that is not a
+/// terminal.
 class ProgressBar {
  public:
     explicit ProgressBar(bool enabled);
     ProgressBar(const ProgressBar&) = delete;
     ProgressBar& operator=(const ProgressBar&) = delete;
-    /// Wipes the bar off the line.
+    /// Erases the bar.
     ~ProgressBar();
 
     void show(std::size_t done, std::size_t total);

@@ -8,7 +8,7 @@
 
 namespace huebrush::cli {
 
-/// A new folder, removed with all that is in it at the end.
+/// A new folder, removed with its contents at the end.
 class TemporaryFolder {
  public:
     TemporaryFolder() {

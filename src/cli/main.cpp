@@ -33,20 +33,22 @@ void addRecolor(CLI::App& program, RecolorOptions& options, Chosen& chosen) {
         ->add_option("DOCUMENT", options.document, "A text document, such as .odt, .docx or .doc")
         ->required();
     auto* const output = command->add_option("-o,--output", options.output,
-                                             "Where to write the result; its ending is its format");
+                                             "Output file; its ending selects the format");
     auto* const inPlace =
-        command->add_flag("--in-place", options.inPlace, "Replace the document by the result");
+        command->add_flag("--in-place", options.inPlace, "Replace the document with the result");
     output->excludes(inPlace);
     command
         ->add_option("--map", options.maps,
-                     "FROM=TO: all solid fills of a colour get another, as '#C00000=#0070C0'")
+                     "FROM=TO: change all solid fills of one colour to another, such as "
+                     "'#C00000=#0070C0'")
         ->allow_extra_args(false);
     command
         ->add_option("--row", options.rows,
-                     "N=FILL: a row of the listing gets a fill: none, '#0070C0', '#0070C0@50%' "
-                     "or an object of properties as JSON")
+                     "N=FILL: give row N of the listing a fill: none, '#0070C0', '#0070C0@50%' or "
+                     "a JSON object of properties")
         ->allow_extra_args(false);
-    command->add_option("--plan", options.plan, "A listing in JSON whose \"new\" was edited");
+    command->add_option("--plan", options.plan,
+                        "A listing in JSON whose \"new\" fills were edited");
     command->add_flag("--json", options.json, "Print the result as JSON");
     command->callback([&] {
         if (options.output.empty() && !options.inPlace) {
@@ -60,7 +62,7 @@ void addRecolor(CLI::App& program, RecolorOptions& options, Chosen& chosen) {
 }
 
 void addPalette(CLI::App& program, PaletteOptions& options, Chosen& chosen) {
-    CLI::App* const palette = program.add_subcommand("palette", "Work on files of palettes");
+    CLI::App* const palette = program.add_subcommand("palette", "Work with palette files");
     palette->require_subcommand(1);
     const auto add = [&](const char* name, int (*run)(const PaletteOptions&), const char* effect) {
         CLI::App* const command = palette->add_subcommand(name, effect);
@@ -70,20 +72,20 @@ void addPalette(CLI::App& program, PaletteOptions& options, Chosen& chosen) {
             [&options, &chosen, run] { chosen = [&options, run] { return run(options); }; });
         return command;
     };
-    add("new", runPaletteNew, "Make a new, empty file")
-        ->add_flag("--force", options.force, "Replace a file that is there already");
+    add("new", runPaletteNew, "Create a new, empty file")
+        ->add_flag("--force", options.force, "Replace an existing file");
     add("list", runPaletteList, "List the palettes");
-    add("dump", runPaletteDump, "Print all that the palettes hold, as JSON");
-    add("import", runPaletteImport, "Add palettes: all of them, or none when one is refused")
-        ->add_option("JSON", options.input, "A file as dump prints it")
+    add("dump", runPaletteDump, "Print everything in the palettes as JSON");
+    add("import", runPaletteImport, "Add palettes: all of them, or none if one is refused")
+        ->add_option("JSON", options.input, "A file in the format that dump prints")
         ->required();
-    add("erase", runPaletteErase, "Erase all palettes of a name with their fills")
-        ->add_option("NAME", options.name, "The name")
+    add("erase", runPaletteErase, "Erase all palettes with a given name, and their fills")
+        ->add_option("NAME", options.name, "The name of the palettes")
         ->required();
-    add("check", runPaletteCheck, "Check the structure, and print each rule that is broken");
+    add("check", runPaletteCheck, "Check the structure and print each broken rule");
 }
 
-/// A result that nobody can read is none: the disk may be full.
+/// A result that could not be printed is a failure: the disk may be full.
 int withOutput(const Chosen& chosen) {
     const int code = chosen();
     std::cout.flush();

@@ -20,7 +20,7 @@ Control::~Control() {
 }
 
 void Control::removeChild(const Control& child) {
-    // The youngest is the likeliest to go: rows are unloaded from the end.
+    // The newest is the likeliest to go: rows are unloaded from the end.
     const auto found = std::find(children_.rbegin(), children_.rend(), &child);
     if (found != children_.rend()) children_.erase(std::next(found).base());
     childrenChanged();

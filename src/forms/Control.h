@@ -39,7 +39,7 @@ inline constexpr std::int16_t kCtrl = 2;
 inline constexpr std::int16_t kAlt = 4;
 }  // namespace Shift
 
-/// How a dragged control stands to the one under it.
+/// Where a dragged control is relative to the one under it.
 enum class DragState : std::int16_t { enter = 0, leave = 1, over = 2 };
 
 /// A mouse event: the button (1 left, 2 right), the shift state, and the place in twips of the
@@ -55,7 +55,7 @@ struct MouseEvent {
 /// screen shows it or not. Left, Top, Width and Height are twips in the container.
 ///
 /// A control belongs to the container that it was made with; both know each other until either
-/// ends, and the container ends last. Of two that lie over each other, the one made first is above.
+/// ends, and the container ends last. Of two that overlap, the one made first is on top.
 class Control : public PropertyOwner {
  public:
     Control(Control& container, std::string name);

@@ -64,7 +64,7 @@ class ControlArray {
         form_.keepWhileHandling(element);
     }
 
-    /// Takes all elements but the template away, without their events: the form is unloaded.
+    /// Removes all elements but the template, without raising their events: the form is unloaded.
     void clear() {
         while (elements_.size() > 1) {
             form_.keepWhileHandling(std::move(elements_.back()));

@@ -20,7 +20,7 @@ class Frame : public Control {
     Property<std::int16_t> BorderStyle{*this, PropertyId::BorderStyle, std::int16_t{1}};
 };
 
-/// A container for other controls, which shows nothing of them beyond its edges.
+/// A container for other controls, which are clipped at its edges.
 class PictureBox : public Control {
  public:
     using Control::Control;
@@ -74,7 +74,7 @@ class CommandButton : public Control {
  public:
     using Control::Control;
     Property<std::string> Caption{*this, PropertyId::Caption};
-    /// The button that Return presses. One a form: setting it clears it on the others.
+    /// The button that Return presses. One per form: setting it clears it on the others.
     Property<bool> Default{*this, PropertyId::Default};
     base::Event<> Click;
 
@@ -147,7 +147,7 @@ class TextBox : public Control {
     base::Event<> Change;
 
     bool takesFocus() const override { return true; }
-    /// The user's typing has left this text.
+    /// The user has typed; this is the text now.
     void type(const std::string& text);
     void propertyChanged(PropertyId id) override;
 };

@@ -60,7 +60,7 @@ void Form::Unload() {
     focused_ = nullptr;
     dragged_ = nullptr;
     unloadElements();
-    // Whatever becomes of its window, the form is gone, and who holds it lets go of it.
+    // Whatever becomes of its window, the form is gone, and whoever holds it releases it.
     std::exception_ptr failed;
     try {
         Runtime::current().closeForm(*this);
@@ -82,7 +82,7 @@ void Form::moveFocus(Control* target) {
     }
     std::reverse(entered.begin(), entered.end());
     for (Control* const control : entered) {
-        // A handler above may have moved the focus further.
+        // A handler called above may have moved the focus on.
         if (focused_ == target && !isIn(left, control)) control->GotFocus();
     }
 }

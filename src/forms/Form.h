@@ -27,7 +27,7 @@ class Form : public Control, public std::enable_shared_from_this<Form> {
     forms::WindowState WindowState = forms::WindowState::normal;
 
     base::Event<> Resize;
-    /// Raised once, when the form has been unloaded: its owner lets go of it.
+    /// Raised once, when the form has been unloaded: its owner releases it.
     base::Event<> Unloaded;
 
     /// The inner size, in twips: without the frame that the platform draws around the window.
@@ -36,13 +36,13 @@ class Form : public Control, public std::enable_shared_from_this<Form> {
     /// How much of the size the platform's frame takes, in twips.
     void setFrameSize(double width, double height);
 
-    /// Puts the form on the screen, and waits for its end when it is modal.
+    /// Shows the form on the screen; when it is modal, waits until it is closed.
     void Show(bool modal = false);
-    /// Takes the form and its array elements away at once. Handlers in progress go on, and find
-    /// what they touch of the arrays missing.
+    /// Removes the form and its array elements at once. Handlers in progress go on; the array
+    /// elements that they touch are missing.
     void Unload();
     bool isUnloaded() const { return unloaded_; }
-    /// Whether Escape ends the form: a form in which that would lose the user's work says no.
+    /// Whether Escape ends the form: a form in which that would lose the user's work returns false.
     virtual bool endsByEscape() const { return true; }
 
     /// The control that has the focus, or nothing.
@@ -58,7 +58,7 @@ class Form : public Control, public std::enable_shared_from_this<Form> {
     void dropAt(Control* target, float x, float y);
 
     /// The port's entry for every event of the user: runs the handlers, keeps the form alive for
-    /// them, and hands what rises out of them to Runtime::UnhandledError. Nothing escapes.
+    /// them, and passes what they throw to Runtime::UnhandledError. Nothing escapes.
     void handle(const std::function<void()>& handlers) noexcept;
     /// Keeps an unloaded array element until no handler runs any more.
     void keepWhileHandling(std::shared_ptr<Control> element);
@@ -67,7 +67,7 @@ class Form : public Control, public std::enable_shared_from_this<Form> {
 
  protected:
     Form* asForm() final { return this; }
-    /// Takes away what the form loaded at run time. Called once, by Unload.
+    /// Removes what the form loaded at run time. Called once, by Unload.
     virtual void unloadElements() {}
 
  private:

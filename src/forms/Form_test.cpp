@@ -23,7 +23,7 @@ class PlainForm final : public Form {
     Image image{box, "image"};
 };
 
-/// Counts what a screen would hear.
+/// Counts the notifications that a screen would get.
 class CountingPeer final : public Peer {
  public:
     explicit CountingPeer(std::vector<PropertyId>& heard) : heard_(heard) {}
@@ -40,7 +40,7 @@ class FormTest : public ::testing::Test {
     std::shared_ptr<PlainForm> form = std::make_shared<PlainForm>();
 };
 
-TEST_F(FormTest, APeerHearsOfEveryChangeAndOfNothingElse) {
+TEST_F(FormTest, APeerIsNotifiedOfEveryChangeAndOfNothingElse) {
     std::vector<PropertyId> heard;
     form->button.setPeer(std::make_unique<CountingPeer>(heard));
     form->button.Caption = std::string("a");
@@ -69,7 +69,7 @@ TEST_F(FormTest, TheInnerSizeIsTheSizeWithoutThePlatformsFrameAndNeverNegative) 
     EXPECT_EQ(form->ScaleHeight(), 0);
 }
 
-TEST_F(FormTest, IsPutOnTheScreenAndTakenAwayByTheRuntime) {
+TEST_F(FormTest, IsShownAndHiddenByTheRuntime) {
     form->Show();
     form->Unload();
     form->Show();
@@ -95,14 +95,14 @@ TEST_F(FormTest, TheFocusGoesToNobodyWhenNoControlCanTakeIt) {
     EXPECT_EQ(lost, 1);
 }
 
-TEST_F(FormTest, AHandlerThatMovesTheFocusFurtherWins) {
+TEST_F(FormTest, AHandlerThatMovesTheFocusOnWins) {
     form->button.GotFocus.connect([&] { form->field.SetFocus(); });
     form->list.SetFocus();
     form->button.SetFocus();
     EXPECT_EQ(form->focused(), &form->field);
 }
 
-TEST_F(FormTest, ADragEndsWithItsDropWhetherOnAControlOrBesideAll) {
+TEST_F(FormTest, ADragEndsWithItsDropWhetherOnAControlOrOnNone) {
     int drops = 0;
     form->button.DragDrop.connect([&](Control&, float, float) { ++drops; });
     form->image.Drag();

@@ -4,8 +4,8 @@
 
 namespace huebrush::forms {
 
-/// A runtime on top of another one, to which it hands everything on; who derives from it changes
-/// what is to be different.
+/// A runtime on top of another one, to which it passes everything on; a derived class changes what
+/// is to be different.
 class ForwardingRuntime : public Runtime {
  public:
     explicit ForwardingRuntime(Runtime& platform) : platform_(platform) {}

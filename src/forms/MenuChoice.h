@@ -45,7 +45,7 @@ class MenuChoice {
     void moveToLast();
     /// To the line that the mouse is on, if it is on one that can be picked. Whether it is.
     bool pointAt(std::optional<std::size_t> line);
-    /// To the next of the lines that a letter calls: by its access key, or without one by its first
+    /// To the next line that a letter selects: by its access key, or without one by its first
     /// letter. Whether there is only one, which is thereby picked. Letters of the English alphabet
     /// are the same in both cases.
     bool call(char letter);

@@ -25,7 +25,7 @@ class MenuChoiceTest : public ::testing::Test {
     MenuItem last{menu, "last", "Čau && &Conč"};
 };
 
-TEST_F(MenuChoiceTest, ALineTellsItsTextItsAccessKeyAndItsState) {
+TEST_F(MenuChoiceTest, ALineHasItsTextItsAccessKeyAndItsState) {
     const MenuChoice menu = choice();
     const std::vector<MenuEntry>& entries = menu.entries();
     ASSERT_EQ(entries.size(), 5U);
@@ -45,7 +45,7 @@ TEST_F(MenuChoiceTest, ALineTellsItsTextItsAccessKeyAndItsState) {
     EXPECT_FALSE(entries[kFirst].checked);
 }
 
-TEST_F(MenuChoiceTest, ArrowsPassOverWhatCannotBePickedAndGoRound) {
+TEST_F(MenuChoiceTest, ArrowsSkipWhatCannotBePickedAndWrapAround) {
     MenuChoice menu = choice();
     EXPECT_EQ(menu.highlighted(), Line());
     menu.moveDown();
@@ -103,7 +103,7 @@ TEST_F(MenuChoiceTest, AMenuWithNothingToPickHighlightsNothing) {
     EXPECT_EQ(empty.highlighted(), Line());
 }
 
-TEST_F(MenuChoiceTest, ALetterPicksTheOnlyLineItCallsAndElseGoesFromOneToTheNext) {
+TEST_F(MenuChoiceTest, ALetterPicksTheOnlyLineItSelectsOrElseMovesFromOneToTheNext) {
     MenuChoice menu = choice();
     EXPECT_FALSE(menu.call('o'));
     EXPECT_EQ(menu.highlighted(), Line());

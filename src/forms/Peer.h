@@ -4,7 +4,7 @@
 
 namespace huebrush::forms {
 
-/// What stands for a control on a platform's screen. It is notified of every change of the
+/// Represents a control on a platform's screen. It is notified of every change of the
 /// control's properties and updates the screen when the program returns to its event loop; it
 /// passes the user's input on as calls on the control. A control without a peer works all the same.
 class Peer {

@@ -18,7 +18,7 @@ TEST(PropertyBag, GivesBackWhatWasWritten) {
     EXPECT_EQ(bag.ReadProperty("Font", Font{}), (Font{"Arial", 12, true}));
 }
 
-TEST(PropertyBag, ReadsTheReadersDefaultForWhatEqualledItsOwn) {
+TEST(PropertyBag, ReadsTheReadersDefaultForAValueThatEqualledItsOwnDefault) {
     PropertyBag bag;
     bag.WriteProperty("Value", std::int16_t{0}, std::int16_t{0});
     EXPECT_EQ(bag.ReadProperty("Value", std::int16_t{7}), 7);

@@ -82,7 +82,7 @@ class Component {
     Component& operator=(const Component&) = delete;
     virtual ~Component() = default;
 
-    /// "1.0.0".
+    /// Such as "1.0.0".
     virtual std::string version() const = 0;
     /// The folder that holds the component, without a separator at its end.
     virtual std::string folder() const = 0;
@@ -113,10 +113,10 @@ class Runtime {
     /// Click of the chosen item is raised before that.
     virtual void PopupMenu(forms::PopupMenu& menu, Control& owner, double x, double y) = 0;
     /// Shows a modal file dialog and returns the full path chosen. An error (32755) when the user
-    /// cancels it. Some platforms ask themselves whether to replace a file that is there already.
+    /// cancels it. Some platforms themselves ask whether to replace an existing file.
     virtual std::string ChooseFile(const FileDialog& dialog) = 0;
-    /// Lets pending events run: anything may happen in it, the closing of the caller's own form
-    /// included.
+    /// Lets pending events run: anything may happen meanwhile, even the closing of the caller's own
+    /// form.
     virtual void DoEvents() = 0;
 
     virtual forms::Clipboard& Clipboard() = 0;
@@ -124,13 +124,13 @@ class Runtime {
     virtual const forms::Component& Component() = 0;
     virtual forms::System& System() = 0;
 
-    /// Puts the form on the screen, or takes it away. Does nothing where there is no screen.
+    /// Shows the form on the screen, or hides it. Does nothing where there is no screen.
     virtual void showForm(Form& form, bool modal) = 0;
     virtual void closeForm(Form& form) = 0;
     /// Keeps the form above all other windows, as far as the platform has such a level.
     virtual void setTopMost(Form& form, bool topMost) = 0;
 
-    /// Raised with what no trap has caught; the entry point connects its reporter.
+    /// Raised with errors that no trap has caught; the entry point connects its reporter.
     base::Event<const base::Error&> UnhandledError;
 
  private:

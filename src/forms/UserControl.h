@@ -27,7 +27,7 @@ class UserControl : public Control {
     virtual void ReadProperties(const PropertyBag& bag) = 0;
     /// Paints the control's face.
     virtual void paint(Canvas& canvas) { static_cast<void>(canvas); }
-    /// Asks for the face to be painted anew.
+    /// Asks for the face to be repainted.
     void Refresh();
 
     /// The font of the form that the control stands on, which a new instance takes.

@@ -58,7 +58,7 @@ class CommandBar {
     virtual std::int32_t RowIndex() = 0;
     virtual void setRowIndex(std::int32_t row) = 0;
 
-    /// Adds a plain button behind the controls that are there.
+    /// Adds a plain button after the existing controls.
     virtual CommandBarControlPointer addButton() = 0;
     /// The control with this tag, or nothing.
     virtual CommandBarControlPointer FindControl(const std::string& tag) = 0;

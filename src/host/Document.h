@@ -49,7 +49,7 @@ class Selection {
     virtual std::shared_ptr<host::ShapeRange> ShapeRange() = 0;
     virtual std::shared_ptr<class Document> Document() = 0;
     /// Puts a picture of the selected shape onto the clipboard of the forms runtime; no picture for
-    /// a shape of which nothing shows, neither fill nor outline.
+    /// a shape that shows nothing, neither fill nor outline.
     virtual void Copy() = 0;
 };
 
@@ -68,8 +68,8 @@ class UndoGroup {
     UndoGroup& operator=(const UndoGroup&) = delete;
     virtual ~UndoGroup() = default;
 
-    /// Ends the group: carries out the writes that the host has gathered in it, and answers which
-    /// failed. An error of a write that was not gathered is that call's own. Never throws.
+    /// Ends the group: carries out the writes that the host has gathered in it, and returns those
+    /// that failed. An error of a write that was not gathered is that call's own. Never throws.
     virtual std::vector<FailedWrite> finish() { return {}; }
 };
 

@@ -41,9 +41,9 @@ class FillFormat {
     virtual std::string TextureName() = 0;
     virtual std::int32_t Pattern() = 0;
 
-    /// What all of the properties above would answer now, for a host that has them at hand: the
-    /// scan compares each fill with thousands. Good until something is written or events run.
-    /// Nothing when the host has to be asked for each.
+    /// The current values of all properties above, for a host that has them at hand: the scan
+    /// compares each fill with thousands of others. Valid until something is written or events
+    /// run. Nothing when the host has to be asked for each one.
     virtual const FillProperties* known() { return nullptr; }
 
     // The calls that build a fill of one type from the colours that the fill has at the moment.

@@ -29,7 +29,7 @@ std::vector<std::string> namesOf(const std::vector<ShapePointer>& shapes) {
     return names;
 }
 
-/// What a host tells at once is what it answers when it is asked.
+/// What a host reports all at once is what it answers one by one.
 void expectKnownAsRead(FillFormat& fill) {
     const FillProperties* const told = fill.known();
     if (told == nullptr) return;

@@ -12,7 +12,7 @@
 namespace huebrush::host {
 
 /// A port under the contract's tests: makes documents and does to them what a user or a macro
-/// would. Shapes are told by the number that their making has given.
+/// would. Shapes are identified by the number that their creation returned.
 class ContractHost {
  public:
     using Id = std::size_t;

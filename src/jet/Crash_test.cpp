@@ -1,5 +1,5 @@
-// Power fails at any moment: whatever of the last writes has reached the medium, the file is as it
-// was before or as it was to be. And each call of the system fails once, and from then on.
+// The power fails at any moment: whichever of the last writes have reached the medium, the file is
+// as it was before or as it was to be. And each system call fails once, or from then on.
 
 #include <gtest/gtest.h>
 
@@ -12,19 +12,19 @@
 namespace huebrush::jet {
 namespace {
 
-using Deed = MemoryFiles::Deed;
+using Action = MemoryFiles::Action;
 using Disk = std::map<std::string, Bytes>;
 
-/// What a medium may hold after a crash: everything that was synced, and of the rest as much as a
+/// What a medium may hold after a crash: everything that was synced, and as much of the rest as a
 /// case says.
 class Medium {
  public:
-    Medium(const Disk& before, const std::vector<Deed>& deeds, std::size_t done) {
+    Medium(const Disk& before, const std::vector<Action>& actions, std::size_t done) {
         for (const auto& [name, bytes] : before) {
             names_[name] = live_[name] = static_cast<int>(files_.size());
             files_.push_back({bytes, {}});
         }
-        for (std::size_t i = 0; i < done; ++i) follow(deeds[i]);
+        for (std::size_t i = 0; i < done; ++i) follow(actions[i]);
     }
 
     std::size_t pendingNames() const { return pendingNames_.size(); }
@@ -35,11 +35,11 @@ class Medium {
         }
         return -1;
     }
-    const std::vector<Deed>& pending(int file) const {
+    const std::vector<Action>& pending(int file) const {
         return files_[static_cast<std::size_t>(file)].pending;
     }
-    /// `names`: how many of the changes of names arrived. `written`: what of each pending write of
-    /// the unsynced file did, in bytes.
+    /// `names`: how many changes of names arrived. `written`: how much of each pending write of the
+    /// unsynced file did, in bytes.
     Disk after(std::size_t names, const std::vector<std::size_t>& written) const {
         std::map<std::string, int> byName = names_;
         for (std::size_t i = 0; i < names; ++i) rename(byName, pendingNames_[i]);
@@ -60,50 +60,51 @@ class Medium {
  private:
     struct File {
         Bytes synced;
-        std::vector<Deed> pending;
+        std::vector<Action> pending;
     };
     struct Name {
-        Deed deed;
+        Action action;
         int file;
     };
 
-    static void write(Bytes& bytes, const Deed& deed, std::size_t size) {
+    static void write(Bytes& bytes, const Action& action, std::size_t size) {
         if (size == 0) return;
-        bytes.resize(std::max<std::size_t>(bytes.size(), deed.at + size));
-        std::copy_n(deed.bytes.begin(), size, bytes.begin() + static_cast<std::ptrdiff_t>(deed.at));
+        bytes.resize(std::max<std::size_t>(bytes.size(), action.at + size));
+        std::copy_n(action.bytes.begin(), size,
+                    bytes.begin() + static_cast<std::ptrdiff_t>(action.at));
     }
     static void rename(std::map<std::string, int>& names, const Name& change) {
-        switch (change.deed.kind) {
-            case Deed::Kind::create:
-                names[change.deed.name] = change.file;
+        switch (change.action.kind) {
+            case Action::Kind::create:
+                names[change.action.name] = change.file;
                 break;
-            case Deed::Kind::remove:
-                names.erase(change.deed.name);
+            case Action::Kind::remove:
+                names.erase(change.action.name);
                 break;
             default:
-                names.erase(change.deed.name);
-                names[change.deed.other] = change.file;
+                names.erase(change.action.name);
+                names[change.action.other] = change.file;
         }
     }
-    void follow(const Deed& deed) {
-        if (deed.kind == Deed::Kind::create) {
-            live_[deed.name] = static_cast<int>(files_.size());
+    void follow(const Action& action) {
+        if (action.kind == Action::Kind::create) {
+            live_[action.name] = static_cast<int>(files_.size());
             files_.push_back({});
         }
-        if (deed.kind == Deed::Kind::syncFolder) {
+        if (action.kind == Action::Kind::syncFolder) {
             for (const Name& each : pendingNames_) rename(names_, each);
             pendingNames_.clear();
             return;
         }
-        const int number = live_.at(deed.name);
+        const int number = live_.at(action.name);
         File& file = files_[static_cast<std::size_t>(number)];
-        if (deed.kind == Deed::Kind::write) {
-            file.pending.push_back(deed);
-        } else if (deed.kind == Deed::Kind::sync) {
-            for (const Deed& each : file.pending) write(file.synced, each, each.bytes.size());
+        if (action.kind == Action::Kind::write) {
+            file.pending.push_back(action);
+        } else if (action.kind == Action::Kind::sync) {
+            for (const Action& each : file.pending) write(file.synced, each, each.bytes.size());
             file.pending.clear();
         } else {
-            pendingNames_.push_back({deed, number});
+            pendingNames_.push_back({action, number});
             rename(live_, pendingNames_.back());
         }
     }
@@ -125,13 +126,13 @@ class Crashes : public ::testing::Test {
     /// Runs an operation and looks at the medium after each crash that could have happened.
     void crashEverywhere(MemoryFiles& files, const std::function<void()>& operation) {
         before = diskOf(files);
-        files.deeds.clear();
+        files.actions.clear();
         files.record();
         operation();
         after = diskOf(files);
         ASSERT_NE(before, after);
-        for (std::size_t done = 0; done <= files.deeds.size(); ++done) {
-            const Medium medium(before, files.deeds, done);
+        for (std::size_t done = 0; done <= files.actions.size(); ++done) {
+            const Medium medium(before, files.actions, done);
             for (std::size_t names = 0; names <= medium.pendingNames(); ++names) {
                 crash(medium, names);
             }
@@ -144,7 +145,7 @@ class Crashes : public ::testing::Test {
             return;
         }
         std::vector<std::size_t> whole;
-        for (const Deed& each : medium.pending(file)) whole.push_back(each.bytes.size());
+        for (const Action& each : medium.pending(file)) whole.push_back(each.bytes.size());
         verify(medium.after(names, whole));
         verify(medium.after(names, std::vector<std::size_t>(whole.size(), 0)));
         for (std::size_t lost = 0; lost + 1 < whole.size(); ++lost) {
@@ -169,7 +170,7 @@ class Crashes : public ::testing::Test {
                            (now != disk.end() && old != before.end() && now->second == old->second);
         const bool isNew = now != disk.end() && now->second == after.at(PaletteFile::kName);
         ASSERT_TRUE(isOld || isNew) << "case " << cases;
-        // What else a crash leaves behind is in nobody's way.
+        // Whatever else a crash leaves behind does no harm.
         if (cases % 500 != 0 || now == disk.end()) return;
         MemoryFiles files;
         for (const auto& [name, bytes] : disk) files.files[name] = std::make_shared<Bytes>(bytes);
@@ -215,7 +216,7 @@ TEST_F(Crashes, LeaveTheFileAsBeforeOrAsAfter) {
     EXPECT_GE(cases, 10000U / kShare);
 }
 
-/// Runs operations with a system whose call number n fails: once, or from then on.
+/// Runs operations on a system whose n-th call fails: once, or from then on.
 class Failures : public ::testing::Test {
  protected:
     void failEverywhere(std::size_t memory);
@@ -274,7 +275,7 @@ void Failures::failEverywhere(std::size_t memory) {
             ASSERT_TRUE(isWhole || isOld || isPart) << at;
             ASSERT_TRUE(isNew || isOld || elements == 0) << at;
             ASSERT_TRUE(isWhole || failed) << at;
-            // The same object goes on working when the system does.
+            // The same object works again when the system does.
             file.database->refresh();
             addPalette(*file.database, "třetí", {1});
             ASSERT_EQ(faults(*file.database), "");

@@ -1,4 +1,4 @@
-// Whatever is wrong with a file, reading, checking and editing it ends by a result or by an Error,
+// Whatever is wrong with a file, reading, checking and editing it ends with a result or an Error,
 // and takes neither much memory nor much time.
 
 #include <gtest/gtest.h>
@@ -13,9 +13,8 @@
 namespace huebrush::jet {
 namespace {
 
-/// Of one file: what is taken at one time, and the pieces of work. A call of the system is a piece
-/// of work, and so is an allocation, for reading a page, a row, an index entry or a value takes one
-/// at least.
+/// For one file: the peak memory, and the pieces of work. A system call is a piece of work, and so
+/// is an allocation, because reading a page, a row, an index entry or a value takes at least one.
 constexpr std::size_t kMostMemory = std::size_t{64} << 20U;
 constexpr std::size_t kMostWork = 20000;
 
@@ -81,14 +80,14 @@ class DamagedFiles : public ::testing::Test {
 
 constexpr std::size_t kParts = 4;
 
-/// In parts, which run beside one another: each has every fourth of the bits that are tried.
+/// In parts, which run in parallel: each has every fourth of the bits that are tried.
 class DamagedFilesByPart : public DamagedFiles,
                            public ::testing::WithParamInterface<std::size_t> {};
 
-TEST_P(DamagedFilesByPart, OneBitIsTurned) {
+TEST_P(DamagedFilesByPart, OneBitIsFlipped) {
     const std::size_t bits = good.size() * 8;
     const std::size_t wanted = casesOf(bits, 40000);
-    // An odd step, so that all bits of a byte have their turn.
+    // An odd step, so that each bit of a byte gets its turn.
     const std::size_t step = bits / wanted | 1U;
     for (std::size_t bit = GetParam() * step; bit < bits && !HasFatalFailure();
          bit += kParts * step) {
@@ -106,7 +105,7 @@ INSTANTIATE_TEST_SUITE_P(All, DamagedFilesByPart, ::testing::Range(std::size_t{0
 /// In four parts, too.
 class DamagedFilesBySeed : public DamagedFiles, public ::testing::WithParamInterface<unsigned> {};
 
-TEST_P(DamagedFilesBySeed, ManyBytesAreOthers) {
+TEST_P(DamagedFilesBySeed, ManyBytesAreChanged) {
     std::mt19937 random(GetParam());
     const std::size_t wanted = 25000 / kShare;
     const std::vector<std::uint8_t> telling{0x00, 0x01, 0x7F, 0x80, 0xFF, 0x10, 0x40, 0xC0};

@@ -35,7 +35,7 @@ class MapLayouts : public ::testing::Test {
         return Database::open(files, kName);
     }
 
-    /// Adds and erases palettes so that many pages are taken and given back; the others stay.
+    /// Adds and erases palettes so that many pages are taken and freed; the others stay.
     void edit(Database& database) {
         std::int32_t id = 0;
         for (int turn = 0; turn < 3; ++turn) {
@@ -116,7 +116,7 @@ class DamagedMaps : public MapLayouts {
         }
     }
 
-    /// Edits the file; what could be read before must be there still. Whether it was not refused.
+    /// Edits the file; what could be read before must still be there. Whether it was not refused.
     bool editLosesNothing(const Bytes& content) {
         const auto database = open(content);
         const Rows elementsBefore = readable(*database, "TFillElementParameter");
@@ -142,13 +142,13 @@ class DamagedMaps : public MapLayouts {
     }
 };
 
-TEST_F(DamagedMaps, WithOneBitTurnedLoseNoRow) {
+TEST_F(DamagedMaps, WithOneBitFlippedLoseNoRow) {
     std::mt19937 random(3);
     std::size_t edited = 0;
     std::size_t refused = 0;
     const std::size_t tries = casesOf(50000, 1000);
     for (std::size_t i = 0; i < tries && !HasFailure(); ++i) {
-        // Every other one is a bit of the file as this engine makes it.
+        // Every other one is a bit of the file as this engine lays it out.
         Bytes content =
             i % 2 == 0 ? sound
                        : withOtherMaps(sound, static_cast<std::uint32_t>(i), Layouts::ofThisEngine);
@@ -190,8 +190,8 @@ TEST_F(DamagedMaps, ThatCallAUsedPageFreeRefuseTheWriteAndLeaveTheFileAsItIs) {
     }
 }
 
-TEST_F(MapLayouts, LeavePagesAloneThatNameATableWhatTheFreeMapSays) {
-    // Freed by another program, which has left what was there.
+TEST_F(MapLayouts, LeavePagesThatNameATableAloneWhateverTheFreeMapSays) {
+    // Freed by another program, which has left its content.
     const auto database = open(sound);
     const PageNumber table = database->definition("TFillGroup")->page;
     const PageNumber stale = database->pages().append();

@@ -20,7 +20,7 @@ constexpr std::size_t kReferences = 17;
 
 using Set = std::set<PageNumber>;
 
-/// Makes the maps of one file anew. It shares no code with UsageMap, which is what it is to try.
+/// Lays out the maps of one file anew. It shares no code with UsageMap, which it is to test.
 class MapMaker {
  public:
     MapMaker(const Bytes& sound, std::uint32_t seed) : random_(seed) {
@@ -43,7 +43,7 @@ class MapMaker {
         layOutFreeMap(static_cast<Form>(below(kForms)));
     }
 
-    /// The first bit stands for the last page, or for the one behind it.
+    /// The first bit stands for the last page, or for the one after it.
     void layOutFreeMapAtTheEnd() {
         for (std::size_t left = below(40); left > 0; --left) newPage();
         const auto last = static_cast<PageNumber>(below(2));
@@ -81,7 +81,7 @@ class MapMaker {
         return rows;
     }
 
-    /// A page at the end that is in use, by the free map as it will be.
+    /// A page at the end that is in use, according to the future free map.
     PageNumber newPage() { return pages().append(); }
 
     /// What other programs leave: pages that are free and still look used, or that they lost.
@@ -105,7 +105,7 @@ class MapMaker {
     Has within(const Set& set) {
         return [set](std::uint64_t page) { return set.contains(static_cast<PageNumber>(page)); };
     }
-    /// What the free map says: pages to come are free.
+    /// What the free map says: future pages are free.
     Has freeMap() {
         return [this](std::uint64_t page) {
             return page >= pages().count() || free_.contains(static_cast<PageNumber>(page));
@@ -133,7 +133,7 @@ class MapMaker {
         return page;
     }
 
-    /// A row of page numbers, as long as the usual one or a longer one. What stands behind the last
+    /// A row of page numbers, as long as the usual one or a longer one. What follows the last
     /// number means nothing.
     Bytes references(const Has& has, std::size_t size, bool stale, bool withFirst = true) {
         Bytes row(size, 0);
@@ -162,7 +162,7 @@ class MapMaker {
     }
 
     void layOut(RowId where, const Set& set, Layouts layouts) {
-        // Bitmap pages for a map of few pages are as good as for a map of many.
+        // Bitmap pages are as valid for a map of few pages as for one of many.
         const PageNumber low = set.empty() ? 0 : *set.begin();
         const PageNumber high = set.empty() ? 0 : *set.rbegin();
         const auto most = static_cast<PageNumber>(set.empty() ? 1000 : low / 8);

@@ -83,7 +83,7 @@ struct CellText {
         // mdb-export does not know this type, which only the office's own tables have.
         if (column.type == ColumnType::fixedBinary) return kNull;
         if (column.isLongValue()) return hex(value);
-        // It ends text and short binary values at a 0 byte.
+        // It truncates text and short binary values at a 0 byte.
         return hex(Bytes(value.begin(), std::find(value.begin(), value.end(), 0)));
     }
 };

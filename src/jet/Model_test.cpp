@@ -24,7 +24,7 @@ class Model : public ::testing::Test {
     };
 
     std::size_t below(std::size_t limit) { return random() % limit; }
-    /// One of what a map holds, found as fast in a large one.
+    /// One of a map's entries, found as fast in a large map.
     template <class Rows>
     auto anyOf(Rows& rows) {
         const std::int32_t first = rows.begin()->first;
@@ -75,7 +75,7 @@ class Model : public ::testing::Test {
         if (removed) groups.erase(id);
     }
     void addElement() {
-        // Sometimes for a palette that is not there.
+        // Sometimes for a palette that does not exist.
         const bool missing = below(20) == 0;
         const Element element = anyElement(missing ? kNoGroup : anyOf(groups)->first);
         std::int32_t id = 0;
@@ -112,7 +112,7 @@ class Model : public ::testing::Test {
 
     void step() {
         const std::size_t kind = below(100);
-        // Times of growth and times of decay, so that pages and trees go both ways.
+        // Periods of growth and of decay, so that pages and trees go both ways.
         const std::size_t growth = operations / 2000 % 2 == 0 ? 60 : 25;
         ++operations;
         if (groups.empty() || kind < 4) return addGroup();
@@ -142,7 +142,7 @@ class Model : public ::testing::Test {
     void run(std::size_t wanted) {
         while (operations < wanted) {
             file.database->inOneCommit([&] {
-                // A large file is looked at less often, for that takes its time.
+                // A large file is checked less often, because that takes a while.
                 const std::size_t steps = std::max<std::size_t>(500, elements.size());
                 for (std::size_t i = 0; i < steps && operations < wanted; ++i) step();
             });

@@ -25,7 +25,7 @@ std::vector<std::string> samples() {
     return found;
 }
 
-/// None when this engine refuses the file for what it is: a password, another version.
+/// None when this engine refuses the file for its kind: a password, another version.
 std::shared_ptr<Database> openIfReadable(const std::string& file) {
     try {
         return Database::open(systemFiles(), file);

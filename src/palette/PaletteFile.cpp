@@ -21,7 +21,7 @@ std::int32_t numberOf(const Table& table, const jet::Row& row, const char* name)
     return number == nullptr ? 0 : *number;
 }
 
-/// By what a row is sorted, and where it is; no two rows have the same.
+/// What a row is sorted by, and where it is; no two rows have the same.
 struct SortedRow {
     std::int32_t first = 0;
     std::int32_t second = 0;
@@ -33,7 +33,7 @@ struct SortedRow {
 using VisitSorted = std::function<void(const SortedRow&)>;
 using ForEachRow = std::function<void(const VisitSorted& visit)>;
 
-/// The first rows behind `last`, sorted: as many as are sorted at once, or all that are left.
+/// The first rows after `last`, sorted: as many as are sorted at once, or all that are left.
 std::vector<SortedRow> nextRows(const ForEachRow& forEach, const std::optional<SortedRow>& last,
                                 std::size_t most) {
     std::vector<SortedRow> rows;
@@ -53,8 +53,8 @@ std::vector<SortedRow> nextRows(const ForEachRow& forEach, const std::optional<S
     return rows;
 }
 
-/// Visits rows in order. More than are sorted at once are gone through several times, so the memory
-/// has a bound.
+/// Visits rows in order. If there are more than are sorted at once, the table is read several
+/// times, so that the memory is bounded.
 void visitInOrder(const Table& table, const ForEachRow& forEach, const jet::VisitRow& visit,
                   std::size_t sortedAtOnce) {
     std::optional<SortedRow> last;
@@ -115,7 +115,7 @@ bool has(const Table::Values& values, const jet::Column& column) {
                        [&](const auto& each) { return each.first == &column; });
 }
 
-/// Gives a column another value than a row may have for it.
+/// Overrides the value that a row may have for a column.
 void set(Table::Values& values, const jet::Column& column, std::int32_t value) {
     const auto found = std::find_if(values.begin(), values.end(),
                                     [&](const auto& each) { return each.first == &column; });
@@ -131,7 +131,7 @@ void removeId(const Table& table, Table::Values& values) {
     std::erase_if(values, [&](const auto& each) { return each.first == &id; });
 }
 
-/// An index on the name would find names that only compare alike, so all rows are looked at.
+/// An index on the name would find names that merely compare equal, so all rows are read.
 std::vector<jet::RowId> rowsNamed(const Table& groups, const std::string& name) {
     std::vector<jet::RowId> found;
     groups.scan([&](jet::RowId id, const jet::Row& row) {
@@ -195,7 +195,7 @@ void PaletteAdder::begin(const Values& group) {
     removeId(groups_, values);
     set(values, groups_.column("Count"), 0);
     for (const jet::Column& column : groups_.definition().columns) {
-        // What is not known yet has any value until the end.
+        // What is not known yet has a placeholder until the end.
         if (!column.required || has(values, column) || column.autonumber) continue;
         values.emplace_back(&column, 0);
         if (column.isText()) values.back().second = std::string("?");

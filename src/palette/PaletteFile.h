@@ -11,7 +11,7 @@
 namespace huebrush::palette {
 
 /// The work on palette files that needs no dialog. Every error is one of the database: a file
-/// without the two tables of palettes, a value that a column does not take.
+/// without the two tables of palettes, a value that a column does not accept.
 
 inline constexpr const char* kGroupTable = "TFillGroup";
 inline constexpr const char* kElementTable = "TFillElementParameter";
@@ -34,8 +34,7 @@ std::vector<Record> listPalettes(jet::Database& database);
 /// The fills of the palette with an ID, by OrderNumber.
 std::vector<Record> fillsOf(jet::Database& database, const jet::Value& id);
 
-/// Who is shown the palettes of a file, one row after the other: each palette's own, then those of
-/// its fills.
+/// Receives the palettes of a file row by row: each palette's own row, then those of its fills.
 class PaletteVisitor {
  public:
     PaletteVisitor() = default;
@@ -47,14 +46,13 @@ class PaletteVisitor {
     virtual void end() = 0;
 };
 
-/// Shows all palettes by ID, their fills by OrderNumber. Whatever their number, the memory that
-/// this takes has a bound: as many rows are sorted at once, 16 to 32 bytes of memory for each.
+/// Shows all palettes by ID, their fills by OrderNumber. Whatever their number, the memory for
+/// this is bounded: as many rows are sorted at once, at 16 to 32 bytes each.
 inline constexpr std::size_t kSortedAtOnce = 1U << 19U;
 void visitPalettes(jet::Database& database, PaletteVisitor& visitor,
                    std::size_t sortedAtOnce = kSortedAtOnce);
 
-/// Who takes palettes, one row after the other. What the values say of ID, GroupID and Count does
-/// not matter.
+/// Takes palettes row by row. The values of ID, GroupID and Count are ignored.
 class PaletteSink {
  public:
     using Values = jet::Table::Values;
@@ -63,7 +61,7 @@ class PaletteSink {
     PaletteSink(const PaletteSink&) = delete;
     PaletteSink& operator=(const PaletteSink&) = delete;
     virtual ~PaletteSink() = default;
-    /// A palette, of which no more than these values may be known yet.
+    /// A palette, of which perhaps only these values are known yet.
     virtual void begin(const Values& group) = 0;
     virtual void fill(const Values& fill) = 0;
     /// All values of the palette.
@@ -83,9 +81,9 @@ class PaletteAdder final : public PaletteSink {
     void fill(const Values& fill) override;
     void end(const Values& group) override;
 
-    /// Where the palette is that was begun last.
+    /// Where the palette that was begun last is.
     jet::RowId row() const { return row_; }
-    /// The greatest ID that a palette of the file has had; each new one gets the next.
+    /// The highest ID that a palette of the file has had; each new one gets the next.
     std::int32_t lastId() const { return groups_.lastAutonumber(); }
 
  private:
@@ -96,7 +94,7 @@ class PaletteAdder final : public PaletteSink {
     std::int32_t count_ = 0;
 };
 
-/// Adds palettes in one commit: all of them, or none when an error refuses anything. Returns the
+/// Adds palettes in one commit: all of them, or none if there is any error. Returns the
 /// new ones as listPalettes does.
 std::vector<Record> addPalettes(jet::Database& database, const std::vector<Palette>& palettes);
 

@@ -71,7 +71,7 @@ class PaletteFiles : public ::testing::Test {
     std::shared_ptr<jet::Database> database;
 };
 
-TEST_F(PaletteFiles, GiveWhatWasAddedWithEveryColumn) {
+TEST_F(PaletteFiles, ReturnWhatWasAddedWithEveryColumn) {
     addPalettes(*database, {named("Podzim", {element(0, {1, 2}), element(1, {})})});
     const auto palettes = all();
     ASSERT_EQ(palettes.size(), 1U);
@@ -90,7 +90,7 @@ TEST_F(PaletteFiles, GiveWhatWasAddedWithEveryColumn) {
     EXPECT_EQ(valueOf(palettes[0].elements[1], "FillPreview"), Value(jet::Bytes{}));
 }
 
-TEST_F(PaletteFiles, GiveIdentitiesAndCountThemselves) {
+TEST_F(PaletteFiles, AssignIdentitiesAndCountThemselves) {
     Palette given = named("Jaro", {element(7, {})});
     given.group.emplace_back("ID", 40);
     given.group.emplace_back("Count", 12);
@@ -164,7 +164,7 @@ TEST_F(PaletteFiles, TakeWhatIsKnownOfAPaletteOnlyAfterItsFills) {
     EXPECT_EQ(all()[0].group, expected);
     EXPECT_EQ(valueOf(all()[0].elements[0], "OrderNumber"), Value(2));
     EXPECT_TRUE(jet::check(*database).violations.empty());
-    // A name that never comes is refused as ever.
+    // A name that never comes is refused as before.
     EXPECT_THROW(database->change([&] {
         PaletteAdder adder(*database);
         adder.begin({});

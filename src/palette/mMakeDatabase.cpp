@@ -25,7 +25,7 @@ std::int16_t always() {
     return 1;
 }
 
-/// The making of one table, an operation a step.
+/// Creates one table, one operation per step.
 class TableMaker {
  public:
     TableMaker(Steps& step, Catalog& catalog, Table& table)

@@ -47,7 +47,7 @@ class Making : public ::testing::Test {
         }
         return lines;
     }
-    /// Lets the n-th call of the system from now on fail, once.
+    /// Makes the n-th system call from now on fail, once.
     void failOnce(const std::string& call, std::size_t number = 1) {
         files.onCall = [call, number, seen = std::size_t{0}](const char* what) mutable {
             if (what == call && ++seen == number) {
@@ -118,7 +118,7 @@ TEST_F(Making, AnExistingFileIsAnErrorThatIsAskedAbout) {
 }
 
 TEST_F(Making, AbortLeavesAHalfMadeFile) {
-    // The tables are stored one by one; the first replacing of the file is for the first of them.
+    // The tables are stored one by one; the file is first replaced for the first of them.
     failOnce("replace", 2);
     runtime.answers = {MsgBoxResult::abort};
     EXPECT_FALSE(MakeDatabase(kFile, files));

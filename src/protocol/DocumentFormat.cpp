@@ -57,7 +57,7 @@ const DocumentFormat* formatOfFilter(std::string_view filter) {
 std::string storedEndings() {
     std::string endings;
     for (const DocumentFormat& format : kFormats) {
-        // An ending is named once.
+        // Each ending is listed once.
         if (!format.isStored || formatOfName("x" + std::string(format.ending)) != &format) continue;
         endings.append(endings.empty() ? "" : ", ").append(format.ending);
     }

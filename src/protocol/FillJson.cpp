@@ -45,7 +45,7 @@ nlohmann::ordered_json valueToJson(const Value& value) {
 
 std::int32_t integerFromJson(const char* name, const json& value) {
     const auto number = int32FromJson(value);
-    if (!number) throwWrongType(name, "a whole number of 32 bits");
+    if (!number) throwWrongType(name, "a 32-bit whole number");
     return *number;
 }
 
@@ -55,7 +55,7 @@ Value valueFromJson(const char* name, const json& value) {
         if (!value.is_boolean()) throwWrongType(name, "true or false");
         return value.get<bool>();
     } else if constexpr (std::is_same_v<Value, std::string>) {
-        if (!value.is_string()) throwWrongType(name, "a text");
+        if (!value.is_string()) throwWrongType(name, "a string");
         return value.get<std::string>();
     } else if constexpr (std::is_same_v<Value, float>) {
         if (!value.is_number()) throwWrongType(name, "a number");
@@ -65,7 +65,7 @@ Value valueFromJson(const char* name, const json& value) {
     }
 }
 
-/// Reads the properties that the object has, and says which were there.
+/// Reads the properties that the object has; returns how many there were.
 std::size_t readProperties(const json& object, fill::FillProperties& fill) {
     std::size_t known = 0;
     fill::forEveryProperty([&](const auto& property) {
@@ -88,7 +88,7 @@ std::string firstUnknownKey(const json& object) {
 }
 
 void requireFillObject(const json& value) {
-    if (!value.is_object()) throw ParseError("a fill must be a text or an object of properties");
+    if (!value.is_object()) throw ParseError("a fill must be a string or an object of properties");
     const std::string unknown = firstUnknownKey(value);
     if (!unknown.empty()) throw ParseError(text("a fill has no property ", unknown));
 }
@@ -113,7 +113,7 @@ float transparencyFromText(std::string_view value) {
 
 base::Rgb colorFromText(std::string_view value) {
     const auto color = base::fromHex(value);
-    if (!color) throw ParseError(text("\"", value, "\" is no colour; write #RRGGBB"));
+    if (!color) throw ParseError(text("\"", value, "\" is not a colour; write #RRGGBB"));
     return *color;
 }
 
@@ -128,7 +128,8 @@ batch::FillEdit editFromWord(std::string_view value) {
 /// Splits at the first "=".
 std::pair<std::string, std::string> splitPair(const std::string& value, const char* form) {
     const std::size_t at = value.find('=');
-    if (at == std::string::npos) throw ParseError(text("\"", value, "\" must be ", form));
+    if (at == std::string::npos)
+        throw ParseError(text("\"", value, "\" must have the form ", form));
     return {value.substr(0, at), value.substr(at + 1)};
 }
 
@@ -168,12 +169,12 @@ batch::FillEdit editFromJson(const json& value) {
 batch::FillEdit editFromText(const std::string& value) {
     if (!value.starts_with('{')) return editFromWord(value);
     const json object = json::parse(value, nullptr, false);
-    if (object.is_discarded()) throw ParseError(text("not a fill in JSON: ", value));
+    if (object.is_discarded()) throw ParseError(text("not valid JSON for a fill: ", value));
     return editFromJson(object);
 }
 
 batch::ColorMapping mappingFromText(const std::string& value) {
-    const auto [from, to] = splitPair(value, "FROM=TO, two colours as #RRGGBB");
+    const auto [from, to] = splitPair(value, "FROM=TO with two colours as #RRGGBB");
     return {colorFromText(from), colorFromText(to)};
 }
 
@@ -182,7 +183,7 @@ batch::RowEdit rowEditFromText(const std::string& value) {
     std::int32_t number = 0;
     const auto result = std::from_chars(row.data(), row.data() + row.size(), number);
     if (result.ec != std::errc{} || result.ptr != row.data() + row.size() || number < 1) {
-        throw ParseError(text("\"", row, "\" is no row; rows are counted from 1"));
+        throw ParseError(text("\"", row, "\" is not a row number; rows are counted from 1"));
     }
     return {number, editFromText(edit), std::nullopt};
 }

@@ -27,10 +27,10 @@ bool isRowNumber(const json& value) {
 
 /// A line of a plan; nothing to do where "new" is missing or null.
 void addPlanRow(const json& line, std::vector<batch::RowEdit>& rows) {
-    if (!line.is_object()) throw ParseError("a row of the plan is no object");
+    if (!line.is_object()) throw ParseError("a row of the plan is not an object");
     const auto row = line.find("row");
     if (row == line.end() || !isRowNumber(*row)) {
-        throw ParseError("a row of the plan has no number");
+        throw ParseError("a row of the plan has no row number");
     }
     const auto wanted = line.find("new");
     if (wanted == line.end() || wanted->is_null()) return;
@@ -44,7 +44,7 @@ void addPlan(const json& plan, std::vector<batch::RowEdit>& rows) {
     if (plan.is_null()) return;
     const auto lines = plan.is_object() ? plan.find("rows") : plan.end();
     if (!plan.is_object() || lines == plan.end() || !lines->is_array()) {
-        throw ParseError("the plan is not the output of \"huebrush fills --json\": no rows");
+        throw ParseError("the plan has no rows; it must be what \"huebrush fills --json\" prints");
     }
     for (const json& line : *lines) addPlanRow(line, rows);
 }

@@ -9,8 +9,8 @@
 
 namespace huebrush::protocol {
 
-/// What the program asks of its office. The edits travel as they were written, and are read by
-/// requestOf on either side: by the program to refuse bad ones early, by the office to carry them
+/// What the program asks its office to do. The edits travel as they were written, and are parsed by
+/// requestOf on both sides: by the program to refuse bad ones early, by the office to carry them
 /// out.
 struct Job {  // NOLINT(bugprone-exception-escape): the JSON value checks itself when moved
     std::string input;      ///< A path by which the office can open the document.
@@ -33,7 +33,7 @@ batch::RecolorRequest requestOf(const Job& job);
 /// The listing of the fills: {"rows":[{"row":1,"shapes":12,"fill":{…},"new":null},…]}.
 nlohmann::ordered_json toJson(const std::vector<batch::FillRow>& rows);
 nlohmann::ordered_json toJson(const batch::RecolorResult& result);
-/// What the stored file was found to hold: {"confirmed":12,"notFound":0,"differences":[{"row":2,
+/// What was found in the stored file: {"confirmed":12,"notFound":0,"differences":[{"row":2,
 /// "shapes":3,"asked":{…},"stored":{…},"reason":"…"},…]}.
 nlohmann::ordered_json toJson(const batch::StoredResult& result);
 

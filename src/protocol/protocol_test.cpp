@@ -88,13 +88,13 @@ TEST(FillJson, ReadsTheWordsOfTheCommandLine) {
 }
 
 TEST(FillJson, SaysInOneLineWhatIsWrong) {
-    EXPECT_EQ(problemOf("x=none"), "\"x\" is no row; rows are counted from 1");
-    EXPECT_EQ(problemOf("0=none"), "\"0\" is no row; rows are counted from 1");
-    EXPECT_EQ(problemOf("3"), "\"3\" must be ROW=FILL");
-    EXPECT_EQ(problemOf("3=red"), "\"red\" is no colour; write #RRGGBB");
+    EXPECT_EQ(problemOf("x=none"), "\"x\" is not a row number; rows are counted from 1");
+    EXPECT_EQ(problemOf("0=none"), "\"0\" is not a row number; rows are counted from 1");
+    EXPECT_EQ(problemOf("3"), "\"3\" must have the form ROW=FILL");
+    EXPECT_EQ(problemOf("3=red"), "\"red\" is not a colour; write #RRGGBB");
     EXPECT_EQ(problemOf("3=#0070C0@2"), "a transparency must be between 0 and 1, or 0% and 100%");
     EXPECT_EQ(problemOf("3=#0070C0@-1%"), "a transparency must be between 0 and 1, or 0% and 100%");
-    EXPECT_EQ(problemOf("3={bad"), "not a fill in JSON: {bad");
+    EXPECT_EQ(problemOf("3={bad"), "not valid JSON for a fill: {bad");
     EXPECT_EQ(problemOf(R"(3={"Colour":1})"), "a fill has no property Colour");
     EXPECT_THROW(mappingFromText("#000000"), ParseError);
     EXPECT_THROW(mappingFromText("#000000=#12345"), ParseError);
@@ -128,7 +128,7 @@ TEST(Plan, TakesTheRowsWhoseNewFillWasEdited) {
     EXPECT_EQ(request.rows[0].edit(gradient()).ForeColorRGB, 0x332211);
 }
 
-TEST(Plan, RefusesWhatIsNoPlan) {
+TEST(Plan, RefusesWhatIsNotAPlan) {
     for (const char* const plan :
          {"[]", "{}", R"({"rows":3})", R"({"rows":[3]})", R"({"rows":[{"new":"none"}]})",
           R"({"rows":[{"row":1,"new":true}]})", R"({"rows":[{"row":1,"new":"none","fill":{}}]})"}) {

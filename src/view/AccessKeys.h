@@ -8,7 +8,7 @@ namespace huebrush::view {
 /// the one that has the focus. Nothing where there is none.
 forms::Control* controlOfAccessKey(forms::Form& form, char letter);
 
-/// What calling a control by its access key does: a button is pressed, a box toggled, an option
+/// What invoking a control by its access key does: a button is pressed, a box toggled, an option
 /// chosen.
 void callByAccessKey(forms::Control& control);
 

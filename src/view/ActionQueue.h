@@ -12,7 +12,7 @@ class ActionQueue {
  public:
     using Action = std::function<void()>;
 
-    /// `askForTurn` has run() called from the event loop, once; `runAction` runs one of the
+    /// `askForTurn` arranges one call of run() from the event loop; `runAction` runs one of the
     /// actions.
     ActionQueue(std::function<void()> askForTurn, std::function<void(const Action&)> runAction)
         : askForTurn_(std::move(askForTurn)), runAction_(std::move(runAction)) {}
@@ -20,9 +20,9 @@ class ActionQueue {
     ActionQueue& operator=(const ActionQueue&) = delete;
 
     void add(Action action);
-    /// Has run() called soon, though there is no action.
+    /// Arranges a call of run() soon, even without an action.
     void wake();
-    /// Runs all there are, and those that come meanwhile.
+    /// Runs all pending actions, and those that are added meanwhile.
     void run();
     /// Forgets those that have not been run.
     void clear() { waiting_.clear(); }

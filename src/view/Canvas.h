@@ -32,7 +32,7 @@ class Canvas {
     virtual void picture(const Rectangle& place, const base::Picture& picture) = 0;
 
     virtual Size textSize(const std::string& text, const forms::Font& font) = 0;
-    /// How far the font's base line lies below its upper edge.
+    /// How far the font's baseline lies below its upper edge.
     virtual std::int32_t ascent(const forms::Font& font) = 0;
     /// Nothing for no picture, and for one that cannot be drawn.
     virtual std::optional<Size> pictureSize(const base::Picture& picture) = 0;

@@ -11,15 +11,15 @@ class ControlPeer;
 class FormView;
 class NativeControl;
 
-/// A control, for what may outlive it: both are nothing once the control has ended or its form has
-/// left the screen.
+/// A reference to a control for code that may outlive it: both are null once the control has ended
+/// or its form has left the screen.
 struct ControlHandle {
     forms::Control* control = nullptr;
     ControlPeer* peer = nullptr;
 };
 using ControlReference = std::shared_ptr<const ControlHandle>;
 
-/// What stands for a control in the view of its form: notifies that of changes, and owns the native
+/// Represents a control in the view of its form: notifies the view of changes, and owns the native
 /// control while there is one.
 class ControlPeer final : public forms::Peer {
  public:

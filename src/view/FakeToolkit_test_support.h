@@ -15,8 +15,8 @@
 
 namespace huebrush::view {
 
-/// A toolkit without a screen, which remembers what it was asked to show. Its user is the test: it
-/// turns to the native controls and surfaces for what the mouse does there.
+/// A toolkit without a screen, which remembers what it was asked to show. The test is its user:
+/// it acts on the native controls and surfaces as the mouse would.
 class FakeFrame final : public NativeFrame {
  public:
     class Control;
@@ -38,7 +38,7 @@ class FakeFrame final : public NativeFrame {
         return kept;
     }
 
-    /// The event loop comes round, until nobody asks for another turn.
+    /// The event loop runs until nobody asks for another turn.
     void turn(FormView& view) {
         while (turnsAskedFor > 0) {
             turnsAskedFor = 0;
@@ -66,7 +66,7 @@ class FakeFrame final : public NativeFrame {
     int turnsAskedFor = 0;
     int actionsRun = 0;
     std::weak_ptr<std::function<void()>> repeated;
-    /// What there is, and how many were ever made.
+    /// What exists, and how many were ever created.
     std::vector<Control*> controls;
     std::vector<Surface*> surfaces;
     int controlsMade = 0;

@@ -57,7 +57,7 @@ FormAction arrow(bool backwards) {
     };
 }
 
-/// Whether the arrow keys and others mean nothing in the control itself.
+/// Whether the arrow keys and some others have no meaning in the control itself.
 bool isButtonLike(const forms::Control* control) {
     return dynamic_cast<const forms::CommandButton*>(control) != nullptr ||
            dynamic_cast<const forms::CheckBox*>(control) != nullptr ||
@@ -79,7 +79,7 @@ FormAction actionOfLetter(forms::Form& form, char letter) {
     };
 }
 
-/// What the keyboards that have a context-menu key do with it, for those that have none.
+/// What the context-menu key does, for keyboards that have none.
 FormAction openContextMenu(const forms::Form& form) {
     if (dynamic_cast<const forms::CheckBox*>(form.focused()) == nullptr) return {};
     return [](forms::Form& at) {
@@ -91,7 +91,7 @@ FormAction openContextMenu(const forms::Form& form) {
 
 FormAction cancel(const forms::Form& form) {
     if (form.dragged() != nullptr) return [](forms::Form&) {};
-    // A form that stays has the key all the same: the office's dialog would end by it.
+    // A form that stays open uses up the key, too: it would close the office's dialog.
     return [](forms::Form& escaped) {
         escaped.handle([&] {
             if (escaped.endsByEscape()) escaped.Unload();
@@ -99,7 +99,7 @@ FormAction cancel(const forms::Form& form) {
     };
 }
 
-/// Whether check boxes hear of the release of a key.
+/// Whether check boxes get the release of a key.
 bool isHeardByBoxes(std::int16_t code) {
     switch (code) {
         case KeyCode::kBack:
@@ -137,7 +137,7 @@ FormAction actionOfKey(forms::Form& form, const Key& key) {
             break;
     }
     if (key.shift == Shift::kAlt) return actionOfLetter(form, letterOf(key));
-    // What a box or button has no use for would go to the windows around it.
+    // A key that a box or button has no use for would go to the windows around it.
     if (isButtonLike(form.focused()) && key.code != KeyCode::kSpace && key.shift == Shift::kNone) {
         return [](forms::Form&) {};
     }

@@ -14,7 +14,7 @@ using FormAction = std::function<void(forms::Form&)>;
 /// that has the focus.
 FormAction actionOfKey(forms::Form& form, const Key& key);
 
-/// What a released key does: the check box that has the focus hears of it.
+/// What a released key does: the check box that has the focus gets it.
 FormAction actionOfReleasedKey(forms::Form& form, const Key& key);
 
 }  // namespace huebrush::view

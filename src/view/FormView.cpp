@@ -180,7 +180,7 @@ void FormView::showNative(Surface& surface, ControlPeer& peer, const Box& place)
     peer.native->show(peer.reference(), peer.place);
 }
 
-/// One that waits, or else a new one.
+/// A spare one, or else a new one.
 std::unique_ptr<NativeControl> FormView::takeNative(Surface& surface,
                                                     const forms::Control& control) {
     const auto spare = std::ranges::find_if(

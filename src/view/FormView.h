@@ -20,8 +20,8 @@ namespace huebrush::view {
 
 /// A form on a screen. The controls are the truth; what a toolkit shows follows them: when control
 /// returns to the event loop the view looks once at what has changed, whatever the number of
-/// changes. What the user does comes back as calls on the controls, one action after the other,
-/// always from the event loop.
+/// changes. What the user does becomes calls on the controls, one action after the other, always
+/// from the event loop.
 class FormView : public std::enable_shared_from_this<FormView> {
  public:
     /// The frame outlives the view.
@@ -33,7 +33,7 @@ class FormView : public std::enable_shared_from_this<FormView> {
     /// Attaches to the form and makes its surface; the caller flushes. What the toolkit throws
     /// passes to the caller.
     void open(const Scale& scale);
-    /// Detaches from the form: neither notices the other any more. Harmless when it is not open.
+    /// Detaches from the form: neither affects the other any more. Harmless when it is not open.
     void close();
     bool isOpen() const { return open_; }
 
@@ -49,13 +49,13 @@ class FormView : public std::enable_shared_from_this<FormView> {
 
     /// Runs an action soon, from the event loop, unless the view is closed by then.
     void post(ActionQueue::Action action);
-    /// Runs what has been posted. Whether the form is there still: then the caller flushes.
+    /// Runs what has been posted. Returns whether the form still exists; then the caller flushes.
     bool runActions();
     /// The mouse has done something in a native window.
     void mouse(const MouseInput& input);
     /// The wheel was turned: away from the user where `rows` is less than 0.
     void turnWheel(int rows);
-    /// The user has given the window another size of its inside.
+    /// The user has resized the window; this is the size of its inside.
     void resized(const Size& size);
     void cancelDrag();
 
@@ -68,13 +68,13 @@ class FormView : public std::enable_shared_from_this<FormView> {
 
     /// The place of the mouse at pixels of a surface; without a surface where that is not shown.
     Mouse::Place placeOn(forms::Control& surface, const Point& at) const;
-    /// Where a place of a control, in its twips, is in pixels of the form's inside; nothing where
-    /// the control's surface is not shown.
+    /// A place of a control, given in its twips, in pixels of the form's inside; nothing where the
+    /// control's surface is not shown.
     std::optional<Point> placeInWindow(forms::Control& control, double x, double y) const;
     void setToolTip(const forms::Control& surface, const std::string& text);
 
  private:
-    /// A native surface, and the native controls on it that show a control or wait for one.
+    /// A native surface, and the native controls on it, in use or spare.
     struct Surface {
         Surface(ControlReference shownControl, std::unique_ptr<NativeSurface> window)
             : control(std::move(shownControl)), native(std::move(window)) {}

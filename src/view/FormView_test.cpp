@@ -113,7 +113,8 @@ TEST_F(FormViewTest, NativeControlsAreUsedAgainAsTheListScrolls) {
     EXPECT_EQ(frame.shown(), (Names{"bar", "box 3", "box 4", "box 5", "ok"}));
     scrollTo(1);
     EXPECT_EQ(frame.shown(), (Names{"bar", "box 1", "box 2", "box 3", "ok"}));
-    EXPECT_EQ(frame.controlsMade, before + 3) << "those of the old rows wait only from then on";
+    EXPECT_EQ(frame.controlsMade, before + 3)
+        << "those of the old rows are spare only from then on";
 }
 
 TEST_F(FormViewTest, ManyChangesAreOnePassAndNoneIsNoPass) {
@@ -157,7 +158,7 @@ TEST_F(FormViewTest, AControlThatEndsTakesItsNativeOneAlong) {
     EXPECT_EQ(frame.shown(), (Names{"bar", "box 0", "box 2", "ok"}));
 }
 
-TEST_F(FormViewTest, AControlThatComesIsShown) {
+TEST_F(FormViewTest, AControlThatIsAddedIsShown) {
     forms::CommandButton late(*form, "late");
     ListForm::place(late, 60, 70, 40, 20);
     turn();
@@ -174,7 +175,7 @@ TEST_F(FormViewTest, TheSizeThatTheUserGivesIsTheForms) {
     EXPECT_EQ(frame.surfaceFor(*form)->bounds, (Rectangle{0, 0, 220, 150}));
 }
 
-TEST_F(FormViewTest, ClosedItHearsNothingAndKeepsNothing) {
+TEST_F(FormViewTest, OnceClosedItGetsNothingAndKeepsNothing) {
     view->post([] { FAIL() << "what was posted is forgotten"; });
     view->close();
     EXPECT_TRUE(frame.controls.empty());
@@ -189,7 +190,7 @@ TEST_F(FormViewTest, ClosedItHearsNothingAndKeepsNothing) {
 
 TEST_F(FormViewTest, AnActionMayCloseTheView) {
     view->post([this] { view->close(); });
-    view->post([] { FAIL() << "there is no window for it any more"; });
+    view->post([] { FAIL() << "its window is gone"; });
     turn();
     EXPECT_TRUE(frame.surfaces.empty());
 }
@@ -223,7 +224,7 @@ TEST_F(FormViewTest, AClickedControlKeepsTheNativeFocusUntilItsActionComes) {
     EXPECT_EQ(frame.focused, frame.of(*form->boxes[2]));
 }
 
-TEST_F(FormViewTest, AFocusThatNoControlHasComesBack) {
+TEST_F(FormViewTest, AFocusThatNoControlHasReturns) {
     frame.focused = nullptr;
     form->ok.Caption = std::string("a");
     turn();
@@ -253,7 +254,7 @@ TEST_F(FormViewTest, AHiddenControlDoesNotKeepTheFocus) {
 
 // The mouse.
 
-TEST_F(FormViewTest, WhatTheMouseDoesComesWithTheNextTurn) {
+TEST_F(FormViewTest, WhatTheMouseDoesTakesEffectWithTheNextTurn) {
     view->mouse({Kind::press, frame.surfaceFor(form->list)->reference, {50, 10}, kLeft});
     EXPECT_EQ(form->dragged(), nullptr);
     turn();
@@ -273,13 +274,13 @@ TEST_F(FormViewTest, AMoveOverANativeControlCountsWhereThatLies) {
     mouse(Kind::press, 50, 10, kLeft);
     events();
     // 45 pixels right of its own left edge is the handle beside it: a window that has grabbed the
-    // mouse hears of it beyond its edges.
+    // mouse gets its moves beyond its edges.
     view->mouse({Kind::move, frame.of(*form->boxes[1])->reference, {45, 5}, kLeft});
     turn();
     EXPECT_EQ(events().front(), "over handle 1");
 }
 
-TEST_F(FormViewTest, InputOfAControlThatHasEndedIsNobodys) {
+TEST_F(FormViewTest, InputOfAControlThatHasEndedIsIgnored) {
     const ControlReference reference = frame.of(*form->boxes[1])->reference;
     view->mouse({Kind::press, reference, {1, 1}, kLeft});
     form->boxes.erase(form->boxes.begin() + 1);
@@ -305,14 +306,14 @@ TEST_F(FormViewTest, TheWheelScrollsByRowsAndNotBeyondTheEnds) {
     EXPECT_EQ(form->bar.value(), 0);
 }
 
-TEST_F(FormViewTest, TheWheelIsNothingWithoutABarThatCanBeUsed) {
+TEST_F(FormViewTest, TheWheelDoesNothingWithoutAUsableBar) {
     form->bar.Enabled = false;
     view->turnWheel(2);
     turn();
     EXPECT_EQ(form->bar.value(), 0);
 }
 
-TEST_F(FormViewTest, ADragBelowTheListScrollsItForAsLongAsItIsThere) {
+TEST_F(FormViewTest, ADragBelowTheListScrollsItForAsLongAsItStaysThere) {
     mouse(Kind::press, 50, 10, kLeft);
     mouse(Kind::move, 50, 61, kLeft);
     for (int rows = 1; rows <= 3; ++rows) {

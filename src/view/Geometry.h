@@ -53,7 +53,7 @@ struct Box {
     }
 };
 
-/// What two boxes share; an empty box where they share nothing.
+/// The intersection of two boxes; an empty box where they share nothing.
 inline Box intersection(const Box& a, const Box& b) {
     const double left = std::max(a.left, b.left);
     const double top = std::max(a.top, b.top);

@@ -5,7 +5,7 @@
 namespace huebrush::view {
 
 /// A key that goes down or up: its classic number (forms::KeyCode; a letter's is that of its
-/// capital), or 0 for one that means nothing here, and the shift state (forms::Shift).
+/// capital), or 0 for one that has no meaning here, and the shift state (forms::Shift).
 struct Key {
     std::int16_t code = 0;
     std::int16_t shift = 0;

@@ -27,7 +27,7 @@ bool Keyboard::press(const Key& key) {
 bool Keyboard::release(const Key& key) {
     if (view_.menu().isOpen()) return true;
     if (std::exchange(menuKey_, std::nullopt) == key.code) return true;
-    // Whoever lets go of a shift key first means it no less.
+    // Releasing a shift key first does not cancel it.
     Key released = key;
     if (pressed_.code == key.code) {
         released.shift = static_cast<std::int16_t>(key.shift | pressed_.shift);

@@ -8,16 +8,16 @@ namespace huebrush::view {
 
 class FormView;
 
-/// The keys in a form's window that mean the same wherever the focus is: they are an open menu's,
-/// move the focus, press the default button, call controls by their access keys, and close the
-/// form. Check boxes hear of released keys here, too.
+/// The keys in a form's window that mean the same wherever the focus is: they go to an open menu,
+/// move the focus, press the default button, invoke controls by their access keys, and close the
+/// form. Check boxes get released keys here, too.
 class Keyboard {
  public:
     explicit Keyboard(FormView& view) : view_(view) {}
     Keyboard(const Keyboard&) = delete;
     Keyboard& operator=(const Keyboard&) = delete;
 
-    /// A key goes down. Whether it is used up: if not, it is the native control's that has the
+    /// A key goes down. Whether it is used up: if not, it goes to the native control that has the
     /// focus.
     bool press(const Key& key);
     /// A key goes up. Whether it is used up.

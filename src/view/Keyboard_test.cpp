@@ -20,7 +20,7 @@ using Names = std::vector<std::string>;
 constexpr std::int16_t kUnknown = 0;
 constexpr std::int16_t kBoth = Shift::kShift | Shift::kCtrl;
 
-/// One of each kind that keys mean something to.
+/// One control of each kind for which keys have a meaning.
 class KeyForm final : public forms::Form {
  public:
     KeyForm() : Form("KeyForm") {
@@ -56,7 +56,7 @@ class KeyForm final : public forms::Form {
     bool endsByEscape_ = true;
 };
 
-/// A menu that hears keys.
+/// A menu that gets keys.
 class HearingMenu final : public NativeMenu {
  public:
     void press(const Key& key) override { heard.push_back(key.code); }
@@ -88,7 +88,7 @@ TEST_F(KeyboardTest, TabMovesTheFocusForwardsAndBackwards) {
     EXPECT_EQ(form->focused(), &form->other);
     EXPECT_TRUE(type(KeyCode::kTab, Shift::kShift));
     EXPECT_EQ(form->focused(), &form->ok);
-    EXPECT_FALSE(type(KeyCode::kTab, Shift::kCtrl)) << "the desktop's";
+    EXPECT_FALSE(type(KeyCode::kTab, Shift::kCtrl)) << "that is the desktop's";
     EXPECT_EQ(form->focused(), &form->ok);
 }
 
@@ -131,7 +131,7 @@ TEST_F(KeyboardTest, ArrowsMoveTheFocusFromAButtonAndStayInAField) {
     EXPECT_EQ(form->focused(), &form->field);
 }
 
-TEST_F(KeyboardTest, ArrowsChooseTheOptionBesideRoundAndRound) {
+TEST_F(KeyboardTest, ArrowsChooseTheNextOptionAndWrapAround) {
     focus(form->first);
     type(KeyCode::kDown);
     EXPECT_TRUE(form->last.Value) << "the one between is disabled";
@@ -143,7 +143,7 @@ TEST_F(KeyboardTest, ArrowsChooseTheOptionBesideRoundAndRound) {
     EXPECT_TRUE(form->last.Value);
 }
 
-TEST_F(KeyboardTest, AltAndALetterCallsAControl) {
+TEST_F(KeyboardTest, AltAndALetterInvokeAControl) {
     EXPECT_TRUE(type('B', Shift::kAlt));
     EXPECT_EQ(form->box.Value, forms::CheckValue::kTicked);
     EXPECT_EQ(events(), Names{"box"});
@@ -152,7 +152,7 @@ TEST_F(KeyboardTest, AltAndALetterCallsAControl) {
     EXPECT_FALSE(type('X', Shift::kAlt)) << "nobody's letter";
 }
 
-TEST_F(KeyboardTest, OfSeveralWithTheSameLetterTheNextOneIsCalled) {
+TEST_F(KeyboardTest, OfSeveralWithTheSameLetterTheNextOneIsInvoked) {
     type('O', Shift::kAlt);
     EXPECT_EQ(events(), Names{"other"}) << "Ok has the focus";
     focus(form->other);
@@ -160,12 +160,12 @@ TEST_F(KeyboardTest, OfSeveralWithTheSameLetterTheNextOneIsCalled) {
     EXPECT_EQ(events(), Names{"ok"});
 }
 
-TEST_F(KeyboardTest, ADisabledControlIsNotCalled) {
+TEST_F(KeyboardTest, ADisabledControlIsNotInvoked) {
     form->box.Enabled = false;
     EXPECT_FALSE(type('B', Shift::kAlt));
 }
 
-TEST_F(KeyboardTest, ABoxHearsReleasedKeysOnce) {
+TEST_F(KeyboardTest, ABoxGetsReleasedKeysOnce) {
     focus(form->box);
     for (const std::int16_t code : {KeyCode::kDelete, KeyCode::kBack, KeyCode::kContextMenu}) {
         type(code);
@@ -179,7 +179,7 @@ TEST_F(KeyboardTest, ABoxHearsReleasedKeysOnce) {
     EXPECT_EQ(events(), Names{});
 }
 
-TEST_F(KeyboardTest, AShiftKeyThatComesUpFirstIsMeantNoLess) {
+TEST_F(KeyboardTest, AShiftKeyThatIsReleasedFirstStillCounts) {
     focus(form->box);
     view->keyboard().press({KeyCode::kDown, kBoth});
     view->keyboard().release({KeyCode::kDown, Shift::kNone});
@@ -199,7 +199,7 @@ TEST_F(KeyboardTest, ShiftAndF10IsTheContextMenuKey) {
     EXPECT_FALSE(type(KeyCode::kF10, Shift::kShift));
 }
 
-TEST_F(KeyboardTest, WhatAButtonHasNoUseForGoesNoFurther) {
+TEST_F(KeyboardTest, AKeyThatAButtonHasNoUseForGoesNoFurther) {
     EXPECT_TRUE(type('A'));
     EXPECT_TRUE(type(kUnknown));
     EXPECT_FALSE(type(KeyCode::kSpace)) << "the native button's own";
@@ -216,7 +216,7 @@ TEST_F(KeyboardTest, AKeyEndsADragBeforeItActs) {
     EXPECT_EQ(form->focused(), &form->other);
 }
 
-TEST_F(KeyboardTest, AnOpenMenuHasAllKeysTheReleaseOfTheLastIncluded) {
+TEST_F(KeyboardTest, AnOpenMenuGetsAllKeysIncludingTheReleaseOfTheLast) {
     const forms::PopupMenu menu("menu");
     HearingMenu window;
     focus(form->box);

@@ -15,7 +15,7 @@ class NativeMenu {
 
     /// A key goes down in the window below, which keeps the keyboard.
     virtual void press(const Key& key) = 0;
-    /// Closes it without a pick, and takes the window away.
+    /// Closes it without a pick, and removes the window.
     virtual void end() = 0;
 };
 
@@ -27,12 +27,12 @@ class Menu {
     Menu& operator=(const Menu&) = delete;
 
     bool isOpen() const { return open_ != nullptr; }
-    /// Whether a menu may open: none while one is open, and not the one that the press of the same
-    /// click has just closed.
+    /// Whether a menu may open: none may while one is open, nor may the one that the press of the
+    /// same click has just closed.
     bool mayOpen(const forms::PopupMenu& menu);
     /// Closes it without a pick. Harmless when none is open.
     void close();
-    /// A key goes down in the form's window. Whether it was the menu's.
+    /// A key goes down in the form's window. Whether it went to the menu.
     bool press(const Key& key);
     /// A button of the mouse goes down beside the menu, which closes it.
     void pressBeside();
@@ -52,8 +52,8 @@ class Menu {
  private:
     NativeMenu* open_ = nullptr;
     const forms::PopupMenu* menu_ = nullptr;
-    /// The menu that the press of the mouse has closed whose release is still to come: what has
-    /// opened it is not to open it again with the same click.
+    /// The menu closed by a press of the mouse whose release is still to come: what opened it must
+    /// not open it again with the same click.
     const forms::PopupMenu* closedByPress_ = nullptr;
 };
 

@@ -20,7 +20,7 @@ MenuLayout::MenuLayout(const std::vector<forms::MenuEntry>& entries, const Scale
       lineHeight_(textHeight + 2 * gap_),
       thickness_(scale.toPixels(kThickness)) {
     const std::int32_t edge = scale.toPixels(kEdge);
-    // Before the text is the place of the tick, and behind it as much again.
+    // The place of the tick comes before the text, and as much space again after it.
     size_.width = textWidth + 2 * (edge + lineHeight_);
     std::int32_t top = edge;
     for (const forms::MenuEntry& entry : entries) {

@@ -25,7 +25,7 @@ class MenuLayout {
     Rectangle tickOf(std::size_t line) const;
     /// Where the text of a line begins.
     Point textOf(std::size_t line) const;
-    /// The line that is drawn of a separator.
+    /// The line that is drawn for a separator.
     Rectangle ruleOf(std::size_t line) const;
     /// How thick lines are drawn.
     std::int32_t thickness() const { return thickness_; }

@@ -10,7 +10,7 @@
 
 namespace huebrush::view {
 
-/// Where the lines of a menu lie that is drawn on such a canvas.
+/// The layout of a menu that is drawn on such a canvas.
 MenuLayout layoutOf(const forms::MenuChoice& choice, Canvas& canvas, const Scale& scale);
 
 /// Draws a menu.

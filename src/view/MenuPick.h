@@ -9,7 +9,7 @@
 namespace huebrush::view {
 
 /// What keys and the mouse do in an open menu, until a line is picked or the menu is closed
-/// without. Lines are counted from 0; none is where the mouse is on none.
+/// without. Lines are counted from 0; an empty value means that the mouse is on none.
 class MenuPick {
  public:
     using Line = std::optional<std::size_t>;
@@ -18,12 +18,12 @@ class MenuPick {
 
     const forms::MenuChoice& choice() const { return choice_; }
     bool isOpen() const { return open_; }
-    /// The line that was picked; nothing as long as none is.
+    /// The line that was picked, if any.
     Line picked() const { return picked_; }
     void close() { open_ = false; }
 
     void press(const Key& key);
-    /// The mouse is over a line. Whether another one is highlighted now.
+    /// The mouse is over a line. Whether that has changed which one is highlighted.
     bool pointAt(Line line);
     /// A button goes down: beside all lines it closes the menu.
     void pressAt(Line line);

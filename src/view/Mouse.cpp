@@ -37,7 +37,7 @@ forms::Control* activatedBy(forms::Control* pressed) {
                                                                                    : nullptr;
 }
 
-/// Who hears of a drag over a control: itself, or the next one around it that listens.
+/// The control that gets a drag over a control: itself, or the next one around it that listens.
 forms::Control* dragTargetOf(forms::Control* control) {
     while (control != nullptr && !control->DragOver.connected()) control = control->container();
     return control;
@@ -88,7 +88,7 @@ int Mouse::scrollWantedAt(const Place& at) {
 void Mouse::press(const Place& at, forms::MouseEvent event, bool twice) {
     if (event.Button != kLeftButton) return;
     forms::Form& form = at.surface->form();
-    // The button cannot go down twice: it was let go of outside.
+    // The button cannot go down twice: it was released outside.
     if (form.dragged() != nullptr) cancelDrag(form);
     forms::Control* const control = controlAt(at);
     if (forms::Control* const activated = activatedBy(control)) {
@@ -101,11 +101,11 @@ void Mouse::press(const Place& at, forms::MouseEvent event, bool twice) {
     form.handle([&] { image->MouseDown(on(*image, at, event)); });
 }
 
-/// A move without the button says nothing certain of a drag. No event comes for a button that is
-/// let go of outside the window; but under load the office also passes moves on before the release
-/// that came first, and it makes up one of its own before each press and release. So nothing is
-/// dragged over, and what comes next decides: a release still drops, and a press shows that there
-/// was one which nobody heard of.
+/// A move without the button says nothing certain of a drag. There is no event for a button that is
+/// released outside the window; but under load the office also passes on moves before the release
+/// that came first, and it makes up a move of its own before each press and release. So nothing is
+/// dragged over, and the next event decides: a release still drops, and a press shows that there
+/// was a release which nobody saw.
 void Mouse::move(const Place& at, forms::MouseEvent event) {
     forms::Form& form = at.surface->form();
     const bool held = event.Button != 0;
@@ -123,7 +123,7 @@ void Mouse::move(const Place& at, forms::MouseEvent event) {
 }
 
 void Mouse::leave(const Place& at) {
-    // For a control of the surface's own, which the office may say after the moves that follow.
+    // For a control of the surface's own, which the office may report after the moves that follow.
     if (at.x >= 0 && at.x < at.width && at.y >= 0 && at.y < at.height) return;
     forms::Form& form = at.surface->form();
     if (form.dragged() != nullptr) setTarget(form, nullptr, at);

@@ -14,7 +14,7 @@ namespace huebrush::view {
 /// dragging of controls.
 class Mouse {
  public:
-    /// Where the mouse is, in twips of a surface that shows so much.
+    /// Where the mouse is, in twips of a surface of that visible size.
     struct Place {
         forms::Control* surface = nullptr;
         double x = 0;
@@ -26,14 +26,14 @@ class Mouse {
     void press(const Place& at, forms::MouseEvent event, bool twice);
     void move(const Place& at, forms::MouseEvent event);
     void release(const Place& at, forms::MouseEvent event);
-    /// The mouse has left the surface at a place, which lies outside unless it came to a control
+    /// The mouse has left the surface at a place, which is outside unless it moved onto a control
     /// inside: nothing is dragged over.
     void leave(const Place& at);
 
     /// Ends a drag without a drop.
     void cancelDrag(forms::Form& form);
 
-    /// The uppermost control at a place that shows there; nothing where there is none.
+    /// The uppermost control that shows at a place; nothing where there is none.
     static forms::Control* controlAt(const Place& at);
     /// The tool tip at a place: that of the uppermost control there, or else of what it lies in.
     static std::string toolTipAt(const Place& at);

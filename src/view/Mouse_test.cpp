@@ -79,7 +79,7 @@ class MouseTest : public ::testing::Test {
     Mouse mouse;
 };
 
-TEST_F(MouseTest, ADragIsDroppedWhereItsButtonIsLetGoOf) {
+TEST_F(MouseTest, ADragIsDroppedWhereItsButtonIsReleased) {
     press(kHandle);
     move(kFirst, kLeft);
     EXPECT_EQ(events(), (Names{"enter first"}));
@@ -127,7 +127,7 @@ TEST_F(MouseTest, AnotherButtonDoesNotDrop) {
     EXPECT_EQ(form->dragged(), &form->handle);
 }
 
-TEST_F(MouseTest, APressedImageHearsTheMouseWhereverItIsUntilTheButtonIsSeenToBeUp) {
+TEST_F(MouseTest, APressedImageGetsTheMouseWhereverItIsUntilTheButtonIsSeenToBeUp) {
     press(kFirst);
     move(kSecond, kLeft);
     EXPECT_EQ(events(), (Names{"move first"}));

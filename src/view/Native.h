@@ -11,7 +11,7 @@
 
 namespace huebrush::view {
 
-/// A control of a toolkit that shows a control of a form and hands on what the user does with it.
+/// A control of a toolkit that shows a control of a form and passes on what the user does with it.
 /// It may show another one of the same kind later.
 class NativeControl {
  public:
@@ -41,7 +41,7 @@ class NativeSurface {
     /// Shows it at a place of the window around it.
     virtual void place(const Rectangle& place) = 0;
     virtual void hide() = 0;
-    /// Has it drawn anew, soon.
+    /// Has it redrawn soon.
     virtual void repaint() = 0;
     /// The tool tip that the mouse brings up where it rests on the surface; empty for none.
     virtual void setToolTip(const std::string& text) = 0;
@@ -52,7 +52,7 @@ class NativeSurface {
     virtual std::unique_ptr<NativeSurface> makeSurface(const ControlReference& box) = 0;
 };
 
-/// What a form's window asks of the toolkit's window around it.
+/// What a form's view needs of the toolkit's window around it.
 class NativeFrame {
  public:
     NativeFrame() = default;
@@ -65,12 +65,12 @@ class NativeFrame {
     virtual void setSize(const Size& size) = 0;
     /// Whether the pointer shows that the user has to wait.
     virtual void setWaitPointer(bool waits) = 0;
-    /// Whether the user's keys come to this window.
+    /// Whether the user's keys go to this window.
     virtual bool isActive() const = 0;
     /// The surface of the form itself.
     virtual std::unique_ptr<NativeSurface> makeSurface(const ControlReference& form) = 0;
 
-    /// Has FormView::takeTurn called from the event loop, once.
+    /// Arranges one call of FormView::takeTurn from the event loop.
     virtual void askForTurn() = 0;
     /// Runs what the user did as a handler.
     virtual void runAction(const std::function<void()>& action) = 0;

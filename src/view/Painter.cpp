@@ -115,7 +115,7 @@ void Painter::paintLabel(const forms::Label& label, const Box& place) {
     }
 }
 
-/// The label's text as lines that its width takes, where it has the height for several.
+/// The label's text broken into lines that fit its width, where it has the height for several.
 std::vector<std::string> Painter::linesOf(const forms::Label& label, double lineHeight) {
     const std::string& caption = label.Caption.get();
     if (label.Height < 2 * lineHeight) return {caption};

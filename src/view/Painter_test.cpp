@@ -22,7 +22,7 @@ using Lines = std::vector<std::string>;
 /// 15 twips are a pixel; each character is 6 pixels wide and 10 high.
 constexpr double kPixel = 15;
 
-/// Writes down what is drawn. Colours that the theme names are called by these names.
+/// Records what is drawn. Colours of the theme are recorded by their names.
 class WritingCanvas final : public Canvas {
  public:
     explicit WritingCanvas(const Theme& theme) : theme_(theme) {}

@@ -32,7 +32,7 @@ void Pointing::handle(const MouseInput& input) {
     if (view_.isOpen()) followPointer(onSurface(input), held);
 }
 
-/// What the place of the mouse means for the surfaces themselves.
+/// The effect of the mouse's place on the surfaces themselves.
 void Pointing::followPointer(const Mouse::Place& at, bool held) {
     if (at.surface == nullptr) return;
     view_.setToolTip(*at.surface, Mouse::toolTipAt(at));

@@ -9,7 +9,7 @@ namespace huebrush::view {
 
 class FormView;
 
-/// The mouse in a form's window: what it does goes to the controls under it, and to the surfaces
+/// The mouse in a form's window: what it does affects the controls under it, and the surfaces
 /// themselves, which show tool tips and scroll.
 class Pointing {
  public:
@@ -33,7 +33,7 @@ class Pointing {
 
     FormView& view_;
     Mouse mouse_;
-    /// Scrolls while a control is dragged beyond the edge of its list, that way.
+    /// Scrolls that way while a control is dragged beyond the edge of its list.
     std::shared_ptr<void> dragScroll_;
     int dragScrollDirection_ = 0;
 };

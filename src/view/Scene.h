@@ -15,8 +15,8 @@ struct Placed {
     Box visible;
 };
 
-/// Whether a control has a native window of its own to draw its insides on: a form, and a picture
-/// box that lies in no other. All else is drawn on one of these.
+/// Whether a control has a native window of its own to draw its inside on: a form, and a picture
+/// box that is in no other. Everything else is drawn on one of these.
 bool isSurface(const forms::Control& control);
 
 /// Whether a control has a native one of its own: those that take the focus, and scroll bars.

@@ -24,7 +24,7 @@ struct Theme {
 
     /// The colour with a number of the forms runtime.
     std::int32_t colour(unsigned number) const;
-    /// What is written on a background with such a number.
+    /// The colour of text on a background with such a number.
     std::int32_t textOn(unsigned background) const;
 };
 

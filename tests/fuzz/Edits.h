@@ -22,13 +22,13 @@ void putFile(jet::MemoryFiles& files, const jet::Bytes& content);
 /// only that it refuses what the script wants.
 enum class Allowed { anyError, refusals };
 
-/// Runs a body that may end so; any other exception is a finding. Whether it came to its end.
+/// Runs a body that may end so; any other exception is a finding. Whether it ran to its end.
 bool attempt(Allowed allowed, const std::function<void()>& body);
 
 /// Reads each value of each row of each table, and walks each index.
 void readEverything(jet::Database& database, Allowed allowed);
 
-/// Changes rows, and makes and fills tables, as the script says, to its end.
+/// Changes rows, and creates and fills tables, as the script says, to its end.
 void edit(std::shared_ptr<jet::Database>& database, jet::MemoryFiles& files, Script& script,
           Allowed allowed);
 

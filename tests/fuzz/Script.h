@@ -9,7 +9,8 @@
 
 namespace huebrush::fuzz {
 
-/// What the fuzzer gives, read as a list of numbers. It never runs dry: at its end there are zeros.
+/// What the fuzzer gives, read as a list of numbers. It never runs out: after its end there are
+/// zeros.
 class Script {
  public:
     explicit Script(std::span<const std::uint8_t> bytes) : bytes_(bytes) {}

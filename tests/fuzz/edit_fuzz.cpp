@@ -1,6 +1,6 @@
-// A good palette file, with its page maps as this engine makes them or as other programs do, is
+// A good palette file, with its page maps as this engine or as other programs lay them out, is
 // edited as the fuzzer says: after that it is sound, no more of its pages are lost than before, and
-// whoever opens it anew sees the same.
+// opened anew it shows the same.
 
 #include <array>
 #include <cstdio>
@@ -23,7 +23,7 @@ using Rows = std::vector<std::pair<jet::RowId, std::vector<jet::Value>>>;
     std::abort();
 }
 
-/// The pages that nothing owns and that are not free. Any other violation is a finding.
+/// The orphaned pages: nothing owns them, and they are not free. Any other violation is a finding.
 jet::PageNumber lostPages(jet::Database& database) {
     jet::PageNumber lost = 0;
     for (const jet::Violation& each : jet::check(database).violations) {

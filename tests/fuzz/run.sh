@@ -3,8 +3,8 @@
 #
 #     run.sh PROGRAM SUBJECT [SECONDS]
 #
-# HUEBRUSH_FUZZ_SECONDS is another time, HUEBRUSH_FUZZ_SEED another seed. What the fuzzer finds is
-# left beside the program, to be given to it as an argument.
+# HUEBRUSH_FUZZ_SECONDS sets another time, HUEBRUSH_FUZZ_SEED another seed. What the fuzzer finds is
+# left beside the program; give it to the program as an argument to repeat it.
 set -euo pipefail
 program=$1
 subject=$2
@@ -19,7 +19,7 @@ tar -xzf "$here/corpus.tar.gz" -C "$work" "$subject"
 kept=$(find "$work/$subject" -type f | wc -l)
 [ "$kept" -gt 0 ] || { echo "no inputs are kept for $subject"; exit 1; }
 echo "$subject: $kept inputs, $seconds s, seed $seed"
-# Where a block of memory was asked for is told by few places of the stack: the rest takes time.
+# A few frames are enough to show where a block of memory was allocated: more take time.
 export ASAN_OPTIONS=malloc_context_size=6
 "$program" -seed="$seed" -max_total_time="$seconds" -timeout=10 -rss_limit_mb=1024 \
   -malloc_limit_mb=128 -max_len=600 -len_control=0 -entropic=0 -verbosity=0 -print_final_stats=1 \

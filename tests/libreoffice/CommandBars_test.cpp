@@ -232,7 +232,7 @@ TEST_F(CommandBarsTest, AButtonThatPastesNothingKeepsThePictureThatTheOfficeShow
     EXPECT_TRUE(configuration.hasPictures("vnd.huebrush:Jedna"));
 }
 
-TEST_F(CommandBarsTest, AFaceThatIsNoPictureIsAnErrorOfTheWrite) {
+TEST_F(CommandBarsTest, AFaceThatIsNotAPictureIsAnErrorOfTheWrite) {
     const auto button = add("Jedna", "První");
     runtime.Clipboard().SetData({base::PictureFormat::png, {1, 2, 3}});
     button->PasteFace();

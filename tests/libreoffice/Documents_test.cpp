@@ -98,7 +98,7 @@ void paint(host::FillFormat& fill, const std::function<void()>& build, float tra
     fill.setVisible(MsoTriState::msoTrue);
 }
 
-/// All that a fill answers.
+/// Everything that a fill reports.
 struct Answers {
     MsoTriState visible;
     std::int32_t fore;
@@ -286,7 +286,7 @@ TEST_F(DocumentsTest, AnUnreadableTextureFileIsAnErrorOfItsCall) {
 
 // What counts as a shape
 
-TEST_F(DocumentsTest, FramesPicturesAndObjectsAreNoShapes) {
+TEST_F(DocumentsTest, FramesPicturesAndObjectsAreNotShapes) {
     const Reference<css::lang::XMultiServiceFactory> factory(open.model(), UNO_QUERY_THROW);
     const Reference<css::text::XTextDocument> text(open.model(), UNO_QUERY_THROW);
     for (const char* service :
@@ -303,7 +303,7 @@ TEST_F(DocumentsTest, FramesPicturesAndObjectsAreNoShapes) {
     EXPECT_EQ(shape(0)->Fill().ForeColorRGB(), kRed);
 }
 
-TEST_F(DocumentsTest, TheTextFrameOfAShapeIsNoShape) {
+TEST_F(DocumentsTest, TheTextFrameOfAShapeIsNotAShape) {
     for (int i = 0; i < 3; ++i) {
         const ShapeReference shape = addRectangle(open.model(), kRed);
         setProperty(shape, "TextBox", sal_Bool(true));
@@ -413,7 +413,7 @@ TEST_F(DocumentsTest, ShapesInHeadersAndFootersAreLeftOut) {
     EXPECT_EQ(shape(0)->Fill().ForeColorRGB(), kGreen);
 }
 
-TEST_F(DocumentsTest, WhatCanHaveNoFillIsLeftAlone) {
+TEST_F(DocumentsTest, WhatCannotHaveAFillIsLeftAlone) {
     addShape(open.model(), "LineShape");
     addShape(open.model(), "ConnectorShape");
     addShape(open.model(), "PolyLineShape");
@@ -438,7 +438,7 @@ TEST_F(DocumentsTest, WhatCanHaveNoFillIsLeftAlone) {
 
 // Names
 
-TEST_F(DocumentsTest, OfficeNamesAreTakenButNeverWritten) {
+TEST_F(DocumentsTest, OfficeNamesAreUsedButNeverWritten) {
     const auto name = [&](const ShapeReference& shape, const char* text) {
         Reference<css::container::XNamed>(shape, UNO_QUERY_THROW)
             ->setName(libreoffice::toOffice(text));
@@ -529,7 +529,7 @@ TEST_F(DocumentsTest, ShapesOnPagesThatAreNotLaidOutYetAreSelectedToo) {
     const StoredFile file(".odt");
     file.store(open.model(), "writer8");
     TestDocument again(TestDocument::Window::shown, file.url());
-    // What the office by itself takes into the selection.
+    // What the office by itself includes in the selection.
     const Reference<css::view::XSelectionSupplier> window(again.model()->getCurrentController(),
                                                           UNO_QUERY_THROW);
     const auto all = libreoffice::createService<css::drawing::XShapes>(
@@ -550,7 +550,7 @@ TEST_F(DocumentsTest, ShapesOnPagesThatAreNotLaidOutYetAreSelectedToo) {
     EXPECT_EQ(shapesOf->Selection()->ShapeRange()->Count(), kPages);
 }
 
-TEST_F(DocumentsTest, SelectedTextIsNoShape) {
+TEST_F(DocumentsTest, SelectedTextIsNotAShape) {
     addRectangle(open.model(), kRed);
     shape(0)->Select();
     ASSERT_EQ(document()->Selection()->ShapeRange()->Count(), 1);
@@ -608,7 +608,7 @@ TEST_F(DocumentsTest, InAHandlerReadsAreAnsweredUntilEventsRun) {
     EXPECT_EQ(one->Fill().ForeColorRGB(), kGreen);
 }
 
-TEST_F(DocumentsTest, InAHandlerAFillIsToldAtOnceUntilEventsRun) {
+TEST_F(DocumentsTest, InAHandlerAFillIsReportedAtOnceUntilEventsRun) {
     const ShapeReference rectangle = addRectangle(open.model(), kRed);
     const auto one = shape(0);
     EXPECT_EQ(one->Fill().known(), nullptr);
@@ -623,7 +623,7 @@ TEST_F(DocumentsTest, InAHandlerAFillIsToldAtOnceUntilEventsRun) {
     EXPECT_EQ(one->Fill().known()->ForeColorRGB, kGreen);
 }
 
-TEST_F(DocumentsTest, InAHandlerAGroupAnswersForMembersThatAreStillToBeWritten) {
+TEST_F(DocumentsTest, InAHandlerAGroupAnswersForMembersThatAreYetToBeWritten) {
     groupShapes(open.model(), {addRectangle(open.model(), kRed), addRectangle(open.model(), kRed)});
     groupShapes(open.model(), {addRectangle(open.model(), kRed), addRectangle(open.model(), kRed)});
     const HandlerScope handler(documents.snapshot());
@@ -753,7 +753,7 @@ TEST_F(DocumentsTest, AWrittenFillLeavesTheThemeAndUndoBringsItBack) {
     }
 }
 
-TEST_F(DocumentsTest, EveryClosedTypeOfShapeTakesAFillAlsoAsAMember) {
+TEST_F(DocumentsTest, EveryClosedTypeOfShapeTakesAFillEvenAsAMember) {
     const std::vector<std::string> services{
         "RectangleShape", "EllipseShape", "PolyPolygonShape",  "TextShape",
         "CustomShape",    "CaptionShape", "ClosedBezierShape", "ClosedFreeHandShape"};
@@ -777,7 +777,7 @@ TEST_F(DocumentsTest, EveryClosedTypeOfShapeTakesAFillAlsoAsAMember) {
     for (const auto& each : shapes()) EXPECT_EQ(each->Fill().ForeColorRGB(), kBlue) << each->Name();
 }
 
-TEST_F(DocumentsTest, AnUndoGroupAnswersWhichOfItsGatheredWritesHaveFailed) {
+TEST_F(DocumentsTest, AnUndoGroupReportsWhichOfItsGatheredWritesHaveFailed) {
     for (const char* const name : {"Moon", "Star", "Sun"}) {
         const ShapeReference rectangle = addRectangle(open.model(), kRed);
         Reference<css::container::XNamed>(rectangle, UNO_QUERY_THROW)
@@ -788,7 +788,7 @@ TEST_F(DocumentsTest, AnUndoGroupAnswersWhichOfItsGatheredWritesHaveFailed) {
     const auto group = document()->undoGroup("Přebarvit");
     const auto range = document()->Shapes()->Range({"Moon", "Star", "Sun"});
     paint(range->Fill(), [&] { range->Fill().Solid(); });
-    // Nothing of this has come to the office yet.
+    // Nothing of this has reached the office yet.
     const auto page = pageOf(open.model());
     ASSERT_EQ(
         getProperty<sal_Int32>(ShapeReference(page->getByIndex(2), UNO_QUERY_THROW), "FillColor"),

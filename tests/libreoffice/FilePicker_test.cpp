@@ -26,7 +26,7 @@ class FilePickerOnScreen : public testing::Test {
     FilePickerOnScreen() { fs::create_directory(folder); }
     ~FilePickerOnScreen() override { fs::remove_all(folder); }
 
-    /// What the dialog gives when the user does something in it; "cancelled" for that error.
+    /// What the dialog returns when the user does something in it; "cancelled" for that error.
     static std::string choice(const FileDialog& dialog, const std::string& actions,
                               const char* end) {
         const User user(dialog.title, actions, end);

@@ -132,8 +132,8 @@ TEST_F(FillEditingOnScreen, ACancelledFormatDialogChangesNothing) {
     EXPECT_TRUE(row(2).DestinationPicture() == preview);
 }
 
-/// A form that ends while one of its handlers has a tool open. The tool waits for its user all the
-/// same; what the handler then misses is told in a box.
+/// A form that ends while one of its handlers has a tool open. The tool still waits for its user;
+/// what the handler then misses is reported in a box.
 class FormEndsOnScreen : public FillEditingOnScreen {
  protected:
     void postUnload() {

@@ -65,7 +65,7 @@ class OfficePort {
     void inNextPump(std::function<void()> happening) {
         libreoffice::postToMainThread(officeContext(), std::move(happening));
     }
-    /// An office without a screen answers a box at once, as its only button would.
+    /// An office without a screen answers a box at once, as if its only button were pressed.
     void answerNextBox(forms::MsgBoxResult) {}
 
  protected:

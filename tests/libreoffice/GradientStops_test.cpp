@@ -1,4 +1,4 @@
-// Gradients with more colours than two, which newer offices have. An older one reads them by their
+// Gradients of more than two colours, which newer offices have. An older one reads them by their
 // ends: what holds there is tested, too.
 
 #include <algorithm>
@@ -131,7 +131,7 @@ class GradientFile : public StoredFile {
  public:
     GradientFile() : StoredFile(".fodt") {
         std::string xml = documentXml();
-        // By these alone the office knows what kind of file it is.
+        // Only by these does the office know what kind of file it is.
         std::replace(xml.begin(), xml.end(), '\'', '"');
         std::ofstream(path()) << xml;
     }

@@ -170,7 +170,7 @@ TEST_F(HostToolsOnScreen, AnAreaDialogConfirmedWithoutAChangeCountsAsConfirmed) 
     EXPECT_EQ(shape->Fill().Type(), host::MsoFillType::msoFillSolid);
 }
 
-TEST_F(HostToolsOnScreen, ACancelledAreaDialogLeavesTheFillAndSaysSo) {
+TEST_F(HostToolsOnScreen, ACancelledAreaDialogLeavesTheFillAndReportsThat) {
     for (const char* const end : {kCancel, kClose, kEscape}) {
         const ToolUser user(kAreaDialog, kStart, chosen(kGreener), end);
         EXPECT_EQ(tools.Item(kFormatDialog)->Show(), 0);
@@ -190,7 +190,7 @@ TEST_F(HostToolsOnScreen, EveryScratchDocumentOpensItsOwnDialog) {
     }
 }
 
-TEST_F(HostToolsOnScreen, WithoutAWindowOfOursTheDialogOpensAllTheSame) {
+TEST_F(HostToolsOnScreen, WithoutAWindowOfOursTheDialogStillOpens) {
     scratch->Close();
     own.reset();
     makeScratch();
@@ -214,7 +214,7 @@ TEST_F(HostToolsOnScreen, WithoutAScratchDocumentAToolIsAnError) {
     EXPECT_THROW(execute(kColorControl), base::Error);
 }
 
-TEST_F(HostToolsOnScreen, OtherNumbersAreNoTools) {
+TEST_F(HostToolsOnScreen, OtherNumbersAreNotTools) {
     EXPECT_EQ(tools.control(1), nullptr);
     EXPECT_THROW(tools.Item(1), base::Error);
 }

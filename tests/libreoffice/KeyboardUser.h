@@ -46,7 +46,7 @@ inline bool becomesActive(const std::string& title) {
     return becomesActive(title, &processEvents);
 }
 
-/// Runs a command line and tells whether it succeeded.
+/// Runs a command line and returns whether it succeeded.
 inline bool succeeds(const std::string& command) {
     return std::system(command.c_str()) == 0;
 }
@@ -115,8 +115,8 @@ inline constexpr const char* kClose = " close";
 
 /// A user of one of the office's dialogs for a fill, by mouse and keys, as a program of its own:
 /// waits until the dialog shows the colour that it opens with, acts, and ends it. Fails the test if
-/// that does not come about. The end of this object tells it that the dialog is over, whose window
-/// may stay until events run again.
+/// that does not happen. The end of this object signals that the dialog is over, although its
+/// window may stay until events run again.
 class ToolUser {
  public:
     ToolUser(const std::string& title, base::Rgb start, const std::string& action,

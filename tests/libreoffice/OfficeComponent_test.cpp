@@ -17,7 +17,7 @@ namespace css = com::sun::star;
 
 using libreoffice::OfficeComponent;
 
-/// Makes a locale the office's own for a lifetime.
+/// Makes a locale the office's own while the object lives.
 class OfficeLocale {
  public:
     explicit OfficeLocale(const char* locale)

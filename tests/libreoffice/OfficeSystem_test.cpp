@@ -66,14 +66,14 @@ TEST(OfficeSystem, WithoutAToolOnThePathTheRegistryHasNone) {
     EXPECT_EQ(tool(), std::nullopt);
 }
 
-TEST(OfficeSystem, NamesTheMoreTellingOfTheToolsOnThePath) {
+TEST(OfficeSystem, NamesTheMoreInformativeOfTheToolsOnThePath) {
     const OnlyFolderOnPath folder;
     folder.addProgram("gnome-system-monitor");
     const std::string better = folder.addProgram("hardinfo");
     EXPECT_EQ(tool(), forms::RegistryValue(better));
 }
 
-TEST(OfficeSystem, PassesAFileThatIsNoProgram) {
+TEST(OfficeSystem, SkipsAFileThatIsNotAProgram) {
     const OnlyFolderOnPath folder;
     folder.addProgram("hardinfo", 0600);
     fs::create_directory(folder.path() / "kinfocenter");
@@ -96,7 +96,7 @@ TEST(OfficeSystem, StartsAProgram) {
     EXPECT_TRUE(appears(program + " ran"));
 }
 
-TEST(OfficeSystem, AProgramThatIsNotThereIsAnError) {
+TEST(OfficeSystem, AMissingProgramIsAnError) {
     const OnlyFolderOnPath folder;
     const std::string program = (folder.path() / "nothing").string();
     EXPECT_FALSE(OfficeSystem().fileExists(program));

@@ -10,7 +10,7 @@
 
 namespace huebrush::tests {
 
-/// An empty document that is open for a lifetime, of Writer unless said otherwise.
+/// An empty document that is open while the object lives, of Writer unless specified otherwise.
 class TestDocument {
  public:
     enum class Window { shown, hidden };

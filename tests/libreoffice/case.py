@@ -64,10 +64,10 @@ class WriterCase(unittest.TestCase):
         for _ in range(10):
             self.screen.focus(windows[0])
             self.screen.key(key)
-            # A box that has just come may not hear a key yet.
+            # A box that has just opened may not get keys yet.
             if comes_soon(lambda: windows[0] not in self.screen.windows_named(title)):
                 return windows
-        self.fail(f"the box {title!r} does not hear {key}")
+        self.fail(f"the box {title!r} does not react to {key}")
 
 
 def run_tests(description):

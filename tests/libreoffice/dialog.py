@@ -23,12 +23,12 @@ ACTIVE, UNTICKED, TICKED, EVERY = REMOVE_MENU = ["Aktuální", "Neoznačené", "
 
 
 class Menu:
-    """A menu that opens with these items, for the mouse. It has more than one, and is thereby
-    higher than a tool tip."""
+    """A menu that opens with these items, for the mouse. It has more than one, and is therefore
+    taller than a tool tip."""
 
     EDGE, LINE_HEIGHT, LEAST_HEIGHT = 3, 8, 30
     TICK_WIDTH = 22
-    # Red, green and blue together: how far a text that can be used differs from what is below it.
+    # Red, green and blue together: how far an enabled text differs from its background.
     CONTRAST = 400
 
     def __init__(self, screen, before, items):
@@ -197,11 +197,11 @@ class Dialog:
         wait_until(is_there, f"row {first} is at the top of the list")
 
     def park_mouse(self):
-        """Puts the mouse where no tool tip comes up that could cover something."""
+        """Puts the mouse where no tool tip opens that could cover something."""
         self.screen.move(*self.on_screen((5060, 3000)))
 
     def add(self):
-        """Scans the selection, and closes the box that tells the number of fills."""
+        """Scans the selection, and closes the box that shows the number of fills."""
         self.click(ADD)
         box = wait_until(lambda: self.screen.windows_named(DONE), "the scan is over", 60.0)[0]
         self.screen.focus(box)

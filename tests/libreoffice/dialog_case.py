@@ -60,7 +60,7 @@ class DialogCase(WriterCase):
         title = COLOUR_TITLE if item == COLOUR else AREA_TITLE
         return HostTool(self.screen, self.options.plugin, title, colour)
 
-    # Parts of a window that tell about themselves.
+    # Parts of a window, by accessibility.
 
     def part(self, name, role, window=CAPTION):
         """The part of an own window with this name and accessible role, or nothing."""
@@ -86,7 +86,7 @@ class DialogCase(WriterCase):
                    f"{name!r} is enabled: {usable}")
 
     def wait_for_ticked(self, count):
-        """Waits until the recolour button tells this number of ticked rows."""
+        """Waits until the recolour button shows this number of ticked rows."""
         caption = f"Přebarvit ({count})" if count else "Přebarvit"
         wait_until(lambda: self.button(caption),
                    f"the button says {caption!r}")

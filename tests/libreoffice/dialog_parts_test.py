@@ -126,8 +126,8 @@ class DialogPartsTest(DialogCase):
         _, _, width, height = self.screen.bounds_of(dialog.window)
 
         def resize(asked, given=None):
-            # The window puts its width right a moment after each change: another size that is asked
-            # for in that moment is lost.
+            # The window corrects its width a moment after each change: another size that is
+            # requested in that moment is lost.
             wanted = given or asked
             for _ in range(10):
                 self.screen.resize(dialog.window, *asked)
@@ -174,14 +174,14 @@ class DialogPartsTest(DialogCase):
         dialog.drag_row(1, to=5)
         dialog.wait_for_colours([RED, GREEN, BLUE, GREY, YELLOW])
 
-    def test_a_row_let_go_of_outside_stays_where_it_is(self):
+    def test_a_row_released_outside_stays_where_it_is(self):
         dialog = self.open_filled()
         dialog.click_row(4, SOURCE)
         handle, first = (dialog.on_screen(dialog.in_row(row, x))
                          for row, x in ((4, HANDLE), (1, SOURCE)))
         left, top, width, height = self.screen.bounds_of(dialog.window)
 
-        def leave_and_let_go(outside):
+        def leave_and_release(outside):
             """Drags over the first row, and from there leaves the dialog at a stroke."""
             self.screen.hold(handle, first)
             self.screen.move(*outside)
@@ -189,11 +189,11 @@ class DialogPartsTest(DialogCase):
 
         for outside in ((left + width + 150, top + 200), (left - 60, top + 100),
                         (left + 200, top + height + 60)):
-            leave_and_let_go(outside)
+            leave_and_release(outside)
             for x in (3000, 2800, 2600):  # Back over the first row, without the button.
                 self.screen.move(*dialog.on_screen(dialog.in_row(1, x)))
             dialog.wait_for_colours(COLOURS)
-            leave_and_let_go(outside)
+            leave_and_release(outside)
             dialog.click_row(2, SOURCE)  # Back at once.
             dialog.wait_for_colours(COLOURS)
             dialog.click_row(4, SOURCE)
@@ -257,7 +257,7 @@ class DialogPartsTest(DialogCase):
         dialog.click_row(2, BOX)
         self.wait_for_ticked(1)
 
-    def test_the_about_box_starts_a_tool_that_tells_about_the_system(self):
+    def test_the_about_box_starts_a_system_information_tool(self):
         tool = os.path.join(self._folder.name, "hardinfo2")
         trace = os.path.join(self._folder.name, "started")
 

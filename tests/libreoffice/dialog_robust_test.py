@@ -89,7 +89,7 @@ class DialogRobustTest(DialogCase):
 
     # Shapes.
 
-    def test_shapes_that_are_gone_are_told_and_the_others_are_recoloured(self):
+    def test_missing_shapes_are_reported_and_the_others_are_recoloured(self):
         dialog = self.open_filled([RED, GREEN, BLUE])
         page = self.frame.Controller.Model.DrawPage
         for shape in self.shapes[2:4]:
@@ -128,7 +128,7 @@ class DialogRobustTest(DialogCase):
     # While a tool is open.
 
     def check_that_waits(self, dialog, tool):
-        """While a tool is open, the dialog hears nothing, and Writer does not end."""
+        """While a tool is open, the dialog gets no input, and Writer does not quit."""
         before = self.screen.windows()
         left, top, width, height = self.screen.bounds_of(tool.window)
         for place in (dialog.in_row(1, BOX), dialog.in_row(2, BOX), ADD, SELECT_ALL):
@@ -156,7 +156,7 @@ class DialogRobustTest(DialogCase):
     def test_writer_waits_for_the_colour_dialog(self):
         self.check_tool(COLOUR)
 
-    def test_writer_waits_for_the_dialog_of_areas(self):
+    def test_writer_waits_for_the_area_dialog(self):
         self.check_tool(LOOK)
 
     def test_writer_waits_for_a_message(self):

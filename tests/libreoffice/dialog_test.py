@@ -11,7 +11,7 @@ from dialog_case import BLUE, CHANGE_FILLS, COLOURS, GREEN, GREY, RED, YELLOW, D
 from screen import wait_until
 
 
-PROGRESS = 4600, 7100  # In the box that tells how far the work is, right of its text.
+PROGRESS = 4600, 7100  # In the progress box, right of its text.
 
 
 class DialogTest(DialogCase):
@@ -32,7 +32,7 @@ class DialogTest(DialogCase):
         self.screen.key("ctrl+z")
         wait_until(lambda: self.fills()[2:4] == [GREEN, GREEN], "one step undoes it")
 
-    def test_the_menu_restores_the_former_fill(self):
+    def test_the_menu_restores_the_previous_fill(self):
         dialog = self.open_filled()
         dialog.open_row_menu(1)
         self.pick("Down", "Return")
@@ -58,7 +58,7 @@ class DialogTest(DialogCase):
         dialog.add()
         dialog.wait_for_colours([RED, GREEN, RED, GREEN])
 
-    def test_nothing_selected_is_told(self):
+    def test_nothing_selected_is_reported(self):
         dialog = self.open([RED])
         self.writer.dispatch(self.frame, ".uno:Escape")
         wait_until(lambda: not self.writer.selected_names(self.frame), "nothing is selected")
@@ -190,7 +190,7 @@ class DialogTest(DialogCase):
         dialog.open_row_menu(2).pick(NO_FILL)
         dialog.wait_for_colours([RED, self.background(dialog)], DESTINATION)
         self.screen.key("Escape")
-        dialog.click_row(2, BOX)  # Heard after that.
+        dialog.click_row(2, BOX)  # Handled after that.
         self.screen.key("Escape")
         self.wait_for_ticked(1)
         dialog.click(RECOLOUR)
@@ -199,7 +199,7 @@ class DialogTest(DialogCase):
         self.screen.key("Escape")
         wait_until(lambda: not dialog.is_open(), "the dialog, done with its work, closes")
 
-    def test_escape_during_a_scan_ends_it_without_a_word(self):
+    def test_escape_during_a_scan_ends_it_silently(self):
         first = self.open([0x010203 * number for number in range(1500)], each=1)
         before = self.screen.windows() - {first.window}
 

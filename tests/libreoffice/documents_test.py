@@ -283,7 +283,7 @@ class Recolouring(OnDocuments):
     def flat_town(self):
         return self.inputs[".fodt"].read_text(encoding="utf-8")
 
-    def test_a_document_that_is_open_elsewhere_is_read_all_the_same(self):
+    def test_a_document_that_is_open_elsewhere_is_still_read(self):
         document = self.folder / "open.odt"
         shutil.copy(self.town, document)
         with PrivateOffice() as office:
@@ -328,7 +328,7 @@ class ListingAndPlans(OnDocuments):
         self.assertIsNone(roofs[0]["new"])
         self.assertEqual(list(rows[0]["fill"])[:3], ["Visible", "ForeColorRGB", "BackColorRGB"])
 
-    def test_the_table_for_people_has_a_line_a_row(self):
+    def test_the_readable_table_has_one_line_per_row(self):
         done = self.run_program("fills", self.town)
         self.assertEqual(done.returncode, 0, done.stderr)
         self.assertEqual(len(done.stdout.splitlines()), 1 + len(self.listing(self.town)["rows"]))
@@ -378,12 +378,12 @@ class ListingAndPlans(OnDocuments):
 
 class BadInput(OnDocuments):
     def test_a_missing_file(self):
-        self.assert_refused("there is no file", "fills", self.folder / "none.odt")
+        self.assert_refused("does not exist", "fills", self.folder / "none.odt")
 
     def test_a_folder(self):
         self.assert_refused("is a folder", "fills", self.folder)
 
-    def test_what_is_no_document(self):
+    def test_what_is_not_a_document(self):
         for name, data in {"noise.docx": bytes(range(256)) * 20, "words.odt": b"hello\n",
                            "empty.odt": b"", "cut.odt": self.town.read_bytes()[:20000]}.items():
             path = self.folder / name
@@ -427,7 +427,7 @@ class BadInput(OnDocuments):
     def test_an_output_of_an_unknown_format(self):
         for name in ("x.pdf", "x.txt", "x.rtf", "x.odt~", "x."):
             output = self.folder / name
-            self.assert_refused_without_an_office("its ending must be one of .odt", "recolor",
+            self.assert_refused_without_an_office("the name must end in one of .odt", "recolor",
                                                   self.town, "-o", output, "--map",
                                                   f"{ROOFS}={BLUE}")
             self.assertFalse(output.exists())
@@ -456,7 +456,7 @@ class BadInput(OnDocuments):
             self.assert_refused("another program", "recolor", self.town, "-o", output, *mapping)
         self.assertEqual(output.read_text(), "mine")
 
-    def test_an_output_that_is_no_regular_file(self):
+    def test_an_output_that_is_not_a_regular_file(self):
         pipe = self.folder / "pipe.odt"
         os.mkfifo(pipe)
         listener = socket.socket(socket.AF_UNIX)
@@ -486,7 +486,7 @@ class BadInput(OnDocuments):
     def test_malformed_requests(self):
         output = self.folder / "malformed.odt"
         plan = self.folder / "bad.json"
-        for text, words in {"{": "JSON", "[]": "no rows", '{"rows":[1]}': "no object"}.items():
+        for text, words in {"{": "JSON", "[]": "no rows", '{"rows":[1]}': "not an object"}.items():
             plan.write_text(text)
             self.assert_refused(words, "recolor", self.town, "-o", output, "--plan", plan)
         self.assert_refused("colour", "recolor", self.town, "-o", output, "--map", "red=blue")

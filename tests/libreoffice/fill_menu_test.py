@@ -123,7 +123,7 @@ class FillMenuTest(DialogCase):
         self.wait_for_new(RED, GREEN, BLUE)
         self.assertEqual(self.fills(), [RED, RED, GREEN, GREEN, BLUE, BLUE])
 
-    def test_the_dialog_of_areas_gives_a_fill(self):
+    def test_the_area_dialog_gives_a_fill(self):
         tool = self.open_tool(self.dialog, 1, LOOK, RED)
         tool.choose(ORANGE)
         tool.confirm()
@@ -140,7 +140,7 @@ class FillMenuTest(DialogCase):
         self.wait_for_fills([ORANGE, ORANGE, GREEN, GREEN, VIOLET, VIOLET], "two rows change")
         self.assertEqual(self.recolour_entries(), 1)
 
-    def test_the_former_fill_comes_back(self):
+    def test_the_previous_fill_comes_back(self):
         tool = self.open_tool(self.dialog, 1, COLOUR, RED)
         tool.choose(ORANGE)
         tool.confirm()

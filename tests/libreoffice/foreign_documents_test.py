@@ -1,5 +1,5 @@
 """The program on documents that no office has made: a fill is stored as it was asked for in every
-place that the file keeps it, nothing else changes, and what a format loses is said.
+place that the file keeps it, nothing else changes, and what a format loses is reported.
 
 HUEBRUSH_SAMPLES may name a folder of further documents, which are tried in the same way.
 """

@@ -328,6 +328,6 @@ def write_by_pandoc(folder):
 
 
 def write_all(folder):
-    """Writes all documents, and answers their paths."""
+    """Writes all documents, and returns their paths."""
     return [*write_by_hand(folder), *write_by_python_docx(folder), *write_by_odfpy(folder),
             *write_by_pandoc(folder)]

@@ -71,7 +71,7 @@ NO_FILL = "<a:noFill/>"
 
 
 def width_of_margin(per_cent):
-    """A shape's width as a part of the text's, in newer versions' own element."""
+    """A shape's width relative to the text area, in an element of newer versions."""
     return (f'<wp14:sizeRelH relativeFrom="margin"><wp14:pctWidth>{per_cent * 1000}</wp14:pctWidth>'
             '</wp14:sizeRelH>')
 

@@ -1,6 +1,6 @@
 // A service for tests in windows: recolours the document that it is given, on the main thread, with
-// a different fill for each row. So a test can undo what nobody can click yet. Like the add-in, it
-// knows the document for as long as it lives: what it has done can be undone as long.
+// a different fill for each row. So a test can undo it without clicking through it first. Like the
+// add-in, it keeps the document for as long as it lives: what it has done can be undone that long.
 
 #include <com/sun/star/frame/XModel.hpp>
 #include <com/sun/star/task/XJob.hpp>

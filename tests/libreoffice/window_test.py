@@ -144,7 +144,7 @@ class WindowTest(WriterCase):
         self.assert_selection(writer, frame, [sample, *same])
         wait_until(lambda: writer.status_pixels() == status, "the status bar tells the total")
 
-    def test_a_shape_without_its_like_stays_selected_alone_until_the_user_goes_on(self):
+    def test_a_shape_unlike_all_others_stays_selected_alone_until_the_user_goes_on(self):
         writer = self.start()
         frame = writer.frame()
         sample = writer.add_shape(frame, (0, 0), RED, GREEN)
@@ -152,7 +152,7 @@ class WindowTest(WriterCase):
         status = self.status_picture(writer, BY_LINE_NONE)
         writer.select(frame, sample)
         writer.click_button(BY_LINE)
-        wait_until(lambda: writer.status_pixels() == status, "the status bar tells that")
+        wait_until(lambda: writer.status_pixels() == status, "the status bar says so")
         self.assert_selection(writer, frame, [sample])
         self.screen.key("Escape")
         wait_until(lambda: writer.status_pixels() != status, "the status text makes way")

@@ -57,8 +57,8 @@ class MapLayouts(OnOtherReaders):
                 self.assert_all_there()
 
     def set_number_by_mdbtools(self, fill, given, number):
-        """Lets mdbtools write into a row of the file as it is. It spoils pages on which rows were
-        deleted; such a result is not what we are tried on. Whether it did well."""
+        """Lets mdbtools write into a row of the file as it is. It damages pages on which rows were
+        deleted; such a result is discarded. Whether it succeeded."""
         written = self.folder / "written.mdb"
         shutil.copyfile(self.file, written)
         subprocess.run([MDBTOOLS_UPDATE, written, "TFillElementParameter", "ForeColorRGB",
@@ -94,8 +94,8 @@ class Waste(OnOtherReaders):
     def test_is_reported_and_is_no_damage(self):
         subprocess.run([MAP_LAYOUT, "at-the-end", "3", str(self.file)], check=True, timeout=LIMIT)
         lines = self.run_program("check", self.file).splitlines()
-        self.assertRegex(lines[0], r"^waste: pages \d+ to \d+, byte 0: the page belongs to nothing "
-                                   r"but is not marked as free \(rule M4\)$")
+        self.assertRegex(lines[0], r"^waste: pages \d+ to \d+, byte 0: the page is orphaned "
+                                   r"but not marked as free \(rule M4\)$")
         self.assertEqual(lines[1:], [f"{self.file} is sound, but wastes space"])
 
 

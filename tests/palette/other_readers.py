@@ -88,7 +88,7 @@ class OnOtherReaders(OnPaletteFiles):
             printed.sort(key=lambda row: int(row[0]))
             for ours, theirs in zip(rows, printed):
                 for column, value, text in zip(names, ours, theirs):
-                    # The whole of a preview would make the message endless.
+                    # A whole preview would make the message endless.
                     self.assertTrue(text in exported_text(value, column),
                                     f"{name}.{column}, ID {ours[0]}: {text[:200]}")
         self.assert_keys(output_of("mdb-schema", self.file, "postgres").lower())

@@ -9,7 +9,7 @@ from program import PREVIEW_SIZES, element, palette, various_palettes
 
 class OtherReaders(OnOtherReaders):
     def test_mdbtools_reads_a_preview_that_is_too_long_for_mdb_reader(self):
-        # The latter knows lengths of 24 bits only.
+        # mdb-reader knows only lengths of 24 bits.
         self.add([palette("Podzim", [element(0, bytes(range(256)) * 65536), element(1, b"x")])])
         self.compare_with_mdbtools(self.tables())
 

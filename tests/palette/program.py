@@ -12,7 +12,7 @@ from pathlib import Path
 
 PROGRAM = os.environ["HUEBRUSH_PROGRAM"]
 LIMIT = 120
-# Under the sanitizers large tests do a part of their work.
+# Under the sanitizers, large tests do only part of their work.
 MANY_PALETTES = int(os.environ.get("HUEBRUSH_MANY_PALETTES", "2000"))
 NUMBERS = ("Visible", "ForeColorRGB", "BackColorRGB", "Transparency", "GradientStyle",
            "GradientColorType", "GradientVariant", "GradientDegree", "PresetGradientType",
@@ -29,7 +29,7 @@ def huebrush(*arguments, **options):
 
 
 def element(order, preview, texture=None, picture=None):
-    """A fill with all columns that are not the file's own, in the table's order."""
+    """A fill with all columns that the file does not assign itself, in the table's order."""
     numbers = {name: order * 100 + i for i, name in enumerate(NUMBERS)}
     encoded = None if preview is None else base64.b64encode(preview).decode()
     return {"OrderNumber": order, **numbers, "TextureName": texture, "Pattern": -order,
@@ -58,7 +58,7 @@ def various_palettes(previews):
 
 
 def as_stored(palettes, first_palette=1, first_element=1):
-    """The palettes as a dump of a new file gives them after they were imported."""
+    """The palettes as a dump of a new file prints them after they were imported."""
     stored = []
     for each in palettes:
         group = first_palette + len(stored)

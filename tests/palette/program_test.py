@@ -16,7 +16,7 @@ from program import (LIMIT, MANY_PALETTES, PREVIEW_SIZES, PROGRAM, OnPaletteFile
 
 
 class Refusals(OnPaletteFiles):
-    """Bad input gets one line on the error output, the right exit code, and changes nothing."""
+    """Bad input produces one line on standard error, the right exit code, and no change."""
 
     def assert_refused(self, words, *arguments, code=1):
         before = self.file.read_bytes()
@@ -29,17 +29,17 @@ class Refusals(OnPaletteFiles):
         self.assertEqual(self.file.read_bytes(), before)
         self.assertEqual(sorted(path.name for path in self.folder.iterdir()), names)
 
-    def test_files_that_are_no_palette_files(self):
+    def test_files_that_are_not_palette_files(self):
         other = self.folder / "other.mdb"
         other.write_text("This is no database." * 1000)
         missing = self.folder / "missing.mdb"
         for command in (("list",), ("dump",), ("import", self.file), ("erase", "x"), ("check",)):
             name, *rest = command
-            self.assert_refused("there is no file", name, missing, *rest)
+            self.assert_refused("does not exist", name, missing, *rest)
             self.assert_refused("is a folder", name, self.folder, *rest)
             self.assert_refused("other.mdb", name, other, *rest)
 
-    def test_a_file_that_was_cut_off(self):
+    def test_a_truncated_file(self):
         cut = self.folder / "cut.mdb"
         cut.write_bytes(self.file.read_bytes()[:40000])
         for command in ("list", "dump", "check"):
@@ -65,23 +65,23 @@ class Refusals(OnPaletteFiles):
         self.assert_refused("No such file or directory", "new", self.folder / "no" / "fill.mdb")
         self.assert_refused("Not a directory", "new", self.file / "fill.mdb")
 
-    def test_import_of_what_is_no_palette(self):
+    def test_import_of_what_is_not_a_palette(self):
         source = self.folder / "palettes.json"
         fill = element(0, b"")
         lacking = {name: value for name, value in fill.items() if name != "Pattern"}
         cases = {
-            "palettes.json is no JSON: an error at byte 2": "{",
-            "not in the form of": "[]",
+            "palettes.json is not valid JSON: error at byte 2": "{",
+            "not in the format of": "[]",
             "palettes must be an array": {"palettes": 3},
-            "palette 2 is no object": {"palettes": [palette("a", []), 3]},
+            "palette 2 is not an object": {"palettes": [palette("a", []), 3]},
             "the table TFillGroup has no column Colour": {"palettes": [{"Colour": 3}]},
             "palette 2, element 1: Sloupec „Pattern“":
                 {"palettes": [palette("a", [fill]), palette("b", [lacking])]},
             "palette 1, element 2: the table TFillElementParameter has no column Red":
                 {"palettes": [palette("a", [fill, {"Red": 1}])]},
-            "Visible must be a whole number":
+            "Visible must be a 32-bit whole number":
                 {"palettes": [palette("a", [{**fill, "Visible": 1.5}])]},
-            "FillPreview must be bytes in base64":
+            "FillPreview must be a string in base64":
                 {"palettes": [palette("a", [{**fill, "FillPreview": "?"}])]},
             "palette 1: Sloupec „Name“": {"palettes": [{"elements": [fill]}]},
             "„Name“": {"palettes": [palette("", [])]},
@@ -92,7 +92,7 @@ class Refusals(OnPaletteFiles):
             with self.subTest(words):
                 source.write_text(content if isinstance(content, str) else json.dumps(content))
                 self.assert_refused(words, "import", self.file, source)
-        self.assert_refused("there is no file", "import", self.file, self.folder / "none.json")
+        self.assert_refused("does not exist", "import", self.file, self.folder / "none.json")
         self.assertEqual(self.dump(), [])
 
     def test_import_of_deeply_nested_json(self):
@@ -101,7 +101,7 @@ class Refusals(OnPaletteFiles):
             source.write_text(start * 150_000)
             self.assert_refused("", "import", self.file, source)
 
-    def test_import_with_an_error_far_behind(self):
+    def test_import_with_an_error_far_into_the_file(self):
         self.add([palette("Podzim", [element(0, b"x")])])
         fills = [element(order, b"") for order in range(20)]
         many = [palette(f"Paleta {number}", fills) for number in range(MANY_PALETTES)]
@@ -109,7 +109,7 @@ class Refusals(OnPaletteFiles):
         whole = json.dumps({"palettes": many})
         source = self.folder / "palettes.json"
         source.write_text(whole[:-1])
-        self.assert_refused("is no JSON: an error at byte ", "import", self.file, source)
+        self.assert_refused("is not valid JSON: error at byte ", "import", self.file, source)
         many[-1]["elements"] = fills + [lacking]
         source = self.write_json(many)
         self.assert_refused(f"palette {MANY_PALETTES}, element 21: Sloupec „Pattern“",
@@ -117,7 +117,7 @@ class Refusals(OnPaletteFiles):
         self.assertEqual([each["Name"] for each in self.dump()], ["Podzim"])
         self.assert_clean()
 
-    def test_erase_of_a_palette_that_is_not_there(self):
+    def test_erase_of_a_palette_that_does_not_exist(self):
         self.add([palette("Podzim", [element(0, b"")])])
         for name in ("podzim", "Podzi", "Podzim ", ""):
             self.assert_refused("has no palette", "erase", self.file, name)
@@ -132,7 +132,7 @@ class Refusals(OnPaletteFiles):
             self.assert_refused("jiný program", "new", self.file, "--force")
         self.run_program("erase", self.file, "Podzim")
 
-    def test_command_lines_that_say_nothing(self):
+    def test_incomplete_command_lines(self):
         for arguments in ([], ["new"], ["erase", self.file], ["import", self.file], ["paint"],
                           ["list", self.file, "--force"]):
             done = huebrush("palette", *arguments)
@@ -150,14 +150,14 @@ class New(OnPaletteFiles):
     def only_files(self, *names):
         self.assertEqual(sorted(path.name for path in self.folder.iterdir()), sorted(names))
 
-    def test_makes_an_empty_file_that_keeps_all_rules(self):
+    def test_creates_an_empty_file_that_satisfies_all_rules(self):
         self.assert_clean()
         self.assertEqual(self.dump(), [])
         self.only_files("fill.mdb")
 
-    def test_tells_what_it_did(self):
+    def test_reports_what_it_did(self):
         other = self.folder / "other.mdb"
-        self.assertEqual(self.run_program("new", other), f"made {other}\n")
+        self.assertEqual(self.run_program("new", other), f"created {other}\n")
         self.assertEqual(json.loads(self.run_program("new", other, "--force", "--json")),
                          {"file": str(other), "replaced": True})
 
@@ -214,8 +214,8 @@ class New(OnPaletteFiles):
         self.assertTrue(stat.S_ISCHR(os.stat("/dev/null").st_mode))
 
     def asked(self):
-        """The program, making a file in a folder that is not there, as it asks a user at a terminal
-        what to do; the terminal; and what it has said."""
+        """The program, creating a file in a folder that does not exist, as it asks a user at a
+        terminal what to do; the terminal; and what it has printed."""
         terminal, theirs = pty.openpty()
         self.addCleanup(os.close, terminal)
         program = subprocess.Popen([PROGRAM, "palette", "new", self.folder / "no" / "fill.mdb"],
@@ -236,7 +236,7 @@ class New(OnPaletteFiles):
         out, rest = program.communicate(timeout=LIMIT)
         return program.returncode, out, (said + rest).decode()
 
-    def test_asks_whether_to_try_again(self):
+    def test_asks_whether_to_retry(self):
         code, _, asked = self.answer(b"what?\nr\n", (self.folder / "no").mkdir)
         self.assertEqual(code, 0)
         self.assertIn("Při vytváření databáze vznikla chyba", asked)
@@ -320,7 +320,7 @@ class Palettes(OnPaletteFiles):
             {"ID": 1, "Name": "Žluť", "Description": "Teplé\nbarvy", "Count": 1},
             {"ID": 2, "Name": "Zima", "Description": None, "Count": 0}]})
 
-    def test_are_told_when_they_are_added_and_erased(self):
+    def test_are_reported_when_they_are_added_and_erased(self):
         source = self.write_json([palette("Podzim", [element(0, b"")]), palette("Podzim", [])])
         self.assertEqual(self.run_program("import", self.file, source),
                          f"2 palettes added to {self.file}\n")
@@ -336,7 +336,7 @@ class Palettes(OnPaletteFiles):
                          f"1 palette erased from {self.file}\n")
         self.assert_clean()
 
-    def test_keep_the_size_of_a_file_that_they_come_to_and_go_from(self):
+    def test_do_not_make_a_file_grow_when_added_and_erased_again(self):
         def half(name):
             return [palette(name, [element(order, bytes(300)) for order in range(20)])
                     for _ in range(MANY_PALETTES // 2)]
@@ -387,7 +387,7 @@ class Memory(OnPaletteFiles):
 
 
 class Check(OnPaletteFiles):
-    def test_tells_each_rule_that_is_broken(self):
+    def test_reports_each_broken_rule(self):
         self.add([palette("Podzim", [element(order, bytes(100)) for order in range(30)])])
         content = bytearray(self.file.read_bytes())
         # The number of rows of a data page that is owned by a table: rows are lost by it.
@@ -412,7 +412,7 @@ class Check(OnPaletteFiles):
         self.assertRegex(lines[0], r"^damage: page \d+, byte \d+, table \w+: .* \(rule [A-Z]\d\)$")
         self.assertEqual(lines[-1], f"{self.file} is damaged")
 
-    def test_praises_a_good_file(self):
+    def test_calls_a_good_file_sound(self):
         self.assertEqual(self.run_program("check", self.file), f"{self.file} is sound\n")
 
 

@@ -143,7 +143,7 @@ class Structure(unittest.TestCase):
 
 
 class TheChecksThemselves(unittest.TestCase):
-    """A check that cannot fail is none: each is shown a tree that it must refuse."""
+    """A check that cannot fail is worthless: each is shown a tree that it must refuse."""
 
     def setUp(self):
         folder = tempfile.TemporaryDirectory()

@@ -56,14 +56,14 @@ json listOf(const std::vector<Record>& palettes) {
     return list;
 }
 
-/// What a terminal shows of a value.
+/// A value as the terminal shows it.
 std::string shown(const jet::Value& value) {
     if (const auto* number = std::get_if<std::int32_t>(&value)) return text(*number);
     if (const auto* words = std::get_if<std::string>(&value)) return oneLine(*words);
     return "–";
 }
 
-/// Fills a column from the left, by characters and not by bytes.
+/// Pads a column on the left, counting characters and not bytes.
 std::string rightAligned(const std::string& value, std::size_t width) {
     const std::size_t length = base::lengthInCharacters(value);
     return std::string(length < width ? width - length : 0, ' ') + value;
@@ -143,10 +143,10 @@ int runPaletteNew(const PaletteOptions& options) {
     if (replaces && !options.force) {
         throw Failure(options.file + " already exists; use --force to replace it");
     }
-    // Nobody else writes a file while it is being replaced, and none that is in use goes.
+    // Nobody else writes the file while it is being replaced, and one that is in use is kept.
     const auto lock = replaces ? files.lock(target) : nullptr;
-    // It is made in memory, and written as a whole. Its place is tried first: what is wrong there
-    // is among the things that the user is asked about.
+    // It is created in memory, and written as a whole. Its place is tried first: what is wrong
+    // there is among the things that the user is asked about.
     std::unique_ptr<jet::NewFile> made;
     jet::MemoryFiles draft;
     draft.onCall = [&](const char*) {
@@ -154,13 +154,13 @@ int runPaletteNew(const PaletteOptions& options) {
     };
     if (!makeDatabase(target, draft)) return ExitCode::kFailed;
     const auto content = draft.files.find(target);
-    if (!made || content == draft.files.end()) throw Failure("no palette file was made");
+    if (!made || content == draft.files.end()) throw Failure("no palette file was created");
     made->write(0, *content->second);
     made->publish();
     if (options.json) {
         std::cout << json{{"file", options.file}, {"replaced", replaces}}.dump(2) << '\n';
     } else {
-        std::cout << "made " << options.file << '\n';
+        std::cout << "created " << options.file << '\n';
     }
     return ExitCode::kDone;
 }
@@ -177,7 +177,7 @@ int runPaletteList(const PaletteOptions& options) {
 
 int runPaletteDump(const PaletteOptions& options) {
     const auto database = open(options);
-    // What is wrong with the tables is told before anything is printed.
+    // What is wrong with the tables is reported before anything is printed.
     database->definition(palette::kGroupTable);
     database->definition(palette::kElementTable);
     JsonWriter out(std::cout);

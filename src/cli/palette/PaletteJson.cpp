@@ -24,7 +24,7 @@ using nlohmann::ordered_json;
 constexpr const char* kPalettes = "palettes";
 constexpr const char* kElements = "elements";
 constexpr double kMoneyUnits = 10000;
-/// Of what is ignored; palettes themselves are not deep.
+/// For what is ignored; palettes themselves are not nested deeply.
 constexpr std::size_t kDeepest = 100;
 
 struct ValueToJson {
@@ -36,7 +36,7 @@ struct ValueToJson {
     ordered_json operator()(const auto& value) const { return value; }
 };
 
-/// Where in the input something stands, for the message about it.
+/// Where in the input something is, for the message about it.
 struct Place {
     std::size_t palette = 0;
     std::size_t element = 0;  ///< 0: the palette itself
@@ -62,7 +62,7 @@ struct ColumnPlace {
 jet::Money moneyFrom(double amount, const ColumnPlace& place) {
     const double units = std::round(amount * kMoneyUnits);
     // Every double below 2^63 fits.
-    if (!(std::abs(units) < 9223372036854775808.0)) place.fail("an amount of 64 bits");
+    if (!(std::abs(units) < 9223372036854775808.0)) place.fail("an amount that fits in 64 bits");
     return {static_cast<std::int64_t>(units)};
 }
 
@@ -83,7 +83,7 @@ Value valueFromJson(ColumnType type, const json& value, const ColumnPlace& place
         case ColumnType::integer:
         case ColumnType::longInteger: {
             const auto number = protocol::int32FromJson(value);
-            if (!number) place.fail("a whole number of 32 bits");
+            if (!number) place.fail("a 32-bit whole number");
             return *number;
         }
         case ColumnType::money:
@@ -93,19 +93,19 @@ Value valueFromJson(ColumnType type, const json& value, const ColumnPlace& place
             return numberFromJson(type, value, place);
         case ColumnType::text:
         case ColumnType::memo:
-            if (!value.is_string()) place.fail("a text");
+            if (!value.is_string()) place.fail("a string");
             return value.get<std::string>();
         default: {
             const auto* encoded = value.get_ptr<const std::string*>();
             auto bytes = encoded == nullptr ? std::nullopt : fromBase64(*encoded);
-            if (!bytes) place.fail("bytes in base64");
+            if (!bytes) place.fail("a string in base64");
             return std::move(*bytes);
         }
     }
 }
 
-/// Takes what the parser finds, and hands on each row when it is complete. Nothing of the input is
-/// kept but the row that is being read.
+/// Takes what the parser finds, and passes on each row when it is complete. Only the row that is
+/// being read is kept.
 class PaletteReader final : public nlohmann::json_sax<json> {
  public:
     PaletteReader(const std::string& name, const jet::TableDefinition& groups,
@@ -126,11 +126,11 @@ class PaletteReader final : public nlohmann::json_sax<json> {
     bool end_array() override;
     bool parse_error(std::size_t position, const std::string&,
                      const nlohmann::detail::exception&) override {
-        throw Failure(text(name_, " is no JSON: an error at byte ", position));
+        throw Failure(text(name_, " is not valid JSON: error at byte ", position));
     }
 
  private:
-    /// What the parser is in.
+    /// Where the parser is.
     enum class Within { nothing, input, palettes, palette, elements, element, ignored };
     using Values = palette::PaletteSink::Values;
 
@@ -139,10 +139,10 @@ class PaletteReader final : public nlohmann::json_sax<json> {
     void set(Values& values, const jet::TableDefinition& table, const json& value);
     void beginElements();
     void endPalette();
-    /// Hands on a row, and says of a refusal where its row stands.
+    /// Passes on a row, and adds to a refusal where the row is.
     void handOn(const std::function<void()>& row) const;
     [[noreturn]] static void failForm() {
-        throw Failure("the palettes are not in the form of \"huebrush palette dump\"");
+        throw Failure("the palettes are not in the format of \"huebrush palette dump\"");
     }
 
     const std::string& name_;
@@ -182,10 +182,10 @@ bool PaletteReader::scalar(const json& value) {
             break;
         case Within::palettes:
             ++place_.palette;
-            place_.fail(" is no object");
+            place_.fail(" is not an object");
         case Within::elements:
             ++place_.element;
-            place_.fail(" is no object");
+            place_.fail(" is not an object");
         case Within::palette:
         case Within::element:
             inColumn(value);

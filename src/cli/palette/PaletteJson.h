@@ -34,9 +34,9 @@ class PaletteJsonWriter final : public palette::PaletteVisitor {
 };
 
 /// Reads palettes from {"palettes":[…]}, each as PaletteJsonWriter writes it, for the tables of a
-/// file, and hands them on row by row. Columns may be left out; of one that is given twice, the
-/// later value counts. What else the outer object holds does not matter. Failure for what is no
-/// such thing: no JSON, which `name` says of the input; a column that the table does not have, a
+/// file, and passes them on row by row. Columns may be left out; of one that is given twice, the
+/// later value counts. Whatever else the outer object holds is ignored. Failure for anything else:
+/// invalid JSON, in a message that calls the input `name`; a column that the table does not have, a
 /// value of another type, a row that the sink refuses, each with its place.
 void readPalettes(std::istream& input, const std::string& name, const jet::TableDefinition& groups,
                   const jet::TableDefinition& elements, palette::PaletteSink& sink);

@@ -25,7 +25,7 @@ jet::TableDefinition table(const char* name,
     return made;
 }
 
-/// Keeps the palettes that it gets.
+/// Keeps the palettes that it receives.
 class Collector final : public palette::PaletteSink {
  public:
     void begin(const Values& group) override { known.push_back(recordOf(group)); }
@@ -100,7 +100,7 @@ TEST_F(PaletteJson, ReadsBackWhatItHasWritten) {
     EXPECT_EQ(palettes[0].elements, given.elements);
 }
 
-TEST_F(PaletteJson, TakesKeysInAnyOrder) {
+TEST_F(PaletteJson, AcceptsKeysInAnyOrder) {
     const auto palettes = read(
         R"({"version":[{"a":[1]}],"palettes":[{"elements":[{"Text":"t","Order":1}],"Name":"a",)"
         R"("ID":2}],"more":{"palettes":[3]}})");
@@ -129,12 +129,13 @@ TEST_F(PaletteJson, RefusesWhatIsNestedDeeply) {
     std::string objects;
     for (int i = 0; i < 150000; ++i) objects += R"({"a":)";
     EXPECT_EQ(problemOf(objects), tooDeep);
-    EXPECT_EQ(problemOf(R"({"palettes":)" + std::string(150000, '[')), "palette 1 is no object");
+    EXPECT_EQ(problemOf(R"({"palettes":)" + std::string(150000, '[')),
+              "palette 1 is not an object");
     EXPECT_EQ(problemOf(R"({"palettes":[{"Name":)" + std::string(150000, '[')),
-              "palette 1: Name must be a text");
+              "palette 1: Name must be a string");
 }
 
-TEST_F(PaletteJson, TakesLessThanEveryColumn) {
+TEST_F(PaletteJson, AcceptsFewerThanAllColumns) {
     EXPECT_TRUE(read(R"({"palettes":[]})").empty());
     const auto palettes = read(R"({"palettes":[{"Name":"a"},{"elements":[{}]}]})");
     ASSERT_EQ(palettes.size(), 2U);
@@ -143,25 +144,25 @@ TEST_F(PaletteJson, TakesLessThanEveryColumn) {
 }
 
 TEST_F(PaletteJson, SaysInOneLineWhatIsWrongAndWhere) {
-    const std::string form = "the palettes are not in the form of \"huebrush palette dump\"";
+    const std::string form = "the palettes are not in the format of \"huebrush palette dump\"";
     EXPECT_EQ(problemOf("[]"), form);
     EXPECT_EQ(problemOf("{}"), form);
     EXPECT_EQ(problemOf("3"), form);
-    EXPECT_EQ(problemOf(""), "the text is no JSON: an error at byte 1");
+    EXPECT_EQ(problemOf(""), "the text is not valid JSON: error at byte 1");
     EXPECT_EQ(problemOf("{\"palettes\":[{\"Name\":\"\xFF\"}]}"),
-              "the text is no JSON: an error at byte 23");
-    EXPECT_EQ(problemOf(R"({"palettes":[]} x)"), "the text is no JSON: an error at byte 17");
+              "the text is not valid JSON: error at byte 23");
+    EXPECT_EQ(problemOf(R"({"palettes":[]} x)"), "the text is not valid JSON: error at byte 17");
     EXPECT_EQ(problemOf(R"({"palettes":[],"palettes":[]})"), "the input: palettes appears twice");
     EXPECT_EQ(problemOf(R"({"palettes":[{"elements":[],"elements":[]}]})"),
               "palette 1: elements appears twice");
     EXPECT_EQ(problemOf(R"({"palettes":[{},{"elements":[{}],"Name":"refused"}]})"),
               "palette 2: Tak ne.");
     EXPECT_EQ(problemOf(R"({"palettes":{}})"), "the input: palettes must be an array");
-    EXPECT_EQ(problemOf(R"({"palettes":[{},3]})"), "palette 2 is no object");
+    EXPECT_EQ(problemOf(R"({"palettes":[{},3]})"), "palette 2 is not an object");
     EXPECT_EQ(problemOf(R"({"palettes":[{"elements":{}}]})"),
               "palette 1: elements must be an array");
     EXPECT_EQ(problemOf(R"({"palettes":[{"elements":[{},[]]}]})"),
-              "palette 1, element 2 is no object");
+              "palette 1, element 2 is not an object");
     EXPECT_EQ(problemOf(R"({"palettes":[{"Colour":1}]})"),
               "palette 1: the table TFillGroup has no column Colour");
     const auto element = [&](const std::string& text) {
@@ -171,16 +172,16 @@ TEST_F(PaletteJson, SaysInOneLineWhatIsWrongAndWhere) {
     for (const char* const value :
          {"1.0", "\"1\"", "2147483648", "-2147483649", "true", "18446744073709551615", "[]"}) {
         EXPECT_EQ(element(std::string(R"("Order":)") + value),
-                  place + "Order must be a whole number of 32 bits");
+                  place + "Order must be a 32-bit whole number");
     }
     EXPECT_EQ(element(R"("Order":2147483647)"), "no error");
     EXPECT_EQ(element(R"("Order":-2147483648)"), "no error");
-    EXPECT_EQ(element(R"("Preview":"AP8")"), place + "Preview must be bytes in base64");
-    EXPECT_EQ(element(R"("Preview":[1])"), place + "Preview must be bytes in base64");
+    EXPECT_EQ(element(R"("Preview":"AP8")"), place + "Preview must be a string in base64");
+    EXPECT_EQ(element(R"("Preview":[1])"), place + "Preview must be a string in base64");
     EXPECT_EQ(element(R"("Ready":1)"), place + "Ready must be true or false");
-    EXPECT_EQ(element(R"("Price":1e18)"), place + "Price must be an amount of 64 bits");
+    EXPECT_EQ(element(R"("Price":1e18)"), place + "Price must be an amount that fits in 64 bits");
     EXPECT_EQ(element(R"("Size":"1")"), place + "Size must be a number");
-    EXPECT_EQ(element(R"("Text":1)"), place + "Text must be a text");
+    EXPECT_EQ(element(R"("Text":1)"), place + "Text must be a string");
 }
 
 }  // namespace

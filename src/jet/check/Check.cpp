@@ -22,7 +22,7 @@ bool CheckResult::isDamaged() const {
 }
 
 void CheckContext::add(Violation violation) {
-    // A file that is all wrong need not be reported byte by byte.
+    // A file in which everything is wrong need not be reported byte by byte.
     constexpr std::size_t kMost = 1000;
     if (result.violations.size() < kMost) result.violations.push_back(std::move(violation));
 }

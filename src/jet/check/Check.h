@@ -22,7 +22,7 @@ enum class Severity {
 struct Violation {
     Severity severity = Severity::damage;
     PageNumber page = 0;
-    /// Of how many pages in a row this is said.
+    /// The number of consecutive pages for which this holds.
     PageNumber pages = 1;
     std::size_t offset = 0;
     Rule rule;
@@ -40,7 +40,7 @@ struct CheckResult {
 };
 
 /// Checks everything that the rules of docs/jet4-format.md say. Never throws for a damaged file:
-/// what cannot be read is a violation.
+/// whatever cannot be read is a violation.
 CheckResult check(Database& database);
 
 /// What the parts of the check work on.
@@ -48,7 +48,7 @@ class CheckContext {
  public:
     explicit CheckContext(Database& database) : database(database) {}
 
-    /// A page belongs to the current object; a violation when it belongs to something already.
+    /// A page belongs to the current object; a violation when it already belongs to something.
     void claim(PageNumber page);
     /// Pages of usage-map rows are shared by many maps.
     void claimMapPage(PageNumber page);
@@ -57,7 +57,7 @@ class CheckContext {
     void waste(PageNumber page, std::size_t offset, const Rule& rule, std::string found = {});
     /// Runs a part of the check; damage that ends it is a violation.
     void attempt(const std::function<void()>& part);
-    /// Where a row begins on its page, to name the place of what is wrong with it.
+    /// Where a row begins on its page, to locate what is wrong with it.
     std::size_t offsetOf(RowId row);
 
     Database& database;
@@ -70,7 +70,7 @@ class CheckContext {
     };
     std::map<PageNumber, Claim> claimed;
     std::set<RowId> mapRows;
-    /// Something could not be read, so that not all pages are claimed that have an owner.
+    /// Something could not be read, so some pages that have an owner are not claimed.
     bool incomplete = false;
 
  private:
@@ -82,7 +82,7 @@ void checkTable(CheckContext& context, const TableDefinition& table);
 /// The stored bytes of a row's key columns, kept while its table is checked.
 using RowKeys = std::map<RowId, std::optional<Key>>;
 
-/// Checks a tree against the keys that it has to hold.
+/// Checks a tree against the keys that it must hold.
 void checkIndex(CheckContext& context, const TableDefinition& table, const IndexTree& tree,
                 const RowKeys& rows);
 

@@ -38,8 +38,8 @@ class IndexCheck {
     }
 
  private:
-    /// Visits the pages below one, from left to right. `most` is what the parent says of the last
-    /// entry, if it says anything.
+    /// Visits the pages below one, from left to right. `most` is what the parent says is the
+    /// last entry, if it says anything.
     void visit(PageNumber number, int depth, const std::optional<Bytes>& most) {
         if (depth > kDeepest || !treePages_.insert(number).second) {
             throwDamage(number, 0, rule::kTreeShape);

@@ -1,4 +1,4 @@
-// Relations: the same in both tables and in the catalogue, and kept by the rows.
+// Relations: the same in both tables and in the catalogue, and satisfied by the rows.
 
 #include <algorithm>
 

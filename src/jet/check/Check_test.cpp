@@ -1,4 +1,4 @@
-// Breaks the rules of docs/jet4-format.md, one at a time, and looks whether the check tells.
+// Breaks the rules of docs/jet4-format.md, one at a time, and asserts that the check reports it.
 
 #include "jet/check/Check.h"
 
@@ -28,7 +28,7 @@ class Violations : public ::testing::Test {
     std::size_t rowAt(PageNumber page, std::size_t slot) {
         return DataPage::open(file.database->pages(), page).slot(slot).offset;
     }
-    /// Where bytes stand on a page.
+    /// Where some bytes are on a page.
     std::size_t find(PageNumber page, const Bytes& wanted) {
         const auto begin = good.begin() + page * static_cast<long>(kPageSize);
         return static_cast<std::size_t>(
@@ -39,7 +39,7 @@ class Violations : public ::testing::Test {
         while (find(page, wanted) == kPageSize) ++page;
         return page;
     }
-    /// Where the 12 bytes of an element's preview stand, by their first four.
+    /// Where the 12 bytes of an element's preview are, by their first four.
     std::size_t previewAt(PageNumber page, std::uint32_t word) {
         Bytes wanted;
         append32(wanted, word);
@@ -71,7 +71,7 @@ class Violations : public ::testing::Test {
     std::shared_ptr<const TableDefinition> elements;
 };
 
-TEST_F(Violations, AreTold) {
+TEST_F(Violations, AreReported) {
     const PageNumber group = dataPage(*groups);
     const PageNumber element = dataPage(*elements);
     const std::size_t groupRow = rowAt(group, 0);
@@ -105,19 +105,19 @@ TEST_F(Violations, AreTold) {
     expect("C1", 2, find(2, {'L', 0, 'v', 0, 'P', 0}), {'X'});
 }
 
-TEST_F(Violations, OfIndexesAreTold) {
+TEST_F(Violations, OfIndexesAreReported) {
     const PageNumber leaf = elements->trees[0].root;
     expect("I1", leaf, 27, {0xFF});
     // The first entries share their first four bytes.
     expect("I2", leaf, 480 + 4, {0xFF});
-    // A page in the map, of which the tree knows nothing.
+    // A page in the map that the tree does not use.
     const RowId map = elements->trees[0].map;
     const PageNumber stray = file.database->pages().count() - 1;
     const auto bit = static_cast<std::uint8_t>(1U << (stray % 8));
     expect("M5", map.page, rowAt(map.page, map.slot) + 5 + stray / 8, {bit});
 }
 
-TEST_F(Violations, OfLongValuesAreTold) {
+TEST_F(Violations, OfLongValuesAreReported) {
     const PageNumber element = dataPage(*elements);
     const std::size_t single = previewAt(element, 2000U | 0x40000000U);
     ASSERT_LT(single, kPageSize);
@@ -129,12 +129,12 @@ TEST_F(Violations, OfLongValuesAreTold) {
     ASSERT_LT(chain, kPageSize);
     const auto first = good.begin() + static_cast<long>(element * kPageSize + chain + 4);
     expect("L3", element, single + 4, Bytes(first, first + 4));
-    // The properties of a table stand on a page of another column.
+    // The properties of a table are on a page of another column.
     const PageNumber other = findPage({'M', 'R', '2', 0});
     expect("L4", element, single, {100, 0, 0, 0x40, 0, static_cast<std::uint8_t>(other), 0, 0});
 }
 
-TEST_F(Violations, OfOwnershipAreTold) {
+TEST_F(Violations, OfOwnershipAreReported) {
     // Two indexes with the same root.
     Bytes root;
     append32(root, elements->trees[0].root);

@@ -10,9 +10,9 @@
 
 namespace huebrush::jet {
 
-/// What a database consists of, as objects that are made, given properties and appended to one
-/// another, with the names that the platform's extensions for creating a catalogue have. An object
-/// is described first; appending it to what is stored makes it.
+/// What a database consists of, as objects that are created, given properties and appended to one
+/// another, with the names that they have in the platform's extensions for creating a catalogue. An
+/// object is described first; appending it to what is stored creates it.
 namespace catalogue {
 
 enum class DataType : std::int32_t { adInteger = 3, adVarWChar = 202, adLongVarBinary = 205 };
@@ -71,7 +71,7 @@ class Catalog {
  public:
     explicit Catalog(FileSystem& files) : files_(&files) {}
 
-    /// Makes the file that a connection string names; an error when it exists.
+    /// Creates the file that a connection string names; an error when it exists.
     void Create(const std::string& connection);
     /// Stores a table with its columns and indexes.
     void AppendTable(Table& table);

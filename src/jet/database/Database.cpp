@@ -19,7 +19,7 @@ std::shared_ptr<Database> Database::open(FileSystem& files, const std::string& n
 void Database::load() {
     std::shared_ptr<File> file = files_->open(name_);
     header_ = readHeader(*file, name_);
-    // What is put away has the rights of the file, and is gone before the lock is.
+    // The scratch file has the rights of the file, and is removed before the lock is.
     pages_ = std::make_unique<Pages>(
         std::move(file), [this] { return lock_->replacement(); }, memory_);
     space_ = std::make_unique<Space>(*pages_, header_->freeMap);
@@ -142,8 +142,8 @@ void Database::inOneCommit(const std::function<void()>& body) {
     if (--groups_ == 0) commit();
 }
 
-/// Writes a whole new file, which takes the place of the old one: other programs see the one or the
-/// other. Without success, what was to be written is forgotten.
+/// Writes a whole new file, which takes the place of the old one: other programs see one or the
+/// other. If that fails, what was to be written is discarded.
 void Database::commit() {
     const std::unique_ptr<Lock> lock = std::move(lock_);
     if (!pages_ || !pages_->changed()) return;

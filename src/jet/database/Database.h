@@ -15,18 +15,17 @@
 
 namespace huebrush::jet {
 
-/// A database file. Reading sees the file as it was when it was last looked at (`refresh`), plus
-/// what this object has changed; a change locks the file against other writers, and is in the file
-/// completely or not at all.
+/// A database file. Reading sees the file as of the last `refresh`, plus what this object has
+/// changed; a change locks the file against other writers, and is written completely or not at all.
 class Database {
  public:
-    /// Errors for what cannot be opened, with the reason; see readHeader. As many pages as `memory`
-    /// says are kept in memory.
+    /// Errors for what cannot be opened, with the reason; see readHeader. `memory` is the number of
+    /// pages kept in memory.
     static std::shared_ptr<Database> open(FileSystem& files, const std::string& name,
                                           std::size_t memory = Pages::kUsualMemory);
 
-    /// Makes a new, empty database of a file that does not exist yet: `fill` makes its pages and
-    /// rows, and then the whole file appears. An error when the name is taken.
+    /// Creates a new, empty database in a file that does not exist yet: `fill` creates its pages
+    /// and rows, and then the whole file appears. An error when the name is taken.
     using Fill = std::function<void(Database& database)>;
     static void create(FileSystem& files, const std::string& name, RowId freeMap,
                        const std::function<void(Pages& pages)>& makePages, const Fill& fill);
@@ -43,14 +42,14 @@ class Database {
     /// What the catalogue lists.
     const std::vector<StoredObject>& objects();
 
-    /// Looks at the file again if another program has replaced it.
+    /// Reads the file again if another program has replaced it.
     void refresh();
 
-    /// Runs a body that changes pages. When it throws, all that it did is taken back; else the
-    /// change is written, or waits for the end of the commit group.
+    /// Runs a body that changes pages. When it throws, everything it did is undone; otherwise
+    /// the change is written, or waits for the end of the commit group.
     void change(const std::function<void()>& body);
-    /// Runs a body whose changes are written in one commit, also when it ends by an error: what
-    /// was done up to the error stays done.
+    /// Runs a body whose changes are written in one commit, even when it ends with an error: what
+    /// was done before the error stays done.
     void inOneCommit(const std::function<void()>& body);
 
     /// The catalogue or a definition has changed.

@@ -159,7 +159,7 @@ std::array<SystemTable, 4> systemTables() {
     return {std::move(objects), std::move(entries), std::move(queries), std::move(relationships)};
 }
 
-/// The map rows of all tables stand on one page, in the order in which they are needed.
+/// The map rows of all tables are on one page, in the order in which they are needed.
 class MapRows {
  public:
     RowId next() { return {kMapPage, next_++}; }

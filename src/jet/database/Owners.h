@@ -15,7 +15,7 @@ struct TableMap {
         rows,        ///< the data pages
         longValues,  ///< the pages of a long-value column
         index,       ///< the pages of a tree
-        room,        ///< those of the two first that have room for more
+        room,        ///< those of the first two that have room for more
     };
 
     RowId where;
@@ -28,7 +28,7 @@ struct TableMap {
 std::vector<TableMap> mapsOf(const TableDefinition& table);
 
 /// Finds the owner of every page. Damage when a page has two, or when a map names a page that is
-/// not in the file: then nobody knows what may be written to.
+/// not in the file: then it is not known what may be written to.
 PageOwners readOwners(Pages& pages, const Header& header, const std::vector<StoredObject>& objects);
 
 }  // namespace huebrush::jet

@@ -7,7 +7,7 @@
 
 namespace huebrush::jet {
 
-/// One side of a relation as a table's definition tells it, with the other side found.
+/// One side of a relation as a table's definition describes it, with the other side found.
 struct Relation {
     const LogicalIndex* here = nullptr;
     std::shared_ptr<const TableDefinition> table;

@@ -81,7 +81,7 @@ Column makeColumn(const NewColumn& given, std::size_t number) {
     return column;
 }
 
-/// Gives out rows for usage maps on a page, and another page when it is full.
+/// Allocates rows for usage maps on a page, and on another page when it is full.
 class MapSource {
  public:
     MapSource(Pages& pages, Space& space, PageNumber page)
@@ -225,7 +225,7 @@ const Column& requireColumn(const TableDefinition& table, const std::string& nam
     return *column;
 }
 
-/// The child's tree on its column: one that is there, or a new one with the rows that are there.
+/// The child's tree on its column: an existing one, or a new one with the existing rows.
 std::uint32_t childTree(Database& database, TableDefinition& table, const Column& column,
                         DefinitionCounters& counters) {
     for (std::uint32_t i = 0; i < table.trees.size(); ++i) {
@@ -378,7 +378,7 @@ void setColumnProperty(Database& database, const std::string& tableName, const s
         if (found != properties.end()) {
             found->value = wanted.value;
         } else {
-            // Behind the column's other ones, which stand together.
+            // After the column's other ones, which are together.
             auto at = properties.end();
             while (at != properties.begin() && std::prev(at)->owner != column) --at;
             properties.insert(at == properties.begin() ? properties.end() : at, wanted);

@@ -7,7 +7,7 @@
 
 namespace huebrush::jet {
 
-/// The making of databases and of what they consist of, as the Jet 4 provider does it.
+/// Creates databases and what they consist of, as the Jet 4 provider does.
 
 struct NewColumn {
     std::string name;
@@ -50,7 +50,7 @@ void createTable(Database& database, const NewTable& given);
 void setColumnProperty(Database& database, const std::string& tableName, const std::string& column,
                        const std::string& property, bool value);
 
-/// A relation that is enforced and does not cascade. Rows that are there already must keep it.
+/// A relation that is enforced and does not cascade. Existing rows must satisfy it.
 void createRelation(Database& database, const NewRelation& relation);
 
 }  // namespace huebrush::jet

@@ -35,7 +35,7 @@ struct StoredObject {
     Bytes properties;
 
     bool isTable() const { return type == StoredObjectType::kTable; }
-    /// Neither one of the system's own nor hidden by it.
+    /// Neither one of the system's own objects nor hidden by it.
     bool isUserTable() const;
 };
 

@@ -14,9 +14,9 @@ namespace {
 
 using base::text;
 
-/// As many characters of a memo are stored with one byte each.
+/// Up to this many characters of a memo are stored with one byte each.
 constexpr std::size_t kMostCompressedMemo = 1024;
-/// Where the number of distinct keys of a tree stands in its definition.
+/// Where the number of distinct keys of a tree is in its definition.
 constexpr std::size_t kDistinctKeys = 4;
 
 std::string columnNames(const TableDefinition& table, const IndexTree& tree) {
@@ -123,7 +123,7 @@ RowPages Table::longValuePages(const Column& column) {
             kLongValueOwner};
 }
 
-/// What cannot be kept in order is not touched.
+/// A table that cannot be kept in order is not written to.
 void Table::requireWritable() const {
     const auto refuse = [&](const std::string& reason) {
         throw base::Error(ErrorNumber::kReadOnly,
@@ -219,7 +219,7 @@ void Table::checkRequired(const Fields& fields) const {
     }
 }
 
-/// Each row that refers to another one refers to one that is there.
+/// Each row that refers to another one refers to an existing one.
 void Table::checkParents(const Fields& fields, const Fields* before) const {
     for (const Relation& each : relationsOf(*database_, table_, LogicalIndex::Side::child)) {
         const auto key = keyInOther(each, valuesOf(fields));
@@ -235,7 +235,7 @@ void Table::checkParents(const Fields& fields, const Fields* before) const {
     }
 }
 
-/// A row to which others refer keeps what they refer by.
+/// A row to which others refer keeps the value by which they do.
 void Table::checkChildren(const Fields& before, const Fields* after) const {
     for (const Relation& each : relationsOf(*database_, table_, LogicalIndex::Side::parent)) {
         const auto key = keyInOther(each, valuesOf(before));
@@ -325,7 +325,7 @@ void Table::update(RowId id, const Values& values) {
     addToIndexes(id, after, &before);
 }
 
-/// A row that does not fit where it is moves to another page; its slot keeps the way there.
+/// A row that does not fit where it is moves to another page; its slot then points there.
 void Table::writeRow(RowId id, const Bytes& row) {
     RowPages pages = rowPages();
     const RowId place = *placeOfRow(database_->pages(), *table_, id);

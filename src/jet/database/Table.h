@@ -12,14 +12,14 @@
 namespace huebrush::jet {
 
 /// The rows of a table, to read and to change. A change keeps all that depends on a row: its long
-/// values, every index, the relations, the counters. It is refused by an Error that says what was
+/// values, every index, the relations, the counters. It is refused with an Error that says what was
 /// refused and why.
 ///
-/// REQUIRES for insert, update and remove: inside Database::change, which takes back what a refusal
+/// REQUIRES for insert, update and remove: inside Database::change, which undoes what a refusal
 /// has left half done.
 ///
-/// A table is a view for a moment: it is not used any more when the database was refreshed or a
-/// change was taken back.
+/// A table is a short-lived view: it must not be used once the database was refreshed or a change
+/// was undone.
 class Table {
  public:
     Table(Database& database, const std::string& name);

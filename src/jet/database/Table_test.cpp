@@ -244,12 +244,12 @@ TEST_F(Tables, AGroupIsWrittenInOneCommit) {
     file.files.record();
     database.inOneCommit([&] {
         addPalette(database, "a", {1, 2, 3});
-        EXPECT_TRUE(file.files.deeds.empty());
+        EXPECT_TRUE(file.files.actions.empty());
         EXPECT_EQ(allRows(database, "TFillElementParameter").size(), 3U);
     });
     std::size_t replaced = 0;
-    for (const auto& deed : file.files.deeds) {
-        if (deed.kind == MemoryFiles::Deed::Kind::replace) ++replaced;
+    for (const auto& action : file.files.actions) {
+        if (action.kind == MemoryFiles::Action::Kind::replace) ++replaced;
     }
     EXPECT_EQ(replaced, 1U);
 }
@@ -302,7 +302,7 @@ TEST_F(Tables, ATableWithAnUnknownOrderIsNotWritten) {
         EXPECT_EQ(error.number(), ErrorNumber::kReadOnly);
     }
     EXPECT_EQ(*file.files.files.at(PaletteFile::kName), before);
-    // The palettes' own tables can be written all the same.
+    // The palettes' own tables can still be written.
     EXPECT_EQ(addPalette(*czech, "a", {10}), 1);
     file.database->refresh();
 }
@@ -335,7 +335,7 @@ TEST(Database, RefusesWhatItDoesNotOpen) {
               ErrorNumber::kNotSupported);
 }
 
-TEST(Database, AFileCutOffIsDamageAndNoMore) {
+TEST(Database, ATruncatedFileIsDamageAndNothingWorse) {
     PaletteFile file;
     file.files.files.at(PaletteFile::kName)->resize(5 * kPageSize);
     const auto cut = Database::open(file.files, PaletteFile::kName);

@@ -13,7 +13,7 @@ using Bytes = std::vector<std::uint8_t>;
 using ByteView = std::span<const std::uint8_t>;
 
 /// Reads numbers out of a stretch of a page. Everything is little-endian but the *Big functions,
-/// which serve index entries. What lies outside of the stretch is damage, told with its place.
+/// which serve index entries. What lies outside the stretch is damage, reported with its place.
 class Reader {
  public:
     /// `origin` is the place of the first byte on its page.
@@ -57,7 +57,7 @@ class Reader {
     std::size_t origin_;
 };
 
-/// Writes numbers into a stretch of a page. A place outside of it is an internal error.
+/// Writes numbers into a stretch of a page. A place outside it is an internal error.
 class Writer {
  public:
     explicit Writer(std::span<std::uint8_t> bytes) : bytes_(bytes) {}
@@ -74,7 +74,7 @@ class Writer {
     std::span<std::uint8_t> bytes_;
 };
 
-/// Numbers and bytes put at the end of a growing buffer.
+/// Appends numbers and bytes to a growing buffer.
 void append(Bytes& out, ByteView bytes);
 void append8(Bytes& out, std::size_t value);
 void append16(Bytes& out, std::size_t value);

@@ -16,7 +16,7 @@ TEST(Reader, ReadsLittleEndianNumbersAndBigEndianOnesOfIndexEntries) {
     EXPECT_EQ(in.u32Big(0), 0x01020384U);
 }
 
-TEST(Reader, TellsPageOffsetAndRuleOfWhatLiesOutside) {
+TEST(Reader, ReportsPageOffsetAndRuleOfWhatLiesOutside) {
     const Bytes bytes(8, 0);
     const Reader part = Reader(bytes, 7).part(2, 4);
     try {

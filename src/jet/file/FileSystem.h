@@ -25,8 +25,8 @@ class File {
     virtual bool isCurrent() = 0;
 };
 
-/// A file in the making; nobody sees it before it is published, and nothing is left of one that
-/// never is.
+/// A file in the making; nobody sees it before it is published, and one that never is leaves
+/// nothing behind.
 class NewFile {
  public:
     NewFile() = default;
@@ -37,8 +37,8 @@ class NewFile {
     virtual void write(std::uint64_t at, ByteView bytes) = 0;
     /// Reads what was written.
     virtual void read(std::uint64_t at, std::span<std::uint8_t> out) = 0;
-    /// Brings the file to the medium and gives it its name, in one step. Returns it, open for
-    /// reading. Until this object ends, no other writer of ours has a lock on it.
+    /// Writes the file to the medium and gives it its name, in one step. Returns it, open for
+    /// reading. Until this object ends, no other writer of ours can lock it.
     virtual std::unique_ptr<File> publish() = 0;
 };
 
@@ -51,7 +51,7 @@ class Lock {
     Lock& operator=(const Lock&) = delete;
     virtual ~Lock() = default;
 
-    /// A file that is to take the place of the locked one, with its rights. Its publishing is an
+    /// A file that is to take the place of the locked one, with its rights. Publishing it is an
     /// error when, in this last moment, another program has the old file open for writing or has
     /// changed it since it was locked: then the old one stays. The lock outlives the new file.
     virtual std::unique_ptr<NewFile> replacement() = 0;

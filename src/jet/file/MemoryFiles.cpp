@@ -8,7 +8,7 @@ namespace huebrush::jet {
 
 namespace {
 
-using Kind = MemoryFiles::Deed::Kind;
+using Kind = MemoryFiles::Action::Kind;
 
 void readFrom(const Bytes& content, const std::string& name, std::uint64_t at,
               std::span<std::uint8_t> out) {
@@ -43,7 +43,7 @@ class MemoryFile final : public File {
     MemoryFiles::Content content_;
 };
 
-/// A lock for a lifetime.
+/// A lock, held as long as the object lives.
 class Hold {
  public:
     Hold(MemoryFiles& system, MemoryFiles::Content content)
@@ -66,7 +66,7 @@ class Hold {
     throw base::Error(ErrorNumber::kAlreadyExists, base::text("Soubor „", name, "“ už existuje."));
 }
 
-/// What is left of a killed program's is overwritten.
+/// What a killed program has left is overwritten.
 class MemoryNewFile final : public NewFile {
  public:
     MemoryNewFile(MemoryFiles& system, std::string name, bool replaces)
@@ -88,7 +88,7 @@ class MemoryNewFile final : public NewFile {
         try {
             system_.call("remove");
             remove();
-        } catch (const base::Error&) {  // NOLINT(bugprone-empty-catch): another error is told
+        } catch (const base::Error&) {  // NOLINT(bugprone-empty-catch): another error is reported
         }
     }
 
@@ -146,8 +146,8 @@ class MemoryLock final : public Lock {
 
 }  // namespace
 
-void MemoryFiles::note(Deed deed) {
-    if (recording) deeds.push_back(std::move(deed));
+void MemoryFiles::note(Action action) {
+    if (recording) actions.push_back(std::move(action));
 }
 
 std::unique_ptr<File> MemoryFiles::open(const std::string& name) {

@@ -10,14 +10,14 @@
 
 namespace huebrush::jet {
 
-/// Files in memory: a place to make a database in before it is written somewhere, and a medium that
-/// tests look at. A file in the making is one beside the file that it will be. Before each call of
-/// the system `onCall` may throw, as a failing disk does; then the call does nothing.
+/// Files in memory: a place to create a database in before it is written somewhere, and a medium
+/// that tests inspect. A file in the making is one beside the file that it will be. Before each
+/// call of the system `onCall` may throw, as a failing disk does; then the call does nothing.
 class MemoryFiles final : public FileSystem {
  public:
     using Content = std::shared_ptr<Bytes>;
     /// One thing done to the medium, in the order in which it was asked for.
-    struct Deed {
+    struct Action {
         enum class Kind { create, write, sync, replace, moveNew, remove, syncFolder };
         Kind kind;
         std::string name;
@@ -35,16 +35,16 @@ class MemoryFiles final : public FileSystem {
     /// The name that a file has until it is published.
     static std::string beside(const std::string& name) { return name + ".new"; }
 
-    /// Keeps a list of all deeds from now on.
+    /// Records all actions from now on.
     void record() { recording = true; }
-    void note(Deed deed);
+    void note(Action action);
     void call(const char* what) const {
         if (onCall) onCall(what);
     }
 
     std::map<std::string, Content> files;
     std::function<void(const char*)> onCall;
-    std::vector<Deed> deeds;
+    std::vector<Action> actions;
     bool recording = false;
     /// A lock is held on a content, as on a file whose name may come to lead elsewhere.
     std::shared_ptr<std::set<Content>> locked = std::make_shared<std::set<Content>>();

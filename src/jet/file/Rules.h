@@ -18,7 +18,7 @@ namespace rule {
 inline constexpr Rule kWithinBytes{"B1", "a field reaches beyond its page or row"};
 inline constexpr Rule kFileSize{"F1", "the file does not consist of whole pages of 4096 bytes"};
 inline constexpr Rule kPageExists{"F2", "a pointer leads to a page beyond the end of the file"};
-inline constexpr Rule kPageType{"F3", "the page is not of the type that its user expects"};
+inline constexpr Rule kPageType{"F3", "the page is not of the expected type"};
 inline constexpr Rule kOneOwner{"F4", "the page belongs to more than one object"};
 inline constexpr Rule kFileWhole{"F5",
                                  "the page is marked as used but lies beyond the end of the file"};
@@ -26,7 +26,7 @@ inline constexpr Rule kFileWhole{"F5",
 inline constexpr Rule kMapForm{"M1", "the page map has an unknown form"};
 inline constexpr Rule kMapPage{"M2", "a page and the page maps of its object disagree"};
 inline constexpr Rule kUsedNotFree{"M3", "the page is in use but marked as free"};
-inline constexpr Rule kOwned{"M4", "the page belongs to nothing but is not marked as free"};
+inline constexpr Rule kOwned{"M4", "the page is orphaned but not marked as free"};
 inline constexpr Rule kMapOfTree{"M5", "the page is in the map of an index that does not use it"};
 
 inline constexpr Rule kSlotTable{"D1", "the table of row slots does not fit on the page"};
@@ -44,8 +44,8 @@ inline constexpr Rule kRequired{"R4", "a required column has no value"};
 inline constexpr Rule kLongForm{"L1", "a long value has an unknown form"};
 inline constexpr Rule kLongLength{"L2", "a long value and its parts differ in length"};
 inline constexpr Rule kLongOnce{"L3", "a part of a long value belongs to two values"};
-inline constexpr Rule kLongOwned{"L4", "a part of a long value is on a page of something else"};
-inline constexpr Rule kLongUsed{"L5", "a part of a long value belongs to no value"};
+inline constexpr Rule kLongOwned{"L4", "a part of a long value is on another object's page"};
+inline constexpr Rule kLongUsed{"L5", "a part of a long value is orphaned: no value uses it"};
 
 inline constexpr Rule kDefinition{"T1", "the table definition is incomplete"};
 inline constexpr Rule kColumns{"T2", "the table has duplicate column numbers or unknown types"};
@@ -55,7 +55,7 @@ inline constexpr Rule kAutonumber{"T5", "the autonumber counter is behind the ro
 
 inline constexpr Rule kEntries{"I1", "the entries of the index page do not fit its mask"};
 inline constexpr Rule kEntryOrder{"I2", "index entries are out of order"};
-inline constexpr Rule kTreeShape{"I3", "the index tree is torn or of uneven depth"};
+inline constexpr Rule kTreeShape{"I3", "the index tree is broken or of uneven depth"};
 inline constexpr Rule kLeafChain{"I4", "the leaves of the index are linked in the wrong order"};
 inline constexpr Rule kNodeKey{"I5", "a node does not hold the last entry of its child"};
 inline constexpr Rule kEntryForRow{"I6", "the rows and the entries of an index do not match"};

@@ -91,7 +91,7 @@ std::uint8_t addRow(Page& page, PageNumber number, ByteView row, std::uint16_t f
 
 bool setRow(Page& page, PageNumber number, std::uint8_t slot, ByteView row, std::uint16_t flags) {
     const DataPage view = viewOf(page, number);
-    // On a damaged page the rows below need not lie below.
+    // On a damaged page the rows of later slots need not be below.
     for (std::size_t i = slot; i < view.slotCount(); ++i) view.slot(i);
     const DataPage::Slot old = view.slot(slot);
     const std::size_t free = view.freeBytes() + old.size();

@@ -32,7 +32,7 @@ class DataPage {
         bool deleted() const { return flags == SlotFlag::kDeleted; }
     };
 
-    /// Damage when the page is none of rows.
+    /// Damage when the page is not one of rows.
     static DataPage open(Pages& pages, PageNumber number);
     DataPage(PagePointer page, PageNumber number);
 
@@ -43,7 +43,7 @@ class DataPage {
     std::size_t slotCount() const { return slotCount_; }
     Slot slot(std::size_t index) const;
     Reader row(const Slot& slot) const { return reader().part(slot.offset, slot.size()); }
-    /// What really is free: the gap between slot table and rows.
+    /// What is really free: the gap between slot table and rows.
     std::size_t freeBytes() const;
     bool hasRows() const;
     const PagePointer& page() const { return page_; }
@@ -56,7 +56,7 @@ class DataPage {
     std::size_t slotCount_;
 };
 
-/// Makes a page an empty data page.
+/// Turns a page into an empty data page.
 void clearDataPage(Page& page, std::uint32_t owner, std::uint32_t stamp = 0);
 
 /// Whether a row of that size can be added.

@@ -21,7 +21,7 @@ class DataPages : public ::testing::Test {
     Page page{};
 };
 
-TEST_F(DataPages, RowsStackFromTheEndAndTheFreeBytesAreTold) {
+TEST_F(DataPages, RowsStackFromTheEndAndTheFreeBytesAreCounted) {
     add(Bytes(10, 1));
     add(Bytes(20, 2));
     EXPECT_EQ(view().slot(0).offset, 4086U);

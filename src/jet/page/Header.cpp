@@ -70,22 +70,22 @@ Header readHeader(File& file, const std::string& name) {
     file.read(0, std::span(page).first(
                      static_cast<std::size_t>(std::min<std::uint64_t>(size, kPageSize))));
     if (hasText(page, kSignatureAt, kNewerSignature)) {
-        refuse(ErrorNumber::kNotSupported, name, "it has a newer format than that of Access 2000");
+        refuse(ErrorNumber::kNotSupported, name, "its format is newer than that of Access 2000");
     }
     if (!hasText(page, kSignatureAt, kSignature)) {
         refuse(ErrorNumber::kNotADatabase, name, "it is not an Access database");
     }
     if (page[kVersionAt] == 0) {
-        refuse(ErrorNumber::kNotSupported, name, "it has an older format than that of Access 2000");
+        refuse(ErrorNumber::kNotSupported, name, "its format is older than that of Access 2000");
     }
     if (page[kVersionAt] != 1) {
-        refuse(ErrorNumber::kNotSupported, name, "it has a newer format than that of Access 2000");
+        refuse(ErrorNumber::kNotSupported, name, "its format is newer than that of Access 2000");
     }
-    if (size < kPageSize) refuse(ErrorNumber::kDamaged, name, "the file is cut off");
+    if (size < kPageSize) refuse(ErrorNumber::kDamaged, name, "the file is truncated");
     applyHeaderMask(std::span(page).subspan(kRegion, kRegionSize));
     const Reader in(page, 0);
     if (in.u32(kPageKey) != 0) refuse(ErrorNumber::kNotSupported, name, "it is encrypted");
-    if (hasPassword(in)) refuse(ErrorNumber::kPassword, name, "it has a password");
+    if (hasPassword(in)) refuse(ErrorNumber::kPassword, name, "it is protected by a password");
     return {RowId::of(in.u32(kFreeMap)), in.u32(kSystemTables), in.u32(kSystemTables + 4),
             in.u32(kSystemTables + 8), in.u32(kSystemTables + 12)};
 }

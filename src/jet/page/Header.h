@@ -5,7 +5,7 @@
 
 namespace huebrush::jet {
 
-/// What the first page says of a database.
+/// What the first page says about a database.
 struct Header {
     RowId freeMap;
     PageNumber objects = 0;  ///< the definition pages of the four system tables
@@ -14,14 +14,14 @@ struct Header {
     PageNumber relationships = 0;
 };
 
-/// Reads the header of the file. Errors for what is no database, and for databases that this engine
-/// does not open: other versions, with a password, encrypted.
+/// Reads the header of the file. Errors for what is not a database, and for databases that this
+/// engine does not open: other versions, with a password, encrypted.
 Header readHeader(File& file, const std::string& name);
 
-/// XORs the bytes with the stream by which the header is encoded; the same back and forth.
+/// XORs the bytes with the stream by which the header is encoded; the same in both directions.
 void applyHeaderMask(std::span<std::uint8_t> region);
 
-/// Places in the header, for who writes one.
+/// Places in the header, for code that writes one.
 namespace HeaderLayout {
 inline constexpr std::size_t kRegion = 0x18;
 inline constexpr std::size_t kRegionSize = 128;

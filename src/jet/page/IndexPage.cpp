@@ -62,7 +62,7 @@ class Mask {
     const std::uint8_t* bytes_;
 };
 
-/// Moves the ends beyond a place up, of which the last is `end`, and sets one between.
+/// Moves the ends beyond a place up, the last of which is `end`, and sets one in between.
 void insertEnd(Page& page, std::size_t at, std::size_t size, std::size_t end) {
     const Mask mask(page);
     std::array<std::uint64_t, Mask::kWords> moved{};
@@ -109,7 +109,7 @@ void visitStored(const Reader& in, const Visit& visit) {
             in.require(
                 end <= IndexPage::kRoom && end - start + shared > least && end - start > trailer,
                 kEntries + start, rule::kEntries);
-            // The first entry is whole, and has what the others share with it.
+            // The first entry is complete, and holds what the others share with it.
             if (start == 0) first = end - trailer;
             in.require(shared <= first, kPrefix, rule::kEntries);
             visit(start, end);
@@ -224,13 +224,13 @@ std::size_t IndexPage::middle() const {
     const std::size_t half = data_.size() / 2;
     const auto found = std::lower_bound(ends_.begin(), ends_.end(), half);
     const auto at = static_cast<std::size_t>(found - ends_.begin());
-    // The entry over the middle goes to the side that has more room for it.
+    // The entry across the middle goes to the side that has more room for it.
     const std::size_t before = at == 0 ? 0 : ends_[at - 1];
     const bool left = ends_[at] - half <= half - before;
     return std::clamp<std::size_t>(left ? at + 1 : at, 1, count() - 1);
 }
 
-/// What all entries begin with, short of the last byte of a key.
+/// What all entries begin with, but for the last byte of a key.
 std::size_t IndexPage::prefix() const {
     if (count() < 2) return 0;
     const ByteView low = entry(0);
@@ -356,9 +356,9 @@ PageNumber StoredIndexPage::child(std::size_t at) const {
 }
 
 bool StoredIndexPage::takes(std::size_t at, ByteView entry) const {
-    // With one entry, what two of them share is still to be found.
+    // With one entry, what two entries will share is not known yet.
     if (at == 0 || nextEnd(0) == end_) return false;
-    // A part of the key stays outside of what is shared, as in every entry.
+    // Part of the key stays outside what is shared, as in every entry.
     if (entry.size() <= prefix_ + IndexPage::kRowPointer) return false;
     if (end_ + entry.size() - prefix_ > IndexPage::kRoom) return false;
     return compareBytes(shared(at), entry.first(prefix_)) == 0;

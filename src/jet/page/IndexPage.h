@@ -7,7 +7,7 @@
 
 namespace huebrush::jet {
 
-/// A page of a B-tree, taken apart. An entry is a key and the pointer to its row; in a node each
+/// A page of a B-tree, decoded. An entry is a key and the pointer to its row; in a node each
 /// entry is a copy of the last one of a child, and the last child has none.
 class IndexPage {
  public:
@@ -30,7 +30,7 @@ class IndexPage {
 
     void insert(std::size_t at, ByteView entry);
     void erase(std::size_t at);
-    /// Adds all entries of another page behind these.
+    /// Appends all entries of another page.
     void append(const IndexPage& other);
     /// Leaves the first `kept` entries here and returns a page with the others.
     IndexPage splitOff(std::size_t kept, PageNumber number);
@@ -57,8 +57,8 @@ class IndexPage {
     std::vector<std::size_t> ends_;
 };
 
-/// A page of a B-tree as it is stored, searched without being taken apart. An entry's place is the
-/// byte at which it begins; behind the last one is `end()`.
+/// A page of a B-tree as it is stored, searched without being decoded. An entry's place is the byte
+/// at which it begins; after the last one is `end()`.
 class StoredIndexPage {
  public:
     /// Damage when the page breaks a rule.
@@ -76,7 +76,8 @@ class StoredIndexPage {
     bool startsWith(std::size_t at, ByteView start) const;
     /// Of a node: the page below the entry at a place.
     PageNumber child(std::size_t at) const;
-    /// Whether an entry can be put into a leaf at a place with nothing else changing its form.
+    /// Whether an entry can be inserted into a leaf at a place without changing any other one's
+    /// form.
     bool takes(std::size_t at, ByteView entry) const;
 
  private:
@@ -93,7 +94,7 @@ class StoredIndexPage {
     std::size_t end_;
 };
 
-/// Puts an entry into a leaf, at a place where StoredIndexPage::takes it.
+/// Inserts an entry into a leaf, at a place where StoredIndexPage::takes it.
 void insertStored(Pages& pages, PageNumber number, std::size_t at, ByteView entry);
 
 /// The row that an entry is for, and its key.

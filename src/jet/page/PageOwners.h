@@ -7,8 +7,8 @@
 
 namespace huebrush::jet {
 
-/// Which pages of a file belong to something, by what its tables and maps say of themselves, and
-/// which tables there are. See readOwners.
+/// Which pages of a file belong to something, according to its tables and maps, and which tables
+/// there are. See readOwners.
 class PageOwners {
  public:
     bool has(PageNumber page) const { return page < owned_.size() && owned_[page]; }

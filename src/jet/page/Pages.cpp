@@ -10,7 +10,7 @@ namespace {
 /// 2 GB less one page, so that every offset fits a signed 32-bit number.
 constexpr PageNumber kLargestFile = 524287;
 constexpr std::size_t kPagesAWrite = 64;
-/// Of the pages in memory, as many more may be versions that undo needs.
+/// In addition to the pages in memory, up to this many may be versions that undo needs.
 constexpr std::size_t kShareOfVersions = 4;
 
 }  // namespace
@@ -72,8 +72,8 @@ Pages::Frame& Pages::keep(PageNumber number, std::shared_ptr<Page> page) {
     return frame;
 }
 
-/// Which pages leave the memory does not matter much: those in use are soon back. All of them at
-/// once need no book of their use.
+/// Which pages leave the memory does not matter much: those in use are soon back. Removing all of
+/// them at once needs no record of their use.
 void Pages::putAllAway() {
     if (store_.usable()) {
         slots_.resize(count_);
@@ -107,7 +107,7 @@ PagePointer Pages::readSound(PageNumber number, Check check) {
 Page& Pages::change(PageNumber number) {
     Frame& frame = load(number);
     touch(number, frame);
-    // Whoever holds the page goes on seeing it as it was.
+    // Whoever holds the page keeps seeing it as it was.
     if (frame.page.use_count() > 1) frame.page = std::make_shared<Page>(*frame.page);
     frame.changed = true;
     frame.sound = false;

@@ -33,7 +33,7 @@ class PageStore {
     using Slot = std::uint32_t;
     using MakeFile = std::function<std::unique_ptr<NewFile>()>;
 
-    /// The file is made when the first page is put away, and never published.
+    /// The file is created when the first page is put away, and never published.
     explicit PageStore(MakeFile makeFile) : makeFile_(std::move(makeFile)) {}
 
     bool usable() const { return makeFile_ != nullptr; }
@@ -56,13 +56,13 @@ class PageStore {
 /// any size. A page pointer stays valid and unchanged however long it is held.
 ///
 /// Whatever changes pages runs inside Database::change, which locks the file against other writers
-/// and takes back what an error has left unfinished.
+/// and undoes what an error has left unfinished.
 class Pages {
  public:
     static constexpr std::size_t kUsualMemory = 4096;
 
-    /// `scratch` makes the scratch file; without it all changed pages stay in memory. `memory`: as
-    /// many pages are kept there.
+    /// `scratch` creates the scratch file; without it all changed pages stay in memory. `memory` is
+    /// the number of pages kept there.
     explicit Pages(std::shared_ptr<File> file, PageStore::MakeFile scratch = nullptr,
                    std::size_t memory = kUsualMemory);
     /// A file to be: no page yet.
@@ -72,23 +72,23 @@ class Pages {
 
     /// A page as it is now. Damage when the file has no such page.
     PagePointer read(PageNumber number);
-    /// The same, which must be of a type; the place that refers to it is told when it is not.
+    /// The same, which must be of a type; if it is not, the place that refers to it is reported.
     PagePointer read(PageNumber number, std::uint8_t type);
-    /// A page to change, at once: the reference holds until the next call of this object.
+    /// A page to change at once: the reference is valid until the next call of this object.
     Page& change(PageNumber number);
     /// A new page of zeros at the end. An error beyond 2 GB.
     PageNumber append();
 
-    /// A page that was found sound since it was last changed or brought into memory: `check`, which
-    /// throws if it is not, looks at it only once. All users of a page use the same check.
+    /// A page that is known to be sound: `check`, which throws if it is not, runs only once after
+    /// the page was last changed or brought into memory. All users of a page use the same check.
     using Check = void (*)(const Page& page, PageNumber number);
     PagePointer readSound(PageNumber number, Check check);
-    /// Says of a page that was just changed that it is still sound.
+    /// Marks a page that was just changed as still sound.
     void noteSound(PageNumber number) { load(number).sound = true; }
 
     bool changed() const { return changedPages_ != 0; }
 
-    /// From here on, undo takes back what is changed until the next mark.
+    /// From here on, undo reverts what is changed until the next mark.
     void mark();
     void undo();
 
@@ -104,7 +104,7 @@ class Pages {
     /// A page in memory.
     struct Frame {
         std::shared_ptr<Page> page;
-        bool changed = false;  ///< it differs from what its slot or else the file has
+        bool changed = false;  ///< it differs from its slot, or else from the file
         bool sound = false;
     };
     /// What a changed page was before it was changed again: in memory, else in a slot.

@@ -4,9 +4,9 @@ namespace huebrush::jet {
 
 namespace {
 
-/// A page with less room than this is not looked at for further rows.
+/// A page with less room than this is not considered for further rows.
 constexpr std::size_t kUsefulRoom = 256;
-/// As many pages are tried for a row before it gets a new one.
+/// The number of pages that are tried for a row before it gets a new one.
 constexpr int kMostTries = 16;
 
 }  // namespace
@@ -31,7 +31,7 @@ void RowPages::noteRoom(PageNumber page) {
     }
 }
 
-/// Maps may be wrong: what they name is looked at before it is written to.
+/// Maps may be wrong: the pages that they name are checked before they are written to.
 DataPage RowPages::openOwn(PageNumber page) const {
     DataPage data = DataPage::open(*pages_, page);
     if (data.owner() != owner_) throwDamage(page, 4, rule::kOwner);

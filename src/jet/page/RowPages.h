@@ -4,12 +4,12 @@
 
 namespace huebrush::jet {
 
-/// The data pages of one table or of one long-value column: finds room for rows, and gives back
+/// The data pages of one table or of one long-value column: finds room for rows, and frees
 /// pages that have none left. Damage when a page is written to that is not in the map of owned
 /// pages or names another owner.
 class RowPages {
  public:
-    /// A free map of page 0 means that each row gets a page of its own.
+    /// With page 0 as the free map, each row gets a page of its own.
     RowPages(Pages& pages, Space& space, RowId owned, RowId free, std::uint32_t owner)
         : pages_(&pages),
           space_(&space),

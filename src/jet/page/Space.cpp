@@ -22,8 +22,8 @@ void Space::begin(PageOwners owners) {
     }
 }
 
-/// Gives the page a bit of its own. The pages of the file that get one with it count as used, as
-/// they did without; those to come are free.
+/// Gives the page a bit of its own. Pages of the file that get one along with it count as used, as
+/// they did without; future ones are free.
 void Space::cover(PageNumber page) {
     const PageNumber end = pages_->count();
     free_.cover(
@@ -37,8 +37,8 @@ void Space::markUsed(PageNumber page) {
     free_.drop(page);
 }
 
-/// Whether a page that the map calls free is to be used. Other programs leave in a freed page what
-/// it had, so that it may still name a table that exists: such a page is left alone.
+/// Whether a page that the map calls free is to be used. Other programs leave the content
+/// of a freed page, so that it may still name a table that exists: such a page is left alone.
 bool Space::mayUse(PageNumber page) const {
     if (page < kFirstPageToGive || owners_.has(page)) throwDamage(page, 0, rule::kUsedNotFree);
     const PagePointer content = pages_->read(page);
@@ -78,7 +78,7 @@ void Space::giveBack(PageNumber page) {
 
 void Space::requireWhole() const {
     constexpr PageNumber kNoPage = 0xFFFFFFFF;
-    // What bitmap pages hold for pages to come is not known of other programs' files.
+    // What bitmap pages of other programs' files hold for future pages is not known.
     if (!free_.bitmapPages().empty()) return;
     if (const auto used = free_.first(pages_->count(), kNoPage, false)) {
         throwDamage(*used, 0, rule::kFileWhole);

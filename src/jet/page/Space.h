@@ -9,13 +9,13 @@ namespace huebrush::jet {
 /// not trusted: other programs keep it in several forms, and it may be damaged.
 ///
 /// A page is free only if the map has a bit for it that says so. A page without a bit counts as
-/// used: other programs let the map begin behind pages that are in use.
+/// used: other programs let the map begin after pages that are in use.
 class Space {
  public:
     Space(Pages& pages, RowId freeMap) : pages_(&pages), free_(pages, freeMap) {}
 
     /// What the pages of the file belong to, before anything is taken. Damage when one of them is
-    /// free by the map.
+    /// free according to the map.
     void begin(PageOwners owners);
 
     /// A page of zeros: a free one of the file, else a new one at its end. Damage when the map
@@ -24,8 +24,8 @@ class Space {
     /// Gives a page back.
     void giveBack(PageNumber page);
     bool isFree(PageNumber page) const { return free_.has(page); }
-    /// Damage when the file lacks pages that are used: somebody has cut it off, and what a new page
-    /// there gets would be taken for what the old one had.
+    /// Damage when the file lacks pages that are used: it was truncated, and the content of a new
+    /// page there would be taken for that of the old one.
     void requireWhole() const;
     const UsageMap& map() const { return free_; }
 
@@ -33,7 +33,7 @@ class Space {
     UsageMap::NewPage pageSource() {
         return [this] { return take(); };
     }
-    /// Forgets where the last search for a free page ended; after changes were taken back.
+    /// Forgets where the last search for a free page ended; after changes were undone.
     void restart() { searchFrom_ = 0; }
 
  private:

@@ -14,8 +14,8 @@ constexpr std::size_t kBitmapBytes = kPageSize - kBitmapHeader;
 constexpr PageNumber kPagesABitmap = kBitmapBytes * 8;
 /// 5 bytes and 512 bits, or 17 page numbers.
 constexpr std::size_t kUsualRow = 69;
-/// As many bitmap pages have a bit for every page of the largest file. A row may be longer, for it
-/// keeps the length that it had in form 0: what stands behind these numbers means nothing.
+/// This many bitmap pages have a bit for every page of the largest file. A row may be longer,
+/// because it keeps the length that it had in form 0: what follows these numbers means nothing.
 constexpr std::size_t kMostReferences = 17;
 
 bool nowhere(PageNumber) {
@@ -183,7 +183,7 @@ void UsageMap::setBit(PageNumber page, bool value) {
     byte = static_cast<std::uint8_t>(value ? byte | mask : byte & ~mask);
 }
 
-/// Lets the bits of form 0 begin elsewhere, if all that are set fit then.
+/// Lets the bits of form 0 begin elsewhere, if all that are set then fit.
 bool UsageMap::moveBase(PageNumber page) {
     Bytes bytes = copyOfRow();
     if (bytes.size() <= kInlineHeader) return false;
@@ -246,7 +246,7 @@ void UsageMap::useBitmapPages(const NewPage& newPage, const Outside& outside) {
     Bytes bytes(std::max(kUsualRow, before.size()) / 4 * 4 + 1, 0);
     bytes[0] = kReference;
     if (!store(bytes)) throwTooSmall();
-    // Pages that no file can have need no bits.
+    // Pages beyond the largest file need no bits.
     const std::uint64_t end = std::min<std::uint64_t>(kept.first + kept.size * std::uint64_t{8},
                                                       kMostReferences * kPagesABitmap);
     for (std::uint64_t each = kept.first; each < end; ++each) {
@@ -277,7 +277,7 @@ void UsageMap::coverByBitmap(PageNumber page, const NewPage& newPage, const Outs
     store(bytes);
 }
 
-/// Where in the row the number of a bitmap page stands; makes the row longer if need be.
+/// Where in the row the number of a bitmap page is; makes the row longer if need be.
 std::size_t UsageMap::roomForReference(std::size_t number) {
     if (number >= kMostReferences) throwTooSmall();
     const std::size_t at = 1 + 4 * number;

@@ -9,7 +9,7 @@
 namespace huebrush::jet {
 
 /// A set of page numbers, kept as a row of a data page: as bits in the row itself (form 0), or as a
-/// list of bitmap pages (form 1). The row may have outgrown its page and stand elsewhere.
+/// list of bitmap pages (form 1). The row may have outgrown its page and be elsewhere.
 class UsageMap {
  public:
     /// Where a map that grows gets its bitmap pages from.
@@ -20,7 +20,7 @@ class UsageMap {
     UsageMap(Pages& pages, RowId where) : pages_(&pages), where_(where) {}
 
     bool has(PageNumber page) const;
-    /// All pages of the map, ascending; also such as lie beyond the end of the file.
+    /// All pages of the map, ascending, including any beyond the end of the file.
     std::vector<PageNumber> all() const;
     /// The first page of the map from `start` on and below `end`; or the first that has a bit and
     /// is not in the map.
@@ -34,8 +34,8 @@ class UsageMap {
 
     void add(PageNumber page, const NewPage& newPage);
     void drop(PageNumber page);
-    /// Makes sure that there is a bit for this page. Bits that are kept from now on get what
-    /// `outside` says of their pages.
+    /// Makes sure that there is a bit for this page. New bits get the value of
+    /// `outside`.
     void cover(PageNumber page, const NewPage& newPage, const Outside& outside);
 
  private:

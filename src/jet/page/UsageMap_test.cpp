@@ -120,7 +120,7 @@ class FreeMaps : public UsageMaps {
         row[0] = 1;
         return row;
     }
-    /// Takes pages and gives them back; none that is there already is ever taken.
+    /// Takes pages and frees them; none that is in use is ever taken.
     void takeAndGiveBack() {
         const PageNumber end = pages.count();
         std::set<PageNumber> taken;

@@ -15,7 +15,7 @@ void Connection::Open(const std::string& connection, const std::string& user,
                           base::text("Databáze nezná uživatele „", user, "“ s tímto heslem."));
     }
     const auto database = Database::open(*files_, dataSource(connection));
-    // A file that begins like a database and is none is told now and not by the first query.
+    // A file that only begins like a database is refused now and not by the first query.
     database->objects();
     database_ = database;
 }

@@ -17,12 +17,12 @@ class Connection {
  public:
     explicit Connection(FileSystem& files = systemFiles()) : files_(&files) {}
 
-    /// Opens the file that a connection string names (see `dataSource`). An error for what is no
+    /// Opens the file that a connection string names (see `dataSource`). An error for what is not a
     /// readable database, and for any account but that of a file without accounts, "Admin" with an
     /// empty password.
     void Open(const std::string& connection, const std::string& user = "Admin",
               const std::string& password = "");
-    /// Record sets that are open stay so, and keep the file.
+    /// Open record sets stay open, and keep the file.
     void Close();
     ObjectStateEnum State() const;
 

@@ -31,7 +31,7 @@ TEST_F(Connections, ToAMissingFileOrAnotherProviderAreErrors) {
     EXPECT_EQ(errorOfOpening(connectionTo("")), ErrorNumber::kNotSupported);
 }
 
-TEST_F(Connections, ToWhatIsNoDatabaseAreErrors) {
+TEST_F(Connections, ToWhatIsNotADatabaseAreErrors) {
     Bytes& bytes = *file.files.files.at(PaletteFile::kName);
     bytes.resize(3 * kPageSize);
     EXPECT_EQ(errorOfOpening(toFile), ErrorNumber::kDamaged);
@@ -39,7 +39,7 @@ TEST_F(Connections, ToWhatIsNoDatabaseAreErrors) {
     EXPECT_EQ(errorOfOpening(toFile), ErrorNumber::kNotADatabase);
 }
 
-TEST_F(Connections, KnowAdminWithoutAPasswordAlone) {
+TEST_F(Connections, KnowOnlyAdminWithoutAPassword) {
     EXPECT_EQ(errorOfOpening(toFile, "Admin", "x"), ErrorNumber::kNoSuchAccount);
     EXPECT_EQ(errorOfOpening(toFile, "Karel"), ErrorNumber::kNoSuchAccount);
     EXPECT_EQ(message, "Databáze nezná uživatele „Karel“ s tímto heslem.");

@@ -17,7 +17,7 @@ constexpr std::string_view kElementsOfGroup =
 constexpr std::string_view kByOrderNumber = ")ORDER BY OrderNumber";
 constexpr std::string_view kDeleteOfGroup = "DELETE FROM TFillElementParameter WHERE (GroupID = ";
 
-/// The number between two texts; none when anything else stands there.
+/// The number between two texts; none when there is anything else.
 std::optional<std::int32_t> numberBetween(std::string_view text, std::string_view before,
                                           std::string_view after) {
     if (!text.starts_with(before)) return std::nullopt;

@@ -6,8 +6,8 @@
 
 namespace huebrush::jet {
 
-/// The few texts by which palettes are asked for. They are known letter by letter; any other text
-/// is a syntax error (3075).
+/// The few queries for palettes. They are known letter by letter; any other text is a syntax error
+/// (3075).
 
 /// What a record set shows: all columns of some rows of a table.
 struct Query {

@@ -10,7 +10,7 @@ namespace huebrush::jet {
 /// A palette file in memory, and what leads to it.
 class OnPaletteFile : public ::testing::Test {
  protected:
-    /// The number of the error that a body ends with, or 0; its text is in `message` then.
+    /// The number of the error that a body ends with, or 0; its text is then in `message`.
     std::int32_t errorOf(const std::function<void()>& body) {
         try {
             body();

@@ -26,7 +26,7 @@ std::size_t indexOf(const Table& table, const std::string& column) {
     return static_cast<std::size_t>(&table.column(column) - table.definition().columns.data());
 }
 
-/// The columns that a set shows, in a table that may have been defined anew since.
+/// The columns that a set shows, in a table that may have been redefined since.
 std::vector<const Column*> columnsIn(const Table& table, const TableDefinition& shown) {
     std::vector<const Column*> columns;
     columns.reserve(shown.columns.size());
@@ -250,7 +250,7 @@ Recordset::Set Recordset::load(Database& database, const Query& query) {
     return set;
 }
 
-/// What was added before the set was looked at stays at its end.
+/// Records added before the set was first looked at stay at its end.
 void Recordset::gather() {
     if (set_.gathered) return;
     std::vector<Record> found = recordsOf(Table(*database_, query_.table), query_);
@@ -273,7 +273,7 @@ bool Recordset::leaveDeleted() {
     return true;
 }
 
-/// A record that is not there once is none that can be changed.
+/// A record that is missing cannot be changed.
 RowId Recordset::rowOf(const Table& table, const Record& record) const {
     const std::vector<RowId> rows = table.find(table.column("ID"), record[set_.id]);
     if (rows.size() != 1) throwRecordChanged(query_.table);

@@ -22,15 +22,15 @@ enum class EditModeEnum : std::int32_t {
 /// objects have.
 ///
 /// The cursor is static: the set is gathered when it is opened, and a record added later is its
-/// last one. (The set of all elements is gathered when it is first looked at, because whoever saves
-/// only adds to it; long values are read from the file when they are asked for.)
+/// last one. (The set of all elements is gathered when it is first looked at, because saving only
+/// adds to it; long values are read from the file when they are asked for.)
 ///
 /// Locking is optimistic: values given to fields wait until Update writes them, and only then is
 /// the file locked. Records are found again by their ID, so another program may have written the
 /// file meanwhile; error 3197 when it has changed or removed this record. An Update that fails
-/// leaves all as it was, and what waits goes on waiting.
+/// leaves everything as it was, and pending values stay pending.
 ///
-/// A new record that waits is the current one. Moving away from a record updates it first. A
+/// A pending new record is the current one. Moving away from a record updates it first. A
 /// deleted record is current until the next move, but has no fields any more. Where there is no
 /// current record and ought to be one, the error is 3021.
 class Recordset {
@@ -42,38 +42,38 @@ class Recordset {
     /// Gathers what a query finds (see `parseQuery`); the first record is current. An error when
     /// the database has no such table or column.
     void Open(const std::string& query, const Connection& connection);
-    /// What waits is forgotten, here and in Requery.
+    /// Pending values are discarded, here and in Requery.
     void Close();
     /// Gathers anew, with what has been written to the file since.
     void Requery();
     ObjectStateEnum State() const;
     EditModeEnum EditMode() const;
 
-    /// Behind the last record; and before the first, which only an empty set is.
+    /// After the last record; and before the first, which is true only of an empty set.
     bool Eof();
     bool Bof();
     std::size_t RecordCount();
 
     void MoveFirst();
     void MoveNext();
-    /// Goes on, from the current record, to the one with an ID (see `parseFind`), or behind the
+    /// Moves on from the current record to the one with an ID (see `parseFind`), or past the
     /// last.
     void Find(const std::string& criteria);
 
     /// What a column of the current record holds, or will hold after Update.
     Value Field(const std::string& column);
-    /// Gives a column a value, which waits. What a long column gets is rounded at once (see
-    /// `toLong`); the table's rules are held by Update. An autonumber is given by Update alone.
+    /// Gives a column a value, which is pending until Update. A long column's value is rounded at
+    /// once (see `toLong`); Update enforces the table's rules. Only Update assigns an autonumber.
     void SetField(const std::string& column, const Value& value);
 
     /// Begins a new record, without values.
     void AddNew();
     void Update();
-    /// The record that was current before a new one is so again.
+    /// Makes the record that was current before a new one current again.
     void CancelUpdate();
     void UpdateBatch() { Update(); }
     void CancelBatch() { CancelUpdate(); }
-    /// Removes the current record; one that is new and waits is just forgotten.
+    /// Removes the current record; a pending new one is just discarded.
     void Delete();
 
     /// Raised before SetField changes a column, with its name.
@@ -106,7 +106,7 @@ class Recordset {
     std::shared_ptr<Database> database_;
     Query query_;
     Set set_;
-    std::size_t position_ = 0;  ///< while a new record waits: that of the record before it
+    std::size_t position_ = 0;  ///< while a new record is pending: that of the record before it
     bool adding_ = false;
     bool deleted_ = false;                  ///< the current record
     std::map<std::size_t, Value> waiting_;  ///< by the index of the column

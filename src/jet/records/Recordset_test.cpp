@@ -140,7 +140,7 @@ TEST_F(Recordsets, OfATableOrColumnThatIsNotThereAreErrorsWhenOpened) {
     EXPECT_EQ(groups.State(), ObjectStateEnum::adStateClosed);
 }
 
-TEST_F(Recordsets, BeginAtTheirFirstRecordAndEndBehindTheLast) {
+TEST_F(Recordsets, BeginAtTheirFirstRecordAndEndAfterTheLast) {
     addPalette(*file.database, "b", {});
     addPalette(*file.database, "a", {});
     groups.Open(kGroups, connection);
@@ -248,7 +248,7 @@ TEST_F(Recordsets, FindARecordByItsIDFromTheCurrentOneOn) {
     EXPECT_EQ(nameOf(groups), "a");
 }
 
-TEST_F(Recordsets, ANewRecordIsCurrentWhileItWaitsAlsoInAnEmptySet) {
+TEST_F(Recordsets, ANewRecordIsCurrentWhileItIsPendingEvenInAnEmptySet) {
     groups.Open(kGroups, connection);
     groups.AddNew();
     EXPECT_FALSE(groups.Eof());
@@ -289,7 +289,7 @@ TEST_F(Recordsets, ANewRecordMayBeChangedRightAfterUpdate) {
               (std::vector<std::vector<Value>>{{1, std::string("a"), Value(), 16}}));
 }
 
-TEST_F(Recordsets, CancelledANewRecordGivesWayToTheOneBefore) {
+TEST_F(Recordsets, ACancelledNewRecordGivesWayToTheOneBefore) {
     addPalette(*file.database, "a", {});
     addPalette(*file.database, "b", {});
     groups.Open(kGroups, connection);
@@ -303,13 +303,13 @@ TEST_F(Recordsets, CancelledANewRecordGivesWayToTheOneBefore) {
     EXPECT_EQ(rows("TFillGroup").size(), 2U);
 }
 
-TEST_F(Recordsets, CancelledInAnEmptySetANewRecordLeavesNone) {
+TEST_F(Recordsets, ANewRecordCancelledInAnEmptySetLeavesNone) {
     groups.Open(kGroups, connection);
     groups.AddNew();
     groups.CancelUpdate();
     EXPECT_TRUE(groups.Eof());
     EXPECT_TRUE(groups.Bof());
-    // Nothing waits any more, and nothing is what happens.
+    // Nothing is pending any more, and nothing happens.
     groups.CancelUpdate();
     groups.Update();
     EXPECT_TRUE(rows("TFillGroup").empty());
@@ -352,7 +352,7 @@ TEST_F(Recordsets, RecordsAddedBeforeTheSetOfAllIsLookedAtAreItsLast) {
     EXPECT_EQ(column(elements, "OrderNumber"), (std::vector<Value>{0, 1, 2, 50}));
 }
 
-TEST_F(Recordsets, WhoOnlyAddsToTheSetOfAllDoesNotReadIt) {
+TEST_F(Recordsets, OfAllElementsAreNotReadWhereRecordsAreOnlyAdded) {
     connection.inOneCommit([&] {
         for (int i = 0; i < 60; ++i) {
             addPalette(*connection.database(), "Paleta", std::vector<std::size_t>(20, 100));
@@ -374,7 +374,7 @@ TEST_F(Recordsets, WhoOnlyAddsToTheSetOfAllDoesNotReadIt) {
     EXPECT_GT(gathering, 20U);
 }
 
-TEST_F(Recordsets, ValuesWaitUntilUpdate) {
+TEST_F(Recordsets, ValuesArePendingUntilUpdate) {
     addPalette(*file.database, "a", {});
     groups.Open(kGroups, connection);
     groups.SetField("Name", std::string("Zima"));
@@ -445,7 +445,7 @@ TEST_F(Recordsets, TheNumberOfARecordIsGivenByTheDatabaseAlone) {
     EXPECT_EQ(message, "Hodnotu sloupce „ID“ přiděluje databáze.");
 }
 
-TEST_F(Recordsets, ARefusedUpdateLeavesTheRecordWaitingUntilItIsRightOrCancelled) {
+TEST_F(Recordsets, ARefusedUpdateLeavesTheRecordPendingUntilItIsRightOrCancelled) {
     groups.Open(kGroups, connection);
     groups.AddNew();
     groups.SetField("Name", std::string(31, 'x'));
@@ -552,7 +552,7 @@ TEST_F(Recordsets, ARefusedDeletionLeavesTheRecord) {
     EXPECT_TRUE(groups.Eof());
 }
 
-TEST_F(Recordsets, TellBeforeAFieldChanges) {
+TEST_F(Recordsets, NotifyBeforeAFieldChanges) {
     addPalette(*file.database, "a", {});
     groups.Open(kGroups, connection);
     std::vector<std::string> told;
@@ -633,7 +633,7 @@ TEST_F(Recordsets, OpenedLaterShowTheFileAsItIsThen) {
     EXPECT_EQ(names(groups), (std::vector<std::string>{"a"}));
 }
 
-TEST_F(Recordsets, RequeryForgetsWhatWaits) {
+TEST_F(Recordsets, RequeryDiscardsPendingValues) {
     addPalette(*file.database, "a", {});
     groups.Open(kGroups, connection);
     groups.SetField("Name", std::string("b"));
@@ -722,7 +722,7 @@ TEST_F(Recordsets, OfAFileThatIsGoneKeepWhatTheyShow) {
     EXPECT_EQ(nameOf(groups), "a");
 }
 
-TEST_F(Recordsets, WhenTheDiskFailsWhatWaitsIsKeptAndWrittenLater) {
+TEST_F(Recordsets, WhenTheDiskFailsPendingValuesAreKeptAndWrittenLater) {
     addPalette(*file.database, "a", {});
     std::size_t failures = 0;
     for (std::size_t at = 0;; ++at) {

@@ -7,7 +7,7 @@
 
 namespace huebrush::jet {
 
-/// What stands in a definition and changes with the rows.
+/// What a definition contains that changes with the rows.
 struct DefinitionCounters {
     std::uint32_t rows = 0;
     std::uint32_t lastAutonumber = 0;
@@ -20,7 +20,7 @@ DefinitionCounters readCounters(Pages& pages, const TableDefinition& table);
 /// in which they are given; the indexes in the order of their names.
 Bytes encodeDefinition(const TableDefinition& table, const DefinitionCounters& counters);
 
-/// Puts the bytes of a definition on its pages, takes more or gives some back.
+/// Puts the bytes of a definition on its pages, and takes or frees pages as needed.
 void storeDefinition(Pages& pages, Space& space, TableDefinition& table, const Bytes& bytes);
 
 /// Puts a definition of one page there.

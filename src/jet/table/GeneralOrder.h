@@ -5,7 +5,7 @@
 
 namespace huebrush::jet {
 
-/// What a character counts for in the sort order "General" (language 1033, version 0).
+/// The weight of a character in the sort order "General" (language 1033, version 0).
 struct GeneralWeight {
     enum class Kind : std::uint8_t {
         letter,       ///< has a code

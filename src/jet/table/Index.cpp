@@ -8,7 +8,7 @@ namespace {
 
 /// Deeper than any tree of 2 GB.
 constexpr int kDeepest = 12;
-/// A page with less than this is joined with a neighbour where both fit on one.
+/// A page with less than this is merged with a neighbour where both fit on one.
 constexpr std::size_t kUnderfull = IndexPage::kRoom / 3;
 constexpr std::size_t kLongestEntry = 1700;
 
@@ -107,7 +107,7 @@ void Index::freePage(PageNumber page) {
     space_->giveBack(page);
 }
 
-/// Makes two pages of one level neighbours; 0 stands for none.
+/// Links two pages of one level as neighbours; 0 stands for none.
 void Index::link(PageNumber left, PageNumber right) {
     if (left != 0) Writer(pages_->change(left)).u32(16, right);
     if (right != 0) Writer(pages_->change(right)).u32(12, left);
@@ -121,7 +121,7 @@ bool Index::childrenAreNodes(const IndexPage& node) const {
     return (*pages_->read(node.children.front()))[0] == PageType::kNode;
 }
 
-/// Writes a page, in two halves if it has become too long.
+/// Writes a page, split in two if it has become too long.
 Index::Change Index::save(IndexPage& page, bool appending) {
     if (page.fits()) {
         page.write(*pages_, table_);
@@ -134,7 +134,7 @@ Index::Change Index::save(IndexPage& page, bool appending) {
     if (page.leaf) {
         change.splitLast = Bytes(page.last().begin(), page.last().end());
     } else {
-        // The last entry that stayed belongs to what is the tail there now.
+        // The last entry that stayed is now that of the tail there.
         const auto children = page.children.begin() + static_cast<std::ptrdiff_t>(kept);
         right.children.assign(children, page.children.end());
         page.children.erase(children, page.children.end());
@@ -242,7 +242,7 @@ bool Index::insert(ByteView key, RowId row, bool mayRepeat) {
     return repeats;
 }
 
-/// Joins a node's child with the one on its right, if both fit on a page.
+/// Merges a node's child with the one on its right, if both fit on a page.
 bool Index::merge(IndexPage& node, std::size_t left) {
     IndexPage page = IndexPage::read(*pages_, node.children[left]);
     const IndexPage right = IndexPage::read(*pages_, node.children[left + 1]);

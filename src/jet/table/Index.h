@@ -24,8 +24,8 @@ class Index {
     using Visit = std::function<bool(ByteView key, RowId row)>;
     void walk(const Visit& visit) const;
 
-    /// Adds a key of a row. Whether the tree had the key already; then nothing is added, unless the
-    /// key may repeat. REQUIRES: this key and row are not in the tree yet.
+    /// Adds a key of a row. Returns whether the tree already had the key; then nothing is added,
+    /// unless the key may repeat. REQUIRES: this key and row are not in the tree yet.
     bool insert(ByteView key, RowId row, bool mayRepeat = true);
     /// Damage when the tree does not have them.
     void remove(ByteView key, RowId row);
@@ -68,7 +68,7 @@ class Index {
     Space* space_;
 };
 
-/// Makes a page the root of an empty tree.
+/// Turns a page into the root of an empty tree.
 void clearIndexPage(Pages& pages, PageNumber page, PageNumber table);
 
 }  // namespace huebrush::jet

@@ -41,7 +41,7 @@ class Trees : public ::testing::Test {
         return *std::next(model.begin(), static_cast<std::ptrdiff_t>(random() % model.size()));
     }
 
-    /// Follows the tree from its root; how deep it is.
+    /// Walks the tree from its root; returns its depth.
     int verify() {
         seen.clear();
         entries.clear();
@@ -68,7 +68,7 @@ class Trees : public ::testing::Test {
         ASSERT_TRUE(seen.insert(number).second);
         const IndexPage page = IndexPage::read(pages, number);
         EXPECT_TRUE(page.fits());
-        // What was put into a page in its place is as if the page had been written anew.
+        // An entry that was inserted in place leaves the page as if it had been rewritten.
         const Page stored = *pages.read(number);
         page.write(pages, kTable);
         EXPECT_EQ(stored, *pages.read(number)) << number;
@@ -185,8 +185,8 @@ TEST_F(Trees, FallingKeysComeBeforeAllOthers) {
     EXPECT_EQ(verify(), 1);
 }
 
-TEST_F(Trees, AKeyThatMayNotRepeatIsToldAndNotAdded) {
-    // So many rows of one key that they lie in several leaves, between keys of one row each.
+TEST_F(Trees, AKeyThatMayNotRepeatIsReportedAndNotAdded) {
+    // So many rows of one key that they span several leaves, between keys of one row each.
     for (std::uint32_t i = 0; i < 1500; ++i) insert(numberKey(50), {1000 + i, 7});
     for (std::uint32_t i = 0; i < 100; i += 2) {
         if (i != 50) insert(numberKey(i), rowFor(i));
@@ -202,7 +202,7 @@ TEST_F(Trees, AKeyThatMayNotRepeatIsToldAndNotAdded) {
     verify();
 }
 
-TEST_F(Trees, WhatOthersChangeAndUndoTakesBackIsSeen) {
+TEST_F(Trees, WhatOthersChangeAndUndoRevertsIsSeen) {
     std::mt19937 random(6);
     Index other{pages, tree, kTable, &space};
     for (std::uint32_t i = 0; i < 6000 / kShare; ++i) {

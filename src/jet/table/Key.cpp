@@ -23,7 +23,7 @@ void appendBigEndian(Bytes& out, std::uint64_t value, unsigned size) {
     }
 }
 
-/// Floats in an order that their bits do not have: negative ones grow the other way.
+/// Floats in an order that their bits do not have: the bits of negative ones grow the other way.
 std::uint64_t orderedBits(double value) {
     const auto bits = std::bit_cast<std::uint64_t>(value);
     constexpr std::uint64_t kSign = 1ULL << 63U;
@@ -45,7 +45,7 @@ const Type& as(const Value& value) {
     return *typed;
 }
 
-/// What the key of a text is put together from.
+/// What the key of a text is composed of.
 class TextKey {
  public:
     void addLetter(unsigned code, std::uint8_t accent) {
@@ -62,7 +62,7 @@ class TextKey {
             append8(unprintables_, weight.code);
         }
     }
-    /// A character without a known weight: behind all that have one, by its number.
+    /// A character without a known weight: after all that have one, by its number.
     void addUnknown(char16_t character) {
         append8(letters_, 0xFF);
         addLetter(character, 0);
@@ -89,7 +89,7 @@ class TextKey {
     Bytes unprintables_;
 };
 
-/// As much of a text as counts in comparisons.
+/// The part of a text that counts in comparisons.
 std::u16string comparedText(const std::string& utf8) {
     std::u16string text = base::toUtf16(utf8);
     text.resize(std::min(text.size(), kMostCharacters));

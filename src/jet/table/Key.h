@@ -11,7 +11,7 @@ namespace huebrush::jet {
 
 /// The bytes by which an index orders its entries.
 
-/// Whether the keys of a tree can be computed, as far as its columns tell.
+/// Whether the keys of a tree can be computed, judging by its columns.
 bool keysKnown(const TableDefinition& table, const IndexTree& tree);
 
 /// What a row has in a column, by the column.
@@ -23,18 +23,18 @@ struct Key {
     bool allNull = true;
 };
 
-/// The key of a row. None when it holds a character whose place in the order is not known.
+/// The key of a row. None when it contains a character whose place in the order is not known.
 /// REQUIRES: keysKnown.
 std::optional<Key> encodeKey(const TableDefinition& table, const IndexTree& tree,
                              const ValueOf& valueOf);
 
-/// The part of a text key that the sort order "General" gives: what compares as the texts do. None
-/// for a character that it does not know.
+/// The part of a text key that the sort order "General" gives: its bytes compare as the texts
+/// do. None for a character that it does not know.
 std::optional<Bytes> generalKey(const std::string& utf8);
 
 /// The bytes by which a query sorts a column's values; null comes first. Text is sorted as the
 /// column's language says: Czech by the Czech alphabet, every other one as "General", and
-/// characters that this does not know behind all others. Error 3251 for values that have no order.
+/// characters that this does not know after all others. Error 3251 for values that have no order.
 Bytes sortKey(const Column& column, const Value& value);
 
 /// Whether a column's text is ordered by the order that generalKey knows.

@@ -61,11 +61,11 @@ TEST(Key, AccentsCountAfterAllLetters) {
     EXPECT_EQ(words, (std::vector<std::string>{"čas", "cesta", "Cit", "žába", "zeď"}));
 }
 
-TEST(Key, CharactersOutsideOfTheKnownOrderHaveNone) {
+TEST(Key, CharactersOutsideTheKnownOrderHaveNoKey) {
     EXPECT_EQ(textKey("Ж"), "unknown");
 }
 
-/// Texts in the order in which a query brings them.
+/// Texts in the order in which a query returns them.
 std::vector<std::string> sorted(std::vector<std::string> texts, std::uint16_t language) {
     Column column;
     column.type = ColumnType::text;
@@ -87,7 +87,7 @@ TEST(SortKey, FollowsTheLanguageOfTheColumn) {
                                         "řád", "suk", "šat", "zeď", "žába"}));
 }
 
-TEST(SortKey, TakesUnknownCharactersForTheLast) {
+TEST(SortKey, PutsUnknownCharactersLast) {
     EXPECT_EQ(sorted({"Ж", "ži", "Б", "aЖ", "az"}, 0x0409),
               (std::vector<std::string>{"az", "aЖ", "ži", "Б", "Ж"}));
 }
@@ -119,7 +119,7 @@ TEST(Key, NullComesFirstOrInADescendingIndexLast) {
     EXPECT_EQ(keyOf(ColumnType::longInteger, Value(), false), "FF");
 }
 
-TEST(Key, DescendingTextIsTurnedOver) {
+TEST(Key, DescendingTextIsInverted) {
     EXPECT_EQ(keyOf(ColumnType::text, std::string("a"), false), "80 B5 FE FF 00");
 }
 

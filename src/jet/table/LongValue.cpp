@@ -25,7 +25,7 @@ Header readHeader(Pages& pages, const Reader& field) {
     if (header.kind == kInline) {
         field.require(kHeader + header.length <= field.size(), 0, rule::kLongLength);
     } else {
-        // So that what a damaged length makes us gather stays below the size of the file.
+        // So that what a damaged length makes us collect stays below the size of the file.
         field.require(header.length / kPageSize < pages.count(), 0, rule::kLongLength);
     }
     return header;
@@ -41,7 +41,7 @@ Reader part(Pages& pages, RowId row, PagePointer& keep) {
     return page.row(slot);
 }
 
-/// Walks the parts of a value that lies outside of its row.
+/// Walks the parts of a value that is stored outside its row.
 void walk(Pages& pages, const Reader& field, const Header& header,
           const std::function<void(RowId, ByteView)>& visit) {
     PagePointer keep;
@@ -56,7 +56,7 @@ void walk(Pages& pages, const Reader& field, const Header& header,
     while (at.pointer() != 0) {
         const Reader bytes = part(pages, at, keep);
         const std::size_t size = std::min(left, bytes.from(4).size());
-        // Each part brings something, so a circle comes to its end.
+        // Each part has some bytes, so a cycle comes to an end.
         bytes.require(size > 0, 0, rule::kLongLength);
         visit(at, bytes.bytes(4, size));
         left -= size;

@@ -5,8 +5,8 @@
 #include "jet/page/RowPages.h"
 #include "jet/table/TableDefinition.h"
 
-/// Long values (OLE objects and memos). A row holds 12 bytes that say where the value is: behind
-/// them, in a row of a page of long values, or in a chain of such rows.
+/// Long values (OLE objects and memos). A row holds 12 bytes that say where the value is: right
+/// after them, in a row of a page of long values, or in a chain of such rows.
 namespace huebrush::jet::long_value {
 
 inline constexpr std::size_t kHeader = 12;

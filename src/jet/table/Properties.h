@@ -7,8 +7,8 @@
 
 namespace huebrush::jet {
 
-/// What a table's object in the catalogue keeps beside the definition: named values of the table
-/// (an empty owner) and of its columns.
+/// What a table's object in the catalogue keeps in addition to the definition: named values of the
+/// table (an empty owner) and of its columns.
 struct Property {
     std::string owner;
     std::string name;
@@ -21,10 +21,10 @@ struct Property {
 
 /// Reads a block of properties. Damage when it breaks a rule.
 std::vector<Property> readProperties(ByteView block);
-/// The block for properties, which stand in the order of their owners.
+/// The block for properties, which are in the order of their owners.
 Bytes writeProperties(const std::vector<Property>& properties);
 
-/// Tells the columns of a table what the properties say of them.
+/// Applies the properties to the columns of a table.
 void applyProperties(const std::vector<Property>& properties, TableDefinition& table);
 
 }  // namespace huebrush::jet

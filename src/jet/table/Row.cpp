@@ -12,7 +12,7 @@ namespace {
 
 using base::text;
 
-/// How many bytes a value of a fixed-size type takes; 0 for types of any size.
+/// The size of a value of a fixed-size type, in bytes; 0 for types of variable size.
 std::size_t sizeOf(ColumnType type) {
     switch (type) {
         case ColumnType::byte:
@@ -86,7 +86,7 @@ Bytes encodeTextField(const Column& column, const Value& value) {
     return bytes;
 }
 
-/// The null mask is the last thing of a row.
+/// The null mask comes last in a row.
 std::size_t placeOfMask(const TableDefinition& table, const Reader& bytes, std::size_t columns) {
     const std::size_t size = (columns + 7) / 8;
     bytes.require(columns <= table.maxColumns, 0, rule::kRowColumns);
@@ -115,7 +115,7 @@ Row::Row(const TableDefinition& table, PagePointer page, const Reader& bytes)
                   offsets_ - 2 * variables_, rule::kRowOffsets);
 }
 
-/// Where a variable column begins; the end of the data stands where one more column would.
+/// Where a variable column begins; the end of the data is stored like one more column.
 std::size_t Row::start(std::size_t variable) const {
     return bytes_.u16(offsets_ - 2 * variable);
 }

@@ -28,7 +28,7 @@ class Row {
     std::size_t columns_;
     std::size_t mask_;  ///< where the null mask begins
     std::size_t variables_ = 0;
-    std::size_t offsets_ = 0;  ///< where the start of variable column 0 stands
+    std::size_t offsets_ = 0;  ///< where the start of variable column 0 is stored
     std::size_t fixedEnd_;
 };
 
@@ -45,7 +45,7 @@ struct Fields {
     const std::optional<Bytes>& at(const Column& column) const { return byNumber[column.number]; }
 };
 
-/// The bytes of a row. An error when it is longer than a page takes.
+/// The bytes of a row. An error when it is longer than a page can hold.
 Bytes encodeRow(const TableDefinition& table, const Fields& fields);
 
 /// The stored bytes of a value; none for null. Errors for another type and for too much text.

@@ -51,7 +51,7 @@ Column readColumn(const Reader& in) {
     return column;
 }
 
-/// Reads a name and moves on behind it.
+/// Reads a name and moves on past it.
 std::string readName(const Reader& in, std::size_t& at) {
     const std::size_t length = in.u16(at);
     std::string name = decodeText(in.bytes(at + 2, length));

@@ -21,13 +21,13 @@ struct Column {
     bool fixed = false;
     bool autonumber = false;
     bool compressed = false;   ///< text may be stored with one byte a character
-    std::uint8_t flags = 0;    ///< as they stand in the file
+    std::uint8_t flags = 0;    ///< as stored in the file
     std::uint16_t offset = 0;  ///< of a fixed column, from byte 2 of the row
     std::uint16_t length = 0;  ///< in bytes
     RowId ownedMap;            ///< of a long-value column; page 0: none
     RowId freeMap;
 
-    // These two stand in the table's properties and not in its definition.
+    // These two are in the table's properties and not in its definition.
     bool required = false;
     bool allowZeroLength = true;
 
@@ -91,13 +91,13 @@ TableDefinition readDefinition(Pages& pages, PageNumber first);
 /// The bytes of a whole definition, page headers included, as for one page.
 Bytes joinDefinition(Pages& pages, PageNumber first, std::vector<PageNumber>* used = nullptr);
 
-/// The counters that stand in a definition and change with the rows.
+/// The counters in a definition, which change with the rows.
 std::uint32_t readRowCount(Pages& pages, PageNumber definition);
 void writeRowCount(Pages& pages, PageNumber definition, std::uint32_t count);
 std::uint32_t readLastAutonumber(Pages& pages, PageNumber definition);
 void writeLastAutonumber(Pages& pages, PageNumber definition, std::uint32_t number);
 
-/// Places and sizes in a definition, for who writes one.
+/// Places and sizes in a definition, for code that writes one.
 namespace DefinitionLayout {
 inline constexpr std::size_t kHeader = 63;
 inline constexpr std::size_t kTreeCounters = 12;

@@ -10,7 +10,7 @@ namespace huebrush::jet {
 using VisitRow = std::function<bool(RowId where, const Row& row)>;
 void scanTable(Pages& pages, const TableDefinition& table, const VisitRow& visit);
 
-/// Where the bytes of a row are: elsewhere, if it was moved. None for a row that is not there.
+/// Where the bytes of a row are: elsewhere, if it was moved. None for a row that does not exist.
 std::optional<RowId> placeOfRow(Pages& pages, const TableDefinition& table, RowId row);
 
 /// A row by its identity, also when it was moved. None when there is no such row (any more).

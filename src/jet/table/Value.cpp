@@ -34,7 +34,7 @@ void appendPlain(std::u16string& out, ByteView bytes) {
     }
 }
 
-/// One byte a character; a 0 byte switches between that and plain text.
+/// One byte per character; a 0 byte switches between that and plain text.
 std::u16string expand(ByteView bytes) {
     std::u16string out;
     bool single = true;

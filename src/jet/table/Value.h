@@ -44,7 +44,7 @@ inline bool isNull(const Value& value) {
 }
 
 /// What an assignment to a long column makes of a value: a float is rounded half to even.
-/// Overflow error (6) beyond 32 bits; type mismatch (13) for what is no number.
+/// Overflow error (6) beyond 32 bits; type mismatch (13) for what is not a number.
 std::int32_t toLong(const Value& value);
 
 /// Text as the file keeps it, plain or compressed, from and to UTF-8. Text that takes up to

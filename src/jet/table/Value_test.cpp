@@ -17,7 +17,7 @@ TEST(Value, AFloatBecomesALongHalfToEven) {
     EXPECT_EQ(toLong(std::string("12")), 12);
 }
 
-TEST(Value, WhatIsNoLongIsRefused) {
+TEST(Value, WhatIsNotALongIsRefused) {
     EXPECT_THROW(toLong(3e9), base::Error);
     EXPECT_THROW(toLong(std::numeric_limits<double>::quiet_NaN()), base::Error);
     EXPECT_THROW(toLong(Value()), base::Error);
