@@ -2,19 +2,18 @@
 
 #include <utility>
 
-#include "view/FormView.h"
 #include "view/Native.h"
 
 namespace huebrush::view {
 
-ControlPeer::ControlPeer(forms::Control& control, std::weak_ptr<FormView> view)
-    : view_(std::move(view)),
+ControlPeer::ControlPeer(forms::Control& control, std::weak_ptr<ChangeListener> listener)
+    : listener_(std::move(listener)),
       handle_(std::make_shared<ControlHandle>(ControlHandle{&control, this})),
       reference_(handle_) {}
 
 ControlPeer::~ControlPeer() {
     *handle_ = {};
-    if (const auto view = view_.lock()) view->touch(forms::PropertyId::Children);
+    if (const auto listener = listener_.lock()) listener->touch(forms::PropertyId::Children);
 }
 
 ControlPeer* ControlPeer::of(const forms::Control* control) {
@@ -22,7 +21,7 @@ ControlPeer* ControlPeer::of(const forms::Control* control) {
 }
 
 void ControlPeer::changed(forms::PropertyId id) {
-    if (const auto view = view_.lock()) view->touch(id);
+    if (const auto listener = listener_.lock()) listener->touch(id);
 }
 
 }  // namespace huebrush::view

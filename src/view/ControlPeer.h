@@ -8,8 +8,20 @@
 namespace huebrush::view {
 
 class ControlPeer;
-class FormView;
 class NativeControl;
+
+/// Who is notified of the changes of controls.
+class ChangeListener {
+ public:
+    ChangeListener() = default;
+    ChangeListener(const ChangeListener&) = delete;
+    ChangeListener& operator=(const ChangeListener&) = delete;
+    /// A property of a control has changed.
+    virtual void touch(forms::PropertyId id) = 0;
+
+ protected:
+    ~ChangeListener() = default;
+};
 
 /// A reference to a control for code that may outlive it: both are null once the control has ended
 /// or its form has left the screen.
@@ -19,11 +31,11 @@ struct ControlHandle {
 };
 using ControlReference = std::shared_ptr<const ControlHandle>;
 
-/// Represents a control in the view of its form: notifies the view of changes, and owns the native
-/// control while there is one.
+/// Represents a control on the screen: passes its changes on, and owns the native control while
+/// there is one.
 class ControlPeer final : public forms::Peer {
  public:
-    ControlPeer(forms::Control& control, std::weak_ptr<FormView> view);
+    ControlPeer(forms::Control& control, std::weak_ptr<ChangeListener> listener);
     ~ControlPeer() override;
 
     /// The peer of a control that is on the screen; nothing for any other.
@@ -40,7 +52,7 @@ class ControlPeer final : public forms::Peer {
     unsigned shownInPass = 0;
 
  private:
-    std::weak_ptr<FormView> view_;
+    std::weak_ptr<ChangeListener> listener_;
     std::shared_ptr<ControlHandle> handle_;
     ControlReference reference_;
 };

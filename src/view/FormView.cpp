@@ -65,6 +65,13 @@ void FormView::post(ActionQueue::Action action) {
     actions_.add(std::move(action));
 }
 
+std::shared_ptr<void> FormView::repeat(std::chrono::milliseconds interval,
+                                       std::function<void()> work) {
+    return frame_.repeat(interval, [weak = weak_from_this(), work = std::move(work)] {
+        if (const auto view = weak.lock()) work();
+    });
+}
+
 bool FormView::runActions() {
     if (!open_) return false;
     // An action may close the form, and its view with it.

@@ -10,6 +10,7 @@
 #include "view/ActionQueue.h"
 #include "view/ControlPeer.h"
 #include "view/Geometry.h"
+#include "view/InputTarget.h"
 #include "view/Keyboard.h"
 #include "view/Menu.h"
 #include "view/Native.h"
@@ -22,12 +23,12 @@ namespace huebrush::view {
 /// returns to the event loop the view looks once at what has changed, whatever the number of
 /// changes. What the user does becomes calls on the controls, one action after the other, always
 /// from the event loop.
-class FormView : public std::enable_shared_from_this<FormView> {
+class FormView final : public InputTarget,
+                       public ChangeListener,
+                       public std::enable_shared_from_this<FormView> {
  public:
     /// The frame outlives the view.
     FormView(forms::Form& form, NativeFrame& frame);
-    FormView(const FormView&) = delete;
-    FormView& operator=(const FormView&) = delete;
     ~FormView();
 
     /// Attaches to the form and makes its surface; the caller flushes. What the toolkit throws
@@ -35,20 +36,21 @@ class FormView : public std::enable_shared_from_this<FormView> {
     void open(const Scale& scale);
     /// Detaches from the form: neither affects the other any more. Harmless when it is not open.
     void close();
-    bool isOpen() const { return open_; }
+    bool isOpen() const override { return open_; }
 
-    forms::Form& form() const { return form_; }
+    forms::Form& form() const override { return form_; }
     NativeFrame& frame() const { return frame_; }
     const Scale& scale() const { return scale_; }
     const Size& size() const { return size_; }
     ActionQueue& actions() { return actions_; }
     Keyboard& keyboard() { return keyboard_; }
-    Menu& menu() { return menu_; }
+    Menu& menu() override { return menu_; }
 
     // What the user does. Nothing of it happens before the next turn.
 
-    /// Runs an action soon, from the event loop, unless the view is closed by then.
-    void post(ActionQueue::Action action);
+    void post(ActionQueue::Action action) override;
+    std::shared_ptr<void> repeat(std::chrono::milliseconds interval,
+                                 std::function<void()> work) override;
     /// Runs what has been posted. Returns whether the form still exists; then the caller flushes.
     bool runActions();
     /// The mouse has done something in a native window.
@@ -57,21 +59,19 @@ class FormView : public std::enable_shared_from_this<FormView> {
     void turnWheel(int rows);
     /// The user has resized the window; this is the size of its inside.
     void resized(const Size& size);
-    void cancelDrag();
+    void cancelDrag() override;
 
     // Following the controls.
 
-    /// A property of a control has changed.
-    void touch(forms::PropertyId id);
+    void touch(forms::PropertyId id) override;
     /// Brings what the toolkit shows up to date now. What the toolkit throws passes to the caller.
     void flush();
 
-    /// The place of the mouse at pixels of a surface; without a surface where that is not shown.
-    Mouse::Place placeOn(forms::Control& surface, const Point& at) const;
+    Mouse::Place placeOn(forms::Control& surface, const Point& at) const override;
     /// A place of a control, given in its twips, in pixels of the form's inside; nothing where the
     /// control's surface is not shown.
     std::optional<Point> placeInWindow(forms::Control& control, double x, double y) const;
-    void setToolTip(const forms::Control& surface, const std::string& text);
+    void setToolTip(const forms::Control& surface, const std::string& text) override;
 
  private:
     /// A native surface, and the native controls on it, in use or spare.

@@ -4,36 +4,36 @@
 #include <utility>
 
 #include "view/FormKeys.h"
-#include "view/FormView.h"
+#include "view/Menu.h"
 
 namespace huebrush::view {
 
 bool Keyboard::press(const Key& key) {
     pressed_ = key;
     menuKey_.reset();
-    if (view_.menu().press(key)) {
+    if (target_.menu().press(key)) {
         menuKey_ = key.code;
         return true;
     }
-    const FormAction action = actionOfKey(view_.form(), key);
+    const FormAction action = actionOfKey(target_.form(), key);
     if (!action) return false;
-    view_.post([&view = view_, action] {
-        view.cancelDrag();
-        action(view.form());
+    target_.post([&target = target_, action] {
+        target.cancelDrag();
+        action(target.form());
     });
     return true;
 }
 
 bool Keyboard::release(const Key& key) {
-    if (view_.menu().isOpen()) return true;
+    if (target_.menu().isOpen()) return true;
     if (std::exchange(menuKey_, std::nullopt) == key.code) return true;
     // Releasing a shift key first does not cancel it.
     Key released = key;
     if (pressed_.code == key.code) {
         released.shift = static_cast<std::int16_t>(key.shift | pressed_.shift);
     }
-    if (const FormAction action = actionOfReleasedKey(view_.form(), released)) {
-        view_.post([&view = view_, action] { action(view.form()); });
+    if (const FormAction action = actionOfReleasedKey(target_.form(), released)) {
+        target_.post([&target = target_, action] { action(target.form()); });
     }
     return false;
 }

@@ -2,18 +2,17 @@
 
 #include <optional>
 
+#include "view/InputTarget.h"
 #include "view/Key.h"
 
 namespace huebrush::view {
-
-class FormView;
 
 /// The keys in a form's window that mean the same wherever the focus is: they go to an open menu,
 /// move the focus, press the default button, invoke controls by their access keys, and close the
 /// form. Check boxes get released keys here, too.
 class Keyboard {
  public:
-    explicit Keyboard(FormView& view) : view_(view) {}
+    explicit Keyboard(InputTarget& target) : target_(target) {}
     Keyboard(const Keyboard&) = delete;
     Keyboard& operator=(const Keyboard&) = delete;
 
@@ -24,7 +23,7 @@ class Keyboard {
     bool release(const Key& key);
 
  private:
-    FormView& view_;
+    InputTarget& target_;
     /// The key that went down last, and the same if an open menu has had it: its release is the
     /// menu's, too.
     Key pressed_;

@@ -63,7 +63,7 @@ class MouseTest : public ::testing::Test {
     MouseTest() {
         for (forms::Control* const control : form->children()) {
             control->setPeer(
-                std::make_unique<ControlPeer>(*control, std::weak_ptr<view::FormView>()));
+                std::make_unique<ControlPeer>(*control, std::weak_ptr<view::ChangeListener>()));
         }
     }
     Mouse::Place at(double x) const { return {form.get(), x, 50, 300, 100}; }

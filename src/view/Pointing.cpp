@@ -5,7 +5,7 @@
 
 #include "forms/Controls.h"
 #include "forms/Form.h"
-#include "view/FormView.h"
+#include "view/Native.h"
 #include "view/Scene.h"
 
 namespace huebrush::view {
@@ -29,13 +29,13 @@ void Pointing::handle(const MouseInput& input) {
             return;
     }
     const bool held = input.kind != MouseInput::Kind::release && input.button != 0;
-    if (view_.isOpen()) followPointer(onSurface(input), held);
+    if (target_.isOpen()) followPointer(onSurface(input), held);
 }
 
 /// The effect of the mouse's place on the surfaces themselves.
 void Pointing::followPointer(const Mouse::Place& at, bool held) {
     if (at.surface == nullptr) return;
-    view_.setToolTip(*at.surface, Mouse::toolTipAt(at));
+    target_.setToolTip(*at.surface, Mouse::toolTipAt(at));
     scrollWhileDragging(held ? Mouse::scrollWantedAt(at) : 0);
 }
 
@@ -44,15 +44,14 @@ void Pointing::scrollWhileDragging(int direction) {
     if (direction == std::exchange(dragScrollDirection_, direction)) return;
     dragScroll_.reset();
     if (direction == 0) return;
-    dragScroll_ = view_.frame().repeat(kInterval, [this, weak = view_.weak_from_this(), direction] {
-        const auto view = weak.lock();
-        if (view == nullptr || dragScrollDirection_ != direction) return;
-        view->post([this, direction] { scrollDragged(direction); });
+    dragScroll_ = target_.repeat(kInterval, [this, direction] {
+        if (dragScrollDirection_ != direction) return;
+        target_.post([this, direction] { scrollDragged(direction); });
     });
 }
 
 void Pointing::scrollDragged(int direction) {
-    if (view_.form().dragged() == nullptr) {
+    if (target_.form().dragged() == nullptr) {
         scrollWhileDragging(0);
     } else {
         scroll(direction);
@@ -64,14 +63,14 @@ Mouse::Place Pointing::onSurface(const MouseInput& input) const {
     const ControlPeer* const peer = input.control == nullptr ? nullptr : input.control->peer;
     if (peer == nullptr) return {};
     forms::Control& control = *input.control->control;
-    if (isSurface(control)) return view_.placeOn(control, input.at);
+    if (isSurface(control)) return target_.placeOn(control, input.at);
     if (peer->native == nullptr) return {};
-    return view_.placeOn(surfaceOf(control),
-                         {peer->place.left + input.at.x, peer->place.top + input.at.y});
+    return target_.placeOn(surfaceOf(control),
+                           {peer->place.left + input.at.x, peer->place.top + input.at.y});
 }
 
 void Pointing::scroll(int rows) {
-    for (forms::Control* const child : view_.form().children()) {
+    for (forms::Control* const child : target_.form().children()) {
         auto* const bar = dynamic_cast<forms::VScrollBar*>(child);
         if (bar == nullptr || !bar->isUsable()) continue;
         bar->scrollTo(bar->value() + rows * bar->SmallChange);

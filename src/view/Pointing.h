@@ -2,18 +2,17 @@
 
 #include <memory>
 
+#include "view/InputTarget.h"
 #include "view/Mouse.h"
 #include "view/MouseInput.h"
 
 namespace huebrush::view {
 
-class FormView;
-
 /// The mouse in a form's window: what it does affects the controls under it, and the surfaces
 /// themselves, which show tool tips and scroll.
 class Pointing {
  public:
-    explicit Pointing(FormView& view) : view_(view) {}
+    explicit Pointing(InputTarget& target) : target_(target) {}
     Pointing(const Pointing&) = delete;
     Pointing& operator=(const Pointing&) = delete;
 
@@ -31,7 +30,7 @@ class Pointing {
     void scrollWhileDragging(int direction);
     void scrollDragged(int direction);
 
-    FormView& view_;
+    InputTarget& target_;
     Mouse mouse_;
     /// Scrolls that way while a control is dragged beyond the edge of its list.
     std::shared_ptr<void> dragScroll_;
