@@ -26,6 +26,13 @@ bool differ(const OfficeFill& a, const OfficeFill& b) {
            toText(a) != toText(b);
 }
 
+/// For so many more, in one step where they are many: each is large, and moving it takes time.
+template <class Value>
+void makeRoom(std::vector<Value>& values, std::size_t more) {
+    if (values.capacity() - values.size() >= more) return;
+    values.reserve(std::max(values.size() + more, 2 * values.capacity()));
+}
+
 base::Error closedError() {
     return {HostErrorNumber::kNoDocument, "Dokument byl zavřen."};
 }
@@ -69,6 +76,7 @@ void FillWriter::finishEdit() {
 
 void FillWriter::changeFills(const Current& edit) {
     shapes_.invalidateStamps();
+    makeRoom(writes_, edit.leaves.size());
     officeCalls([&] {
         for (const ShapeHandle& leaf : edit.leaves) {
             if (leaf->kind.canHaveFill) changeFill(leaf.node(), edit.gathered);
@@ -154,6 +162,7 @@ void FillWriter::writeMany(const std::function<void()>& writes, std::size_t coun
 }
 
 void FillWriter::writeEach(std::vector<Write>& writes) {
+    if (groups_ > 0) makeRoom(changes_, writes.size());
     std::vector<Write*> inOrder;
     inOrder.reserve(writes.size());
     for (Write& one : writes) inOrder.push_back(&one);
