@@ -43,8 +43,8 @@ bool canBeActive(const ActiveWindow::Frame& frame) {
 
 }  // namespace
 
-/// The frames of text documents, the last one worked in first. The office tells of windows on
-/// whatever thread opens them; no call of the office is made while the list is locked.
+/// The frames of text documents, the last one worked in first. The office reports windows on
+/// whatever thread opens them; the office is never called while the list is locked.
 class ActiveWindow::History {
  public:
     void moveToFront(const Frame& frame) {
@@ -85,7 +85,7 @@ class ActiveWindow::History {
     std::vector<WeakFrame> frames_;
 };
 
-/// Hears of every window of the office that opens, gets the focus or closes.
+/// Is notified of every window of the office that opens, gets the focus or closes.
 class ActiveWindow::Listener : public WeakImplHelper<css::document::XDocumentEventListener> {
  public:
     explicit Listener(std::weak_ptr<History> history) : history_(std::move(history)) {}

@@ -17,8 +17,8 @@ namespace {
 using Window = css::uno::Reference<css::awt::XWindow>;
 using PointerShape = css::uno::Reference<css::awt::XPointer>;
 
-/// A window inside another has a pointer of its own, so each is told; but for those with a text to
-/// edit, which would keep the arrow afterwards.
+/// A window inside another has a pointer of its own, so each one's is set; except those with a text
+/// to edit, which would keep the arrow afterwards.
 void setPointerInside(const Window& window, const PointerShape& pointer) {
     if (css::uno::Reference<css::awt::XTextComponent>(window, css::uno::UNO_QUERY).is()) return;
     const css::uno::Reference<css::awt::XWindowPeer> peer(window, css::uno::UNO_QUERY);

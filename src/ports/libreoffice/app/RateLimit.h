@@ -5,8 +5,8 @@
 
 namespace huebrush::libreoffice {
 
-/// Says when something that may be left out is due again: at most once an interval, and so rarely
-/// that doing it takes a quarter of the time at most. The first time is always due.
+/// Says when something that may be skipped is due again: at most once an interval, and so rarely
+/// that doing it takes at most a quarter of the time. The first time is always due.
 class RateLimit {
  public:
     using Clock = std::chrono::steady_clock;

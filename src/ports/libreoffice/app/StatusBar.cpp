@@ -22,10 +22,10 @@ namespace {
 
 constexpr std::chrono::milliseconds kShowEvery(50);
 
-/// Calls back at the user's first key or click in a document, and lets both pass.
+/// Calls back at the user's first key press or click in a document, and lets either pass.
 class InputListener : public WeakImplHelper<css::awt::XKeyHandler, css::awt::XMouseClickHandler> {
  public:
-    explicit InputListener(std::function<void()> heard) : heard_(std::move(heard)) {}
+    explicit InputListener(std::function<void()> onInput) : onInput_(std::move(onInput)) {}
 
     sal_Bool SAL_CALL keyPressed(const css::awt::KeyEvent&) override { return hear(); }
     sal_Bool SAL_CALL keyReleased(const css::awt::KeyEvent&) override { return sal_False; }
@@ -35,11 +35,11 @@ class InputListener : public WeakImplHelper<css::awt::XKeyHandler, css::awt::XMo
 
  private:
     sal_Bool hear() {
-        heard_();
+        onInput_();
         return sal_False;
     }
 
-    std::function<void()> heard_;
+    std::function<void()> onInput_;
 };
 
 /// The status indicator of one window, shown from the first text until its end.
@@ -86,7 +86,7 @@ class Indicator {
 
 }  // namespace
 
-/// The text to show and the indicator that shows it. Callbacks that wait in the event loop hold it
+/// The text to show and the indicator that shows it. Callbacks pending in the event loop hold it
 /// weakly, so that they may outlive the status bar.
 class StatusBar::Message : public std::enable_shared_from_this<Message> {
  public:
@@ -107,7 +107,7 @@ class StatusBar::Message : public std::enable_shared_from_this<Message> {
     }
 
  private:
-    /// Shows the text that waits, if one does.
+    /// Shows the pending text, if there is one.
     void show() {
         if (!pending_) return;
         const std::string text = *std::exchange(pending_, std::nullopt);

@@ -15,8 +15,8 @@ class Snapshot;
 /// The status text of the active window. A text stays until the user goes on working in the
 /// document, with a key or a click, as any message of the office does.
 ///
-/// Texts may come by thousands: they are shown at a bounded rate, the first at once and the last
-/// when the event loop is reached at the latest.
+/// Texts may come in thousands: they are shown at a bounded rate, the first at once and the last no
+/// later than when the event loop is reached.
 class StatusBar {
  public:
     StatusBar(const ContextReference& context, const ActiveWindow& window,
@@ -25,7 +25,7 @@ class StatusBar {
     StatusBar& operator=(const StatusBar&) = delete;
     ~StatusBar();
 
-    /// Does nothing where no window is open. To show a text lets events run.
+    /// Does nothing where no window is open. Showing a text lets events run.
     void setText(const std::string& text);
 
  private:

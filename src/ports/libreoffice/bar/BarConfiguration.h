@@ -33,8 +33,8 @@ class BarConfiguration {
 
     std::vector<Bar> bars() const;
     bool has(const std::string& url) const;
-    /// Adds a bar without controls. An error in a profile that cannot be written. REQUIRES: a bar
-    /// of this URL was not removed in this session, because the office does not take it again.
+    /// Adds a bar without controls. An error when the profile cannot be written. REQUIRES: a bar of
+    /// this URL was not removed in this session, because the office would not accept it again.
     void insert(const Bar& bar);
     void remove(const std::string& url);
 

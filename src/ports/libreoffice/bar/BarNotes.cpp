@@ -4,7 +4,7 @@ namespace huebrush::libreoffice {
 
 namespace {
 
-/// Apart from the add-in's own settings.
+/// Kept apart from the add-in's own settings.
 constexpr const char* kApplication = "Huebrush.LibreOffice";
 constexpr const char* kToolTips = "ToolTips";
 constexpr const char* kCreatedBars = "CreatedBars";

@@ -24,7 +24,7 @@ constexpr std::pair<Edge, css::ui::DockingArea> kDockingAreas[] = {
     {Edge::bottom, css::ui::DockingArea_DOCKINGAREA_BOTTOM},
 };
 
-/// The row behind the standard and the formatting bar.
+/// The row after the standard and the formatting bar.
 constexpr std::int32_t kFirstFreeRow = 2;
 
 css::ui::DockingArea areaOf(Edge edge) {

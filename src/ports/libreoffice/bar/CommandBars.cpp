@@ -12,12 +12,12 @@ namespace huebrush::libreoffice {
 
 namespace {
 
-/// Where the URLs begin of bars that are not the office's own.
+/// What the URLs of bars that are not the office's own begin with.
 constexpr std::string_view kOwnBars = "private:resource/toolbar/custom_";
 
 }  // namespace
 
-/// Ties a write that waits in the event loop to the bars, which may be gone by then.
+/// Ties a write pending in the event loop to the bars, which may be gone by then.
 class CommandBars::PendingWrite {
  public:
     explicit PendingWrite(CommandBars& bars) : bars_(bars) {}
@@ -101,7 +101,7 @@ std::shared_ptr<ToolBar> CommandBars::barOf(const BarConfiguration::Bar& bar) {
     return known;
 }
 
-/// The office takes no bar under a URL that was removed in the same session, without a word.
+/// The office silently refuses a bar under a URL that was removed in the same session.
 BarConfiguration::Bar CommandBars::insertBar(const std::string& name) {
     constexpr int kAttempts = 100;
     const std::string first = base::text(kOwnBars, percentEncoded(name));

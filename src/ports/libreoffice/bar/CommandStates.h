@@ -15,11 +15,11 @@ class CommandStates {
     using Listener = com::sun::star::uno::Reference<com::sun::star::frame::XStatusListener>;
 
     bool isEnabled(const std::string& command) const;
-    /// Tells the listeners when it changes something.
+    /// Notifies the listeners when that changes something.
     void setEnabled(const std::string& command, bool enabled);
     void forget(const std::string& command) { setEnabled(command, false); }
 
-    /// The listener hears of the command's state at once and whenever it changes.
+    /// The listener is notified of the command's state at once and whenever it changes.
     void addListener(const com::sun::star::util::URL& url, const Listener& listener);
     void removeListener(const com::sun::star::util::URL& url, const Listener& listener);
 

@@ -4,7 +4,7 @@
 
 namespace huebrush::libreoffice {
 
-/// What an object stands in. The office does not always know: neither is set then, also for an
+/// What contains an object. The office does not always know: neither is set then, also for an
 /// object that has been deleted.
 struct Parent {
     bool isPage = false;
@@ -14,7 +14,7 @@ Parent parentOf(const ShapeReference& shape);
 
 /// Whether a top-level object is tied to text of a header or footer, also through a frame or a
 /// table in it, or to a text that is no longer part of the document. REQUIRES: not a group's member
-/// (the office breaks down when asked for the anchor of one).
+/// (asking for the anchor of one crashes the office).
 bool isAnchoredInHeaderOrFooter(const ShapeReference& shape);
 
 }  // namespace huebrush::libreoffice

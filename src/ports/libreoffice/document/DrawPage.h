@@ -13,14 +13,14 @@ namespace huebrush::libreoffice {
 /// The objects on a document's draw page, in its order, from the back to the front.
 ///
 /// Writer's own ways to list them, by number and by enumeration, count from the start for each
-/// object, so that all of a page cost the square of its size. Writer's page wraps the page of the
-/// drawing layer, whose objects are found at once by their number; it shows through in the one
-/// interface that Writer leaves to it (XShapes2). On that page the text of a shape is an object of
-/// its own, a text frame. Where it does not show through, Writer's page is used.
+/// object, so that listing a page takes quadratic time. Writer's page wraps the page of the drawing
+/// layer, whose objects are found at once by their number; it shows through in the one interface
+/// that Writer leaves to it (XShapes2). On that page the text of a shape is an object of its own, a
+/// text frame. Where it does not show through, Writer's page is used.
 class DrawPage {
  public:
     using Model = com::sun::star::uno::Reference<com::sun::star::frame::XModel>;
-    /// Called with each object's number and the object, which is let go after the call.
+    /// Called with each object's number and the object, which is released after the call.
     using Visitor = std::function<void(std::int32_t index, const ShapeReference& shape)>;
 
     explicit DrawPage(const Model& model);

@@ -10,7 +10,7 @@ namespace huebrush::libreoffice {
 /// Opens a new text document in a frame of its own inside a window, where nobody sees it. A dialog
 /// that the office opens for it is modal to that window, which none for a document without a window
 /// is. The document is closed as any other, at the latest when the window is disposed: an office
-/// whose window takes a document along ends soon after.
+/// crashes soon after a document was disposed along with its window.
 com::sun::star::uno::Reference<com::sun::star::frame::XModel> openInside(
     const ContextReference& context,
     const com::sun::star::uno::Reference<com::sun::star::awt::XWindowPeer>& window);

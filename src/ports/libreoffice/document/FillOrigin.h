@@ -10,8 +10,8 @@
 namespace huebrush::libreoffice {
 
 /// Where a shape's fill has come from: a colour of the document's theme, and what the filters
-/// remember of the file that the shape was loaded from. The office's filters write these instead of
-/// the fill that the shape has, so whoever gives it another fill removes them.
+/// remember from the file that the shape was loaded from. The office's filters write these instead
+/// of the fill that the shape has, so whoever gives it another fill removes them.
 struct FillOrigin {
     /// The properties that tie the fill's colour to the theme; none for a colour of its own.
     std::vector<std::pair<rtl::OUString, com::sun::star::uno::Any>> theme;

@@ -14,9 +14,9 @@
 
 namespace huebrush::libreoffice {
 
-/// A document's tables of bitmaps and transparency gradients, the only lasting way to these fills:
-/// a picture is put in under a name, and the shape is given the name. What was put in or kept here
-/// stays at hand while the document is open, also when no shape uses it for a while.
+/// A document's tables of bitmaps and transparency gradients, the only permanent way to these
+/// fills: a picture is put in under a name, and the shape is given the name. What was put in or
+/// kept here stays at hand while the document is open, also when no shape uses it for a while.
 class FillTables {
  public:
     using Model = com::sun::star::uno::Reference<com::sun::star::frame::XModel>;

@@ -16,8 +16,8 @@ using css::uno::UNO_QUERY_THROW;
 
 namespace {
 
-/// From so many writes on it pays to walk all shapes and let go of them. How many are held does not
-/// matter: what they add to each write and what it takes to let go of them both grow with it.
+/// From this many writes on it pays to walk all shapes and release them. How many are held does not
+/// matter: what they add to each write and what it takes to release them both grow with it.
 constexpr std::size_t kManyWrites = 512;
 
 /// As the comparison of their texts, which takes longer.

@@ -54,7 +54,7 @@ class OpenDocument : public std::enable_shared_from_this<OpenDocument> {
 
     /// A generation ends. Never throws.
     void endGeneration();
-    /// The office closes the document, or has closed it: lets go of all of its objects.
+    /// The office closes the document, or has closed it: releases all of its objects.
     void close();
 
  private:

@@ -23,7 +23,7 @@ using rtl::OUString;
 
 namespace {
 
-/// The office's names of the properties, made once: making one costs as much as a read.
+/// The office's names of the properties, made once: constructing one costs as much as a read.
 struct Names {
     OUString style{"FillStyle"};
     OUString color{"FillColor"};
@@ -110,8 +110,9 @@ std::string memoryIn(const Any& value) {
     return fromOffice(data.Value);
 }
 
-/// What few shapes have is read only of those that do: which ones, the office tells sooner than a
-/// value. Its defaults are no transparency and no attributes, and no document has others.
+/// What few shapes have is read only from those that do: the office says faster which ones these
+/// are than it answers a value. Its defaults are no transparency and no attributes, and no document
+/// has others.
 void readRare(const ShapeReference& shape, const Reference<css::beans::XPropertySet>& set,
               ShapeFill& fill) {
     const auto& rare = names().rare;

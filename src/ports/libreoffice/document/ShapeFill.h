@@ -35,9 +35,8 @@ void prepareWrite(ShapeFill& now, const ShapeReference& shape, FillTables& table
 /// What a shape with this fill answers.
 KnownFill knownFillOf(const ShapeFill& fill, const ShapeReference& shape, FillTables& tables);
 
-/// Makes the shape's fill, which is `now`, the `wanted` one, in one call: what is equal is not
-/// written. REQUIRES: prepareWrite() of `now`. A bitmap is restored to the table where it is
-/// missing there.
+/// Changes the shape's fill from `now` to `wanted`, in one call: what is equal is not written.
+/// REQUIRES: prepareWrite() of `now`. A bitmap that is missing in the table is put back there.
 void writeFill(const ShapeReference& shape, const ShapeFill& now, const ShapeFill& wanted,
                FillTables& tables);
 

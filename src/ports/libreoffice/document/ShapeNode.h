@@ -16,10 +16,10 @@ namespace huebrush::libreoffice {
 class ShapeNode;
 using NodePointer = std::shared_ptr<ShapeNode>;
 
-/// One shape of an open document: who it is, where it stands, and what was read of it.
+/// One shape of an open document: its identity, its place, and what was read from it.
 ///
-/// Who it is, is the office's object. Holding thousands of these slows every write to any of them
-/// down (each listens to all changes of the document), so it is let go while a place suffices: as
+/// Its identity is the office's object. Holding thousands of these slows every write to any of them
+/// down (each listens to all changes of the document), so it is released while a place suffices: as
 /// long as no events run, the place in the tree says the same.
 class ShapeNode : public std::enable_shared_from_this<ShapeNode> {
  public:

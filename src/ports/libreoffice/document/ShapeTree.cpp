@@ -18,7 +18,7 @@ using css::uno::UNO_QUERY_THROW;
 namespace {
 
 constexpr std::int32_t kObjectDeleted = 5825;
-/// Up to so many objects held do not slow writing down much.
+/// Holding up to this many objects does not slow down writing much.
 constexpr std::size_t kFewHolders = 128;
 
 ShapeReference memberAt(const Reference<css::container::XIndexAccess>& members,
@@ -104,7 +104,7 @@ NodePointer ShapeTree::nodeOf(const ShapeReference& shape) {
     if (!kind.isShape) return nullptr;
     NodePointer node = holderOf(shape);
     if (!node) {
-        // It may be one that has let the object go, or has not taken it yet.
+        // It may be one that has released the object, or does not hold it yet.
         holdStructure();
         node = holderOf(shape);
     }
@@ -329,7 +329,7 @@ void ShapeTree::letGo(const std::vector<NodePointer>& nodes) {
     });
 }
 
-/// Takes hold of everything in a current structure.
+/// Holds everything in a current structure.
 void ShapeTree::holdStructure() {
     if (!isStructureCurrent()) return;
     visit(Groups::entered, [this](ShapeNode& node, const ShapeReference& shape) {
@@ -337,7 +337,7 @@ void ShapeTree::holdStructure() {
     });
 }
 
-/// Takes hold of what somebody uses, and of the groups that it is in.
+/// Holds what somebody uses, and the groups that it is in.
 void ShapeTree::holdUsed() {
     std::unordered_set<ShapeNode*> used;
     const std::function<bool(const NodePointer&)> collectUsed = [&](const NodePointer& node) {

@@ -14,7 +14,7 @@ namespace huebrush::libreoffice {
 /// The shapes of one document, each with its one node, and where they stand.
 ///
 /// A node holds the office's object, or its place in a structure that is current; either finds the
-/// other. Shapes anchored in headers and footers are left out, and so is what is no shape. The
+/// other. Shapes anchored in headers and footers are omitted, and so is what is not a shape. The
 /// office's exceptions pass to the caller.
 class ShapeTree {
  public:
@@ -45,7 +45,7 @@ class ShapeTree {
     /// An error when the shape has been deleted.
     void checkAlive(ShapeNode& node);
 
-    /// Walks the whole tree; each object is let go after its visit, unless its node holds it.
+    /// Walks the whole tree; each object is released after its visit, unless its node holds it.
     /// REQUIRES: inside a handler.
     void visitAll(const Visitor& visitor);
     /// Visits the objects in a group that are shapes but no groups, down to the last, without their
@@ -55,12 +55,12 @@ class ShapeTree {
     /// The numbers of the groups' members and the page's object on the way to a shape.
     static std::vector<std::int32_t> placeOf(const ShapeNode& node);
 
-    /// Lets go of the office's objects where many are held, before many are written.
+    /// Releases the office's objects where many are held, before many are written.
     void letGo();
     /// Takes hold again of the objects of all nodes that somebody keeps (ShapeHandle), and forgets
     /// the structure: events are about to run.
     void endGeneration();
-    /// Lets go of everything: the document is gone, and every node counts as deleted.
+    /// Releases everything: the document is gone, and every node counts as deleted.
     void forget();
 
     const DrawPage& page() const { return page_; }

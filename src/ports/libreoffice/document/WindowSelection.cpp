@@ -27,8 +27,8 @@ std::size_t countSelected(const Reference<css::view::XSelectionSupplier>& suppli
     return several.is() ? static_cast<std::size_t>(several->getCount()) : 0;
 }
 
-/// The office lays out a newly opened document bit by bit, in its idle time, and leaves a shape
-/// that has no place yet out of a selection without a word. To count the pages it lays out all.
+/// The office lays out a newly opened document bit by bit, in its idle time, and silently leaves a
+/// shape that has no place yet out of a selection. To count the pages it has to lay out everything.
 void layOutAll(const Reference<css::view::XSelectionSupplier>& controller) {
     const Reference<css::beans::XPropertySet> properties(controller, UNO_QUERY);
     if (properties.is()) properties->getPropertyValue("PageCount");

@@ -14,7 +14,7 @@ using ModelReference = com::sun::star::uno::Reference<com::sun::star::frame::XMo
 bool isHidden(const ModelReference& model);
 
 /// The drawing objects selected in the document's window, groups as one; none when text is
-/// selected. Those in headers and footers are left out.
+/// selected. Those in headers and footers are omitted.
 std::vector<ShapeReference> selectionInWindow(const ModelReference& model);
 
 /// Makes these the selection, in one call of the office; in two where it has not laid out all of

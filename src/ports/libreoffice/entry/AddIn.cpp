@@ -21,7 +21,7 @@ constexpr const char* kName = "cz.huebrush.AddIn";
 constexpr const char* kExtension = "cz.huebrush.extension";
 
 /// For what goes wrong before there is a runtime that could report it.
-void tellFailedStart(const ContextReference& context, const base::Error& error) {
+void reportFailedStart(const ContextReference& context, const base::Error& error) {
     error::ignoring([&] {
         showMessageBox(context, {},
                        base::text("Doplněk Huebrush nelze spustit.", base::kLineBreak,
@@ -51,9 +51,9 @@ css::uno::Any SAL_CALL AddIn::execute(const css::uno::Sequence<css::beans::Named
     try {
         connect();
     } catch (const css::uno::Exception&) {
-        tellFailedStart(context_, currentHostError());
+        reportFailedStart(context_, currentHostError());
     } catch (...) {
-        tellFailedStart(context_, base::currentError());
+        reportFailedStart(context_, base::currentError());
     }
     return {};
 }
@@ -66,7 +66,8 @@ void AddIn::connect() {
 }
 
 /// A handler that waits for a box, a menu or a tool goes on when that has closed: the session must
-/// be there then. The user ends the office again, as with a dialog of the office's own open.
+/// be there then. The user has to quit the office again, as while one of the office's own dialogs
+/// is open.
 void SAL_CALL AddIn::queryTermination(const css::lang::EventObject&) {
     if (session_ == nullptr || !session_->isBusy()) return;
     throw css::frame::TerminationVetoException("Huebrush is at work",
@@ -81,7 +82,7 @@ void SAL_CALL AddIn::disposing(const css::lang::EventObject&) {
     disconnect();
 }
 
-/// A program outside may end the office, and the office tells of that on that program's thread.
+/// Another program may terminate the office, and the office reports that on that program's thread.
 void AddIn::disconnect() noexcept {
     constexpr std::chrono::seconds kPatience(10);
     const auto end = [self = rtl::Reference<AddIn>(this)] { self->session_.reset(); };

@@ -19,7 +19,7 @@ class AddInSession;
 
 /// The one object of the component in an office: the job that the office runs at its start, which
 /// connects the add-in, and the listener at its end, which disconnects it. No exception leaves it
-/// but the one that keeps the office from ending while a handler of ours runs.
+/// except the one that keeps the office from terminating while a handler of ours runs.
 class AddIn final
     : public WeakImplHelper<com::sun::star::task::XJob, com::sun::star::frame::XTerminateListener,
                             com::sun::star::lang::XServiceInfo> {
@@ -39,7 +39,7 @@ class AddIn final
     sal_Bool SAL_CALL supportsService(const rtl::OUString& name) override;
     com::sun::star::uno::Sequence<rtl::OUString> SAL_CALL getSupportedServiceNames() override;
 
-    /// The user has clicked a button of ours in a window. Whatever thread tells of it, its command
+    /// The user has clicked a button of ours in a window. Whatever thread reports it, its command
     /// runs on the main thread.
     void click(const ActiveWindow::Frame& frame, const std::string& command);
     void addListener(const com::sun::star::util::URL& url, const CommandStates::Listener& listener);

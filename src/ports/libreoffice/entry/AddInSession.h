@@ -20,7 +20,7 @@ class AddInSession {
     /// Disconnects it.
     ~AddInSession();
 
-    /// Whether a handler runs, be it that it only waits for the user. On any thread.
+    /// Whether a handler runs, even if it only waits for the user. On any thread.
     bool isBusy() const { return application_.snapshot()->isInHandler(); }
 
     CommandStates& states() { return application_.CommandBars().states(); }
@@ -29,8 +29,8 @@ class AddInSession {
     void click(const ActiveWindow::Frame& frame, const std::string& command);
 
  private:
-    /// Every way from the office into the add-in: what is thrown is told to the user, and nothing
-    /// gets into the office.
+    /// Every way from the office into the add-in: what is thrown is reported to the user, and
+    /// nothing propagates into the office.
     void enter(const std::function<void()>& handler) noexcept;
 
     Application application_;

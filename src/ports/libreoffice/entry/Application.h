@@ -26,8 +26,8 @@ class Application final : public host::Application {
     void setStatusBar(const std::string& text) override { statusBar_.setText(text); }
     void setCursor(host::WdCursorType cursor) override;
 
-    /// Says above which window the host's own tools come up, and which one hidden documents belong
-    /// to; nothing for none.
+    /// Sets above which window the host's own tools appear, and which one hidden documents belong
+    /// to.
     void setOwner(const libreoffice::Documents::Owner& owner) { documents_.setOwner(owner); }
 
     ActiveWindow& activeWindow() { return activeWindow_; }

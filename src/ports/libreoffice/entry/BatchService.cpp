@@ -31,14 +31,14 @@ using nlohmann::ordered_json;
 constexpr const char* kName = "cz.huebrush.Batch";
 constexpr const char* kExtension = "cz.huebrush.extension";
 
-/// The way back to the program: a message a line. What the program no longer reads is lost.
+/// The channel back to the program: one message per line. What the program no longer reads is lost.
 class ChannelWriter {
  public:
     explicit ChannelWriter(const std::string& path) : file_(path) {}
 
     void send(const ordered_json& message) { file_ << message << std::endl; }
 
-    /// Progress is sent at a bounded rate: reading it must not slow the work down.
+    /// Progress is sent at a bounded rate: reading it must not slow down the work.
     void sendProgress(std::size_t done, std::size_t total) {
         const auto now = std::chrono::steady_clock::now();
         if (now - lastProgress_ < kProgressInterval && done < total) return;

@@ -11,8 +11,8 @@
 
 namespace huebrush::libreoffice {
 
-/// Gives a window's controls who carries out the commands of our protocol. The office makes one for
-/// each window.
+/// Provides a window's controls with what carries out the commands of our protocol. The office
+/// makes one for each window.
 class ProtocolHandler final : public WeakImplHelper<com::sun::star::frame::XDispatchProvider,
                                                     com::sun::star::lang::XInitialization,
                                                     com::sun::star::lang::XServiceInfo> {

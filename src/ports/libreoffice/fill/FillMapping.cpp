@@ -139,7 +139,8 @@ struct ColorPair {
     std::int32_t back;
 };
 
-/// Preset gradients have more colours than the office's gradients hold: two that give their mood.
+/// Preset gradients have more colours than the office's gradients hold: two that come closest to
+/// them.
 constexpr std::array<ColorPair, 24> kPresetGradients = {{
     {0x1A0F6B, 0xFF7A1A},  // early sunset
     {0x0B0B2E, 0xC94A12},  // late sunset

@@ -9,8 +9,8 @@
 
 namespace huebrush::libreoffice {
 
-/// What the office's fill is in the words of the object model, approximated the same way every time
-/// where there is no equal. `picture` is what a bitmap fill's picture was recognised as.
+/// The office's fill in the object model's terms, approximated the same way every time where there
+/// is no equivalent. `picture` is what a bitmap fill's picture was recognised as.
 HostFill hostFillOf(const OfficeFill& office, const std::optional<OwnPicture>& picture);
 
 /// What stands beside a shape whose fill the office cannot hold.
@@ -46,7 +46,7 @@ struct FillTarget {
     std::optional<OwnPicture> picture;
     /// What the shape answers then: the wanted fill, with the stops that it keeps.
     HostFill host;
-    /// What is to stand beside the shape; nothing where the office's fill alone tells it all.
+    /// What is to stand beside the shape; nothing where the office's fill alone says it all.
     std::optional<RememberedFill> remembered;
 };
 

@@ -35,7 +35,7 @@ struct FillBuild {
     friend bool operator==(const FillBuild&, const FillBuild&) = default;
 };
 
-/// A fill in the words of the object model. Colours have red in the low byte.
+/// A fill in the object model's terms. Colours have red in the low byte.
 struct HostFill : FillBuild {
     host::MsoTriState visible = host::MsoTriState::msoFalse;
     std::int32_t foreColor = Unused::kColor;

@@ -7,9 +7,9 @@
 
 namespace huebrush::libreoffice {
 
-/// A fill in the words of the office: the properties that its drawing shapes have. Colours are
-/// 0xRRGGBB, angles 1/10 degree, transparence and offsets per cent, distances 1/100 mm; the
-/// enumerations have the office's values.
+/// A fill in the office's terms: the properties that its drawing shapes have. Colours are 0xRRGGBB,
+/// angles 1/10 degree, transparence and offsets per cent, distances 1/100 mm; the enumerations have
+/// the office's values.
 
 enum class OfficeFillStyle : std::int32_t { none, solid, gradient, hatch, bitmap };
 

@@ -19,7 +19,7 @@ class EventPump {
               std::function<void()> before = {});
 
     void run();
-    /// Lets them run whatever the rate.
+    /// Lets them run at once, whatever the rate.
     void runNow();
 
  private:

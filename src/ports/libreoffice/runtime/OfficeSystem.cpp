@@ -20,7 +20,7 @@ namespace {
 constexpr const char* kToolKey = R"(SOFTWARE\Microsoft\Shared Tools\MSINFO)";
 constexpr const char* kToolValue = "PATH";
 
-/// Programs that tell about the system, the more telling ones first.
+/// Programs that show information about the system, the more detailed ones first.
 constexpr std::array<const char*, 7> kTools{"hardinfo2",
                                             "hardinfo",
                                             "kinfocenter",

@@ -28,9 +28,9 @@ constexpr std::chrono::milliseconds kOpeningPause(10);
 /// Short enough for the dialog to follow the mouse, long enough to take no time of the machine.
 constexpr std::chrono::milliseconds kOpenPause(15);
 
-/// The dialog over one document. The office has no call that opens it and waits for its end, and
-/// tells of neither; but while a dialog is open over a document, its controller does not let itself
-/// be suspended.
+/// The dialog over one document. The office has no call that opens it and waits until it closes,
+/// and reports neither; but while a dialog is open over a document, its controller does not let
+/// itself be suspended.
 class AreaDialog {
  public:
     AreaDialog(const ContextReference& context, const Model& model)
@@ -43,7 +43,7 @@ class AreaDialog {
         css::util::URLTransformer::create(context)->parseStrict(url_);
     }
 
-    /// Asked too early, the office opens nothing, without a word.
+    /// Asked too early, the office silently opens nothing.
     void open() {
         modifiable_->setModified(false);
         const auto dispatch =

@@ -8,7 +8,7 @@
 
 namespace huebrush::libreoffice {
 
-/// The classic host's own tools for a fill, as far as the office has their like: its colour dialog
+/// The classic host's own tools for a fill, as far as the office has equivalents: its colour dialog
 /// for the fill colour (control 1051), its dialog of areas for the fill effects (control 1006) and
 /// the format of an object (dialog 960). Each works on what is selected in the hidden document made
 /// last, comes up above the window that hidden documents belong to, and returns when the user has

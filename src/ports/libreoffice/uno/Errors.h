@@ -13,8 +13,8 @@ inline constexpr std::int32_t kCommandFailed = 4198;
 inline constexpr std::int32_t kNoDocument = 4248;
 }  // namespace HostErrorNumber
 
-/// The exception of the office that is in flight as an error of the host, with the office's own
-/// words. REQUIRES: called inside a catch block for com.sun.star.uno.Exception.
+/// The office's exception that is being handled as an error of the host, with the office's own
+/// text. REQUIRES: called inside a catch block for com.sun.star.uno.Exception.
 base::Error currentHostError();
 
 /// Runs calls of the office; an exception of theirs becomes base::Error.

@@ -7,8 +7,8 @@
 
 namespace huebrush::libreoffice {
 
-/// Runs `work` soon on the office's main thread, out of its event loop: the only thread on which
-/// windows may be made. Returns at once. What `work` throws ends there, unseen.
+/// Runs `work` soon on the office's main thread, from its event loop: the only thread on which
+/// windows may be made. Returns at once. What `work` throws is dropped.
 void postToMainThread(const ContextReference& context, std::function<void()> work);
 
 /// As postToMainThread, but returns when `work` is done, or gives up waiting for it after `limit`.

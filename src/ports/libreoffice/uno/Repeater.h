@@ -9,7 +9,7 @@
 namespace huebrush::libreoffice {
 
 /// Calls `work` on the office's main thread again and again, an interval apart, for as long as it
-/// lives. A call that is on its way when it ends still comes.
+/// lives. A call that is already posted when it ends still comes.
 class Repeater {
  public:
     Repeater(const ContextReference& context, std::chrono::milliseconds interval,

@@ -9,12 +9,12 @@
 
 namespace huebrush::libreoffice {
 
-/// How long what was read from the office may be answered again without reading it anew: within one
+/// How long what was read from the office may be reused without reading it again: within one
 /// handler, until events run. What was read carries the generation in which it was read; it is good
 /// while isCurrent() says so. Outside a handler nothing is, so every read goes to the office.
 ///
-/// Writes that are gathered for one go are carried out before a generation ends: who gathers them
-/// connects to `beforeEnd`.
+/// Gathered writes are carried out before a generation ends: whoever gathers them calls
+/// connectBeforeEnd().
 class Snapshot {
  public:
     using Generation = std::uint64_t;

@@ -84,7 +84,7 @@ std::vector<std::shared_ptr<void>> FormWindows::pauseActions() const {
 }
 
 void FormWindows::flush() {
-    // A flush may end with a window less.
+    // A flush may close a window.
     const auto windows = shown_;
     for (const auto& window : windows) window->flush();
 }

@@ -25,9 +25,10 @@ class FormWindows {
     FormWindows& operator=(const FormWindows&) = delete;
     ~FormWindows();
 
-    /// Puts a form on the screen, or in front when it is there. Returns when a modal one has ended.
+    /// Shows a form, or brings it to the front when it is shown. Returns when a modal one has
+    /// ended.
     void show(forms::Form& form, bool modal);
-    /// Takes a form away; nothing when it has no window.
+    /// Removes a form from the screen; does nothing when it has no window.
     void close(forms::Form& form);
 
     /// The window of the form shown last, or else the active text window: what the office's own
@@ -35,9 +36,9 @@ class FormWindows {
     Owner owner() const;
 
     /// While what it returns lives, a dialog of the office's own may be open above the windows.
-    /// Those that are closed are only hidden, and go with it: the office ends with a window that
-    /// goes from under such a dialog. And what the user has done in them before waits: it could
-    /// open a second dialog beside the first, and end what that one belongs to.
+    /// Those that are closed are only hidden, and destroyed with it: destroying a window under such
+    /// a dialog crashes the office. What the user did in them before is queued: it could open a
+    /// second dialog beside the first, and end what that one belongs to.
     std::shared_ptr<void> hold();
 
     /// Brings the screen up to date with the controls, now rather than with the next turn of the

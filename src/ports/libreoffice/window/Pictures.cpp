@@ -11,7 +11,7 @@ namespace css = com::sun::star;
 
 namespace {
 
-/// Beyond so many, pictures that are shown no more are likely to be among them.
+/// Beyond this many, some are likely not to be shown any more.
 constexpr std::size_t kMostKept = 1024;
 
 }  // namespace

@@ -30,7 +30,7 @@ class Surface final : public view::NativeSurface {
         std::function<void(int)> wheel;
         /// Runs what the user did soon, from the event loop.
         std::function<void(std::function<void()>)> post;
-        /// A new window lies in the form's: a surface or a native control.
+        /// A new window was made inside the form's: a surface or a native control.
         std::function<void(const Window&)> made;
         /// The colour of what native controls leave free, as 0xRRGGBB.
         std::function<sal_Int32(const forms::Control&)> background;
@@ -46,7 +46,7 @@ class Surface final : public view::NativeSurface {
     std::unique_ptr<view::NativeControl> makeControl(const forms::Control& control) override;
     std::unique_ptr<view::NativeSurface> makeSurface(const view::ControlReference& box) override;
 
-    /// Nothing once it has ended.
+    /// Null once it has ended.
     forms::Control* control() const { return control_->control; }
     const Peer& peer() const { return peer_; }
     const view::Rectangle& bounds() const { return bounds_; }

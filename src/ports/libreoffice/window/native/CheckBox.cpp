@@ -22,7 +22,7 @@ class CheckBox final : public NativeOf<forms::CheckBox> {
     void mirrorKind(const forms::CheckBox& box) override {
         setCaption(box.Caption);
         if (box.Value == state_) return;
-        // The toolkit tells of this change, too, and only a change to another state is the user's.
+        // The toolkit reports this change, too, and only a change to another state is the user's.
         state_ = box.Value;
         const bool grey = state_ == forms::CheckValue::kGrey;
         if (grey) box_->enableTriState(true);

@@ -12,7 +12,7 @@
 
 namespace huebrush::libreoffice {
 
-/// Hands what the toolkit tells of a native control on to it, while it lives.
+/// Passes what the toolkit reports of a native control on to it, while it lives.
 class Native::Listener final
     : public WeakImplHelper<
           com::sun::star::awt::XActionListener, com::sun::star::awt::XItemListener,

@@ -18,17 +18,18 @@
 
 namespace huebrush::libreoffice {
 
-/// Where native controls are made: the window that contains them, and who hears of the user.
+/// Where native controls are made: the window that contains them, and who is notified of what the
+/// user does.
 struct NativeSite {
     com::sun::star::uno::Reference<com::sun::star::awt::XToolkit> toolkit;
     com::sun::star::uno::Reference<com::sun::star::awt::XWindowPeer> parent;
     /// Runs what the user did soon, from the event loop.
     std::function<void(std::function<void()>)> post;
-    /// Hears of the mouse in a native control.
+    /// Is notified of what the mouse does in a native control.
     std::function<void(const view::MouseInput&)> mouse;
 };
 
-/// A control of the office's toolkit that shows a control of ours and hands on what the user does
+/// A control of the office's toolkit that shows a control of ours and passes on what the user does
 /// with it. It may show another one later.
 class Native : public view::NativeControl {
  public:

@@ -16,14 +16,14 @@ class OptionButton final : public NativeOf<forms::OptionButton> {
     explicit OptionButton(const NativeSite& site) : NativeOf(site, "radiobutton") {
         option_ = as<css::awt::XRadioButton>();
         centreVertically();
-        // A click is told of even when the option is the chosen one.
+        // A click is reported even when the option is already selected.
         as<css::awt::XButton>()->addActionListener(listener());
     }
 
  private:
     void mirrorKind(const forms::OptionButton& option) override {
         setCaption(option.Caption);
-        // What the toolkit's own grouping has done is not asked.
+        // What the toolkit's own grouping has done is ignored.
         if (bool(option_->getState()) != option.Value) option_->setState(option.Value);
     }
     void acted(const css::awt::ActionEvent&) override {

@@ -21,7 +21,7 @@ class ScrollBar final : public NativeOf<forms::VScrollBar> {
     }
 
  private:
-    /// The toolkit's bar begins at 0, and its thumb has a size: what shows of the whole.
+    /// The toolkit's bar begins at 0, and its thumb has a size: the visible part of the whole.
     void mirrorKind(const forms::VScrollBar& bar) override {
         const auto page = static_cast<sal_Int32>(bar.Height);
         first_ = bar.Min;
