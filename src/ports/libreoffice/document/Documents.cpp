@@ -60,8 +60,8 @@ struct OpenDocuments {
         return *found;
     }
 
-    /// Objects of the office's that are held make the closing of a big document very slow, so they
-    /// are let go of as soon as it is known.
+    /// Holding the office's objects makes closing a big document very slow, so they are released as
+    /// soon as its closing is known.
     void closed(const Reference<css::uno::XInterface>& model) {
         const auto found = std::find_if(list.begin(), list.end(), [&](const auto& document) {
             return document->model() == model;
@@ -77,7 +77,7 @@ struct OpenDocuments {
     }
 };
 
-/// Hears that a document is closed.
+/// Is notified that a document is closed.
 class Documents::Listener final : public WeakImplHelper<css::util::XCloseListener> {
  public:
     explicit Listener(std::weak_ptr<OpenDocuments> open) : open_(std::move(open)) {}

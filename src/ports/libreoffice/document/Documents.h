@@ -33,8 +33,8 @@ class Documents final : public host::Documents {
     /// A new document that nobody sees; closed by its Close(). Inside the owner's window where
     /// there is one, so that the office's dialogs for the document are modal to that window.
     std::shared_ptr<host::Document> addHidden() override;
-    /// The hidden document made last that is still open; an error when there is none. For one of
-    /// the office's dialogs, the office is told what is selected in it.
+    /// The hidden document made last that is still open; an error when there is none. The second
+    /// brings its selection to the office, for one of the office's dialogs.
     std::shared_ptr<host::Document> newestHidden() const;
     com::sun::star::uno::Reference<com::sun::star::frame::XModel> newestHiddenForDialog() const;
 
@@ -44,12 +44,12 @@ class Documents final : public host::Documents {
         std::shared_ptr<void> hold;
     };
     using Owner = std::function<OwnerWindow()>;
-    /// Says which window the hidden documents made from now on belong to; no peer for none.
+    /// Sets which window the hidden documents made from now on belong to; no peer for none.
     void setOwner(Owner owner) { owner_ = std::move(owner); }
     OwnerWindow owner() const { return owner_(); }
 
     /// What reads are answered from while a handler runs. The entry points hold a HandlerScope on
-    /// it, the event pump tells it when events have run.
+    /// it, the event pump invalidates it when events have run.
     const std::shared_ptr<Snapshot>& snapshot() const { return snapshot_; }
 
  private:

@@ -31,7 +31,7 @@ ShapeReference DrawPage::at(std::int32_t index) const {
 std::int32_t DrawPage::indexOf(const ShapeReference& shape, std::int32_t last) const {
     const std::int32_t all = count();
     if (last < all && at(last) == shape) return last;
-    // Writer leaves the text frames of shapes out when it counts.
+    // Writer does not count the text frames of shapes.
     sal_Int32 index = 0;
     Reference<css::beans::XPropertySet>(shape, UNO_QUERY_THROW)->getPropertyValue("ZOrder") >>=
         index;

@@ -23,8 +23,8 @@ struct Names {
     std::array<OUString, 3> themeDetails{OUString("FillColorLumMod"), OUString("FillColorLumOff"),
                                          OUString("FillComplexColor")};
     OUString memory{"InteropGrabBag"};
-    /// The entries of the memory that are written instead of the shape's own fill. Others tell the
-    /// style that the shape refers to: its own fill stands above that.
+    /// The entries of the memory that are written instead of the shape's own fill. Others give the
+    /// style that the shape refers to: its own fill overrides that.
     std::array<OUString, 4> entries{OUString("SpPrSolidFillSchemeClr"),
                                     OUString("SpPrSolidFillSchemeClrTransformations"),
                                     OUString("GradFillDefinition"), OUString("OriginalGradFill")};

@@ -35,7 +35,7 @@ std::vector<std::uint8_t> bytesOf(const std::string& path) {
     return bytes;
 }
 
-/// The pixels of a bitmap of the office's; an image of width 0 when they cannot be had.
+/// The pixels of a bitmap of the office's; an image of width 0 when they are not available.
 Image pixelsOf(const css::uno::Reference<css::awt::XBitmap>& bitmap) {
     const css::uno::Sequence<sal_Int8> file = bitmap->getDIB();
     std::vector<std::uint8_t> bytes(static_cast<std::size_t>(file.getLength()));

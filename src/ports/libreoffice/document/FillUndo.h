@@ -20,7 +20,7 @@ struct FillChange {
     ShapeFill after;
 };
 
-/// One shape's fill to be brought back.
+/// One shape's fill to be restored.
 struct FillStep {
     const FillChange* change;
     /// One of the two fills of the change.
@@ -28,7 +28,7 @@ struct FillStep {
 };
 using FillSteps = std::vector<FillStep>;
 
-/// Brings fills back, in the order of the steps, because a shape may be in several. A shape that is
+/// Restores fills, in the order of the steps, because a shape may be in several. A shape that is
 /// not at its place any more is left out. The office's exceptions pass to the caller.
 void restoreFills(const FillSteps& steps, const DrawPage& page, FillTables& tables);
 

@@ -110,7 +110,7 @@ class FillWriter {
     std::vector<FillChange> changes_;
 };
 
-/// Tells the office that the document differs from its file.
+/// Marks the document as differing from its file.
 void markModified(const FillWriter::Model& model);
 
 [[noreturn]] void throwClosed();

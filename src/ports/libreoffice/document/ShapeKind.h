@@ -10,7 +10,7 @@ using ShapeReference = com::sun::star::uno::Reference<com::sun::star::drawing::X
 
 /// What an object on the office's draw page is to us.
 struct ShapeKind {
-    /// Text frames, pictures and embedded objects are no shapes.
+    /// Text frames, pictures and embedded objects are not shapes.
     bool isShape = false;
     /// Lines, connectors and form controls have none.
     bool canHaveFill = false;

@@ -28,7 +28,7 @@ namespace {
 
 using base::text;
 
-/// Answers every question of the office by giving up, and remembers whether a password was asked.
+/// Answers every question of the office by aborting, and remembers whether it asked for a password.
 class NobodyThere final : public WeakImplHelper<css::task::XInteractionHandler> {
  public:
     void SAL_CALL
@@ -65,7 +65,7 @@ css::uno::Reference<css::lang::XComponent> load(const ContextReference& context,
     ignoringOffice([&] {
         loaded = loader->loadComponentFromURL(
             urlOf(path), toOffice("_blank"), 0,
-            // Read-only, so that it neither minds nor leaves a lock of the file.
+            // Read-only, so that it neither respects nor leaves a lock on the file.
             properties({property("Hidden", css::uno::Any(true)),
                         property("DocumentBaseURL", css::uno::Any(toOffice(url))),
                         property("ReadOnly", css::uno::Any(true)),

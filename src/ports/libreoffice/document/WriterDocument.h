@@ -7,7 +7,7 @@
 
 namespace huebrush::libreoffice {
 
-/// A document of the office in the words of the object model.
+/// A document of the office as an object of the object model.
 class WriterDocument final : public host::Document {
  public:
     explicit WriterDocument(std::shared_ptr<OpenDocument> document)

@@ -45,7 +45,7 @@ view::Scale scaleOf(const FormWindow::Peer& window) {
 
 }  // namespace
 
-/// Hears of what happens to the window as a whole.
+/// Is notified of what happens to the window as a whole.
 class FormWindow::Listener final
     : public WeakImplHelper<css::awt::XTopWindowListener, css::awt::XWindowListener,
                             css::awt::XFocusListener> {
@@ -77,7 +77,8 @@ class FormWindow::Listener final
     void SAL_CALL windowMoved(const css::awt::WindowEvent&) override { closeMenu(); }
     void SAL_CALL windowShown(const css::lang::EventObject&) override {}
     void SAL_CALL windowHidden(const css::lang::EventObject&) override {}
-    /// The window below goes, and takes with it what lies over it: the form ends before that.
+    /// The window below is being destroyed, and everything over it with it: the form ends before
+    /// that.
     void SAL_CALL disposing(const css::lang::EventObject& event) override {
         if (window_ == nullptr || event.Source != window_->parent_) return;
         forms::Form& form = view().form();

@@ -41,16 +41,16 @@ class FormWindow : public std::enable_shared_from_this<FormWindow>, private view
     /// Hides the window, detached from its form: neither notices the other any more. Harmless when
     /// there is none.
     void retire();
-    /// Takes the window away. Harmless when there is none.
+    /// Destroys the window. Harmless when there is none.
     void close();
     void toFront();
 
     /// Whether this is the form's window.
     bool shows(const forms::Form& form) const { return &view_->form() == &form; }
-    /// Nothing when the window is closed.
+    /// Null when the window is closed.
     Peer peer() const;
 
-    /// While what it returns lives, what the user does waits. It keeps the window alive.
+    /// While what it returns lives, what the user does is queued. It keeps the window alive.
     std::shared_ptr<void> pauseActions();
     /// Brings the window up to date at once.
     void flush();

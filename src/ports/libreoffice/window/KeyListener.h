@@ -9,7 +9,7 @@
 
 namespace huebrush::libreoffice {
 
-/// Hands the keys of a form's window on to its view, for as long as it lives.
+/// Passes the keys of a form's window on to its view, for as long as it lives.
 class KeyListener {
  public:
     using Toolkit = com::sun::star::uno::Reference<com::sun::star::awt::XExtendedToolkit>;

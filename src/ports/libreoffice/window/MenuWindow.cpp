@@ -34,8 +34,8 @@ namespace {
 
 using Peer = Reference<css::awt::XWindowPeer>;
 
-/// The window of an open menu. It floats over another window and takes no focus from it, so the
-/// keys come by way of that.
+/// The window of an open menu. It floats over another window and does not take the focus from it,
+/// so its keys come through that one.
 class MenuWindow final : public view::NativeMenu {
  public:
     using Toolkit = Reference<css::awt::XToolkit>;
@@ -47,9 +47,9 @@ class MenuWindow final : public view::NativeMenu {
 
     /// Until the user has picked a line, or closed it without.
     bool isOpen() const { return pick_.isOpen(); }
-    /// The number of the line that was picked; nothing as long as none is.
+    /// The number of the line that was picked; none until then.
     std::optional<std::size_t> picked() const { return pick_.picked(); }
-    /// What it floats over may be about to go.
+    /// What it floats over may be about to be destroyed.
     void end() override;
     void press(const view::Key& key) override;
 
@@ -136,8 +136,8 @@ void MenuWindow::end() {
     dispose(window_);
 }
 
-/// Such a window is placed in its parent's pixels. The screen that the office tells of may be
-/// another one than the parent's.
+/// Such a window is placed in its parent's pixels. The screen that the office reports may not be
+/// the parent's.
 void MenuWindow::place(const Toolkit& toolkit, const Peer& below, view::Point at) {
     const view::Size size = layout_.size();
     ignoringOffice([&] {

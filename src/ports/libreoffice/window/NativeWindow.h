@@ -27,7 +27,7 @@ inline NativeWindow makeNativeWindow(
     return {toolkit->createWindow(descriptor), com::sun::star::uno::UNO_QUERY_THROW};
 }
 
-/// Moves a window, if its place is another one. Whether it is.
+/// Moves a window to another place. Returns whether it was another one.
 inline bool moveTo(const NativeWindow& window, view::Rectangle& now, const view::Rectangle& place) {
     if (place == now) return false;
     now = place;
@@ -36,7 +36,7 @@ inline bool moveTo(const NativeWindow& window, view::Rectangle& now, const view:
     return true;
 }
 
-/// Ends a window, if it is there still.
+/// Disposes a window that still exists.
 inline void dispose(const NativeWindow& window) {
     ignoringOffice([&] {
         const com::sun::star::uno::Reference<com::sun::star::lang::XComponent> component(

@@ -44,7 +44,7 @@ class Surface::Listener final
     void SAL_CALL mouseMoved(const css::awt::MouseEvent& event) override {
         hear(view::MouseInput::Kind::move, event);
     }
-    /// The first move over a window is told of as this only.
+    /// The first move over a window is reported only as this.
     void SAL_CALL mouseEntered(const css::awt::MouseEvent& event) override {
         hear(view::MouseInput::Kind::move, event);
     }
@@ -127,7 +127,8 @@ void Surface::hide() {
 
 void Surface::setToolTip(const std::string& text) {
     if (text == toolTip_) return;
-    // A tip that is open would stay where it is, with the new text, under gtk3: it closes first.
+    // A tip that is open would stay where it is, with the new text, under gtk3: so it is closed
+    // first.
     toolTip_ = toolTip_.empty() ? text : std::string();
     css::uno::Reference<css::awt::XVclWindowPeer>(peer_, css::uno::UNO_QUERY_THROW)
         ->setProperty("HelpText", css::uno::makeAny(toOffice(toolTip_)));
