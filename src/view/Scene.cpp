@@ -4,6 +4,7 @@
 
 #include "forms/Controls.h"
 #include "forms/Form.h"
+#include "view/NativeKinds.h"
 
 namespace huebrush::view {
 
@@ -19,11 +20,6 @@ Box boxOf(const forms::Control& control, double left, double top) {
         box.height = std::max(box.height, kLineThickness);
     }
     return box;
-}
-
-template <class... Kinds>
-bool isAnyOf(const forms::Control& control) {
-    return ((dynamic_cast<const Kinds*>(&control) != nullptr) || ...);
 }
 
 void collect(const forms::Control& container, double left, double top, const Box& clip,
@@ -53,8 +49,7 @@ bool isSurface(const forms::Control& control) {
 }
 
 bool isNative(const forms::Control& control) {
-    return isAnyOf<forms::CommandButton, forms::CheckBox, forms::OptionButton, forms::VScrollBar,
-                   forms::ListBox, forms::TextBox>(control);
+    return visitNativeKind(control, [](const auto&) {});
 }
 
 std::vector<Placed> sceneOf(const forms::Control& surface, double width, double height) {

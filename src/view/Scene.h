@@ -19,7 +19,7 @@ struct Placed {
 /// box that is in no other. Everything else is drawn on one of these.
 bool isSurface(const forms::Control& control);
 
-/// Whether a control has a native one of its own: those that take the focus, and scroll bars.
+/// Whether a control has a native one of its own (NativeKinds.h).
 bool isNative(const forms::Control& control);
 
 /// The controls inside `surface` that show in a view of this size, from the lowest to the

@@ -34,10 +34,8 @@ class Button final : public NativeOf<forms::CommandButton> {
 
 }  // namespace
 
-NativeKind buttonKind() {
-    return {&Button::isFor, [](const NativeSite& site) -> std::unique_ptr<Native> {
-                return std::make_unique<Button>(site);
-            }};
+std::unique_ptr<Native> makeNative(const forms::CommandButton&, const NativeSite& site) {
+    return std::make_unique<Button>(site);
 }
 
 }  // namespace huebrush::libreoffice

@@ -43,10 +43,8 @@ class CheckBox final : public NativeOf<forms::CheckBox> {
 
 }  // namespace
 
-NativeKind checkBoxKind() {
-    return {&CheckBox::isFor, [](const NativeSite& site) -> std::unique_ptr<Native> {
-                return std::make_unique<CheckBox>(site);
-            }};
+std::unique_ptr<Native> makeNative(const forms::CheckBox&, const NativeSite& site) {
+    return std::make_unique<CheckBox>(site);
 }
 
 }  // namespace huebrush::libreoffice

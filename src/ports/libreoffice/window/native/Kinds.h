@@ -1,25 +1,17 @@
 #pragma once
 
 #include <memory>
-#include <vector>
 
+#include "forms/Controls.h"
 #include "ports/libreoffice/window/native/Native.h"
 
 namespace huebrush::libreoffice {
-
-/// A kind of control that has native ones.
-struct NativeKind {
-    bool (*isFor)(const forms::Control& control);
-    std::unique_ptr<Native> (*make)(const NativeSite& site);
-};
-const std::vector<NativeKind>& nativeKinds();
 
 /// What all natives of one kind of control share.
 template <class Kind>
 class NativeOf : public Native {
  public:
-    bool fits(const forms::Control& control) const final { return isFor(control); }
-    static bool isFor(const forms::Control& control) {
+    bool fits(const forms::Control& control) const final {
         return dynamic_cast<const Kind*>(&control) != nullptr;
     }
 
@@ -33,11 +25,12 @@ class NativeOf : public Native {
     }
 };
 
-NativeKind buttonKind();
-NativeKind checkBoxKind();
-NativeKind optionButtonKind();
-NativeKind scrollBarKind();
-NativeKind listBoxKind();
-NativeKind textBoxKind();
+// One for a control of the kind; there is one of these for each of view::NativeKinds.
+std::unique_ptr<Native> makeNative(const forms::CommandButton& control, const NativeSite& site);
+std::unique_ptr<Native> makeNative(const forms::CheckBox& control, const NativeSite& site);
+std::unique_ptr<Native> makeNative(const forms::OptionButton& control, const NativeSite& site);
+std::unique_ptr<Native> makeNative(const forms::VScrollBar& control, const NativeSite& site);
+std::unique_ptr<Native> makeNative(const forms::ListBox& control, const NativeSite& site);
+std::unique_ptr<Native> makeNative(const forms::TextBox& control, const NativeSite& site);
 
 }  // namespace huebrush::libreoffice

@@ -49,10 +49,8 @@ class ListBox final : public NativeOf<forms::ListBox> {
 
 }  // namespace
 
-NativeKind listBoxKind() {
-    return {&ListBox::isFor, [](const NativeSite& site) -> std::unique_ptr<Native> {
-                return std::make_unique<ListBox>(site);
-            }};
+std::unique_ptr<Native> makeNative(const forms::ListBox&, const NativeSite& site) {
+    return std::make_unique<ListBox>(site);
 }
 
 }  // namespace huebrush::libreoffice

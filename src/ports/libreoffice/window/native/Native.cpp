@@ -9,6 +9,7 @@
 #include "ports/libreoffice/window/NativeWindow.h"
 #include "ports/libreoffice/window/native/Kinds.h"
 #include "ports/libreoffice/window/native/Listener.h"
+#include "view/NativeKinds.h"
 
 namespace huebrush::libreoffice {
 
@@ -27,10 +28,9 @@ Native::~Native() {
 }
 
 std::unique_ptr<Native> Native::make(const forms::Control& control, const NativeSite& site) {
-    for (const NativeKind& kind : nativeKinds()) {
-        if (kind.isFor(control)) return kind.make(site);
-    }
-    return nullptr;
+    std::unique_ptr<Native> made;
+    view::visitNativeKind(control, [&](const auto& kind) { made = makeNative(kind, site); });
+    return made;
 }
 
 void Native::show(const view::ControlReference& control, const view::Rectangle& place) {

@@ -35,10 +35,8 @@ class OptionButton final : public NativeOf<forms::OptionButton> {
 
 }  // namespace
 
-NativeKind optionButtonKind() {
-    return {&OptionButton::isFor, [](const NativeSite& site) -> std::unique_ptr<Native> {
-                return std::make_unique<OptionButton>(site);
-            }};
+std::unique_ptr<Native> makeNative(const forms::OptionButton&, const NativeSite& site) {
+    return std::make_unique<OptionButton>(site);
 }
 
 }  // namespace huebrush::libreoffice

@@ -44,10 +44,8 @@ class ScrollBar final : public NativeOf<forms::VScrollBar> {
 
 }  // namespace
 
-NativeKind scrollBarKind() {
-    return {&ScrollBar::isFor, [](const NativeSite& site) -> std::unique_ptr<Native> {
-                return std::make_unique<ScrollBar>(site);
-            }};
+std::unique_ptr<Native> makeNative(const forms::VScrollBar&, const NativeSite& site) {
+    return std::make_unique<ScrollBar>(site);
 }
 
 }  // namespace huebrush::libreoffice

@@ -36,10 +36,8 @@ class TextBox final : public NativeOf<forms::TextBox> {
 
 }  // namespace
 
-NativeKind textBoxKind() {
-    return {&TextBox::isFor, [](const NativeSite& site) -> std::unique_ptr<Native> {
-                return std::make_unique<TextBox>(site);
-            }};
+std::unique_ptr<Native> makeNative(const forms::TextBox&, const NativeSite& site) {
+    return std::make_unique<TextBox>(site);
 }
 
 }  // namespace huebrush::libreoffice
