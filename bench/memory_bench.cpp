@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 
+#include "batch/BatchRuntime.h"
 #include "batch/Session.h"
 #include "forms/Runtime.h"
 #include "ports/memory/MemoryHost.h"
@@ -38,7 +39,7 @@ void scan(benchmark::State& state) {
         static_cast<void>(unused);
         batch::BatchRuntime runtime(platform);
         const forms::RuntimeScope scope(runtime);
-        batch::Session session(host, document, runtime);
+        batch::Session session(host, document);
         benchmark::DoNotOptimize(session.scan());
     }
     reportPerShape(state);

@@ -15,6 +15,7 @@
 
 #include "Job.h"
 #include "base/Error.h"
+#include "batch/BatchRuntime.h"
 #include "batch/Session.h"
 #include "error/mError.h"
 #include "ports/libreoffice/document/DrawPage.h"
@@ -188,7 +189,7 @@ class Bench {
     }
 
     void measureRecolour(json& figures, const std::string& suffix) {
-        batch::Session session(application_, application_.Documents().documentOf(model_), runtime_);
+        batch::Session session(application_, application_.Documents().documentOf(model_));
         std::vector<batch::FillRow> rows;
         figures["scan" + suffix] = milliseconds([&] {
             const HandlerScope handler(application_.snapshot());

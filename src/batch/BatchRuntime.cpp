@@ -51,9 +51,7 @@ std::string BatchRuntime::ChooseFile(const forms::FileDialog& dialog) {
     throwUnattended(dialog.title);
 }
 
-void BatchRuntime::DoEvents() {
-    if (onStep) onStep();
-}
+void BatchRuntime::DoEvents() {}
 
 // There is no screen.
 void BatchRuntime::showForm(forms::Form& form, bool modal) {

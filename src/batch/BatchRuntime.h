@@ -2,7 +2,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <functional>
 #include <string>
 #include <vector>
 
@@ -20,7 +19,7 @@ struct Message {
 
 /// The forms runtime for work without a user at the screen. Boxes are kept instead of shown: Abort,
 /// Retry and Ignore is answered with Abort, any other question is an error of whoever asks it.
-/// No events are let through; a step in between only reports progress. Settings and component are
+/// No events are let through. Settings and component are
 /// those of the platform, the clipboard is its own.
 class BatchRuntime final : public forms::ForwardingRuntime, private forms::Clipboard {
  public:
@@ -37,8 +36,6 @@ class BatchRuntime final : public forms::ForwardingRuntime, private forms::Clipb
     void setTopMost(forms::Form& form, bool topMost) override;
 
     const std::vector<Message>& messages() const { return messages_; }
-    /// Called at each step of the logic.
-    std::function<void()> onStep;
 
  private:
     void Clear() override { picture_ = {}; }

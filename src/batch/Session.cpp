@@ -55,49 +55,39 @@ FillEdit solid(base::Rgb color, float transparency) {
 }
 
 Session::Session(host::Application& host, std::shared_ptr<host::Document> document,
-                 BatchRuntime& runtime, Progress progress)
-    : runtime_(runtime),
-      document_(document),
+                 Progress progress)
+    : document_(document),
       host_(host, std::move(document)),
       dialog_(recolor::frmEditGraphic::create()) {
     dialog_->connect(host_);
+    const auto noteError = [this](const std::string& error) { error_ = error; };
+    dialog_->Scanned.connect(noteError);
+    dialog_->Recoloured.connect(noteError);
     if (!progress) return;
-    runtime_.onStep = [this, progress = std::move(progress)] {
-        const auto [done, total] = dialog_->progress();
-        progress(done, total);
-    };
+    dialog_->Progressed.connect(
+        [progress = std::move(progress)](const recolor::frmEditGraphic::Progress& at) {
+            progress(at.done, at.total);
+        });
 }
 
 Session::~Session() {
-    runtime_.onStep = nullptr;
     dialog_->Unload();
 }
 
 std::vector<FillRow> Session::scan() {
     dialog_->cmdAdd.press();
-    const std::string error = nextError();
-    if (!error.empty()) throw base::Error(base::ErrorNumber::kInternal, error);
+    if (!error_.empty()) throw base::Error(base::ErrorNumber::kInternal, error_);
     if (dialog_->Element.ubound() == 0) {
         throw RequestError("the document has no drawing shapes");
     }
     for (std::int16_t i = 1; i <= dialog_->Element.ubound(); ++i) {
-        dialog_->Element[i].Discoloured.connect([this, i] {
-            const std::string failure = nextError();
-            if (!failure.empty()) failures_.emplace(i, failure);
+        dialog_->Element[i].Discoloured.connect([this, i](const recolor::RowOutcome& outcome) {
+            // A fill that fails after its row has the last word; the row's first error stays.
+            recolor::RowOutcome& known = outcomes_[i];
+            if (known.error.empty()) known = outcome;
         });
     }
     return rows();
-}
-
-/// The first error among the messages not looked at before; empty where there is none.
-std::string Session::nextError() {
-    const std::vector<Message>& messages = runtime_.messages();
-    const auto next = messages.begin() + static_cast<std::ptrdiff_t>(messagesSeen_);
-    messagesSeen_ = messages.size();
-    const auto error = std::find_if(next, messages.end(), [](const Message& message) {
-        return message.kind == Message::Kind::error;
-    });
-    return error == messages.end() ? std::string() : error->text;
 }
 
 std::vector<FillRow> Session::rows() const {
@@ -112,13 +102,9 @@ std::vector<FillRow> Session::rows() const {
 RecolorResult Session::recolor(const RecolorRequest& request) {
     edit(request);
     dialog_->chkSelAll.toggle();
-    std::vector<bool> wasChanged{false};
-    for (std::int16_t i = 1; i <= dialog_->Element.ubound(); ++i) {
-        wasChanged.push_back(dialog_->Element[i].FillObject().Change());
-    }
-    failures_.clear();
+    outcomes_.clear();
     dialog_->cmdDiscolour.press();
-    return result(wasChanged, nextError());
+    return result();
 }
 
 void Session::edit(const RecolorRequest& request) {
@@ -155,48 +141,46 @@ void Session::editRow(const RowEdit& rowEdit) {
     if (!(edited == fill.original())) fill.setDestination(edited);
 }
 
-RecolorResult Session::result(const std::vector<bool>& wasChanged, const std::string& dialogError) {
+RecolorResult Session::result() const {
     RecolorResult result;
-    recoloured_.clear();
-    for (std::int16_t i = 1; i <= dialog_->Element.ubound(); ++i) {
-        account(i, wasChanged[static_cast<std::size_t>(i)], dialogError, result);
-    }
+    for (std::int16_t i = 1; i <= dialog_->Element.ubound(); ++i) account(i, result);
     const bool isStated =
         std::any_of(result.skipped.begin(), result.skipped.end(),
-                    [&](const Skipped& skipped) { return skipped.reason == dialogError; });
-    if (!dialogError.empty() && !isStated) {
-        throw base::Error(base::ErrorNumber::kInternal, dialogError);
-    }
+                    [&](const Skipped& skipped) { return skipped.reason == error_; });
+    if (!error_.empty() && !isStated) throw base::Error(base::ErrorNumber::kInternal, error_);
     return result;
 }
 
-/// `dialogError` has ended the recolour before the rows that are still changed.
-void Session::account(std::int16_t index, bool wasChanged, const std::string& dialogError,
-                      RecolorResult& result) {
+void Session::account(std::int16_t index, RecolorResult& result) const {
     const ColorElement& row = dialog_->Element[index];
     const std::size_t count = row.ElementsGroup->size();
     result.shapes += count;
     ++result.groups;
-    const auto failure = failures_.find(index);
-    if (failure != failures_.end()) {
-        result.skipped.push_back({index, count, failure->second});
-    } else if (!wasChanged) {
-        result.skipped.push_back({index, count, kUnchanged});
-    } else if (row.FillObject().Change()) {
-        result.skipped.push_back({index, count, dialogError.empty() ? kNotReached : dialogError});
-    } else {
+    const auto outcome = outcomes_.find(index);
+    if (outcome != outcomes_.end() && !outcome->second.error.empty()) {
+        result.skipped.push_back({index, count, outcome->second.error});
+    } else if (isRecoloured(index)) {
         const std::size_t unfillable = countUnfillable(row);
         if (unfillable > 0) result.skipped.push_back({index, unfillable, kNoFillPossible});
         result.changed += count - unfillable;
-        recoloured_.push_back(index);
+    } else if (row.FillObject().Change()) {
+        // The recolour has ended before it came to the row.
+        result.skipped.push_back({index, count, error_.empty() ? kNotReached : error_});
+    } else {
+        result.skipped.push_back({index, count, kUnchanged});
     }
+}
+
+bool Session::isRecoloured(std::int16_t index) const {
+    const auto outcome = outcomes_.find(index);
+    return outcome != outcomes_.end() && outcome->second.shapes > 0;
 }
 
 StoredFills Session::givenFills() const {
     GivenFills given;
     for (std::int16_t i = 1; i <= dialog_->Element.ubound(); ++i) {
         const ColorElement& row = dialog_->Element[i];
-        const bool isNew = std::binary_search(recoloured_.begin(), recoloured_.end(), i);
+        const bool isNew = isRecoloured(i);
         for (const host::ShapePointer& shape : *row.ElementsGroup) {
             if (isNew && isUnfillable(row, *shape)) continue;
             given[shape->Name()] = {isNew ? i : std::int32_t{0}, row.FillObject().original()};

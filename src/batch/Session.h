@@ -10,7 +10,6 @@
 #include <vector>
 
 #include "base/Color.h"
-#include "batch/BatchRuntime.h"
 #include "batch/StoredFills.h"
 #include "batch/WholeDocument.h"
 #include "fill/FillProperties.h"
@@ -85,7 +84,7 @@ class Session {
     using Progress = std::function<void(std::size_t done, std::size_t total)>;
 
     Session(host::Application& host, std::shared_ptr<host::Document> document,
-            BatchRuntime& runtime, Progress progress = {});
+            Progress progress = {});
     Session(const Session&) = delete;
     Session& operator=(const Session&) = delete;
     ~Session();
@@ -107,21 +106,17 @@ class Session {
     void edit(const RecolorRequest& request);
     void map(const ColorMapping& mapping);
     void editRow(const RowEdit& edit);
-    std::string nextError();
-    RecolorResult result(const std::vector<bool>& wasChanged, const std::string& dialogError);
-    void account(std::int16_t index, bool wasChanged, const std::string& dialogError,
-                 RecolorResult& result);
+    RecolorResult result() const;
+    void account(std::int16_t index, RecolorResult& result) const;
+    bool isRecoloured(std::int16_t index) const;
 
-    BatchRuntime& runtime_;
     std::shared_ptr<host::Document> document_;
     WholeDocument host_;
     std::shared_ptr<recolor::frmEditGraphic> dialog_;
-    /// How many of the runtime's messages have been looked at.
-    std::size_t messagesSeen_ = 0;
-    /// What rows reported of their recolour, by their numbers.
-    std::map<std::int16_t, std::string> failures_;
-    /// The rows whose shapes got a new fill, in rising order.
-    std::vector<std::int16_t> recoloured_;
+    /// What became of each row that the recolour came to, by their numbers.
+    std::map<std::int16_t, recolor::RowOutcome> outcomes_;
+    /// What the dialog reported of the last scan or recolour as a whole; empty where it went well.
+    std::string error_;
 };
 
 }  // namespace huebrush::batch

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "batch/BatchRuntime.h"
 #include "batch/Session.h"
 #include "error/mError.h"
 #include "forms/Runtime.h"
@@ -41,7 +42,7 @@ class BatchSession : public ::testing::Test {
 
 TEST_F(BatchSession, ListsTheDistinctFillsOfAllShapesWithTheirCounts) {
     addThreeRows();
-    Session session(host, document, runtime);
+    Session session(host, document);
     const std::vector<FillRow> rows = session.scan();
     ASSERT_EQ(rows.size(), 3U);
     EXPECT_EQ(rows[0].shapes, 3U);
@@ -57,7 +58,7 @@ TEST_F(BatchSession, ListsTheDistinctFillsOfAllShapesWithTheirCounts) {
 TEST_F(BatchSession, MapsAColourAndKeepsTheTransparencyOfItsShapes) {
     addThreeRows();
     document->find("Wall")->fill.Transparency = 0.25F;
-    Session session(host, document, runtime);
+    Session session(host, document);
     session.scan();
     const RecolorResult result = session.recolor({{{kRed, kBlue}}, {}});
     EXPECT_EQ(document->find("Roof")->fill.ForeColorRGB, kBlue);
@@ -75,7 +76,7 @@ TEST_F(BatchSession, MapsAColourAndKeepsTheTransparencyOfItsShapes) {
 
 TEST_F(BatchSession, MapsManyColoursToOne) {
     addThreeRows();
-    Session session(host, document, runtime);
+    Session session(host, document);
     session.scan();
     EXPECT_EQ(session.recolor({{{kRed, kBlue}, {kGreen, kBlue}}, {}}).changed, 4U);
     EXPECT_EQ(document->find("Grass")->fill.ForeColorRGB, kBlue);
@@ -83,7 +84,7 @@ TEST_F(BatchSession, MapsManyColoursToOne) {
 
 TEST_F(BatchSession, GivesASingleRowAFill) {
     addThreeRows();
-    Session session(host, document, runtime);
+    Session session(host, document);
     session.scan();
     session.recolor({{}, {{2, noFill(), std::nullopt}, {3, solid(kGreen, 0.5F), std::nullopt}}});
     EXPECT_EQ(document->find("Grass")->fill.Visible, host::MsoTriState::msoFalse);
@@ -94,7 +95,7 @@ TEST_F(BatchSession, GivesASingleRowAFill) {
 
 TEST_F(BatchSession, RefusesAnUnknownColourOrRowBeforeAnythingIsWritten) {
     addThreeRows();
-    Session session(host, document, runtime);
+    Session session(host, document);
     const auto rows = session.scan();
     host.log.on = true;
     EXPECT_THROW(session.recolor({{{0x123456, kBlue}}, {}}), RequestError);
@@ -105,13 +106,13 @@ TEST_F(BatchSession, RefusesAnUnknownColourOrRowBeforeAnythingIsWritten) {
 }
 
 TEST_F(BatchSession, RefusesADocumentWithoutShapes) {
-    Session session(host, document, runtime);
+    Session session(host, document);
     EXPECT_THROW(session.scan(), RequestError);
 }
 
 TEST_F(BatchSession, ReportsTheFailureOfARowAndGoesOnWithTheNext) {
     addThreeRows();
-    Session session(host, document, runtime);
+    Session session(host, document);
     session.scan();
     document->remove(document->find("Grass"));
     const RecolorResult result =
@@ -126,7 +127,7 @@ TEST_F(BatchSession, ReportsTheFailureOfARowAndGoesOnWithTheNext) {
 
 TEST_F(BatchSession, AFillThatFailsAfterItsRowIsTheFailureOfThatRow) {
     addThreeRows();
-    Session session(host, document, runtime);
+    Session session(host, document);
     session.scan();
     document->failedWrites = {{"Grass", base::Error(7, "locked")}};
     const RecolorResult result =
@@ -140,7 +141,7 @@ TEST_F(BatchSession, AFillThatFailsAfterItsRowIsTheFailureOfThatRow) {
 
 TEST_F(BatchSession, AFillThatFailedForAShapeOfNoRowIsAnError) {
     addThreeRows();
-    Session session(host, document, runtime);
+    Session session(host, document);
     session.scan();
     document->failedWrites = {{"", base::Error(7, "no undo")}};
     try {
@@ -153,7 +154,7 @@ TEST_F(BatchSession, AFillThatFailedForAShapeOfNoRowIsAnError) {
 
 TEST_F(BatchSession, RowsThatAnErrorOfTheRecolourLeavesOutAreNamedWithIt) {
     addThreeRows();
-    Session session(host, document, runtime);
+    Session session(host, document);
     session.scan();
     host.log.failAt("call Picture.undoGroup", base::Error(7, "busy"));
     const RecolorResult result =
@@ -167,7 +168,7 @@ TEST_F(BatchSession, RowsThatAnErrorOfTheRecolourLeavesOutAreNamedWithIt) {
 
 TEST_F(BatchSession, AScanThatFailsIsAnErrorWithTheDialogsMessage) {
     addThreeRows();
-    Session session(host, document, runtime);
+    Session session(host, document);
     host.log.failAt("call Documents.Add", base::Error(5, "no scratch"));
     try {
         session.scan();
@@ -177,11 +178,48 @@ TEST_F(BatchSession, AScanThatFailsIsAnErrorWithTheDialogsMessage) {
     }
 }
 
+TEST_F(BatchSession, EachFailedRowIsSkippedWithItsOwnError) {
+    addThreeRows();
+    Session session(host, document);
+    session.scan();
+    document->remove(document->find("Grass"));
+    document->failedWrites = {{"Window", base::Error(7, "locked")}};
+    const RecolorResult result =
+        session.recolor({{}, {{2, noFill(), std::nullopt}, {3, noFill(), std::nullopt}}});
+    EXPECT_EQ(result.changed, 0U);
+    ASSERT_EQ(result.skipped.size(), 3U);
+    EXPECT_NE(result.skipped[1].reason.find("Grass"), std::string::npos);
+    EXPECT_NE(result.skipped[2].reason.find("locked"), std::string::npos);
+}
+
+TEST_F(BatchSession, AnErrorReportedOfSomethingElseIsNotThatOfARow) {
+    addThreeRows();
+    Session session(host, document);
+    session.scan();
+    error::report({"", "", "Something else"}, base::Error(7, "popis"));
+    const RecolorResult result = session.recolor({{{kRed, kBlue}}, {}});
+    EXPECT_EQ(result.changed, 3U);
+    for (const Skipped& skipped : result.skipped) EXPECT_EQ(skipped.reason, "unchanged");
+    EXPECT_EQ(runtime.messages().back().kind, Message::Kind::error);
+}
+
+TEST_F(BatchSession, AScanInWhichAFillCannotBeCapturedIsAnError) {
+    addThreeRows();
+    host.log.failAt("read Grass.Fill.PresetTexture", base::Error(7, "unreadable"), 2);
+    Session session(host, document);
+    try {
+        session.scan();
+        FAIL() << "no error";
+    } catch (const base::Error& error) {
+        EXPECT_NE(error.description().find("SaveOriginalFormat"), std::string::npos);
+        EXPECT_NE(error.description().find("unreadable"), std::string::npos);
+    }
+}
+
 TEST_F(BatchSession, ReportsProgressUpToTheEnd) {
     addThreeRows();
     std::vector<std::size_t> done;
-    Session session(host, document, runtime,
-                    [&](std::size_t at, std::size_t) { done.push_back(at); });
+    Session session(host, document, [&](std::size_t at, std::size_t) { done.push_back(at); });
     session.scan();
     ASSERT_FALSE(done.empty());
     EXPECT_TRUE(std::is_sorted(done.begin(), done.end()));

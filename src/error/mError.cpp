@@ -27,14 +27,18 @@ constexpr std::int32_t kAskStyle =
     forms::MsgBoxStyle::kAbortRetryIgnore | forms::MsgBoxStyle::kExclamation;
 constexpr std::int32_t kReportStyle = forms::MsgBoxStyle::kOk | forms::MsgBoxStyle::kCritical;
 
+std::string boxText(const PendingError& error, const std::string& message) {
+    return text(message, kLineBreak, kLineBreak, "Systémový popis výjimky:", kLineBreak,
+                error.description);
+}
+
 }  // namespace
 
 std::int16_t ReportError(const PendingError& error, std::string& message, const std::string& source,
                          std::int16_t askUser) {
     if (error.number == 0) return 0;
     message = locationPrefix(source, error.line) + message;
-    const std::string box = text(message, kLineBreak, kLineBreak,
-                                 "Systémový popis výjimky:", kLineBreak, error.description);
+    const std::string box = boxText(error, message);
     const std::string title = text("Chyba č. ", error.number);
     auto& runtime = forms::Runtime::current();
     if (askUser == 0) {
@@ -44,9 +48,11 @@ std::int16_t ReportError(const PendingError& error, std::string& message, const 
     return static_cast<std::int16_t>(runtime.MsgBox(box, kAskStyle, title));
 }
 
-void report(const Place& place, const base::Error& error, std::int32_t line) {
+std::string report(const Place& place, const base::Error& error, std::int32_t line) {
     std::string message = place.message;
-    ReportError({error.number(), error.description(), line}, message, place.source(), 0);
+    const PendingError pending{error.number(), error.description(), line};
+    ReportError(pending, message, place.source(), 0);
+    return pending.number == 0 ? std::string() : boxText(pending, message);
 }
 
 void reportUnhandled(const base::Error& error) {

@@ -36,19 +36,21 @@ struct Place {
 };
 
 /// Reports an error at a place, without a choice. `line` is the procedure's current line; 0 when it
-/// keeps none.
-void report(const Place& place, const base::Error& error, std::int32_t line = 0);
+/// keeps none. What the box says; empty when there was no error.
+std::string report(const Place& place, const base::Error& error, std::int32_t line = 0);
 
 /// What the port's event entries do with an error that no trap has caught.
 void reportUnhandled(const base::Error& error);
 
-/// A procedure's error trap: runs the body, reports what it throws, and ends.
+/// A procedure's error trap: runs the body, reports what it throws, and ends. What was reported;
+/// empty when the body came to its end.
 template <std::invocable Body>
-void trap(const Place& place, Body&& body) {
+std::string trap(const Place& place, Body&& body) {
     try {
         std::forward<Body>(body)();
+        return {};
     } catch (...) {
-        report(place, base::currentError());
+        return report(place, base::currentError());
     }
 }
 

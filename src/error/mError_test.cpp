@@ -74,6 +74,19 @@ TEST_F(ReportErrorTest, HasNoPrefixWithoutSourceAndLine) {
               "Chyba při navázání spojení...\r\n\r\nSystémový popis výjimky:\r\nNeplatné volání.");
 }
 
+TEST_F(ReportErrorTest, ATrapReturnsWhatTheBoxSaid) {
+    const Place place{"Huebrush.", "Procedure", "Zpráva"};
+    EXPECT_EQ(trap(place, [] {}), "");
+    const std::string trapped = trap(place, [] { throw base::Error(7, "popis"); });
+    const std::string withLine = report(place, base::Error(7, "popis"), 2);
+    ASSERT_EQ(runtime.boxes.size(), 2U);
+    EXPECT_EQ(trapped, runtime.boxes[0].text);
+    EXPECT_EQ(withLine, runtime.boxes[1].text);
+    EXPECT_NE(trapped, withLine);
+    EXPECT_EQ(report(place, base::Error(0, "popis")), "");
+    EXPECT_EQ(runtime.boxes.size(), 2U);
+}
+
 TEST_F(ReportErrorTest, ShowsAnOkBoxWithTheCriticalIconUnlessItAsks) {
     EXPECT_EQ(ReportError({91, "popis", 0}, message, "", 0), 0);
     ASSERT_EQ(runtime.boxes.size(), 1U);

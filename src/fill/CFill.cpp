@@ -64,41 +64,42 @@ void CFill::setDestination(const FillProperties& properties) {
     change_ = true;
 }
 
-void CFill::SaveOriginalFormat(host::FillFormat& Fill) {
-    error::trap(place("SaveOriginalFormat", "Při pokusu získat aktuální výplň vzikla chyba..."),
-                [&] {
-                    capture(Fill, original_);
-                    Restore();
-                });
+std::string CFill::SaveOriginalFormat(host::FillFormat& Fill) {
+    return error::trap(
+        place("SaveOriginalFormat", "Při pokusu získat aktuální výplň vzikla chyba..."), [&] {
+            capture(Fill, original_);
+            Restore();
+        });
 }
 
-void CFill::SaveNewFormat(host::FillFormat& Fill) {
-    error::trap(place("SaveNewFormat", "Chyba při dočasném uchovávání nových vlastností..."), [&] {
-        capture(Fill, destination_);
-        change_ = true;
-    });
+std::string CFill::SaveNewFormat(host::FillFormat& Fill) {
+    return error::trap(place("SaveNewFormat", "Chyba při dočasném uchovávání nových vlastností..."),
+                       [&] {
+                           capture(Fill, destination_);
+                           change_ = true;
+                       });
 }
 
-void CFill::Restore() {
+std::string CFill::Restore() {
     // It reports under the name of its main caller.
-    error::trap(place("SaveOriginalFormat", "Při pokusu obnovit původní výplň vzikla chyba..."),
-                [&] {
-                    copyShared(original_, destination_);
-                    destination_.UnknownTexture = original_.UnknownTexture;
-                    change_ = false;
-                });
+    return error::trap(
+        place("SaveOriginalFormat", "Při pokusu obnovit původní výplň vzikla chyba..."), [&] {
+            copyShared(original_, destination_);
+            destination_.UnknownTexture = original_.UnknownTexture;
+            change_ = false;
+        });
 }
 
-void CFill::ApplyChange() {
-    error::trap(place("ApplyChange", "Při pokusu interně potvrdit změny výpně vznikla chyba..."),
-                [&] {
-                    copyShared(destination_, original_);
-                    change_ = false;
-                });
+std::string CFill::ApplyChange() {
+    return error::trap(
+        place("ApplyChange", "Při pokusu interně potvrdit změny výpně vznikla chyba..."), [&] {
+            copyShared(destination_, original_);
+            change_ = false;
+        });
 }
 
-void CFill::SetFormat(host::FillFormat& Fill) {
-    error::trap(place("SetFormat", kSetFormatFailed), [&] {
+std::string CFill::SetFormat(host::FillFormat& Fill) {
+    return error::trap(place("SetFormat", kSetFormatFailed), [&] {
         Fill.setForeColorRGB(destination_.ForeColorRGB);
         Fill.setBackColorRGB(destination_.BackColorRGB);
         const auto get = [&](const auto& property) { return destination_.*property.member; };
@@ -110,8 +111,8 @@ void CFill::SetFormat(host::FillFormat& Fill) {
     });
 }
 
-void CFill::reportFailedFormat(const base::Error& error) {
-    error::report(place("SetFormat", kSetFormatFailed), error);
+std::string CFill::reportFailedFormat(const base::Error& error) {
+    return error::report(place("SetFormat", kSetFormatFailed), error);
 }
 
 }  // namespace huebrush::fill

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 #include "base/Error.h"
 #include "base/Event.h"
 #include "base/Picture.h"
@@ -8,8 +10,9 @@
 namespace huebrush::fill {
 
 /// The fill of a group of shapes, twice: the original fill, as the shapes have it, and the
-/// destination fill, as they are to get it. It holds no shapes. Every operation reports its own
-/// errors and ends at the failing step.
+/// destination fill, as they are to get it. It holds no shapes. Every operation on a host's fill or
+/// between the two copies reports its own errors, ends at the failing step, and returns what it has
+/// reported: nothing when all went well.
 class CFill {
  public:
     CFill() = default;
@@ -26,19 +29,19 @@ class CFill {
     void setDesTransparency(float transparency);
 
     /// Captures a host's fill as the original, and makes the destination equal to it.
-    void SaveOriginalFormat(host::FillFormat& Fill);
+    std::string SaveOriginalFormat(host::FillFormat& Fill);
     /// Throws the destination away: it becomes the original again.
-    void Restore();
+    std::string Restore();
     /// The destination has been given to the shapes: it is the original now. The flag of an unknown
     /// texture is not taken over.
-    void ApplyChange();
+    std::string ApplyChange();
     /// Captures a host's fill as the destination, and marks the fill as changed.
-    void SaveNewFormat(host::FillFormat& Fill);
+    std::string SaveNewFormat(host::FillFormat& Fill);
     /// Writes the destination onto a host's fill: colours first, because the host builds gradients
     /// and patterns from them; visibility last.
-    void SetFormat(host::FillFormat& Fill);
+    std::string SetFormat(host::FillFormat& Fill);
     /// Reports what SetFormat itself would have reported, had the host not gathered its writes.
-    static void reportFailedFormat(const base::Error& error);
+    static std::string reportFailedFormat(const base::Error& error);
 
     bool Change() const { return change_; }
 

@@ -20,6 +20,17 @@ class Documents {
     virtual std::shared_ptr<Document> addHidden() = 0;
 };
 
+/// The host's numbers of its built-in dialogs.
+namespace DialogId {
+constexpr std::int32_t kFormatObject = 960;
+}  // namespace DialogId
+
+/// How the user has closed a built-in dialog.
+namespace DialogResult {
+constexpr std::int32_t kConfirmed = -1;
+constexpr std::int32_t kCancelled = 0;
+}  // namespace DialogResult
+
 /// One of the host's built-in dialogs.
 class Dialog {
  public:
@@ -28,8 +39,8 @@ class Dialog {
     Dialog& operator=(const Dialog&) = delete;
     virtual ~Dialog() = default;
 
-    /// Opens the dialog on the current selection and returns when the user has closed it: -1 for
-    /// OK, 0 for cancel.
+    /// Opens the dialog on the current selection and returns a DialogResult when the user has
+    /// closed it.
     virtual std::int32_t Show() = 0;
 };
 

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "batch/BatchRuntime.h"
 #include "batch/Session.h"
 #include "protocol/FillJson.h"
 

@@ -1,7 +1,5 @@
 #include "recolor/ColorElement.h"
 
-#include <algorithm>
-#include <set>
 #include <utility>
 
 #include "error/mError.h"
@@ -37,15 +35,6 @@ constexpr double kMenuWidth = 420;
 constexpr double kLabelTop = 210;
 constexpr double kLabelHeight = 195;
 }  // namespace place
-
-/// The names of those shapes that still have one.
-std::set<std::string> knownNames(const ShapeGroup& shapes) {
-    std::set<std::string> names;
-    for (const host::ShapePointer& shape : shapes) {
-        error::ignoring([&] { names.insert(shape->Name()); });
-    }
-    return names;
-}
 
 }  // namespace
 
@@ -185,34 +174,22 @@ void ColorElement::CliboardToDestination() {
 }
 
 void ColorElement::Discolour(host::Document& document) {
-    error::trap({kModule, "Discolour", "Chyba při pokusu přebarvit grafické prvky..."}, [&] {
-        if (!isSelected() || !fill_->Change() || !ElementsGroup) {
-            return;
-        }
-        std::vector<std::string> names;
-        names.reserve(ElementsGroup->size());
-        for (const host::ShapePointer& shape : *ElementsGroup) names.push_back(shape->Name());
-        const auto range = document.Shapes()->Range(names);
-        fill_->SetFormat(range->Fill());
-        document.markModified();
-        fill_->ApplyChange();
-        setSourcePicture(DestinationPicture());
-    });
-    Discoloured();
+    RowOutcome outcome;
+    const std::string failure =
+        error::trap({kModule, "Discolour", "Chyba při pokusu přebarvit grafické prvky..."}, [&] {
+            if (!isSelected() || !fill_->Change() || !ElementsGroup) return;
+            outcome.error = giveFill(*fill_, *ElementsGroup, document);
+            setSourcePicture(DestinationPicture());
+            if (outcome.error.empty()) outcome.shapes = ElementsGroup->size();
+        });
+    if (outcome.error.empty()) outcome.error = failure;
+    Discoloured(outcome);
 }
 
 void ColorElement::reportFailed(std::vector<host::FailedWrite>& failed) {
     if (!ElementsGroup) return;
-    const auto own =
-        std::stable_partition(failed.begin(), failed.end(),
-                              [names = knownNames(*ElementsGroup)](const host::FailedWrite& each) {
-                                  return !names.contains(each.shape);
-                              });
-    if (own == failed.end()) return;
-    const base::Error first = own->error;
-    failed.erase(own, failed.end());
-    fill::CFill::reportFailedFormat(first);
-    Discoloured();
+    const auto first = takeFailed(failed, *ElementsGroup);
+    if (first) Discoloured({0, fill::CFill::reportFailedFormat(*first)});
 }
 
 void ColorElement::Show() {

@@ -1,10 +1,12 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <string>
 #include <vector>
 
+#include "base/Event.h"
 #include "base/Picture.h"
 #include "fill/CFill.h"
 #include "forms/Controls.h"
@@ -13,11 +15,17 @@
 #include "forms/UserControl.h"
 #include "host/Document.h"
 #include "recolor/NoFocusButton.h"
+#include "recolor/ShapeGroup.h"
 
 namespace huebrush::recolor {
 
-/// The shapes of one group, in the order in which they were selected.
-using ShapeGroup = std::vector<host::ShapePointer>;
+/// What became of a row in a recolour.
+struct RowOutcome {
+    /// How many shapes were given the new fill: none of a row that is not to change.
+    std::size_t shapes = 0;
+    /// The first error that was reported of the row; empty where there was none.
+    std::string error;
+};
 
 /// One row of the recolour dialog: the shapes that share a fill, that fill and the one they are to
 /// get, each with a preview, a box that says whether they take part in the recolour, and the menu
@@ -66,8 +74,9 @@ class ColorElement final : public forms::UserControl {
     base::Event<> MoveDown;
     base::Event<> DragMouseDown;
     base::Event<std::int16_t&> KeyDel;
-    /// Discolour has ended, or what failed of its writes later has been reported.
-    base::Event<> Discoloured;
+    /// Discolour has ended, or what failed of its writes later has been reported: raised again
+    /// then.
+    base::Event<const RowOutcome&> Discoloured;
 
     /// Takes the picture on the clipboard as both previews, or as that of the new fill.
     void CliboardToSource();

@@ -724,5 +724,92 @@ TEST_F(ElementListTest, ClosingTheDialogTakesItsRowsAndTheActiveOneAway) {
     EXPECT_TRUE(test.runtime.boxes.empty());
 }
 
+// The list by itself, on a form that is no dialog.
+
+class RowsTest : public ::testing::Test {
+ protected:
+    using Colors = std::vector<std::int32_t>;
+
+    /// Rows that are changed to the colours 1 … count.
+    void add(std::int32_t count) {
+        for (std::int32_t color = 1; color <= count; ++color) {
+            const auto index = static_cast<std::int16_t>(rows.ubound() + 1);
+            rows.Load(index);
+            rows[index].Visible = true;
+            fill::FillProperties fill;
+            fill.ForeColorRGB = color;
+            rows[index].FillObject().setDestination(fill);
+        }
+    }
+    Colors order() const {
+        Colors colors;
+        for (std::int16_t i = 1; i <= rows.ubound(); ++i) {
+            colors.push_back(rows[i].FillObject().destination().ForeColorRGB);
+        }
+        return colors;
+    }
+
+    memory::TestHost test;
+    std::shared_ptr<forms::Form> form = std::make_shared<forms::Form>("form");
+    ElementList::Rows rows{*form, [this](std::int16_t index) {
+                               return std::make_shared<ColorElement>(*form, text("row", index),
+                                                                     index);
+                           }};
+    std::vector<std::pair<std::int16_t, std::int16_t>> exchanged;
+    ElementList list{rows, [this](ColorElement& first, ColorElement& second) {
+                         exchanged.emplace_back(first.index(), second.index());
+                         ElementList::exchangeContents(first, second);
+                     }};
+};
+
+TEST_F(RowsTest, MoveByOneVisiblePlace) {
+    add(4);
+    rows[3].Visible = false;
+    EXPECT_EQ(list.moveBy(4, -1), &rows[2]);
+    EXPECT_EQ(order(), (Colors{1, 4, 3, 2}));
+    EXPECT_EQ(list.moveBy(2, 1), &rows[4]);
+    EXPECT_EQ(order(), (Colors{1, 2, 3, 4}));
+    EXPECT_EQ(list.moveBy(1, -1), nullptr);
+    EXPECT_EQ(list.moveBy(4, 1), nullptr);
+    EXPECT_EQ(exchanged.size(), 2U);
+}
+
+TEST_F(RowsTest, MoveThroughAllPlacesBetween) {
+    add(4);
+    list.moveTo(1, 3);
+    EXPECT_EQ(order(), (Colors{2, 3, 1, 4}));
+    list.moveTo(4, 2);
+    EXPECT_EQ(order(), (Colors{2, 4, 3, 1}));
+    list.moveTo(2, 2);
+    EXPECT_EQ(exchanged,
+              (std::vector<std::pair<std::int16_t, std::int16_t>>{{1, 2}, {2, 3}, {4, 3}, {3, 2}}));
+}
+
+TEST_F(RowsTest, LeaveWithoutAGap) {
+    add(5);
+    list.remove(2);
+    EXPECT_EQ(order(), (Colors{1, 3, 4, 5}));
+    rows[1].setSelectValue(forms::CheckValue::kTicked);
+    rows[2].setSelectValue(forms::CheckValue::kGrey);
+    rows[4].setSelectValue(forms::CheckValue::kTicked);
+    EXPECT_EQ(list.selectedCount(), 3);
+    list.removeWith(forms::CheckValue::kTicked);
+    EXPECT_EQ(order(), (Colors{3, 4}));
+    list.removeAll();
+    EXPECT_EQ(rows.ubound(), 0);
+    EXPECT_EQ(list.selectedCount(), 0);
+}
+
+TEST_F(RowsTest, AreSelectedTogetherAndSayWhetherAnyIsChanged) {
+    EXPECT_FALSE(list.anyChanged());
+    add(2);
+    list.select(forms::CheckValue::kTicked);
+    EXPECT_EQ(list.selectedCount(), 2);
+    rows[1].FillObject().Restore();
+    EXPECT_TRUE(list.anyChanged());
+    rows[2].FillObject().Restore();
+    EXPECT_FALSE(list.anyChanged());
+}
+
 }  // namespace
 }  // namespace huebrush::recolor

@@ -252,7 +252,7 @@ TEST_F(RecolourTest, FillsThatFailWhenTheUndoStepEndsAreReportedOncePerRow) {
                                    {"Shape 3", base::Error(9, "twin")}};
     std::vector<std::int16_t> reported;
     for (std::int16_t i = 1; i <= 2; ++i) {
-        row(i).Discoloured.connect([&reported, i] { reported.push_back(i); });
+        row(i).Discoloured.connect([&reported, i](const RowOutcome&) { reported.push_back(i); });
     }
     press();
     ASSERT_EQ(test.runtime.boxes.size(), 2U);
@@ -329,6 +329,51 @@ TEST_F(RecolourTest, CountsTheRowsAnewForEachText) {
     // The third row is not in the loop, whose end was taken before it was there.
     EXPECT_EQ(texts.front(), "Upravuji 1. skupinu objektů ze 2 výplní...");
     EXPECT_EQ(texts.back(), "Upravuji 2. skupinu objektů ze 3 výplní...");
+}
+
+TEST_F(RecolourTest, EachRowSaysWhatBecameOfIt) {
+    addRows({1, 2, 1, 3, 4, 5});
+    user.click(dialog->chkSelAll);
+    for (const std::int16_t i : std::initializer_list<std::int16_t>{1, 2, 4, 5}) change(i);
+    test.document->remove(test.document->find("Shape 2"));
+    test.log().failAt("call Range.Fill.Solid", base::Error(7, "of the fill"), 2, 1);
+    test.document->failedWrites = {{"Shape 6", base::Error(8, "late")}};
+    std::vector<std::string> outcomes;
+    for (std::int16_t i = 1; i <= rowCount(); ++i) {
+        row(i).Discoloured.connect([&outcomes, i](const RowOutcome& outcome) {
+            const std::string& error = outcome.error;
+            const std::size_t line = error.rfind('\n');
+            outcomes.push_back(text(i, ": ", outcome.shapes, " ",
+                                    line == std::string::npos ? error : error.substr(line + 1)));
+        });
+    }
+    press();
+    ASSERT_EQ(outcomes.size(), 6U);
+    EXPECT_EQ(outcomes[0], "1: 2 ");
+    EXPECT_EQ(outcomes[1].substr(0, 5), "2: 0 ");
+    EXPECT_NE(outcomes[1].find("Shape 2"), std::string::npos);
+    EXPECT_EQ(outcomes[2], "3: 0 ");
+    EXPECT_EQ(outcomes[3], "4: 0 of the fill");
+    EXPECT_EQ(outcomes[4], "5: 1 ");
+    EXPECT_EQ(outcomes[5], "5: 0 late");
+}
+
+TEST_F(RecolourTest, ReportsHowFarItIsAndHowItEnded) {
+    addTickedRows(2);
+    std::vector<std::string> said;
+    dialog->Progressed.connect([&](const frmEditGraphic::Progress& at) {
+        said.push_back(text(at.done, "/", at.total, " before pump ", test.runtime.pumps + 1));
+    });
+    dialog->Recoloured.connect([&](const std::string& error) { said.push_back("end " + error); });
+    test.runtime.pumps = 0;
+    press();
+    EXPECT_EQ(said, (Names{"1/2 before pump 1", "2/2 before pump 2", "end "}));
+    change(1);
+    said.clear();
+    test.document->failedWrites = {{"", base::Error(7, "popis")}};
+    test.log().failAt("read Application.Selection", base::Error(8, "later"), 2);
+    press();
+    EXPECT_EQ(said.back(), "end " + kOwnError.text);
 }
 
 // What may happen in the pump.

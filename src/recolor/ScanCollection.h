@@ -1,14 +1,16 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
+#include <memory>
 #include <utility>
 #include <vector>
 
+#include "base/Count16.h"
 #include "host/Document.h"
+#include "recolor/ShapeGroup.h"
 
 namespace huebrush::recolor {
-
-using ShapeGroup = std::vector<host::ShapePointer>;
 
 /// The shapes of a scan that have not found their group yet, in the order of the selection.
 class ScanCollection {
@@ -49,5 +51,17 @@ class ScanCollection {
     /// Those before it have been taken.
     std::size_t first_ = 0;
 };
+
+/// How a scan is watched, and ended: each call says whether to go on.
+struct ScanSteps {
+    /// Before each group, and after each further shape of one: how many shapes have their group.
+    std::function<bool(std::size_t taken, base::Count16 total)> taken;
+    /// A group is complete.
+    std::function<bool(std::shared_ptr<const ShapeGroup> group)> found;
+};
+
+/// Takes all shapes out, in groups of equal fill; the groups come in the order of their first
+/// shapes. An error for more shapes than a 16-bit counter holds.
+void groupByFill(ScanCollection& shapes, const ScanSteps& steps);
 
 }  // namespace huebrush::recolor

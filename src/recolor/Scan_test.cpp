@@ -124,6 +124,26 @@ TEST_F(ScanTest, ReadsTheMembersOfAGroupOneByOneAndNoFillOfTheGroup) {
     EXPECT_EQ(test.log().beginningWith("read A.Type").size(), 1U);
 }
 
+TEST_F(ScanTest, ReportsHowFarItIsAndHowItEnded) {
+    add("A", kRed);
+    add("B", kBlue);
+    add("C", kRed);
+    test.document->selectAll();
+    Names said;
+    dialog->Progressed.connect(
+        [&](const frmEditGraphic::Progress& at) { said.push_back(text(at.done, "/", at.total)); });
+    dialog->Scanned.connect([&](const std::string& error) { said.push_back("end " + error); });
+    press();
+    EXPECT_EQ(said, (Names{"0/3", "2/3", "2/3", "end "}));
+    for (const char* const failing : {"call Documents.Add", "read B.Fill.Pattern"}) {
+        test.runtime.boxes.clear();
+        test.log().failAt(failing, base::Error(7, "popis"));
+        press();
+        EXPECT_EQ(said.back(), "end " + test.runtime.boxes.front().text);
+        test.log().failNoMore();
+    }
+}
+
 TEST_F(ScanTest, AllShapesWithoutFillMakeOneRowWithEmptyPreviews) {
     for (const std::int32_t color : {kRed, kBlue, kGreen}) {
         add(text("S", color), color)->fill.Visible = MsoTriState::msoFalse;

@@ -15,12 +15,15 @@
 #include "forms/PopupMenu.h"
 #include "host/Application.h"
 #include "recolor/ColorElement.h"
+#include "recolor/ElementList.h"
+#include "recolor/FillEditor.h"
 #include "recolor/NoFocusButton.h"
 
 namespace huebrush::recolor {
 
 class ScanCollection;
 class ScratchShape;
+class UndoSteps;
 
 /// The recolour dialog: scans the selected shapes into groups of equal fill, one row a group, and
 /// gives the new fills of the selected rows to their shapes. It stays open beside the document.
@@ -84,7 +87,12 @@ class frmEditGraphic final : public forms::Form {
         std::size_t done = 0;
         std::size_t total = 0;
     };
-    Progress progress() const { return progress_; }
+    /// Raised at each step of a scan or a recolour, before events run.
+    base::Event<const Progress&> Progressed;
+    /// The scan, or the recolour, has ended, with the first error that was reported of it; empty
+    /// where there was none. What a recolour reports of single rows they raise themselves.
+    base::Event<const std::string&> Scanned;
+    base::Event<const std::string&> Recoloured;
 
     /// Not while the new fill of any row has been changed.
     bool endsByEscape() const override;
@@ -118,16 +126,16 @@ class frmEditGraphic final : public forms::Form {
 
     // The scan.
     void cmdAdd_Click();
-    void groupByFill(ScanCollection& shapes, const ScratchShape& scratch);
-    bool showScanned(std::size_t taken, base::Count16 total);
-    void addRow(const host::ShapePointer& firstShape, std::shared_ptr<const ShapeGroup> group,
-                const ScratchShape& scratch);
+    std::string scan();
+    std::string addRows(ScanCollection& shapes, const ScratchShape& scratch);
+    std::string addRow(std::shared_ptr<const ShapeGroup> group, const ScratchShape& scratch);
     void placeRow(std::int16_t index);
+    bool showScanned(std::size_t taken, base::Count16 total);
+    bool showProgress(const Progress& progress, std::string caption);
 
     // The recolour.
     void cmdDiscolour_Click();
-    struct Discolouring;
-    bool discolourRows();
+    bool discolourRows(UndoSteps& steps);
     void reportFailed(std::vector<host::FailedWrite> failed);
 
     // The new fill of a row.
@@ -136,9 +144,7 @@ class frmEditGraphic final : public forms::Form {
     void Element_mnuChDFormat(std::int16_t Index);
     void Element_mnuChDNoFill(std::int16_t Index);
     void Element_mnuChDTransparency(std::int16_t Index);
-    void editWithTool(std::int16_t Index, const std::function<bool(host::Application&)>& openTool);
-    void renderDestination(std::int16_t Index);
-    void takeDestinationPicture(std::int16_t Index, const ScratchShape& scratch);
+    FillEditor::Row rowAt(std::int16_t Index);
 
     // The views and the scroll bar.
     void optView_Click(std::int16_t index);
@@ -165,7 +171,6 @@ class frmEditGraphic final : public forms::Form {
     void mnuRemoveAll_Click();
     void mnuRemoveNoSelect_Click();
     void mnuRemoveSelect_Click();
-    void removeRow(std::int16_t index);
     void removeRowsWith(std::int16_t selectValue);
     void afterRemoval();
 
@@ -182,15 +187,16 @@ class frmEditGraphic final : public forms::Form {
     double minimumWidth_ = 0;
     ColorElement* ActiveElement_ = nullptr;
     base::Count16 selectedCount_;
-    Progress progress_;
+    ElementList list_{Element, [this](ColorElement& first, ColorElement& second) {
+                          ReplaceColorElement(first, second);
+                      }};
+    FillEditor fillEditor_{{[this]() -> host::Application& { return requireHost(); },
+                            [this](bool value) { onTop(value); }}};
 
     /// While a handler changes many rows, the refreshes that they ask for become one at its end.
     class OneRefresh;
     int refreshesHeld_ = 0;
     bool refreshAsked_ = false;
-
-    class OpenTool;
-    int openTools_ = 0;
 };
 
 }  // namespace huebrush::recolor

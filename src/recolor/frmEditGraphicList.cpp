@@ -40,25 +40,8 @@ class frmEditGraphic::OneRefresh {
 // The list: the active row and the select-all box.
 
 void frmEditGraphic::ReplaceColorElement(ColorElement& first, ColorElement& second) {
-    error::trap(place("ReplaceColorElement", kExchangeFailed), [&] {
-        const auto fill = first.fillReference();
-        const base::Picture destination = first.DestinationPicture();
-        const base::Picture source = first.SourcePicture();
-        const auto group = first.ElementsGroup;
-        const std::int16_t selected = first.SelectValue();
-        const auto give = [](ColorElement& row, const auto& newFill, const base::Picture& newDes,
-                             const base::Picture& newSource, const auto& newGroup,
-                             std::int16_t newSelected) {
-            row.setFillObject(newFill);
-            row.setDestinationPicture(newDes);
-            row.setSourcePicture(newSource);
-            row.ElementsGroup = newGroup;
-            row.setSelectValue(newSelected);
-        };
-        give(first, second.fillReference(), second.DestinationPicture(), second.SourcePicture(),
-             second.ElementsGroup, second.SelectValue());
-        give(second, fill, destination, source, group, selected);
-    });
+    error::trap(place("ReplaceColorElement", kExchangeFailed),
+                [&] { ElementList::exchangeContents(first, second); });
 }
 
 void frmEditGraphic::Element_GotFocus(ColorElement& row) {
@@ -81,9 +64,7 @@ void frmEditGraphic::chkSelAll_Click() {
         if (chkSelAll.Value == forms::CheckValue::kGrey) return;
         const OneRefresh refresh(*this);
         chkSelAll.Tag = std::string(kInternal);
-        for (std::int16_t i = 1; i <= Element.ubound(); ++i) {
-            Element[i].setSelectValue(chkSelAll.Value);
-        }
+        list_.select(chkSelAll.Value);
         chkSelAll.Tag = std::string();
     });
 }
@@ -108,18 +89,11 @@ void frmEditGraphic::nfbDown_Click() {
 
 void frmEditGraphic::moveActive(std::int16_t step) {
     if (ActiveElement_ == nullptr) return;
-    const std::int16_t from = ActiveElement_->index();
-    const std::int16_t last = Element.ubound();
-    for (std::int32_t to = from + step; to >= 1 && to <= last; to += step) {
-        ColorElement& target = Element[static_cast<std::int16_t>(to)];
-        if (!target.Visible) continue;
-        {
-            const OneRefresh refresh(*this);
-            ReplaceColorElement(Element[from], target);
-        }
-        target.SetFocus();
-        return;
-    }
+    ColorElement* const target = [&] {
+        const OneRefresh refresh(*this);
+        return list_.moveBy(ActiveElement_->index(), step);
+    }();
+    if (target != nullptr) target->SetFocus();
 }
 
 void frmEditGraphic::Element_DragOver(ColorElement& row, const forms::Control& source,
@@ -135,15 +109,9 @@ void frmEditGraphic::Element_DragDrop(ColorElement& row, const forms::Control& s
         const auto* const dragged = dynamic_cast<const ColorElement*>(&source);
         if (dragged == nullptr) return;
         row.setSelDestinationDrag(false);
-        const std::int16_t to = row.index();
-        const auto step = static_cast<std::int16_t>(dragged->index() < to ? 1 : -1);
         {
             const OneRefresh refresh(*this);
-            for (std::int16_t at = dragged->index(); at != to;) {
-                const auto next = static_cast<std::int16_t>(at + step);
-                ReplaceColorElement(Element[at], Element[next]);
-                at = next;
-            }
+            list_.moveTo(dragged->index(), row.index());
         }
         row.SetFocus();
     });
@@ -163,14 +131,11 @@ void frmEditGraphic::cmdRemove_Click() {
 
 void frmEditGraphic::mnuRemove_Click() {
     error::trap(place("mnuRemove_Click", kRemoveFailed), [this] {
-        bool anySelected = false;
-        bool anyNotSelected = false;
-        for (std::int16_t i = 1; i <= Element.ubound(); ++i) {
-            (Element[i].isSelected() ? anySelected : anyNotSelected) = true;
-        }
-        mnuRemoveAll.Enabled = Element.ubound() > 0;
-        mnuRemoveSelect.Enabled = anySelected;
-        mnuRemoveNoSelect.Enabled = anyNotSelected;
+        const std::int16_t rows = Element.ubound();
+        const std::int16_t selected = list_.selectedCount();
+        mnuRemoveAll.Enabled = rows > 0;
+        mnuRemoveSelect.Enabled = selected > 0;
+        mnuRemoveNoSelect.Enabled = selected < rows;
         mnuRemoveActive.Enabled = ActiveElement_ != nullptr;
     });
 }
@@ -187,7 +152,7 @@ void frmEditGraphic::mnuRemoveActive_Click() {
     error::trap(place("mnuRemoveActive_Click", kRemoveFailed), [this] {
         {
             const OneRefresh refresh(*this);
-            if (ActiveElement_ != nullptr) removeRow(ActiveElement_->index());
+            if (ActiveElement_ != nullptr) list_.remove(ActiveElement_->index());
         }
         afterRemoval();
     });
@@ -195,7 +160,7 @@ void frmEditGraphic::mnuRemoveActive_Click() {
 
 void frmEditGraphic::mnuRemoveAll_Click() {
     error::trap(place("mnuRemoveAll_Click", kRemoveFailed), [this] {
-        for (std::int16_t i = Element.ubound(); i >= 1; --i) Element.Unload(i);
+        list_.removeAll();
         afterRemoval();
     });
 }
@@ -214,23 +179,9 @@ void frmEditGraphic::mnuRemoveSelect_Click() {
     });
 }
 
-void frmEditGraphic::removeRow(std::int16_t index) {
-    const std::int16_t last = Element.ubound();
-    for (std::int16_t m = index; m < last; ++m) {
-        ReplaceColorElement(Element[m], Element[static_cast<std::int16_t>(m + 1)]);
-    }
-    Element.Unload(last);
-}
-
 void frmEditGraphic::removeRowsWith(std::int16_t selectValue) {
     const OneRefresh refresh(*this);
-    for (std::int16_t i = 1; i <= Element.ubound();) {
-        if (Element[i].SelectValue() == selectValue) {
-            removeRow(i);
-        } else {
-            ++i;
-        }
-    }
+    list_.removeWith(selectValue);
 }
 
 void frmEditGraphic::afterRemoval() {

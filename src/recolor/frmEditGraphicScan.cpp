@@ -7,6 +7,7 @@
 #include "forms/Runtime.h"
 #include "recolor/ScanCollection.h"
 #include "recolor/ScratchShape.h"
+#include "recolor/UndoSteps.h"
 #include "recolor/frmEditGraphic.h"
 
 namespace huebrush::recolor {
@@ -31,76 +32,84 @@ constexpr const char* kRecolourFailed = "Při převádění výplní došlo k ch
 // The scan.
 
 void frmEditGraphic::cmdAdd_Click() {
-    error::trap(place("cmdAdd_Click", kScanFailed), [this] {
-        forms::Runtime& runtime = forms::Runtime::current();
-        const auto selected = requireHost().Selection()->ShapeRange();
-        const std::int32_t count = selected->Count();
-        if (count == 0) {
-            runtime.MsgBox(kNothingSelected, forms::MsgBoxStyle::kExclamation, "Huebrush");
-            return;
-        }
-        MousePointer = forms::MousePointerShape::hourglass;
-        picLoadStatus.Visible = true;
-        lblLoadStatus.Caption = std::string(kScanning);
-        const ScratchShape scratch(requireHost());
-        ScanCollection shapes;
-        for (std::int32_t i = 1; i <= count; ++i) shapes.add(selected->Item(i));
-        groupByFill(shapes, scratch);
-        runtime.Clipboard().Clear();
-        if (!isUnloaded()) {
-            runtime.MsgBox(text(kFillsFound, Element.ubound(), "."),
-                           forms::MsgBoxStyle::kInformation, kScanDone);
-        }
-        if (isUnloaded()) {
-            // A host may have closed the scratch document along with the dialog.
-            error::ignoring([&] { scratch.close(); });
-            return;
-        }
-        scratch.close();
-        SetScroll();
-        if (Element.ubound() != 0) cmdRemove.Enabled = true;
-        MousePointer = forms::MousePointerShape::standard;
-        picLoadStatus.Visible = false;
-    });
+    std::string failure;
+    const std::string ending =
+        error::trap(place("cmdAdd_Click", kScanFailed), [&] { failure = scan(); });
+    Scanned(failure.empty() ? ending : failure);
 }
 
-void frmEditGraphic::groupByFill(ScanCollection& shapes, const ScratchShape& scratch) {
-    const base::Count16 total = base::Count16::of(shapes.size());
-    const auto taken = [total](std::size_t left) { return static_cast<std::size_t>(total) - left; };
-    while (!shapes.empty()) {
-        if (!showScanned(taken(shapes.size()), total)) return;
-        const host::ShapePointer firstShape = shapes.takeFirst();
-        const auto group = std::make_shared<ShapeGroup>(1, firstShape);
-        shapes.takeWhere(
-            [&](const host::ShapePointer& shape) {
-                return fill::IsSameFill(firstShape->Fill(), shape->Fill());
-            },
-            [&](const host::ShapePointer& shape, std::size_t left) {
-                group->push_back(shape);
-                return showScanned(taken(left), total);
-            });
-        if (isUnloaded()) return;
-        addRow(firstShape, group, scratch);
+/// What was reported of the first row that could not take its fill or preview.
+std::string frmEditGraphic::scan() {
+    forms::Runtime& runtime = forms::Runtime::current();
+    const auto selected = requireHost().Selection()->ShapeRange();
+    const std::int32_t count = selected->Count();
+    if (count == 0) {
+        runtime.MsgBox(kNothingSelected, forms::MsgBoxStyle::kExclamation, "Huebrush");
+        return {};
     }
+    MousePointer = forms::MousePointerShape::hourglass;
+    picLoadStatus.Visible = true;
+    lblLoadStatus.Caption = std::string(kScanning);
+    const ScratchShape scratch(requireHost());
+    ScanCollection shapes;
+    for (std::int32_t i = 1; i <= count; ++i) shapes.add(selected->Item(i));
+    std::string failure = addRows(shapes, scratch);
+    runtime.Clipboard().Clear();
+    if (!isUnloaded()) {
+        runtime.MsgBox(text(kFillsFound, Element.ubound(), "."), forms::MsgBoxStyle::kInformation,
+                       kScanDone);
+    }
+    if (isUnloaded()) {
+        // A host may have closed the scratch document along with the dialog.
+        error::ignoring([&] { scratch.close(); });
+        return failure;
+    }
+    scratch.close();
+    SetScroll();
+    if (Element.ubound() != 0) cmdRemove.Enabled = true;
+    MousePointer = forms::MousePointerShape::standard;
+    picLoadStatus.Visible = false;
+    return failure;
+}
+
+std::string frmEditGraphic::addRows(ScanCollection& shapes, const ScratchShape& scratch) {
+    std::string failure;
+    groupByFill(shapes, {[this](std::size_t taken, base::Count16 total) {
+                             return showScanned(taken, total);
+                         },
+                         [&](std::shared_ptr<const ShapeGroup> group) {
+                             if (isUnloaded()) return false;
+                             const std::string ofRow = addRow(std::move(group), scratch);
+                             if (failure.empty()) failure = ofRow;
+                             return true;
+                         }});
+    return failure;
+}
+
+bool frmEditGraphic::showScanned(std::size_t taken, base::Count16 total) {
+    return showProgress({taken, static_cast<std::size_t>(total)},
+                        text("Zpracováno ", taken, " ze ", total, " objektů..."));
 }
 
 /// Lets events run. Whether the dialog is still open afterwards.
-bool frmEditGraphic::showScanned(std::size_t taken, base::Count16 total) {
-    progress_ = {taken, static_cast<std::size_t>(total)};
-    lblLoadStatus.Caption = text("Zpracováno ", taken, " ze ", total, " objektů...");
+bool frmEditGraphic::showProgress(const Progress& progress, std::string caption) {
+    lblLoadStatus.Caption = std::move(caption);
+    Progressed(progress);
     forms::Runtime::current().DoEvents();
     return !isUnloaded();
 }
 
-void frmEditGraphic::addRow(const host::ShapePointer& firstShape,
-                            std::shared_ptr<const ShapeGroup> group, const ScratchShape& scratch) {
+/// What was reported of the row.
+std::string frmEditGraphic::addRow(std::shared_ptr<const ShapeGroup> group,
+                                   const ScratchShape& scratch) {
+    const host::ShapePointer& firstShape = group->front();
     fill::CopyFill(firstShape->Fill(), scratch.Fill());
     scratch.select();
     scratch.copy();
     base::Count16 counter = Element.ubound();
     ++counter;
     Element.Load(counter);
-    Element[counter].FillObject().SaveOriginalFormat(firstShape->Fill());
+    std::string failure = Element[counter].FillObject().SaveOriginalFormat(firstShape->Fill());
     if (firstShape->Fill().Visible() != host::MsoTriState::msoFalse) {
         Element[counter].CliboardToSource();
     } else {
@@ -109,6 +118,7 @@ void frmEditGraphic::addRow(const host::ShapePointer& firstShape,
     }
     Element[counter].ElementsGroup = std::move(group);
     placeRow(counter);
+    return failure;
 }
 
 void frmEditGraphic::placeRow(std::int16_t index) {
@@ -123,61 +133,47 @@ void frmEditGraphic::placeRow(std::int16_t index) {
 // The recolour.
 
 void frmEditGraphic::cmdDiscolour_Click() {
-    error::trap(place("cmdDiscolour_Click", kRecolourFailed), [this] {
+    std::string failure;
+    const auto note = [&failure](const std::string& reported) {
+        if (failure.empty()) failure = reported;
+    };
+    note(error::trap(place("cmdDiscolour_Click", kRecolourFailed), [&] {
         cmdDiscolour.Enabled = false;
         picLoadStatus.Visible = true;
-        const bool done = discolourRows();
+        // Whatever ends the work on a document, its fills that have failed late are reported.
+        UndoSteps steps(kUndoTitle, [&](std::vector<host::FailedWrite> failed) {
+            note(error::trap(place("cmdDiscolour_Click", kRecolourFailed),
+                             [&] { reportFailed(std::move(failed)); }));
+        });
+        const bool done = discolourRows(steps);
+        steps.end();
         if (isUnloaded()) return;
         picLoadStatus.Visible = false;
         cmdDiscolour.Enabled = true;
         if (done) cmdClose.Default = true;
-    });
+    }));
+    Recoloured(failure);
 }
-
-/// The document under recolour. Whatever ends that, its fills that have failed late are reported.
-struct frmEditGraphic::Discolouring {
-    explicit Discolouring(frmEditGraphic& dialog) : dialog(dialog) {}
-    Discolouring(const Discolouring&) = delete;
-    Discolouring& operator=(const Discolouring&) = delete;
-    ~Discolouring() { end(); }
-
-    void begin(const std::shared_ptr<host::Document>& next) {
-        document = next;
-        undo = next->undoGroup(kUndoTitle);
-    }
-    void end() {
-        error::trap(place("cmdDiscolour_Click", kRecolourFailed), [&] {
-            if (const auto ended = std::exchange(undo, nullptr)) {
-                dialog.reportFailed(ended->finish());
-            }
-        });
-    }
-
-    frmEditGraphic& dialog;
-    std::shared_ptr<host::Document> document;
-    std::unique_ptr<host::UndoGroup> undo;
-};
 
 /// Whether it came to the last row: the closing of the dialog ends it before, and so does a
 /// document that cannot be saved.
-bool frmEditGraphic::discolourRows() {
-    Discolouring at(*this);
+bool frmEditGraphic::discolourRows(UndoSteps& steps) {
     for (base::Count16 i = 1, last = Element.ubound(); i <= last; ++i) {
-        progress_ = {static_cast<std::size_t>(i), static_cast<std::size_t>(last)};
-        lblLoadStatus.Caption =
-            text("Upravuji ", i, ". skupinu objektů ze ", Element.ubound(), " výplní...");
-        forms::Runtime::current().DoEvents();
-        if (isUnloaded()) return false;
+        if (!showProgress(
+                {static_cast<std::size_t>(i), static_cast<std::size_t>(last)},
+                text("Upravuji ", i, ". skupinu objektů ze ", Element.ubound(), " výplní..."))) {
+            return false;
+        }
         ColorElement& row = Element[i];
         const auto current = requireHost().Selection()->Document();
-        if (!at.document || !at.document->isSame(*current)) {
-            at.end();
+        if (!steps.isIn(*current)) {
+            steps.end();
             if (current->isReadOnly()) {
                 forms::Runtime::current().MsgBox(kReadOnly, forms::MsgBoxStyle::kExclamation,
                                                  "Huebrush");
                 return false;
             }
-            at.begin(current);
+            steps.begin(current);
         }
         row.Discolour(*current);
         if (isUnloaded()) return false;

@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "base/Error.h"
+#include "batch/BatchRuntime.h"
 #include "batch/Session.h"
 #include "error/mError.h"
 #include "ports/libreoffice/entry/Application.h"
@@ -57,7 +58,7 @@ void recolour(const ContextReference& context, Application& application, const M
     batch::BatchRuntime runtime(platform);
     const forms::RuntimeScope scope(runtime);
     const HandlerScope handler(application.snapshot());
-    batch::Session session(application, application.Documents().documentOf(model), runtime);
+    batch::Session session(application, application.Documents().documentOf(model));
     batch::RecolorRequest request;
     for (const batch::FillRow& row : session.scan()) {
         request.rows.push_back({row.row, editOf(row.row), std::nullopt});

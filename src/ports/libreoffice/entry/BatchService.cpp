@@ -10,6 +10,7 @@
 #include <string>
 #include <utility>
 
+#include "batch/BatchRuntime.h"
 #include "batch/Session.h"
 #include "error/mError.h"
 #include "ports/libreoffice/document/TextDocumentFile.h"
@@ -77,7 +78,7 @@ ordered_json work(const ContextReference& context, const protocol::Job& job,
     const TextDocumentFile file(context, job.input, job.name, job.inputUrl);
     const HandlerScope handler(application.snapshot());
     batch::Session session(
-        application, application.Documents().documentOf(file.model()), runtime,
+        application, application.Documents().documentOf(file.model()),
         [&](std::size_t done, std::size_t total) { channel.sendProgress(done, total); });
     const auto rows = session.scan();
     ordered_json result;

@@ -13,12 +13,6 @@ namespace huebrush::libreoffice {
 
 namespace {
 
-constexpr std::int32_t kColorControl = 1051;
-constexpr std::int32_t kFillControl = 1006;
-constexpr std::int32_t kFormatDialog = 960;
-constexpr std::int32_t kConfirmed = -1;
-constexpr std::int32_t kCancelled = 0;
-
 class ToolControl final : public host::BuiltInControl {
  public:
     explicit ToolControl(std::function<void()> tool) : tool_(std::move(tool)) {}
@@ -31,7 +25,9 @@ class ToolControl final : public host::BuiltInControl {
 class FormatDialog final : public host::Dialog {
  public:
     explicit FormatDialog(HostTools& tools) : tools_(tools) {}
-    std::int32_t Show() override { return tools_.editArea() ? kConfirmed : kCancelled; }
+    std::int32_t Show() override {
+        return tools_.editArea() ? host::DialogResult::kConfirmed : host::DialogResult::kCancelled;
+    }
 
  private:
     HostTools& tools_;
@@ -40,7 +36,7 @@ class FormatDialog final : public host::Dialog {
 }  // namespace
 
 std::shared_ptr<host::Dialog> HostTools::Item(std::int32_t id) {
-    if (id != kFormatDialog) {
+    if (id != host::DialogId::kFormatObject) {
         throw base::Error(HostErrorNumber::kCommandFailed,
                           base::text("Kancelářský balík nemá dialog č. ", id, "."));
     }
@@ -48,9 +44,14 @@ std::shared_ptr<host::Dialog> HostTools::Item(std::int32_t id) {
 }
 
 host::CommandBarControlPointer HostTools::control(std::int32_t id) {
-    if (id == kColorControl) return std::make_shared<ToolControl>([this] { editColor(); });
-    if (id == kFillControl) return std::make_shared<ToolControl>([this] { editArea(); });
-    return nullptr;
+    switch (id) {
+        case host::ControlId::kFillColor:
+            return std::make_shared<ToolControl>([this] { editColor(); });
+        case host::ControlId::kFillEffects:
+            return std::make_shared<ToolControl>([this] { editArea(); });
+        default:
+            return nullptr;
+    }
 }
 
 void HostTools::editColor() {

@@ -9,10 +9,9 @@
 namespace huebrush::libreoffice {
 
 /// The classic host's own tools for a fill, as far as the office has equivalents: its colour dialog
-/// for the fill colour (control 1051), its dialog of areas for the fill effects (control 1006) and
-/// the format of an object (dialog 960). Each works on what is selected in the hidden document made
-/// last, comes up above the window that hidden documents belong to, and returns when the user has
-/// closed it. For the main thread only.
+/// for the fill colour, its dialog of areas for the fill effects and the format of an object. Each
+/// works on what is selected in the hidden document made last, comes up above the window that
+/// hidden documents belong to, and returns when the user has closed it. For the main thread only.
 class HostTools final : public host::Dialogs {
  public:
     HostTools(const ContextReference& context, Documents& documents)
