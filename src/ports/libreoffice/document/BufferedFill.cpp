@@ -23,7 +23,7 @@ std::string BufferedFill::TextureName() {
 }
 
 void BufferedFill::setVisible(MsoTriState visible) {
-    FillEdit& edit = gather().edit;
+    FillWrites& edit = gather().edit;
     const bool isFirst = edit.empty();
     edit.visible = visible == MsoTriState::msoFalse ? MsoTriState::msoFalse : MsoTriState::msoTrue;
     if (isFirst) return;
@@ -87,7 +87,7 @@ void BufferedFill::refresh() {
 }
 
 void BufferedFill::build(const FillBuild& build) {
-    FillEdit& edit = gather().edit;
+    FillWrites& edit = gather().edit;
     edit.build = build;
     if (!edit.foreColor) edit.foreColor = foreColor_;
     if (!edit.backColor) edit.backColor = backColor_;

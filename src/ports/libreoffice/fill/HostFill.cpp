@@ -92,7 +92,7 @@ bool HostFill::usesBackColor() const {
             gradientColorType == MsoGradientColorType::msoGradientTwoColors);
 }
 
-HostFill edited(const HostFill& fill, const FillEdit& edit) {
+HostFill edited(const HostFill& fill, const FillWrites& edit) {
     HostFill result = fill;
     if (edit.build) static_cast<FillBuild&>(result) = *edit.build;
     if (edit.foreColor) result.foreColor = *edit.foreColor;

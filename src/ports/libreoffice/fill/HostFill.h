@@ -58,7 +58,7 @@ struct HostFill : FillBuild {
 host::FillProperties propertiesOf(const HostFill& fill);
 
 /// Writes to one fill that are carried out together. A part that was not written is left out.
-struct FillEdit {
+struct FillWrites {
     std::optional<std::int32_t> foreColor = std::nullopt;
     std::optional<std::int32_t> backColor = std::nullopt;
     std::optional<FillBuild> build = std::nullopt;
@@ -69,7 +69,7 @@ struct FillEdit {
 };
 
 /// The fill after the edit. A colour that the fill's type does not use is dropped.
-HostFill edited(const HostFill& fill, const FillEdit& edit);
+HostFill edited(const HostFill& fill, const FillWrites& edit);
 
 // The calls' arguments as a build; an error (5) where the object model has no such value.
 FillBuild solidBuild();
