@@ -1,4 +1,4 @@
-# How the targets of this project are made: one library a folder of src/, with its tests beside it.
+# How the targets of this project are defined: one library per folder of src/, with its tests.
 
 if(BUILD_TESTING)
   find_package(GTest REQUIRED)
@@ -43,7 +43,7 @@ function(huebrush_library name)
 endfunction()
 
 # huebrush_optimise(NAME)
-# For what works on thousands of rows: optimised under the sanitizers, too. A program gets an inline
+# For code that works on thousands of rows: optimised under the sanitizers, too. A program gets an inline
 # function from the first file that has it, so this counts only where all of its files are optimised.
 function(huebrush_optimise name)
   if(HUEBRUSH_SANITIZE)
@@ -81,7 +81,8 @@ endfunction()
 
 # huebrush_compile_tests_fast(NAME)
 # Tests are half of what there is to compile, and most of that is the test library's own macros: its
-# headers are read once for all programs, and less is optimised. What is tested is built as ever.
+# headers are precompiled once for all programs, and less is optimised. What is tested is built as
+# usual.
 function(huebrush_compile_tests_fast name)
   target_compile_options(${name} PRIVATE $<$<CONFIG:RelWithDebInfo>:-O1>)
   get_target_property(kind ${name} TYPE)

@@ -59,7 +59,7 @@ esac
 
 if ! command -v dpkg-query >/dev/null; then
   [ -n "$only_name" ] && exit
-  echo "install-packages: this is not Debian; install what it calls ${packages[*]}" >&2
+  echo "install-packages: this is not Debian; install the equivalents of: ${packages[*]}" >&2
   exit 1
 fi
 missing=()

@@ -7,8 +7,8 @@
 #                             the other way round.
 #   tools/newer.sh CMD...     runs a command in that system, in the source tree
 #
-# The system is made once and kept, with its build, in HUEBRUSH_NEWER or else in the user's cache
-# folder; delete that folder to make it anew. All mounts are made in a name space of this script's
+# The system is created once and kept, with its build, in HUEBRUSH_NEWER or else in the user's cache
+# folder; delete that folder to start afresh. All mounts are made in a namespace of this script's
 # own, so that they and all processes are gone when it ends, however it ends.
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -47,7 +47,7 @@ make_system() {
 
 [ -d "$system" ] || make_system
 
-# The way to npm's registry is a setting of this machine: what is taken from there is taken here.
+# npm's registry is configured on this machine, so what comes from there is fetched here.
 if command -v npm >/dev/null; then
   tests/readers/install.sh "$folder/build/release/readers"
 fi
