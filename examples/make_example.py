@@ -673,8 +673,8 @@ def bring_forward(document):
 
 
 def settle(path):
-    """Rewrites the package with a fixed time and without the random number that tells one session
-    of editing from another, so that equal pictures give equal files."""
+    """Rewrites the package with a fixed time and without the random number of the editing session,
+    so that equal pictures give equal files."""
     with zipfile.ZipFile(path) as package:
         entries = [(entry, package.read(entry)) for entry in package.infolist()]
     with zipfile.ZipFile(path, "w") as package:

@@ -106,7 +106,7 @@ class Bench {
         });
     }
 
-    /// Leaf shapes that stand in one group, or on the page where that is nowhere.
+    /// Leaf shapes that are in one group, or on the page when there is none.
     struct Siblings {
         std::vector<std::int32_t> group;
         std::vector<std::int32_t> leaves;

@@ -6,7 +6,7 @@ namespace huebrush::forms {
 
 /// Represents a control on a platform's screen. It is notified of every change of the
 /// control's properties and updates the screen when the program returns to its event loop; it
-/// passes the user's input on as calls on the control. A control without a peer works all the same.
+/// passes the user's input on as calls on the control. A control without a peer works just as well.
 class Peer {
  public:
     Peer() = default;

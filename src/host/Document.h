@@ -88,7 +88,7 @@ class Document {
 
     /// Whether both stand for the same open document.
     virtual bool isSame(const Document& other) const = 0;
-    /// Whether the user may only look at the document. Its shapes can be changed all the same, but
+    /// Whether the user may only look at the document. Its shapes can still be changed, but
     /// such a change could not be saved.
     virtual bool isReadOnly() { return false; }
     /// Optional ability: without it the host keeps its own undo steps, and the result is empty.

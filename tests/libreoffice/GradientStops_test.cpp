@@ -179,7 +179,7 @@ class GradientStopsTest : public testing::Test {
         shape.Fill().setVisible(visible);
         EXPECT_EQ(shape.Fill().Visible(), visible);
     }
-    /// Writes a fill anew, as it is, the way a recolour does.
+    /// Rewrites a fill as it is, the way a recolour does.
     static void writeAgain(host::FillFormat& fill, float transparency) {
         fill.setForeColorRGB(fill.ForeColorRGB());
         fill.setBackColorRGB(fill.BackColorRGB());

@@ -20,7 +20,7 @@ ANCHOR_TO_CHARACTER = ".uno:SetAnchorToChar"
 
 class DialogChangesTest(DialogCase):
     def leaves(self):
-        """The shapes in the document, those of groups too, that are no groups."""
+        """The shapes in the document, including those in groups, that are not groups."""
         found = []
 
         def collect(shapes):

@@ -182,7 +182,7 @@ class DialogPartsTest(DialogCase):
         left, top, width, height = self.screen.bounds_of(dialog.window)
 
         def leave_and_release(outside):
-            """Drags over the first row, and from there leaves the dialog at a stroke."""
+            """Drags over the first row, and from there leaves the dialog in one move."""
             self.screen.hold(handle, first)
             self.screen.move(*outside)
             self.screen.let_go()

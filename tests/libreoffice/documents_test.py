@@ -550,7 +550,7 @@ class Interruption(OnDocuments):
             self.assertEqual(list(self.temporary.iterdir()), [])
 
     def test_killed_at_any_instant(self):
-        """Five seconds later there is no process and no file of it."""
+        """Five seconds later none of its processes and files are left."""
         instants = random.Random(20)
         output = self.folder / "killed.odt"
         output.write_text("mine")

@@ -152,7 +152,7 @@ def shapes_in_vml(body):
 
 
 class EveryBranch(InFolder):
-    """The new fill stands in every place where a .docx keeps one, and is listed again."""
+    """The new fill is in every place where a .docx keeps one, and is listed again."""
 
     @classmethod
     def setUpClass(cls):

@@ -107,7 +107,7 @@ class Docx:
     # Shapes
 
     def wps(self, fill="", style="", text=None, prst="rect", size=(20, 10), name=None):
-        """A shape's DrawingML, to stand in a drawing of its own, a group or a canvas."""
+        """A shape's DrawingML, for a drawing of its own, a group or a canvas."""
         box = "" if text is None else (
             f"<wps:txbx><w:txbxContent>{paragraph(run(text))}</w:txbxContent></wps:txbx>")
         about = '<wps:cNvSpPr/>' if name is None else (

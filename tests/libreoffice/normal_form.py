@@ -106,7 +106,7 @@ THEME = {LOEXT + name for name in ("fill-theme-color", "fill-color-lum-mod", "fi
 
 
 def solid_fills_of_their_own(mapping):
-    """The same, where what ties a mapped colour to the theme goes with it."""
+    """The same, where what ties a mapped colour to the theme is removed with it."""
     recolour = solid_fills(mapping)
 
     def cut(attributes):

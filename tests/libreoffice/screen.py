@@ -108,7 +108,7 @@ class Screen:
         self._processes.append(process)
 
     def _start_server(self):
-        """The server chooses a free display itself and tells which. It must not begin anew when
+        """The server chooses a free display itself and reports it. It must not restart when
         the last of its clients goes, because another may be about to come."""
         reader, writer = os.pipe()
         self.display = ""

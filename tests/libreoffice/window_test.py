@@ -128,7 +128,7 @@ class WindowTest(WriterCase):
         writer.select(frame, sample)
         writer.click_button(BY_FILL)
         self.assert_selection(writer, frame, [sample, *same])
-        wait_until(lambda: writer.status_pixels() == status, "the status bar tells the total")
+        wait_until(lambda: writer.status_pixels() == status, "the status bar shows the total")
 
     def test_a_click_selects_all_shapes_of_the_same_line(self):
         writer = self.start()
@@ -142,7 +142,7 @@ class WindowTest(WriterCase):
         writer.select(frame, sample)
         writer.click_button(BY_LINE)
         self.assert_selection(writer, frame, [sample, *same])
-        wait_until(lambda: writer.status_pixels() == status, "the status bar tells the total")
+        wait_until(lambda: writer.status_pixels() == status, "the status bar shows the total")
 
     def test_a_shape_unlike_all_others_stays_selected_alone_until_the_user_goes_on(self):
         writer = self.start()

@@ -69,7 +69,7 @@ class Writer(Office):
     def _start(self):
         """Writer's context. LibreOffice 25.2 hangs once in some hundred starts when the first
         connection comes just as its first window is made accessible: each of two threads holds a
-        lock that the other one waits for. It is started anew then."""
+        lock that the other one waits for. It is then started again."""
         for _ in range(STARTS):
             super().__enter__()
             try:
@@ -78,7 +78,7 @@ class Writer(Office):
                 return self._connect_or_kill()
             except WriterHangs:
                 self.__exit__()
-                print("Writer hung at its start; it is started anew.", file=sys.stderr)
+                print("Writer hung at its start; it is started again.", file=sys.stderr)
             except BaseException:
                 self.__exit__()
                 raise
@@ -156,7 +156,7 @@ class Writer(Office):
     def _open(self, url, hidden=False):
         document = self.desktop.loadComponentFromURL(
             url, "_blank", 0,
-            # A window made on another thread can wait for the clipboard for ever.
+            # A window made on another thread can wait for the clipboard forever.
             (PropertyValue("Hidden", 0, hidden, 0), PropertyValue("OnMainThread", 0, True, 0)))
         return document.CurrentController.Frame
 
@@ -299,7 +299,7 @@ class Writer(Office):
     # The status bar.
 
     def status_pixels(self, frame=None):
-        """What the left half of the status bar looks like: it is painted, not told."""
+        """What the left half of the status bar looks like, which is only painted."""
         bar = self.accessible_element(frame or self.frame(), STATUS_BAR)
         left, top, width, height = self.place_of(bar, frame)
         return self.screen.pixels(left, top, width // 2, height)

@@ -44,7 +44,7 @@ class Recordset {
     void Open(const std::string& query, const Connection& connection);
     /// Pending values are discarded, here and in Requery.
     void Close();
-    /// Gathers anew, with what has been written to the file since.
+    /// Gathers again, with what has been written to the file since.
     void Requery();
     ObjectStateEnum State() const;
     EditModeEnum EditMode() const;

@@ -13,7 +13,7 @@ void scanTable(Pages& pages, const TableDefinition& table, const VisitRow& visit
 /// Where the bytes of a row are: elsewhere, if it was moved. None for a row that does not exist.
 std::optional<RowId> placeOfRow(Pages& pages, const TableDefinition& table, RowId row);
 
-/// A row by its identity, also when it was moved. None when there is no such row (any more).
+/// A row by its identity, even when it was moved. None when the row does not exist (any more).
 std::optional<Row> rowAt(Pages& pages, const TableDefinition& table, RowId row);
 
 /// What a column of a row holds, long values included.
