@@ -31,9 +31,9 @@ std::vector<std::string> namesOf(const std::vector<ShapePointer>& shapes) {
 
 /// What a host reports all at once is what it answers one by one.
 void expectKnownAsRead(FillFormat& fill) {
-    const FillProperties* const reported = fill.known();
-    if (reported == nullptr) return;
-    const FillProperties known = *reported;
+    const FillProperties* const told = fill.known();
+    if (told == nullptr) return;
+    const FillProperties known = *told;
     EXPECT_EQ(known.Visible, fill.Visible());
     EXPECT_EQ(known.ForeColorRGB, fill.ForeColorRGB());
     EXPECT_EQ(known.BackColorRGB, fill.BackColorRGB());

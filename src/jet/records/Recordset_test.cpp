@@ -555,20 +555,20 @@ TEST_F(Recordsets, ARefusedDeletionLeavesTheRecord) {
 TEST_F(Recordsets, NotifyBeforeAFieldChanges) {
     addPalette(*file.database, "a", {});
     groups.Open(kGroups, connection);
-    std::vector<std::string> notified;
+    std::vector<std::string> told;
     groups.WillChangeField.connect([&](const std::string& column) {
-        notified.push_back(column + " " + nameOf(groups));
+        told.push_back(column + " " + nameOf(groups));
         EXPECT_EQ(groups.EditMode(),
-                  notified.size() == 1 ? EditModeEnum::adEditNone : EditModeEnum::adEditInProgress);
+                  told.size() == 1 ? EditModeEnum::adEditNone : EditModeEnum::adEditInProgress);
     });
     groups.SetField("Name", std::string("b"));
     groups.SetField("Name", std::string("c"));
     groups.SetField("Count", 1);
-    EXPECT_EQ(notified, (std::vector<std::string>{"Name a", "Name b", "Count c"}));
+    EXPECT_EQ(told, (std::vector<std::string>{"Name a", "Name b", "Count c"}));
     groups.Update();
     groups.MoveFirst();
     groups.Requery();
-    EXPECT_EQ(notified.size(), 3U);
+    EXPECT_EQ(told.size(), 3U);
 }
 
 TEST_F(Recordsets, AHandlerMayRefuseAChange) {
