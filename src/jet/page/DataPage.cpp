@@ -12,7 +12,7 @@ constexpr std::uint16_t kFlagMask = 0xC000;
 
 /// A view of a page that is being changed, which must not outlive the change.
 DataPage viewOf(const Page& page, PageNumber number) {
-    return {PagePointer(PagePointer(), &page), number};
+    return {PagePointer(page), number};
 }
 
 void setSlot(Page& page, std::size_t index, std::size_t offset, std::uint16_t flags) {

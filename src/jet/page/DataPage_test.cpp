@@ -10,7 +10,7 @@ constexpr PageNumber kNumber = 9;
 class DataPages : public ::testing::Test {
  protected:
     DataPages() { clearDataPage(page, 3); }
-    DataPage view() const { return {PagePointer(PagePointer(), &page), kNumber}; }
+    DataPage view() const { return {PagePointer(page), kNumber}; }
     std::uint8_t add(const Bytes& row) { return addRow(page, kNumber, row, SlotFlag::kNone); }
     Bytes row(std::size_t slot) const {
         const DataPage data = view();

@@ -56,16 +56,16 @@ Pages::Pages(std::shared_ptr<File> file, PageStore::MakeFile scratch, std::size_
 Pages::Frame& Pages::load(PageNumber number) {
     if (number >= count_) throwDamage(number, 0, rule::kPageExists);
     if (const auto found = frames_.find(number); found != frames_.end()) return found->second;
-    auto page = std::make_shared<Page>();
+    auto page = std::make_shared<HeldPage>();
     if (number < slots_.size() && slots_[number] != 0) {
-        store_.get(slots_[number], *page);
+        store_.get(slots_[number], page->content);
     } else {
-        file_->read(std::uint64_t{number} * kPageSize, *page);
+        file_->read(std::uint64_t{number} * kPageSize, page->content);
     }
     return keep(number, std::move(page));
 }
 
-Pages::Frame& Pages::keep(PageNumber number, std::shared_ptr<Page> page) {
+Pages::Frame& Pages::keep(PageNumber number, std::shared_ptr<HeldPage> page) {
     if (frames_.size() >= limit_) putAllAway();
     Frame& frame = frames_[number];
     frame.page = std::move(page);
@@ -79,7 +79,7 @@ void Pages::putAllAway() {
         slots_.resize(count_);
         for (auto& [number, frame] : frames_) {
             if (!frame.changed) continue;
-            slots_[number] = store_.put(*frame.page, slots_[number]);
+            slots_[number] = store_.put(frame.page->content, slots_[number]);
             frame.changed = false;
         }
     }
@@ -88,7 +88,7 @@ void Pages::putAllAway() {
 }
 
 PagePointer Pages::read(PageNumber number) {
-    return load(number).page;
+    return PagePointer(load(number).page);
 }
 
 PagePointer Pages::read(PageNumber number, std::uint8_t type) {
@@ -99,19 +99,21 @@ PagePointer Pages::read(PageNumber number, std::uint8_t type) {
 
 PagePointer Pages::readSound(PageNumber number, Check check) {
     Frame& frame = load(number);
-    if (!frame.sound) check(*frame.page, number);
+    if (!frame.sound) check(frame.page->content, number);
     frame.sound = true;
-    return frame.page;
+    return PagePointer(frame.page);
 }
 
 Page& Pages::change(PageNumber number) {
     Frame& frame = load(number);
-    touch(number, frame);
-    // Whoever holds the page keeps seeing it as it was.
-    if (frame.page.use_count() > 1) frame.page = std::make_shared<Page>(*frame.page);
+    const bool isKept = touch(number, frame);
+    // Whoever reads the page keeps seeing it as it was, and so does an undo.
+    if (isKept || frame.page->readers > 0) {
+        frame.page = std::make_shared<HeldPage>(frame.page->content);
+    }
     frame.changed = true;
     frame.sound = false;
-    return *frame.page;
+    return frame.page->content;
 }
 
 PageNumber Pages::append() {
@@ -119,7 +121,7 @@ PageNumber Pages::append() {
         throw base::Error(ErrorNumber::kOutOfSpace,
                           "Databáze dosáhla své největší velikosti 2 GB.");
     }
-    Frame& frame = keep(count_, std::make_shared<Page>(Page{}));
+    Frame& frame = keep(count_, std::make_shared<HeldPage>());
     const PageNumber number = count_++;
     touch(number, frame);
     frame.changed = true;
@@ -132,20 +134,22 @@ bool Pages::differsFromFile(PageNumber number) const {
     return found != frames_.end() && found->second.changed;
 }
 
-/// Keeps, at the first change since the mark, what undo needs.
-void Pages::touch(PageNumber number, const Frame& frame) {
+/// Keeps, at the first change since the mark, what undo needs. Whether this is the page in memory.
+bool Pages::touch(PageNumber number, const Frame& frame) {
     if (isTouched_.size() < count_) isTouched_.resize(count_);
-    if (isTouched_[number]) return;
+    if (isTouched_[number]) return false;
+    bool isKept = false;
     if (differsFromFile(number)) {
-        rememberVersion(number, frame);
+        isKept = rememberVersion(number, frame);
     } else {
         ++changedPages_;
     }
     isTouched_[number] = true;
     touched_.push_back(number);
+    return isKept;
 }
 
-void Pages::rememberVersion(PageNumber number, const Frame& frame) {
+bool Pages::rememberVersion(PageNumber number, const Frame& frame) {
     Version version;
     if (!frame.changed) {
         // The slot has it; the page gets another one when it is put away.
@@ -156,10 +160,12 @@ void Pages::rememberVersion(PageNumber number, const Frame& frame) {
         ++versionsInMemory_;
     } else {
         slots_.resize(std::max<std::size_t>(slots_.size(), number + std::size_t{1}));
-        version.slot = store_.put(*frame.page, slots_[number]);
+        version.slot = store_.put(frame.page->content, slots_[number]);
         slots_[number] = 0;
     }
+    const bool isKept = version.page != nullptr;
     before_[number] = std::move(version);
+    return isKept;
 }
 
 void Pages::forgetSlot(PageNumber number) {
@@ -212,7 +218,7 @@ void Pages::writeTo(NewFile& file) {
             if (!differsFromFile(each)) continue;
             const auto frame = frames_.find(each);
             if (frame == frames_.end()) store_.get(slots_[each], page);
-            const Page& content = frame == frames_.end() ? page : *frame->second.page;
+            const Page& content = frame == frames_.end() ? page : frame->second.page->content;
             std::copy(content.begin(), content.end(),
                       buffer.begin() + static_cast<std::ptrdiff_t>((each - number) * kPageSize));
         }

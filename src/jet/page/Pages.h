@@ -4,6 +4,7 @@
 #include <functional>
 #include <memory>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "jet/file/Bytes.h"
@@ -13,7 +14,47 @@ namespace huebrush::jet {
 
 inline constexpr std::size_t kPageSize = 4096;
 using Page = std::array<std::uint8_t, kPageSize>;
-using PagePointer = std::shared_ptr<const Page>;
+
+/// A page in memory.
+struct HeldPage {
+    HeldPage() = default;
+    explicit HeldPage(const Page& page) : content(page) {}
+
+    Page content = {};
+    std::size_t readers = 0;  ///< the PagePointers that show it
+};
+
+/// Shows a page as it was when it was read: valid and unchanged however long it is held.
+class PagePointer {
+ public:
+    PagePointer() = default;
+    explicit PagePointer(std::shared_ptr<HeldPage> page)
+        : held_(std::move(page)), shown_(&held_->content) {
+        ++held_->readers;
+    }
+    /// Shows a page that the caller holds, and may change meanwhile.
+    explicit PagePointer(const Page& page) : shown_(&page) {}
+    PagePointer(const PagePointer& other) : held_(other.held_), shown_(other.shown_) {
+        if (held_) ++held_->readers;
+    }
+    PagePointer(PagePointer&& other) noexcept
+        : held_(std::move(other.held_)), shown_(std::exchange(other.shown_, nullptr)) {}
+    PagePointer& operator=(PagePointer other) noexcept {
+        std::swap(held_, other.held_);
+        std::swap(shown_, other.shown_);
+        return *this;
+    }
+    ~PagePointer() {
+        if (held_) --held_->readers;
+    }
+
+    const Page& operator*() const { return *shown_; }
+    const Page* operator->() const { return shown_; }
+
+ private:
+    std::shared_ptr<HeldPage> held_;
+    const Page* shown_ = nullptr;
+};
 
 /// What byte 0 of a page says.
 namespace PageType {
@@ -103,21 +144,21 @@ class Pages {
     using Slot = PageStore::Slot;
     /// A page in memory.
     struct Frame {
-        std::shared_ptr<Page> page;
+        std::shared_ptr<HeldPage> page;
         bool changed = false;  ///< it differs from its slot, or else from the file
         bool sound = false;
     };
     /// What a changed page was before it was changed again: in memory, else in a slot.
     struct Version {
-        std::shared_ptr<Page> page;
+        std::shared_ptr<HeldPage> page;
         Slot slot = 0;
     };
 
     Frame& load(PageNumber number);
-    Frame& keep(PageNumber number, std::shared_ptr<Page> page);
+    Frame& keep(PageNumber number, std::shared_ptr<HeldPage> page);
     void putAllAway();
-    void touch(PageNumber number, const Frame& frame);
-    void rememberVersion(PageNumber number, const Frame& frame);
+    bool touch(PageNumber number, const Frame& frame);
+    bool rememberVersion(PageNumber number, const Frame& frame);
     void restore(PageNumber number);
     void forgetSlot(PageNumber number);
     bool differsFromFile(PageNumber number) const;

@@ -106,6 +106,32 @@ TEST_F(PagesOfAFile, AreWhatTheyWereChangedToHoweverFewAreInMemory) {
     EXPECT_EQ(files.files.size(), 1U);
 }
 
+TEST_F(PagesOfAFile, StayAsTheyWereReadForAsLongAsTheyAreRead) {
+    const PagePointer read = pages->read(3);
+    const Page content = *read;
+    {
+        const PagePointer copy = read;
+        change(3);
+    }
+    EXPECT_EQ(*read, content);
+    EXPECT_EQ(*pages->read(3), model[3]);
+}
+
+TEST_F(PagesOfAFile, AreChangedInPlaceWhereNobodyReadsThem) {
+    const Page* const first = &pages->change(3);
+    EXPECT_EQ(&pages->change(3), first);
+    PagePointer read = pages->read(3);
+    PagePointer moved = std::move(read);
+    const Page* const second = &pages->change(3);
+    EXPECT_NE(second, first);
+    EXPECT_EQ(&*moved, first);
+    moved = PagePointer();
+    EXPECT_EQ(&pages->change(3), second);
+    pages->mark();
+    // Undo needs the page as it is at the mark.
+    EXPECT_NE(&pages->change(3), second);
+}
+
 TEST_F(PagesOfAFile, AreUnchangedAfterUndo) {
     EXPECT_FALSE(pages->changed());
     for (PageNumber i = 0; i < 20; ++i) change(i);
