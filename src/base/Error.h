@@ -1,5 +1,6 @@
 #pragma once
 
+#include <concepts>
 #include <cstdint>
 #include <exception>
 #include <string>
@@ -46,6 +47,28 @@ class Error : public std::exception {
 /// Turns any exception in flight into an Error: an Error stays as it is, a standard exception
 /// becomes an internal one with its text. REQUIRES: called inside a catch block.
 Error currentError();
+
+/// Runs the body with errors suppressed. Whether it came to its end.
+template <std::invocable Body>
+bool ignoring(Body&& body) {
+    try {
+        std::forward<Body>(body)();
+        return true;
+    } catch (...) {
+        return false;
+    }
+}
+
+/// The same for errors of one type; others pass.
+template <class Suppressed, std::invocable Body>
+bool ignoring(Body&& body) {
+    try {
+        std::forward<Body>(body)();
+        return true;
+    } catch (const Suppressed&) {
+        return false;
+    }
+}
 
 /// A number beyond the range of its type; a count beyond what a 16-bit counter holds.
 [[noreturn]] void throwOverflow();

@@ -139,6 +139,25 @@ std::string toUtf8(std::u16string_view utf16) {
     return out;
 }
 
+std::string percentEncoded(std::string_view text, std::string_view plain) {
+    constexpr std::string_view kDigits = "0123456789ABCDEF";
+    const auto standsForItself = [plain](char character) {
+        return (character >= 'A' && character <= 'Z') || (character >= 'a' && character <= 'z') ||
+               (character >= '0' && character <= '9') ||
+               plain.find(character) != std::string_view::npos;
+    };
+    std::string encoded;
+    for (const char character : text) {
+        if (standsForItself(character)) {
+            encoded += character;
+        } else {
+            const auto byte = static_cast<unsigned char>(character);
+            encoded += {'%', kDigits[byte >> 4U], kDigits[byte & 0xFU]};
+        }
+    }
+    return encoded;
+}
+
 std::size_t lengthInCharacters(std::string_view utf8) {
     return toUtf16(utf8).size();
 }

@@ -48,6 +48,10 @@ std::int32_t toInteger(std::string_view value);
 std::u16string toUtf16(std::string_view utf8);
 std::string toUtf8(std::u16string_view utf16);
 
+/// The text with every byte but ASCII letters, digits and those of `plain` written as "%XX": as
+/// long as `plain` has no '%', two texts differ exactly when their encoded forms do.
+std::string percentEncoded(std::string_view text, std::string_view plain = "-_");
+
 /// The number of UTF-16 units of a text, which is what the forms runtime calls its length.
 std::size_t lengthInCharacters(std::string_view utf8);
 

@@ -141,5 +141,21 @@ TEST(Units, TurnsPointsIntoHundredthsOfAMillimetreAndBack) {
     EXPECT_DOUBLE_EQ(twipsToPixels(4455, 96), 297);
 }
 
+TEST(Text, PercentEncodingLeavesLettersDigitsAndWhatIsPlain) {
+    EXPECT_EQ(percentEncoded("Az09-_"), "Az09-_");
+    EXPECT_EQ(percentEncoded("a b/%.~"), "a%20b%2F%25%2E%7E");
+    EXPECT_EQ(percentEncoded("/a b%.~", "/."), "/a%20b%25.%7E");
+    EXPECT_EQ(percentEncoded(std::string("\0\xFF", 2)), "%00%FF");
+    EXPECT_EQ(percentEncoded("ž"), "%C5%BE");
+}
+
+TEST(Error, SuppressedErrorsAreAllOrThoseOfOneType) {
+    EXPECT_TRUE(ignoring([] {}));
+    EXPECT_FALSE(ignoring([] { throw 1; }));
+    EXPECT_TRUE(ignoring<Error>([] {}));
+    EXPECT_FALSE(ignoring<Error>([] { throwOverflow(); }));
+    EXPECT_THROW(ignoring<Error>([] { throw 1; }), int);
+}
+
 }  // namespace
 }  // namespace huebrush::base

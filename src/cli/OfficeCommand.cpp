@@ -1,10 +1,8 @@
 #include "cli/OfficeCommand.h"
 
-#include <cctype>
 #include <cstdlib>
-#include <sstream>
-#include <string_view>
 
+#include "base/Text.h"
 #include "cli/Failure.h"
 #include "cli/OfficeSearch.h"
 
@@ -50,20 +48,8 @@ Installation findInstallation() {
 }
 
 std::string fileUrl(const fs::path& path) {
-    constexpr std::string_view kPlain = "/-_.~";
-    std::ostringstream url;
-    url << "file://" << std::hex << std::uppercase;
-    for (const char character : fs::absolute(path).lexically_normal().string()) {
-        const auto byte = static_cast<unsigned char>(character);
-        const bool isPlain = (byte < 0x80 && std::isalnum(byte) != 0) ||
-                             kPlain.find(character) != std::string_view::npos;
-        if (isPlain) {
-            url << character;
-        } else {
-            url << '%' << (byte >> 4U) << (byte & 0xFU);
-        }
-    }
-    return url.str();
+    return "file://" +
+           base::percentEncoded(fs::absolute(path).lexically_normal().string(), "/-_.~");
 }
 
 std::vector<std::string> officeCommand(const Installation& installation, const fs::path& profile,

@@ -54,16 +54,8 @@ std::string trap(const Place& place, Body&& body) {
     }
 }
 
-/// Runs the body with errors suppressed. Whether it came to its end.
-template <std::invocable Body>
-bool ignoring(Body&& body) {
-    try {
-        std::forward<Body>(body)();
-        return true;
-    } catch (...) {
-        return false;
-    }
-}
+/// The silent trap.
+using base::ignoring;
 
 /// The trap of a procedure whose reporter may offer Abort, Retry and Ignore: each operation is a
 /// step of its own. Retry repeats the failing step, Ignore goes on with the next one, and Abort

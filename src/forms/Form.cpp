@@ -28,11 +28,7 @@ bool isIn(const std::vector<Control*>& chain, const Control* control) {
 /// Passes on what a handler has thrown. Where reporting it fails too, there is nobody left to
 /// report to. REQUIRES: called inside a catch block.
 void reportUnhandled() noexcept {
-    try {
-        Runtime::current().UnhandledError(base::currentError());
-    } catch (...) {
-        return;
-    }
+    base::ignoring([] { Runtime::current().UnhandledError(base::currentError()); });
 }
 
 }  // namespace

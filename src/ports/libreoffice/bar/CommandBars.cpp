@@ -6,7 +6,6 @@
 #include "base/Text.h"
 #include "ports/libreoffice/uno/Errors.h"
 #include "ports/libreoffice/uno/MainThread.h"
-#include "ports/libreoffice/uno/Percent.h"
 
 namespace huebrush::libreoffice {
 
@@ -104,7 +103,7 @@ std::shared_ptr<ToolBar> CommandBars::barOf(const BarConfiguration::Bar& bar) {
 /// The office silently refuses a bar under a URL that was removed in the same session.
 BarConfiguration::Bar CommandBars::insertBar(const std::string& name) {
     constexpr int kAttempts = 100;
-    const std::string first = base::text(kOwnBars, percentEncoded(name));
+    const std::string first = base::text(kOwnBars, base::percentEncoded(name));
     BarConfiguration::Bar bar{first, name};
     for (int number = 2; number <= kAttempts; ++number) {
         if (!office_.configuration.has(bar.url)) {

@@ -50,10 +50,8 @@ css::uno::Any SAL_CALL AddIn::execute(const css::uno::Sequence<css::beans::Named
     mainThread_ = std::this_thread::get_id();
     try {
         connect();
-    } catch (const css::uno::Exception&) {
-        reportFailedStart(context_, currentHostError());
     } catch (...) {
-        reportFailedStart(context_, base::currentError());
+        reportFailedStart(context_, currentFailure());
     }
     return {};
 }

@@ -37,10 +37,8 @@ void AddInSession::enter(const std::function<void()>& handler) noexcept {
     error::ignoring([&] {
         try {
             handler();
-        } catch (const com::sun::star::uno::Exception&) {
-            runtime_.UnhandledError(currentHostError());
         } catch (...) {
-            runtime_.UnhandledError(base::currentError());
+            runtime_.UnhandledError(currentFailure());
         }
     });
 }

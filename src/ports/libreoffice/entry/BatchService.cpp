@@ -94,18 +94,6 @@ ordered_json work(const ContextReference& context, const protocol::Job& job,
     return protocol::message::result(std::move(result), runtime.messages());
 }
 
-std::string textOfCurrentFailure() {
-    try {
-        throw;
-    } catch (const css::uno::Exception&) {
-        return currentHostError().description();
-    } catch (const std::exception& error) {
-        return error.what();
-    } catch (...) {
-        return "unknown error";
-    }
-}
-
 void doJob(const ContextReference& context, const std::string& jobFile) {
     std::ifstream stream(jobFile);
     const protocol::Job job = protocol::jobFromJson(nlohmann::json::parse(stream));
@@ -115,7 +103,7 @@ void doJob(const ContextReference& context, const std::string& jobFile) {
     try {
         last = work(context, job, channel);
     } catch (...) {
-        last = protocol::message::failure(textOfCurrentFailure());
+        last = protocol::message::failure(currentFailure().description());
     }
     channel.send(last);
 }

@@ -8,7 +8,6 @@
 #include "base/Text.h"
 #include "ports/libreoffice/uno/Configuration.h"
 #include "ports/libreoffice/uno/Errors.h"
-#include "ports/libreoffice/uno/Percent.h"
 
 namespace huebrush::libreoffice {
 
@@ -22,8 +21,8 @@ const rtl::OUString kValue = "Value";
 /// One name for the three; a point does not occur in its parts.
 rtl::OUString nameOf(const std::string& application, const std::string& section,
                      const std::string& key) {
-    return toOffice(base::text(percentEncoded(application), ".", percentEncoded(section), ".",
-                               percentEncoded(key)));
+    return toOffice(base::text(base::percentEncoded(application), ".",
+                               base::percentEncoded(section), ".", base::percentEncoded(key)));
 }
 
 using PropertySet = css::uno::Reference<css::beans::XPropertySet>;

@@ -19,4 +19,14 @@ base::Error currentHostError() {
             message.empty() ? kind : base::text(message, " (", kind, ")")};
 }
 
+base::Error currentFailure() {
+    try {
+        throw;
+    } catch (const com::sun::star::uno::Exception&) {
+        return currentHostError();
+    } catch (...) {
+        return base::currentError();
+    }
+}
+
 }  // namespace huebrush::libreoffice

@@ -16,6 +16,9 @@ inline constexpr std::int32_t kNoDocument = 4248;
 /// The office's exception that is being handled as an error of the host, with the office's own
 /// text. REQUIRES: called inside a catch block for com.sun.star.uno.Exception.
 base::Error currentHostError();
+/// Any exception in flight, one of the office included, as an error. REQUIRES: called inside a
+/// catch block.
+base::Error currentFailure();
 
 /// Runs calls of the office; an exception of theirs becomes base::Error.
 template <class Calls>
@@ -30,12 +33,7 @@ decltype(auto) officeCalls(Calls&& calls) {
 /// Runs calls of the office whose failure means nothing. Whether they came to their end.
 template <class Calls>
 bool ignoringOffice(Calls&& calls) {
-    try {
-        std::forward<Calls>(calls)();
-        return true;
-    } catch (const com::sun::star::uno::Exception&) {
-        return false;
-    }
+    return base::ignoring<com::sun::star::uno::Exception>(std::forward<Calls>(calls));
 }
 
 }  // namespace huebrush::libreoffice

@@ -7,6 +7,7 @@
 #include <rtl/ref.hxx>
 #include <utility>
 
+#include "base/Error.h"
 #include "ports/libreoffice/uno/WeakImplHelper.h"
 
 namespace huebrush::libreoffice {
@@ -20,10 +21,8 @@ class Callback : public WeakImplHelper<css::awt::XCallback> {
     explicit Callback(std::function<void()> work) : work_(std::move(work)) {}
 
     void SAL_CALL notify(const css::uno::Any&) override {
-        try {
-            work_();
-        } catch (...) {  // NOLINT: nothing may rise into the office's event loop
-        }
+        // Nothing may rise into the office's event loop.
+        base::ignoring(work_);
     }
 
  private:
@@ -42,10 +41,7 @@ void runOnMainThread(const ContextReference& context, std::function<void()> work
                      std::chrono::milliseconds limit) {
     const auto done = std::make_shared<std::promise<void>>();
     postToMainThread(context, [work = std::move(work), done] {
-        try {
-            work();
-        } catch (...) {  // NOLINT: as in notify
-        }
+        base::ignoring(work);
         done->set_value();
     });
     done->get_future().wait_for(limit);
