@@ -3,13 +3,16 @@
 #include <com/sun/star/lang/XTypeProvider.hpp>
 #include <cppuhelper/implbase_ex.hxx>
 #include <cppuhelper/weak.hxx>
+#include <cstddef>
+#include <type_traits>
 
 namespace huebrush::libreoffice {
 
 namespace detail {
 
 /// The table of interfaces that cppuhelper's query functions read: its header declares one entry,
-/// and they walk as many as the count says.
+/// and they walk as many as the count says. The published headers offer a helper class for each
+/// number of interfaces, but none for any number.
 template <std::size_t Count>
 struct ClassData {
     sal_Int16 count = static_cast<sal_Int16>(Count);
@@ -18,7 +21,18 @@ struct ClassData {
     sal_Int8 id[16] = {};
     cppu::type_entry entries[Count] = {};
 
-    cppu::class_data* get() { return reinterpret_cast<cppu::class_data*>(this); }
+    cppu::class_data* get() {
+        static_assert(std::is_standard_layout_v<ClassData>);
+        static_assert(offsetof(ClassData, count) == offsetof(cppu::class_data, m_nTypes));
+        static_assert(offsetof(ClassData, storedTypeReferences) ==
+                      offsetof(cppu::class_data, m_storedTypeRefs));
+        static_assert(offsetof(ClassData, createdId) == offsetof(cppu::class_data, m_createdId));
+        static_assert(offsetof(ClassData, id) == offsetof(cppu::class_data, m_id));
+        static_assert(sizeof(ClassData::id) == sizeof(cppu::class_data::m_id));
+        static_assert(offsetof(ClassData, entries) == offsetof(cppu::class_data, m_typeEntries));
+        static_assert(alignof(ClassData) == alignof(cppu::class_data));
+        return reinterpret_cast<cppu::class_data*>(this);
+    }
 };
 
 /// Where the part of `Interface` lies within an object of type `Class`.
