@@ -11,11 +11,5 @@ inline constexpr double kHundredthMillimetresPerInch = 2540.0;
 constexpr double pointsToHundredthMillimetres(double points) {
     return points * kHundredthMillimetresPerInch / kPointsPerInch;
 }
-constexpr double hundredthMillimetresToPoints(double length) {
-    return length * kPointsPerInch / kHundredthMillimetresPerInch;
-}
-constexpr double twipsToPixels(double twips, double dotsPerInch) {
-    return twips * dotsPerInch / kTwipsPerInch;
-}
 
 }  // namespace huebrush::base

@@ -5,7 +5,6 @@
 #include <string>
 #include <vector>
 
-#include "base/Picture.h"
 #include "forms/ForwardingRuntime.h"
 
 namespace huebrush::batch {
@@ -19,9 +18,9 @@ struct Message {
 
 /// The forms runtime for work without a user at the screen. Boxes are kept instead of shown: Abort,
 /// Retry and Ignore is answered with Abort, any other question is an error of whoever asks it.
-/// No events are let through. Settings and component are
-/// those of the platform, the clipboard is its own.
-class BatchRuntime final : public forms::ForwardingRuntime, private forms::Clipboard {
+/// No events are let through. Settings and component are those of the platform, the clipboard is
+/// its own.
+class BatchRuntime final : public forms::ForwardingRuntime {
  public:
     using ForwardingRuntime::ForwardingRuntime;
 
@@ -30,7 +29,7 @@ class BatchRuntime final : public forms::ForwardingRuntime, private forms::Clipb
     void PopupMenu(forms::PopupMenu& menu, forms::Control& owner, double x, double y) override;
     std::string ChooseFile(const forms::FileDialog& dialog) override;
     void DoEvents() override;
-    forms::Clipboard& Clipboard() override { return *this; }
+    forms::Clipboard& Clipboard() override { return clipboard_; }
     void showForm(forms::Form& form, bool modal) override;
     void closeForm(forms::Form& form) override;
     void setTopMost(forms::Form& form, bool topMost) override;
@@ -38,11 +37,7 @@ class BatchRuntime final : public forms::ForwardingRuntime, private forms::Clipb
     const std::vector<Message>& messages() const { return messages_; }
 
  private:
-    void Clear() override { picture_ = {}; }
-    base::Picture GetData() override { return picture_; }
-    void SetData(const base::Picture& picture) override { picture_ = picture; }
-
-    base::Picture picture_;
+    forms::PrivateClipboard clipboard_;
     std::vector<Message> messages_;
 };
 

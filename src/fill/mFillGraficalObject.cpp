@@ -22,9 +22,9 @@ class AskedFill {
 };
 
 /// The properties of a fill whose host gives all of them at once.
-class KnownFill {
+class GatheredFill {
  public:
-    explicit KnownFill(const FillProperties& fill) : fill_(fill) {}
+    explicit GatheredFill(const FillProperties& fill) : fill_(fill) {}
     template <class Value>
     const Value& operator()(const FillProperty<Value>& property) const {
         return fill_.*property.member;
@@ -82,7 +82,7 @@ bool compare(host::FillFormat& sample, host::FillFormat& fill) {
     const FillProperties* const ofSample = sample.known();
     const FillProperties* const ofFill = ofSample == nullptr ? nullptr : fill.known();
     if (ofFill == nullptr) return compare(AskedFill(sample), AskedFill(fill));
-    return compare(KnownFill(*ofSample), KnownFill(*ofFill));
+    return compare(GatheredFill(*ofSample), GatheredFill(*ofFill));
 }
 
 }  // namespace

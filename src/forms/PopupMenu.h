@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "base/Event.h"
@@ -11,7 +12,7 @@ namespace huebrush::forms {
 /// A line of a pop-up menu; the caption "-" makes it a separator.
 class MenuItem {
  public:
-    MenuItem(class PopupMenu& menu, std::string name, std::string caption);
+    inline MenuItem(class PopupMenu& menu, std::string name, std::string caption);
     MenuItem(const MenuItem&) = delete;
     MenuItem& operator=(const MenuItem&) = delete;
 
@@ -45,5 +46,10 @@ class PopupMenu {
     friend class MenuItem;
     std::vector<MenuItem*> items_;
 };
+
+MenuItem::MenuItem(PopupMenu& menu, std::string name, std::string caption)
+    : Caption(std::move(caption)), name_(std::move(name)) {
+    menu.items_.push_back(this);
+}
 
 }  // namespace huebrush::forms

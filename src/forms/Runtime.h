@@ -58,6 +58,17 @@ class Clipboard {
     virtual void SetData(const base::Picture& picture) = 0;
 };
 
+/// A transfer area of our own: the user's clipboard keeps what the user has put there.
+class PrivateClipboard final : public Clipboard {
+ public:
+    void Clear() override { picture_ = {}; }
+    base::Picture GetData() override { return picture_; }
+    void SetData(const base::Picture& picture) override { picture_ = picture; }
+
+ private:
+    base::Picture picture_;
+};
+
 /// The user's own settings, kept from run to run, by application, section and key.
 class Settings {
  public:

@@ -24,7 +24,7 @@ class FillEditor::OpenTool {
     FillEditor& editor_;
 };
 
-FillEditor::FillEditor(Dialog dialog) : dialog_(std::move(dialog)) {}
+FillEditor::FillEditor(Surroundings dialog) : dialog_(std::move(dialog)) {}
 
 void FillEditor::useColorTool(const Row& row) {
     runControl(row, host::ControlId::kFillColor);

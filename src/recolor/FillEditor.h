@@ -17,15 +17,15 @@ class FillEditor {
     /// Called anew for each use: while a tool is open its row may be unloaded, which is an error.
     using Row = std::function<ColorElement&()>;
 
-    /// What the editor needs of the dialog.
-    struct Dialog {
+    /// What the editor needs of the dialog around it.
+    struct Surroundings {
         /// The host, or an error where there is none.
         std::function<host::Application&()> host;
         /// Puts the dialog above all other windows, or lets the tools come above it.
         std::function<void(bool)> onTop;
     };
 
-    explicit FillEditor(Dialog dialog);
+    explicit FillEditor(Surroundings dialog);
 
     /// The scratch shape's fill is taken even when the user has cancelled the tool.
     void useColorTool(const Row& row);
@@ -50,7 +50,7 @@ class FillEditor {
     void render(const Row& row) const;
     static void takePreview(const Row& row, const ScratchShape& scratch);
 
-    Dialog dialog_;
+    Surroundings dialog_;
     int openTools_ = 0;
 };
 

@@ -61,7 +61,7 @@ TEST_F(GroupByFillTest, WithoutShapesSaysNothing) {
     EXPECT_TRUE(said.empty());
 }
 
-TEST_F(GroupByFillTest, EndsWhereverItIsToldTo) {
+TEST_F(GroupByFillTest, EndsAtWhateverStepSaysSo) {
     const Names all{"0/3", "2/3", "AC", "2/3", "B"};
     for (patience = 1; patience <= all.size(); ++patience) {
         shapes = ScanCollection();

@@ -9,7 +9,6 @@
 #include "ports/libreoffice/runtime/OfficeComponent.h"
 #include "ports/libreoffice/runtime/OfficeSettings.h"
 #include "ports/libreoffice/runtime/OfficeSystem.h"
-#include "ports/libreoffice/runtime/PrivateClipboard.h"
 #include "ports/libreoffice/uno/Services.h"
 #include "ports/libreoffice/window/FormWindows.h"
 
@@ -49,7 +48,7 @@ class OfficeRuntime final : public forms::Runtime {
     FormWindows windows_;
     EventPump pump_;
     bool eventsMayRun_ = false;
-    PrivateClipboard clipboard_;
+    forms::PrivateClipboard clipboard_;
     OfficeSettings settings_;
     OfficeComponent component_;
     OfficeSystem system_;
