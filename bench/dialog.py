@@ -1,7 +1,6 @@
 """Measures the recolour dialog in a window, on a screen without a monitor."""
 
 import json
-import os
 import statistics
 import sys
 from pathlib import Path
@@ -39,10 +38,8 @@ def measure(document_path, runs, extensions, plugin="gen"):
     figures = []
     for _ in range(runs):
         with Screen() as screen:
-            environment = dict(os.environ, DISPLAY=screen.display, SAL_USE_VCLPLUGIN=plugin)
-            arguments = [f"-env:BUNDLED_EXTENSIONS={extensions.as_uri()}", "--nodefault"]
-            with PrivateOffice(arguments=arguments, environment=environment,
-                               headless=False) as office:
+            with PrivateOffice(extensions=extensions, arguments=["--nodefault"], headless=False,
+                               environment=screen.environment, plugin=plugin) as office:
                 result = json.loads(office.work_on(
                     document_path, job_of(office, "cz.huebrush.DialogBench"), hidden=False))
         if "error" in result:

@@ -45,17 +45,16 @@ def huebrush(office):
 def measure(document_path, runs, measurers, extensions):
     """The medians of each measurer on a document, run by run in turn."""
     figures = {name: [] for name in measurers}
-    arguments = [f"-env:BUNDLED_EXTENSIONS={extensions.as_uri()}"]
     for _ in range(runs):
         for name, make in measurers.items():
-            hidden, shown = (measure_once(make, document_path, is_hidden, arguments)
+            hidden, shown = (measure_once(make, document_path, is_hidden, extensions)
                              for is_hidden in (True, False))
             figures[name].append({**renamed_for_window(shown), **hidden})
     return {name: medians(runs_of_one) for name, runs_of_one in figures.items()}
 
 
-def measure_once(make, document_path, is_hidden, arguments):
-    with PrivateOffice(arguments=arguments) as office:
+def measure_once(make, document_path, is_hidden, extensions):
+    with PrivateOffice(extensions=extensions) as office:
         result = json.loads(office.work_on(document_path, make(office), hidden=is_hidden))
     if "error" in result:
         raise RuntimeError(result["error"])

@@ -1,4 +1,4 @@
-"""A LibreOffice of one's own: with a profile nobody else uses, headless, ended in every case.
+"""A LibreOffice of one's own to talk to: with a profile nobody else uses, ended in every case.
 
 Run by the Python that has LibreOffice's `uno` module (on Debian /usr/bin/python3).
 
@@ -7,11 +7,8 @@ Run by the Python that has LibreOffice's `uno` module (on Debian /usr/bin/python
         office.store(document, "out.docx")
 """
 
-import os
 import shutil
 import signal
-import subprocess
-import sys
 import tempfile
 import threading
 import time
@@ -24,6 +21,8 @@ from com.sun.star.beans import PropertyValue
 from com.sun.star.connection import NoConnectException
 from com.sun.star.lang import DisposedException
 from com.sun.star.uno import RuntimeException
+
+from office import Office, end_cleanly_on_request
 
 FILTERS = {
     ".odt": "writer8",
@@ -45,6 +44,19 @@ def file_url(path):
     return uno.systemPathToFileUrl(str(Path(path).resolve()))
 
 
+def context_behind(pipe):
+    """The component context of the office that listens at the pipe; None where none does yet, or
+    where the one that did is just ending."""
+    local = uno.getComponentContext()
+    resolver = local.ServiceManager.createInstanceWithContext(
+        "com.sun.star.bridge.UnoUrlResolver", local
+    )
+    try:
+        return resolver.resolve(f"uno:pipe,name={pipe};urp;StarOffice.ComponentContext")
+    except (NoConnectException, DisposedException):
+        return None
+
+
 class Callback(unohelper.Base, XCallback):
     """A function to be called by the office, and what became of it."""
 
@@ -64,12 +76,11 @@ class Callback(unohelper.Base, XCallback):
 
 
 class PrivateOffice:
-    """Entering starts the office and connects to it; leaving ends it and removes its profile."""
+    """Entering starts the office and connects to it; leaving ends it and removes its profile. The
+    options are those of Office."""
 
-    def __init__(self, soffice="soffice", arguments=(), environment=None, headless=True):
-        self.soffice = soffice
-        self.arguments = list(arguments) + (["--headless"] if headless else [])
-        self.environment = environment
+    def __init__(self, headless=True, **options):
+        self.options = dict(options, headless=headless)
         self.folder = None
         self.process = None
         self.context = None
@@ -80,7 +91,7 @@ class PrivateOffice:
     def __enter__(self):
         if threading.current_thread() is threading.main_thread():
             # A request to end leaves by way of __exit__, as an interrupt from the keyboard does.
-            self.replaced_handler = signal.signal(signal.SIGTERM, lambda *_: sys.exit(1))
+            self.replaced_handler = end_cleanly_on_request()
         self.folder = Path(tempfile.mkdtemp(prefix="private-office-"))
         try:
             self._start()
@@ -92,10 +103,6 @@ class PrivateOffice:
 
     def __exit__(self, *_):
         self._end()
-
-    @property
-    def pid(self):
-        return self.process.pid
 
     def create(self, service):
         """A new instance of an office service, living in the office's process."""
@@ -134,7 +141,7 @@ class PrivateOffice:
         self.create("com.sun.star.awt.AsyncCallback").addCallback(callback, None)
         self.is_busy = True
         while not callback.done.wait(1.0):
-            if self.process.poll() is not None:
+            if not self.process.running():
                 raise RuntimeError("LibreOffice ended")
         self.is_busy = False
         if callback.error is not None:
@@ -156,40 +163,24 @@ class PrivateOffice:
 
     def _start(self):
         self.pipe = self.folder.name
-        self.process = subprocess.Popen(
-            [
-                self.soffice,
-                "-env:UserInstallation=" + (self.folder / "profile").as_uri(),
-                "--norestore",
-                "--nologo",
-                f"--accept=pipe,name={self.pipe};urp;",
-                *self.arguments,
-            ],
-            stdin=subprocess.DEVNULL,
-            stdout=subprocess.DEVNULL,
-            stderr=subprocess.DEVNULL,
-            env=self.environment,
-            start_new_session=True,
-        )
+        accept = f"--accept=pipe,name={self.pipe};urp;"
+        arguments = [accept, *self.options.pop("arguments", ())]
+        self.process = Office("soffice", self.folder, arguments=arguments, quiet=True,
+                              **self.options)
+        self.process.__enter__()
 
     def _connect(self):
-        local = uno.getComponentContext()
-        resolver = local.ServiceManager.createInstanceWithContext(
-            "com.sun.star.bridge.UnoUrlResolver", local
-        )
-        address = f"uno:pipe,name={self.pipe};urp;StarOffice.ComponentContext"
         limit = time.monotonic() + START_LIMIT
         while True:
-            try:
-                self.context = resolver.resolve(address)
+            self.context = context_behind(self.pipe)
+            if self.context is not None:
                 self.desktop = self.create("com.sun.star.frame.Desktop")
                 return
-            except NoConnectException:
-                if self.process.poll() is not None:
-                    raise RuntimeError("LibreOffice ended while it was starting") from None
-                if time.monotonic() > limit:
-                    raise RuntimeError("LibreOffice does not answer") from None
-                time.sleep(0.05)
+            if not self.process.running():
+                raise RuntimeError("LibreOffice ended while it was starting")
+            if time.monotonic() > limit:
+                raise RuntimeError("LibreOffice does not answer")
+            time.sleep(0.05)
 
     def _end(self):
         # An office that never answered, or is in the midst of something, would not listen.
@@ -200,15 +191,9 @@ class PrivateOffice:
             except (DisposedException, RuntimeException):
                 pass  # it died before; nothing is left to be asked
         if self.process is not None:
-            self._wait_or_kill(END_LIMIT if listens else 0.0)
+            if listens:
+                self.process.wait_for_end(END_LIMIT)
+            self.process.__exit__()
         shutil.rmtree(self.folder, ignore_errors=True)
         if self.replaced_handler is not None:
             signal.signal(signal.SIGTERM, self.replaced_handler)
-
-    def _wait_or_kill(self, limit):
-        try:
-            self.process.wait(limit)
-        except subprocess.TimeoutExpired:
-            # The launcher script has the real office as its child: end the whole session of it.
-            os.killpg(self.process.pid, signal.SIGKILL)
-            self.process.wait()

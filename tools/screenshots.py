@@ -15,11 +15,11 @@ import tempfile
 from pathlib import Path
 
 ROOT = Path(__file__).resolve().parent.parent
-sys.path.insert(0, str(ROOT / "tests" / "libreoffice"))
+sys.path[:0] = [str(ROOT / "tools"), str(ROOT / "tests" / "libreoffice")]
 
 from dialog import (  # noqa: E402
     BOX, DESTINATION, HANDLE, LOGO, MENU, REMOVE, SELECTED, SOURCE, Dialog)
-from office import end_cleanly_when_told_to  # noqa: E402
+from office import end_cleanly_on_request  # noqa: E402
 from screen import Screen, wait_until  # noqa: E402
 from writer import Writer  # noqa: E402
 
@@ -163,7 +163,7 @@ def main():
     parser.add_argument("--out", type=Path, default=ROOT / "docs" / "images")
     parser.add_argument("--only", action="append", choices=SCENES)
     options = parser.parse_args()
-    end_cleanly_when_told_to()
+    end_cleanly_on_request()
     options.out.mkdir(parents=True, exist_ok=True)
     for name in options.only or SCENES:
         take(name, options.build.resolve(), options.out)

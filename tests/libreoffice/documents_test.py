@@ -20,6 +20,7 @@ ROOT = Path(__file__).resolve().parents[2]
 sys.path.insert(0, str(ROOT / "tools"))
 sys.path.insert(0, str(ROOT / "tests" / "libreoffice"))
 
+from office import store_anew  # noqa: E402
 from private_office import FILTERS, PrivateOffice, file_url, properties  # noqa: E402
 import normal_form  # noqa: E402
 
@@ -112,11 +113,7 @@ class Recolouring(OnDocuments):
         """What the office without our extension makes of a document, in one go as the program does
         it: whether the office finds time to lay a document out in between decides how it rounds."""
         work = cls.folder / f"plain{source.suffix}-work"
-        subprocess.run(["soffice", "--headless", "--norestore",
-                        f"-env:UserInstallation={(work / 'profile').as_uri()}", "--convert-to",
-                        f"{source.suffix[1:]}:{filter_name}", "--outdir", str(work), str(source)],
-                       check=True, timeout=LIMIT, stdin=subprocess.DEVNULL,
-                       stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        store_anew([source], filter_name, work)
         shutil.move(work / source.name, cls.folder / f"plain{source.suffix}")
 
     def recolour(self, suffix):

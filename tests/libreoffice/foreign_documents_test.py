@@ -26,7 +26,7 @@ from private_office import FILTERS  # noqa: E402
 import generated_documents  # noqa: E402
 import handmade_docx as handmade  # noqa: E402
 import normal_form  # noqa: E402
-from office import office_version  # noqa: E402
+from office import office_version, store_anew  # noqa: E402
 
 PROGRAM = os.environ["HUEBRUSH_PROGRAM"]
 SAMPLES = os.environ.get("HUEBRUSH_SAMPLES")
@@ -51,13 +51,8 @@ def load_and_store(sources, folder):
     """What the office without our extension makes of documents, each in its own format: copies of
     the same names in the folder. One office for all of a format."""
     for suffix in sorted({source.suffix for source in sources}):
-        names = [str(source) for source in sources if source.suffix == suffix]
-        with tempfile.TemporaryDirectory(prefix="huebrush-plain-") as profile:
-            subprocess.run(["soffice", "--headless", "--norestore",
-                            f"-env:UserInstallation={Path(profile).as_uri()}", "--convert-to",
-                            f"{suffix[1:]}:{FILTERS[suffix]}", "--outdir", str(folder), *names],
-                           check=True, timeout=LIMIT, stdin=subprocess.DEVNULL,
-                           stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        store_anew([source for source in sources if source.suffix == suffix], FILTERS[suffix],
+                   folder)
 
 
 class InFolder(unittest.TestCase):

@@ -12,9 +12,13 @@ import contextlib
 import os
 import sys
 import tempfile
+from pathlib import Path
 
-from office import Office, end_cleanly_when_told_to
 from screen import Screen
+
+sys.path.append(str(Path(__file__).resolve().parents[2] / "tools"))
+
+from office import Office, end_cleanly_on_request  # noqa: E402
 
 ON_SCREEN = "*OnScreen*"
 
@@ -30,7 +34,7 @@ def result_of(path):
 
 
 def main():
-    end_cleanly_when_told_to()
+    end_cleanly_on_request()
     parser = argparse.ArgumentParser(description=__doc__)
     parser.add_argument("--office", required=True, help="the program soffice")
     parser.add_argument("--extensions", required=True, help="the folder of unpacked extensions")
@@ -46,7 +50,7 @@ def main():
         if options.plugin:
             environment["DISPLAY"] = stack.enter_context(Screen()).display
         with Office(options.office, folder, extensions=options.extensions,
-                    arguments=["--nodefault"] + ([] if options.plugin else ["--headless"]),
+                    arguments=["--nodefault"], headless=options.plugin is None,
                     environment=environment, plugin=options.plugin) as office:
             ended = office.wait_for_end(options.limit)
         result = result_of(result_path)

@@ -4,12 +4,12 @@ import os
 import re
 import sys
 import threading
+from pathlib import Path
 
 import uno
 from com.sun.star.accessibility import AccessibleStateType
 from com.sun.star.awt import Point, Size
 from com.sun.star.beans import PropertyValue
-from com.sun.star.connection import NoConnectException
 from com.sun.star.drawing.FillStyle import NONE as NO_FILL
 from com.sun.star.drawing.FillStyle import SOLID
 from com.sun.star.drawing.LineStyle import NONE as NO_LINE
@@ -18,8 +18,12 @@ from com.sun.star.lang import DisposedException
 from com.sun.star.text.TextContentAnchorType import AT_PAGE
 from com.sun.star.uno import RuntimeException
 
-from office import Office
 from screen import wait_until
+
+sys.path.append(str(Path(__file__).resolve().parents[2] / "tools"))
+
+from office import Office  # noqa: E402
+from private_office import context_behind  # noqa: E402
 
 BAR_NAME = "Huebrush"
 ASK_TO_QUIT_AGAIN = 10.0
@@ -104,17 +108,10 @@ class Writer(Office):
             watchdog.cancel()
 
     def _connect(self):
-        local = uno.getComponentContext()
-        resolver = local.ServiceManager.createInstanceWithContext(
-            "com.sun.star.bridge.UnoUrlResolver", local)
-        try:
-            return resolver.resolve(
-                f"uno:pipe,name={self._pipe};urp;StarOffice.ComponentContext")
-        except (NoConnectException, DisposedException):
-            # The latter from an office that has just been killed under the same name.
-            if not self.running():
-                raise AssertionError("Writer ended while it was starting") from None
-            return None
+        context = context_behind(self._pipe)
+        if context is None and not self.running():
+            raise AssertionError("Writer ended while it was starting")
+        return context
 
     def create(self, service):
         return self.context.ServiceManager.createInstanceWithContext(service, self.context)
