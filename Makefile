@@ -2,7 +2,7 @@
 # it; `make packages` and `make check-packages` do only that; nothing else installs anything.
 
 .PHONY: all packages check-packages build demo check unit long asan fuzz office lint format bench \
-  screenshots newer install clean
+  screenshots newer windows-packages windows install clean
 
 CTEST := ctest --output-on-failure
 
@@ -78,6 +78,18 @@ screenshots: all
 # built here tried there. As root.
 newer: build
 	@tools/newer.sh
+
+windows-packages:
+	@tools/install-packages.sh windows
+
+# What goes on to Windows, compiled for it: all of it for 32 bits, and for 64 with its tests, which run
+# under Wine.
+windows:
+	@$(call configure,windows-i686,windows,make windows-packages)
+	@cmake --build --preset windows-i686
+	@$(call configure,windows-x86_64,windows,make windows-packages)
+	@cmake --build --preset windows-x86_64
+	$(CTEST) --test-dir build/windows-x86_64 -j2
 
 # Below PREFIX, or the folder that the build was configured for (/usr/local).
 install: all

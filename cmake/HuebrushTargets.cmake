@@ -1,6 +1,8 @@
 # How the targets of this project are defined: one library per folder of src/, with its tests.
 
-if(BUILD_TESTING)
+if(WIN32)
+  include(${CMAKE_CURRENT_LIST_DIR}/Windows.cmake)
+elseif(BUILD_TESTING)
   find_package(GTest REQUIRED)
   include(GoogleTest)
 endif()
@@ -52,8 +54,9 @@ function(huebrush_optimise name)
 endfunction()
 
 # huebrush_test(NAME USES library... SOURCES file...)
-# A GoogleTest program whose tests are registered one by one; nothing without BUILD_TESTING. The
-# timeout is for what hangs, and far from what a test takes on a machine that has much else to do.
+# A GoogleTest program whose tests are registered one by one, on Windows together; nothing without
+# BUILD_TESTING. The timeout is for what hangs, and far from what a test takes on a machine that has
+# much else to do.
 function(huebrush_test name)
   if(NOT BUILD_TESTING)
     return()
@@ -62,7 +65,11 @@ function(huebrush_test name)
   add_executable(${name} ${ARG_SOURCES})
   target_link_libraries(${name} PRIVATE ${ARG_USES} huebrush_flags GTest::gtest GTest::gtest_main)
   huebrush_compile_tests_fast(${name})
-  gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES LABELS unit TIMEOUT 900)
+  if(WIN32)
+    huebrush_register_tests(${name})
+  else()
+    gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES LABELS unit TIMEOUT 900)
+  endif()
 endfunction()
 
 # huebrush_long_test(PROGRAM TEST)

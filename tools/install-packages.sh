@@ -1,12 +1,13 @@
 #!/usr/bin/env bash
 # Installs packages of Debian 12 or 13, as root or with sudo. Does nothing when all are there.
 #
-#   tools/install-packages.sh [--missing] [SET]
+#   tools/install-packages.sh [--missing] [SET ...]
 #
-# The sets, each with what stands before it:
+# The sets, each with what stands before it, but for the last one:
 #   build   what compiling the program and the extension needs
 #   demo    what tools/demo.sh runs
 #   check   what the tests, the linters and the measurements need (the default)
+#   windows what `make windows` needs
 #
 # With --missing nothing is installed: the packages that are not there are named.
 set -euo pipefail
@@ -16,7 +17,7 @@ if [ "${1:-}" = --missing ]; then
   only_name=yes
   shift
 fi
-set=${1:-check}
+[ $# -gt 0 ] || set -- check
 
 build=(
   g++ cmake ninja-build make nlohmann-json3-dev libcli11-dev libpng-dev librsvg2-bin zip
@@ -40,6 +41,10 @@ check=(
   # the linters of Python and of the manual page
   flake8 mandoc
 )
+windows=(
+  cmake ninja-build make nlohmann-json3-dev googletest
+  g++-mingw-w64-x86-64-win32 g++-mingw-w64-i686-win32 wine wine64
+)
 
 # The linters of C++: tools/lint.sh needs these very versions. Debian 13 has only later ones.
 if (. /etc/os-release && [ "$ID ${VERSION_ID:-}" = "debian 12" ]); then
@@ -50,12 +55,16 @@ fi
 command -v node >/dev/null || check+=(nodejs)
 command -v npm >/dev/null || check+=(npm)
 
-case $set in
-  build) packages=("${build[@]}") ;;
-  demo) packages=("${build[@]}" "${demo[@]}") ;;
-  check) packages=("${build[@]}" "${demo[@]}" "${check[@]}") ;;
-  *) echo "install-packages: there is no set $set" >&2; exit 2 ;;
-esac
+packages=()
+for set in "$@"; do
+  case $set in
+    build) packages+=("${build[@]}") ;;
+    demo) packages+=("${build[@]}" "${demo[@]}") ;;
+    check) packages+=("${build[@]}" "${demo[@]}" "${check[@]}") ;;
+    windows) packages+=("${windows[@]}") ;;
+    *) echo "install-packages: there is no set $set" >&2; exit 2 ;;
+  esac
+done
 
 if ! command -v dpkg-query >/dev/null; then
   [ -n "$only_name" ] && exit

@@ -1,0 +1,42 @@
+# What a build for Windows has beside that for this system: libraries that Debian has as source or
+# headers, and Wine, which runs the tests.
+
+# By a link, since the folder that it is in has this system's own headers as well.
+find_path(JSON_HEADERS nlohmann/json.hpp PATHS /usr/include NO_CMAKE_FIND_ROOT_PATH REQUIRED)
+file(MAKE_DIRECTORY ${CMAKE_BINARY_DIR}/include)
+file(CREATE_LINK ${JSON_HEADERS}/nlohmann ${CMAKE_BINARY_DIR}/include/nlohmann SYMBOLIC)
+add_library(nlohmann_json INTERFACE)
+target_include_directories(nlohmann_json SYSTEM INTERFACE ${CMAKE_BINARY_DIR}/include)
+add_library(nlohmann_json::nlohmann_json ALIAS nlohmann_json)
+
+if(NOT BUILD_TESTING)
+  return()
+endif()
+
+find_path(GOOGLETEST_SOURCE src/gtest-all.cc PATHS /usr/src/googletest/googletest
+  NO_CMAKE_FIND_ROOT_PATH REQUIRED)
+set(HUEBRUSH_WINDOWS_TESTS ${PROJECT_SOURCE_DIR}/tests/windows)
+
+add_library(gtest STATIC ${GOOGLETEST_SOURCE}/src/gtest-all.cc ${GOOGLETEST_SOURCE}/src/gtest_main.cc
+  ${HUEBRUSH_WINDOWS_TESTS}/GTestNotification.cpp)
+target_include_directories(gtest SYSTEM PUBLIC ${GOOGLETEST_SOURCE}/include PRIVATE ${GOOGLETEST_SOURCE})
+# It is told that there is a Notification, and given this one.
+target_compile_definitions(gtest PUBLIC GTEST_HAS_NOTIFICATION_=1)
+target_compile_options(gtest PUBLIC
+  "SHELL:-include ${HUEBRUSH_WINDOWS_TESTS}/GTestNotification.h")
+set_target_properties(gtest PROPERTIES COMPILE_WARNING_AS_ERROR OFF)
+add_library(GTest::gtest ALIAS gtest)
+add_library(GTest::gtest_main ALIAS gtest)
+
+# One folder of Wine's for all programs, away from the user's own. It is made once and kept.
+set(HUEBRUSH_WINE ${HUEBRUSH_WINDOWS_TESTS}/wine.sh ${CMAKE_BINARY_DIR}/wine)
+
+# huebrush_register_tests(PROGRAM)
+# One test for the whole program: to ask it for its tests one by one, or to start it for each of
+# them, takes longer than they do.
+function(huebrush_register_tests program)
+  add_test(NAME ${program} COMMAND ${HUEBRUSH_WINE} run $<TARGET_FILE:${program}>)
+  set_tests_properties(${program} PROPERTIES LABELS unit TIMEOUT 600 FIXTURES_REQUIRED wine
+    # Which would end well, too.
+    FAIL_REGULAR_EXPRESSION "PASSED  \\] 0 tests")
+endfunction()

@@ -1,0 +1,2 @@
+set(CMAKE_SYSTEM_PROCESSOR i686)
+include(${CMAKE_CURRENT_LIST_DIR}/WindowsToolchain.cmake)
