@@ -43,7 +43,7 @@ tidy() { # PART PARTS
   has_version_14 clang-tidy-14
   write_commands "$commands"
   mapfile -t sources < <(tools/sources.sh '*.cpp' | grep '^src/' |
-    grep -vE '_test(_support)?\.cpp$|Contract\.cpp$' |
+    grep -vE '/win32/|_test(_support)?\.cpp$|Contract\.cpp$' |
     awk -v part="$part" -v parts="$parts" 'NR % parts == part % parts')
   [ ${#sources[@]} -gt 0 ] || { echo "lint: no files" >&2; exit 1; }
   [ "$parts" -gt 1 ] || jobs=$(nproc)

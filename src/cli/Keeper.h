@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "files/Descriptor.h"
+#include "files/posix/Descriptor.h"
 
 namespace huebrush::cli {
 

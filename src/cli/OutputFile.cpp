@@ -6,6 +6,7 @@
 
 #include "cli/Failure.h"
 #include "files/Error.h"
+#include "files/Names.h"
 #include "files/OpenFile.h"
 
 namespace huebrush::cli {

@@ -1,7 +1,5 @@
 #include "files/Error.h"
 
-#include <cstring>
-
 #include "base/Text.h"
 
 namespace huebrush::files {
@@ -13,11 +11,11 @@ using base::text;
 std::string textOf(Problem problem, const std::string& name, int reason) {
     switch (problem) {
         case Problem::read:
-            return text("cannot read ", name, ": ", std::strerror(reason));
+            return text("cannot read ", name, ": ", textOfReason(reason));
         case Problem::write:
-            return text("cannot write ", name, ": ", std::strerror(reason));
+            return text("cannot write ", name, ": ", textOfReason(reason));
         case Problem::lock:
-            return text("cannot lock ", name, ": ", std::strerror(reason));
+            return text("cannot lock ", name, ": ", textOfReason(reason));
         case Problem::notRegular:
             return text(name, " is not a regular file");
         case Problem::cutOff:

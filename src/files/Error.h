@@ -3,6 +3,8 @@
 #include <exception>
 #include <string>
 
+#include "files/Reason.h"
+
 namespace huebrush::files {
 
 /// What could not be done with a file, or what another program does to it.
@@ -16,15 +18,17 @@ enum class Problem {
     changed,     ///< another program has written or replaced it
 };
 
-/// Why a file could not be used. what() is one line, in English.
+/// Why a file could not be used. what() is one line, in English but for the system's own words.
 class Error : public std::exception {
  public:
-    /// `reason` is the system's number (errno), 0 where the system reported none.
+    /// `reason` is the system's number, 0 where the system reported none.
     Error(Problem problem, std::string name, int reason = 0);
 
     Problem problem() const noexcept { return problem_; }
     const std::string& name() const noexcept { return name_; }
-    int reason() const noexcept { return reason_; }
+    Cause cause() const { return causeOf(reason_); }
+    /// What the system says, see files::textOfReason.
+    std::string textOfReason() const { return files::textOfReason(reason_); }
     const char* what() const noexcept override { return text_.c_str(); }
 
  private:

@@ -1,10 +1,7 @@
 #pragma once
 
 #include <gtest/gtest.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
-#include <csignal>
 #include <filesystem>
 #include <fstream>
 #include <functional>
@@ -12,31 +9,48 @@
 #include <optional>
 #include <string>
 
+#include "base/Text.h"
 #include "files/Error.h"
 
 namespace huebrush::files {
 
+/// A path of the system for a name in UTF-8, and the name for a path.
+inline std::filesystem::path pathOf(const std::string& name) {
+    return std::u8string(name.begin(), name.end());
+}
+inline std::string nameOf(const std::filesystem::path& path) {
+    const std::u8string name = path.u8string();
+    return {name.begin(), name.end()};
+}
+
+/// A new folder in the one for temporary files, with a name of our own that no other process has.
+inline std::filesystem::path makeTemporaryFolder() {
+    const std::filesystem::path all = std::filesystem::temp_directory_path();
+    for (int number = 0;; ++number) {
+        std::filesystem::path folder = all / base::text("huebrush-test-", number);
+        if (std::filesystem::create_directory(folder)) return folder;
+    }
+}
+
+inline std::size_t filesIn(const std::filesystem::path& folder) {
+    return static_cast<std::size_t>(std::distance(std::filesystem::directory_iterator(folder), {}));
+}
+
 /// A folder of the system, gone at the end.
 class Folder : public ::testing::Test {
  protected:
-    Folder() {
-        std::string name = std::filesystem::temp_directory_path() / "huebrush-files-XXXXXX";
-        folder = ::mkdtemp(name.data());
-    }
     ~Folder() override { std::filesystem::remove_all(folder); }
 
-    std::filesystem::path write(const std::string& name, const std::string& content) const {
-        std::ofstream(folder / name, std::ios::binary) << content;
-        return folder / name;
+    std::string inFolder(const std::string& name) const { return nameOf(folder / pathOf(name)); }
+    std::string write(const std::string& name, const std::string& content) const {
+        std::ofstream(folder / pathOf(name), std::ios::binary) << content;
+        return inFolder(name);
     }
-    static std::string read(const std::filesystem::path& name) {
-        std::ifstream in(name, std::ios::binary);
+    static std::string read(const std::string& name) {
+        std::ifstream in(pathOf(name), std::ios::binary);
         return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
     }
-    std::size_t filesInFolder() const {
-        return static_cast<std::size_t>(
-            std::distance(std::filesystem::directory_iterator(folder), {}));
-    }
+    std::size_t filesInFolder() const { return filesIn(folder); }
     /// The problem that a body meets; none when it meets none.
     static std::optional<Problem> problemOf(const std::function<void()>& body) {
         try {
@@ -46,20 +60,8 @@ class Folder : public ::testing::Test {
         }
         return std::nullopt;
     }
-    /// A process that runs a body and then is killed, as if by a fault in the middle of it.
-    static void runAndKill(const std::function<void()>& body) {
-        const pid_t child = ::fork();
-        ASSERT_GE(child, 0);
-        if (child == 0) {
-            body();
-            ::raise(SIGKILL);
-        }
-        int status = 0;
-        ASSERT_EQ(::waitpid(child, &status, 0), child);
-        ASSERT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL);
-    }
 
-    std::filesystem::path folder;
+    const std::filesystem::path folder = makeTemporaryFolder();
 };
 
 }  // namespace huebrush::files

@@ -1,9 +1,10 @@
 #pragma once
 
+#include <chrono>
+#include <memory>
 #include <string>
 
-#include "files/Descriptor.h"
-#include "files/FileState.h"
+#include "files/Waiting.h"
 
 namespace huebrush::files {
 
@@ -15,31 +16,24 @@ namespace huebrush::files {
 /// what they have written.
 class Lock {
  public:
-    /// Waits for another such lock to end. `lockFile` is a file beside this one which other
-    /// programs lock instead of it, or empty. An Error when the file may not be written or is in
-    /// use.
-    explicit Lock(std::string name, std::string lockFile = {});
+    /// Waits for another such lock to end, at most for a time. `lockFile` is a file beside this one
+    /// which other programs lock instead of it, or empty. An Error when the file may not be written
+    /// or is in use.
+    explicit Lock(const std::string& name, const std::string& lockFile = {},
+                  std::chrono::milliseconds wait = kWritersTime);
+    Lock(const Lock&) = delete;
+    Lock& operator=(const Lock&) = delete;
+    ~Lock();
 
     const std::string& name() const { return name_; }
-    int file() const { return file_.get(); }
-    /// The state of the file at the time when it was locked.
-    const FileState& state() const { return state_; }
 
-    /// Whether another program has locked a part of the file, or the file beside it.
-    bool isLockedByOthers() const;
-    /// Whether the name still leads to the file, and nobody has written it since it was locked.
-    bool isUntouched() const;
+    /// What the system has of it.
+    class Native;
+    const Native& native() const { return *native_; }
 
  private:
-    void take();
-
     std::string name_;
-    std::string lockFile_;
-    Descriptor file_;
-    FileState state_;
+    std::unique_ptr<Native> native_;
 };
-
-/// Whether the system's error says that files cannot be locked where this one is.
-bool isWithoutLocks(int reason);
 
 }  // namespace huebrush::files

@@ -1,10 +1,10 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <span>
 #include <string>
 
-#include "files/Descriptor.h"
 #include "files/Lock.h"
 #include "files/OpenFile.h"
 
@@ -18,9 +18,9 @@ namespace huebrush::files {
 class NewFile {
  public:
     /// Of a name that is free, with the rights that new files have.
-    explicit NewFile(std::string name);
-    /// In place of a locked file, with its owner, rights and extended attributes, as far as the
-    /// system allows. The lock outlives this object.
+    explicit NewFile(const std::string& name);
+    /// In place of a locked file, with its owner, rights and attributes, as far as the system
+    /// allows. The lock outlives this object.
     explicit NewFile(const Lock& replaced);
     NewFile(const NewFile&) = delete;
     NewFile& operator=(const NewFile&) = delete;
@@ -29,7 +29,7 @@ class NewFile {
     /// Writes at the place `at`.
     void write(std::uint64_t at, std::span<const std::uint8_t> bytes) const;
 
-    /// Reads what was written; see readFrom.
+    /// Reads what was written; the end before that is an Error.
     void read(std::uint64_t at, std::span<std::uint8_t> out) const;
 
     /// Brings the content to the medium, gives the file its name, and brings that to the medium;
@@ -41,23 +41,9 @@ class NewFile {
     OpenFile publish();
 
  private:
-    void make(mode_t rights);
-    bool makeWithoutName(mode_t rights);
-    void makeBeside(mode_t rights);
-    void linkBeside();
-    void appear();
-    void replace();
-    bool tryToReplace();
-    bool exchange();
-    void takeBack();
-    void removeBeside();
+    class Native;
 
-    std::string name_;
-    const Lock* replaced_ = nullptr;
-    /// The name that it has meanwhile; empty while it has none.
-    std::string beside_;
-    Descriptor writing_;
-    Descriptor reading_;
+    std::unique_ptr<Native> native_;
 };
 
 }  // namespace huebrush::files

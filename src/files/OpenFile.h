@@ -1,39 +1,35 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <span>
 #include <string>
 
-#include "files/Descriptor.h"
-#include "files/FileState.h"
-
 namespace huebrush::files {
 
-/// A regular file, open for reading. Every failure is an Error.
+/// A regular file, open for reading. It does not stop anybody from replacing the file, and shows
+/// what it was when that happens. Every failure is an Error.
 class OpenFile {
  public:
     explicit OpenFile(const std::string& name);
-    /// Of a file that is open already.
-    OpenFile(std::string name, Descriptor file);
+    OpenFile(OpenFile&& other) noexcept;
+    OpenFile& operator=(OpenFile&& other) noexcept;
+    OpenFile(const OpenFile&) = delete;
+    OpenFile& operator=(const OpenFile&) = delete;
+    ~OpenFile();
 
     std::uint64_t size() const;
-    /// See readFrom.
+    /// Fills `out` from the place `at` on; the file's end before that is an Error.
     void read(std::uint64_t at, std::span<std::uint8_t> out) const;
     /// Whether the name still leads to this file, and nobody has written it since it was opened.
     bool isCurrent() const;
 
+    /// What the system has of it.
+    class Native;
+    explicit OpenFile(std::unique_ptr<Native> native);
+
  private:
-    std::string name_;
-    Descriptor file_;
-    FileState opened_;
+    std::unique_ptr<Native> native_;
 };
-
-/// Fills `out` from an open file's place `at` on; the file's end before that is an Error.
-void readFrom(int file, const std::string& name, std::uint64_t at, std::span<std::uint8_t> out);
-
-/// A name with all symbolic links followed, the last one even where it leads to nothing.
-std::string resolve(const std::string& name);
-/// Whether the name is taken, be it by a link that leads to nothing.
-bool exists(const std::string& name);
 
 }  // namespace huebrush::files

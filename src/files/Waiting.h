@@ -1,9 +1,11 @@
 #pragma once
 
 #include <chrono>
-#include <thread>
 
 namespace huebrush::files {
+
+/// Lets this thread rest.
+void rest(std::chrono::milliseconds time);
 
 /// Lets somebody try again and again for some time.
 class Patience {
@@ -14,7 +16,7 @@ class Patience {
     /// Waits for a moment; false when the time is over.
     bool wait() const {
         if (std::chrono::steady_clock::now() >= end_) return false;
-        std::this_thread::sleep_for(kMoment);
+        rest(kMoment);
         return true;
     }
 
@@ -26,5 +28,7 @@ class Patience {
 
 /// How long it is waited for a program that has a file open for writing: many do for a moment only.
 inline constexpr std::chrono::milliseconds kHoldersTime{300};
+/// And for another writer of ours, also one that writes a very large file.
+inline constexpr std::chrono::milliseconds kWritersTime{20000};
 
 }  // namespace huebrush::files

@@ -1,9 +1,9 @@
 #include "jet/Allocations_test_support.h"
 
-#include <malloc.h>
-
 #include <algorithm>
+#include <cstddef>
 #include <cstdlib>
+#include <cstring>
 #include <new>
 
 namespace {
@@ -21,19 +21,26 @@ Counters counters;
 
 #if !defined(HUEBRUSH_SANITIZED)
 
+// Each block has its size in front of it.
+constexpr std::size_t kFront = alignof(std::max_align_t);
+
 void* operator new(std::size_t size) {
-    void* const memory = std::malloc(std::max<std::size_t>(size, 1));
-    if (memory == nullptr) throw std::bad_alloc();
+    auto* const block = static_cast<unsigned char*>(std::malloc(kFront + size));
+    if (block == nullptr) throw std::bad_alloc();
+    std::memcpy(block, &size, sizeof size);
     ++counters.count;
-    counters.live += ::malloc_usable_size(memory);
+    counters.live += kFront + size;
     counters.most = std::max(counters.most, counters.live);
-    return memory;
+    return block + kFront;
 }
 
 void operator delete(void* memory) noexcept {
     if (memory == nullptr) return;
-    counters.live -= ::malloc_usable_size(memory);
-    std::free(memory);
+    unsigned char* const block = static_cast<unsigned char*>(memory) - kFront;
+    std::size_t size = 0;
+    std::memcpy(&size, block, sizeof size);
+    counters.live -= kFront + size;
+    std::free(block);
 }
 
 void operator delete(void* memory, std::size_t) noexcept {

@@ -4,12 +4,12 @@
 
 #include "jet/MapLayouts_test_support.h"
 #include "jet/MdbExport_test_support.h"
-#include "jet/file/PosixFolder_test_support.h"
+#include "jet/file/SystemFolder_test_support.h"
 
 namespace huebrush::jet {
 namespace {
 
-class OtherReaders : public PosixFolder {
+class OtherReaders : public SystemFolder {
  protected:
     void compareAll() {
         ASSERT_EQ(damage(*database), "");

@@ -10,7 +10,7 @@
 #include "jet/MdbExport_test_support.h"
 #include "jet/check/Check.h"
 #include "jet/database/Database.h"
-#include "jet/file/PosixFolder_test_support.h"
+#include "jet/file/SystemFolder_test_support.h"
 
 namespace huebrush::jet {
 namespace {
@@ -105,7 +105,7 @@ void addAndErasePalettes(Database& database, std::size_t elements) {
     addPalette(database, "Jaro", std::vector<std::size_t>(elements / 3, 2000));
 }
 
-TEST_F(PosixFolder, SamplesAreWrittenToAndLoseNothing) {
+TEST_F(SystemFolder, SamplesAreWrittenToAndLoseNothing) {
     const std::vector<std::string> samplesThere = samples();
     if (samplesThere.empty()) GTEST_SKIP() << "HUEBRUSH_SAMPLES names no folder with .mdb files";
     for (const std::string& sample : samplesThere) {

@@ -1,7 +1,8 @@
 #include "jet/database/SystemRows.h"
 
-#include <ctime>
+#include <chrono>
 
+#include "files/LocalTime.h"
 #include "jet/database/Table.h"
 
 namespace huebrush::jet {
@@ -10,12 +11,15 @@ namespace {
 
 /// Local time in days since 1899-12-30.
 double now() {
-    constexpr double kEpoch = 25569;
+    namespace chrono = std::chrono;
+    constexpr chrono::sys_days kEpoch = chrono::December / 30 / 1899;
     constexpr double kSecondsADay = 86400;
-    const std::time_t seconds = std::time(nullptr);
-    std::tm local{};
-    ::localtime_r(&seconds, &local);
-    return kEpoch + static_cast<double>(seconds + local.tm_gmtoff) / kSecondsADay;
+    const std::tm local = files::localTime();
+    const chrono::sys_days day = chrono::year(local.tm_year + 1900) /
+                                 chrono::month(static_cast<unsigned>(local.tm_mon + 1)) /
+                                 chrono::day(static_cast<unsigned>(local.tm_mday));
+    const int seconds = (local.tm_hour * 60 + local.tm_min) * 60 + local.tm_sec;
+    return static_cast<double>((day - kEpoch).count()) + seconds / kSecondsADay;
 }
 
 }  // namespace

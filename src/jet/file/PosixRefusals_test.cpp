@@ -10,7 +10,7 @@
 #include <fstream>
 #include <iterator>
 
-#include "jet/file/PosixFolder_test_support.h"
+#include "jet/file/SystemFolder_test_support.h"
 
 namespace huebrush::jet {
 namespace {
@@ -18,7 +18,7 @@ namespace {
 constexpr uid_t kNobody = 65534;
 constexpr int kCannotTry = 77;
 
-class PosixRefusals : public PosixFolder {
+class PosixRefusals : public SystemFolder {
  protected:
     /// Runs a body in a process of its own, which may give up rights for good: its result, or 1
     /// after an error.
@@ -53,7 +53,7 @@ class PosixRefusals : public PosixFolder {
     int asNobody(const std::function<int()>& body) const {
         const bool root = ::geteuid() == 0;
         if (root) {
-            for (const fs::path& each : {folder, file}) {
+            for (const fs::path& each : {folder, fs::path(file)}) {
                 if (::chown(each.c_str(), kNobody, kNobody) != 0) return kCannotTry;
             }
         }

@@ -1,13 +1,13 @@
 #include "jet/page/Pages.h"
 
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <cstdlib>
 #include <deque>
 #include <filesystem>
 #include <random>
 
+#include "files/Folder_test_support.h"
 #include "jet/Allocations_test_support.h"
 #include "jet/file/MemoryFiles.h"
 
@@ -167,21 +167,27 @@ TEST_F(PagesOfAFile, TakeABoundedMemoryWhenAllOfManyAreChangedTwice) {
     if (!Allocations::kCounted) GTEST_SKIP() << "the sanitizers allocate themselves";
     constexpr PageNumber kMany = 20000;
     // Files of the system, for those in memory would be counted.
-    std::string name = std::filesystem::temp_directory_path() / "huebrush-pages-XXXXXX";
-    close(mkstemp(name.data()));
-    std::filesystem::resize_file(name, std::uint64_t{kMany} * kPageSize);
-    Allocations::restart();
-    Pages many(systemFiles().open(name), [&] { return systemFiles().create(name + "-scratch"); });
-    for (std::uint32_t round = 1; round <= 2; ++round) {
-        many.mark();
-        for (PageNumber i = 0; i < kMany; ++i) many.change(i) = filled(i * round);
+    const std::filesystem::path folder = huebrush::files::makeTemporaryFolder();
+    std::ofstream(folder / "pages").close();
+    std::filesystem::resize_file(folder / "pages", std::uint64_t{kMany} * kPageSize);
+    {
+        // Some systems read a file whole when it is opened.
+        auto file = systemFiles().open(huebrush::files::nameOf(folder / "pages"));
+        Allocations::restart();
+        Pages many(std::move(file), [&] {
+            return systemFiles().create(huebrush::files::nameOf(folder / "scratch"));
+        });
+        for (std::uint32_t round = 1; round <= 2; ++round) {
+            many.mark();
+            for (PageNumber i = 0; i < kMany; ++i) many.change(i) = filled(i * round);
+        }
+        EXPECT_LT(Allocations::sinceRestart().most, std::size_t{24} << 20U);
+        for (PageNumber i = 0; i < kMany; ++i) ASSERT_EQ(*many.read(i), filled(2 * i));
+        many.undo();
+        for (PageNumber i = 0; i < kMany; ++i) ASSERT_EQ(*many.read(i), filled(i));
+        EXPECT_LT(Allocations::sinceRestart().most, std::size_t{24} << 20U);
     }
-    EXPECT_LT(Allocations::sinceRestart().most, std::size_t{24} << 20U);
-    for (PageNumber i = 0; i < kMany; ++i) ASSERT_EQ(*many.read(i), filled(2 * i));
-    many.undo();
-    for (PageNumber i = 0; i < kMany; ++i) ASSERT_EQ(*many.read(i), filled(i));
-    EXPECT_LT(Allocations::sinceRestart().most, std::size_t{24} << 20U);
-    std::filesystem::remove(name);
+    std::filesystem::remove_all(folder);
 }
 
 }  // namespace

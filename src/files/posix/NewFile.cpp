@@ -4,15 +4,15 @@
 #include <sys/file.h>
 #include <sys/stat.h>
 
-#include <array>
 #include <cstdio>
-#include <functional>
 
 #include "base/Text.h"
-#include "files/Attributes.h"
+#include "files/Beside.h"
 #include "files/Error.h"
-#include "files/Lease.h"
-#include "files/Waiting.h"
+#include "files/Names.h"
+#include "files/posix/Attributes.h"
+#include "files/posix/Lease.h"
+#include "files/posix/NativeFiles.h"
 
 namespace huebrush::files {
 
@@ -20,29 +20,6 @@ namespace {
 
 constexpr mode_t kRightsOfNewFiles = 0666;
 constexpr mode_t kOnlyForUs = 0600;
-
-std::string folderOf(const std::string& name) {
-    const std::size_t slash = name.rfind('/');
-    if (slash == std::string::npos) return "./";
-    return name.substr(0, slash + 1);
-}
-
-/// The same for the same text in every process.
-std::uint64_t hashOf(const std::string& text) {
-    std::uint64_t hash = 14695981039346656037U;
-    for (const char each : text) hash = (hash ^ static_cast<unsigned char>(each)) * 1099511628211U;
-    return hash;
-}
-
-/// A name beside another one, as short as can be, so that the other one may be as long as can be.
-std::string nameBeside(const std::string& name, unsigned number) {
-    const std::string folder = folderOf(name);
-    std::array<char, 40> digits{};
-    std::snprintf(digits.data(), digits.size(), ".huebrush-%016llx-%u",
-                  static_cast<unsigned long long>(hashOf(name.substr(name.rfind('/') + 1))),
-                  number);
-    return folder + digits.data();
-}
 
 std::string linkTo(int file) {
     return base::text("/proc/self/fd/", file);
@@ -65,20 +42,6 @@ bool removeDead(const std::string& beside) {
     return ::fstat(file.get(), &status) == 0 && S_ISREG(status.st_mode) &&
            leadsTo(beside, {status.st_dev, status.st_ino, 0, {}, false}) &&
            ::unlink(beside.c_str()) == 0;
-}
-
-/// Tries names beside another one until `make` returns 0 for one that is free. `make` returns an
-/// error number of the system. The name.
-std::string takeNameBeside(const std::string& name, const std::function<int(const char*)>& make) {
-    constexpr unsigned kNames = 100;
-    for (unsigned number = 0; number < kNames;) {
-        std::string beside = nameBeside(name, number);
-        const int reason = make(beside.c_str());
-        if (reason == 0) return beside;
-        if (reason != EEXIST) throw Error(Problem::write, name, reason);
-        if (!removeDead(beside)) ++number;
-    }
-    throw Error(Problem::write, name, EEXIST);
 }
 
 /// The folder's names on the medium.
@@ -105,24 +68,73 @@ int renameToNew(const char* from, const char* to) {
 
 }  // namespace
 
-NewFile::NewFile(std::string name) : name_(std::move(name)) {
+class NewFile::Native {
+ public:
+    explicit Native(std::string name);
+    explicit Native(const Lock& replaced);
+    Native(const Native&) = delete;
+    Native& operator=(const Native&) = delete;
+    ~Native();
+
+    void write(std::uint64_t at, std::span<const std::uint8_t> bytes) const;
+    void read(std::uint64_t at, std::span<std::uint8_t> out) const;
+    OpenFile publish();
+
+ private:
+    void make(mode_t rights);
+    bool makeWithoutName(mode_t rights);
+    void makeBeside(mode_t rights);
+    void linkBeside();
+    void appear();
+    void replace();
+    bool tryToReplace();
+    bool exchange();
+    void takeBack();
+    void removeBeside();
+
+    std::string name_;
+    const Lock::Native* replaced_ = nullptr;
+    /// The name that it has meanwhile; empty while it has none.
+    std::string beside_;
+    Descriptor writing_;
+    Descriptor reading_;
+};
+
+NewFile::NewFile(const std::string& name) : native_(std::make_unique<Native>(name)) {}
+NewFile::NewFile(const Lock& replaced) : native_(std::make_unique<Native>(replaced)) {}
+NewFile::~NewFile() = default;
+
+void NewFile::write(std::uint64_t at, std::span<const std::uint8_t> bytes) const {
+    native_->write(at, bytes);
+}
+
+void NewFile::read(std::uint64_t at, std::span<std::uint8_t> out) const {
+    native_->read(at, out);
+}
+
+OpenFile NewFile::publish() {
+    return native_->publish();
+}
+
+NewFile::Native::Native(std::string name) : name_(std::move(name)) {
     make(kRightsOfNewFiles);
 }
 
-NewFile::NewFile(const Lock& replaced) : name_(replaced.name()), replaced_(&replaced) {
+NewFile::Native::Native(const Lock& replaced)
+    : name_(replaced.name()), replaced_(&replaced.native()) {
     make(kOnlyForUs);
-    copyAttributes(replaced.file(), writing_.get());
+    copyAttributes(replaced_->file(), writing_.get());
 }
 
-NewFile::~NewFile() {
+NewFile::Native::~Native() {
     removeBeside();
 }
 
-void NewFile::make(mode_t rights) {
+void NewFile::Native::make(mode_t rights) {
     if (!makeWithoutName(rights)) makeBeside(rights);
 }
 
-bool NewFile::makeWithoutName(mode_t rights) {
+bool NewFile::Native::makeWithoutName(mode_t rights) {
     writing_ = Descriptor(folderOf(name_), O_RDWR | O_TMPFILE, rights);
     if (!writing_) return false;
     reading_ = Descriptor(linkTo(writing_.get()), O_RDONLY);
@@ -131,19 +143,22 @@ bool NewFile::makeWithoutName(mode_t rights) {
     return reading_ && lockAtOnce(reading_.get());
 }
 
-void NewFile::makeBeside(mode_t rights) {
-    beside_ = takeNameBeside(name_, [&](const char* beside) {
-        writing_ = Descriptor(beside, O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW, rights);
-        if (!writing_) return errno;
-        reading_ = Descriptor(beside, O_RDONLY | O_NOFOLLOW);
-        // Another process may have taken it for dead before it was locked.
-        const bool ours = reading_ && lockAtOnce(reading_.get()) &&
-                          leadsTo(beside, stateOf(writing_.get(), name_));
-        return ours ? 0 : EEXIST;
-    });
+void NewFile::Native::makeBeside(mode_t rights) {
+    beside_ = takeNameBeside(
+        name_,
+        [&](const std::string& beside) {
+            writing_ = Descriptor(beside, O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW, rights);
+            if (!writing_) return errno;
+            reading_ = Descriptor(beside, O_RDONLY | O_NOFOLLOW);
+            // Another process may have taken it for dead before it was locked.
+            const bool ours = reading_ && lockAtOnce(reading_.get()) &&
+                              leadsTo(beside, stateOf(writing_.get(), name_));
+            return ours ? 0 : EEXIST;
+        },
+        removeDead);
 }
 
-void NewFile::write(std::uint64_t at, std::span<const std::uint8_t> bytes) const {
+void NewFile::Native::write(std::uint64_t at, std::span<const std::uint8_t> bytes) const {
     while (!bytes.empty()) {
         const ssize_t put = uninterrupted([&] {
             return ::pwrite(writing_.get(), bytes.data(), bytes.size(), static_cast<off_t>(at));
@@ -154,18 +169,18 @@ void NewFile::write(std::uint64_t at, std::span<const std::uint8_t> bytes) const
     }
 }
 
-void NewFile::read(std::uint64_t at, std::span<std::uint8_t> out) const {
+void NewFile::Native::read(std::uint64_t at, std::span<std::uint8_t> out) const {
     readFrom(reading_.get(), name_, at, out);
 }
 
-OpenFile NewFile::publish() {
+OpenFile NewFile::Native::publish() {
     if (uninterrupted([&] { return ::fsync(writing_.get()); }) != 0) {
         throw Error(Problem::write, name_, errno);
     }
     // The next writer would take a file that is open for writing for one that is in use.
     writing_.close();
     // Now, since from its appearance on others may write it.
-    OpenFile published(name_, reading_.duplicate());
+    auto published = std::make_unique<OpenFile::Native>(name_, reading_.duplicate());
     if (replaced_ == nullptr) {
         appear();
     } else {
@@ -173,10 +188,10 @@ OpenFile NewFile::publish() {
     }
     syncFolderOf(name_);
     ::flock(reading_.get(), LOCK_UN);
-    return published;
+    return OpenFile(std::move(published));
 }
 
-void NewFile::appear() {
+void NewFile::Native::appear() {
     const int reason = !beside_.empty() ? renameToNew(beside_.c_str(), name_.c_str())
                        : ::linkat(AT_FDCWD, linkTo(reading_.get()).c_str(), AT_FDCWD, name_.c_str(),
                                   AT_SYMLINK_FOLLOW) == 0
@@ -187,16 +202,21 @@ void NewFile::appear() {
 }
 
 /// What has no name yet gets one: only what has a name can take the place of another file.
-void NewFile::linkBeside() {
+void NewFile::Native::linkBeside() {
     if (!beside_.empty()) return;
     const std::string file = linkTo(reading_.get());
-    beside_ = takeNameBeside(name_, [&](const char* beside) {
-        return ::linkat(AT_FDCWD, file.c_str(), AT_FDCWD, beside, AT_SYMLINK_FOLLOW) == 0 ? 0
-                                                                                          : errno;
-    });
+    beside_ = takeNameBeside(
+        name_,
+        [&](const std::string& beside) {
+            return ::linkat(AT_FDCWD, file.c_str(), AT_FDCWD, beside.c_str(), AT_SYMLINK_FOLLOW) ==
+                           0
+                       ? 0
+                       : errno;
+        },
+        removeDead);
 }
 
-void NewFile::replace() {
+void NewFile::Native::replace() {
     linkBeside();
     const Patience patience(kHoldersTime);
     while (replaced_->isLockedByOthers() || !tryToReplace()) {
@@ -206,7 +226,7 @@ void NewFile::replace() {
 
 /// Takes the old file's place if nobody has that open for writing. Who opens it for writing while
 /// this works waits for us, and finds either the old file as it was or the new one.
-bool NewFile::tryToReplace() {
+bool NewFile::Native::tryToReplace() {
     const Lease lease(replaced_->file());
     if (lease.isRefused()) return false;
     if (!replaced_->isUntouched()) throw Error(Problem::changed, name_);
@@ -229,7 +249,7 @@ bool NewFile::tryToReplace() {
 }
 
 /// Lets the new and the old file change their names. Whether the file system can do that.
-bool NewFile::exchange() {
+bool NewFile::Native::exchange() {
     if (::renameat2(AT_FDCWD, beside_.c_str(), AT_FDCWD, name_.c_str(), RENAME_EXCHANGE) == 0) {
         return true;
     }
@@ -239,7 +259,7 @@ bool NewFile::exchange() {
 
 /// Undoes an exchange, unless another program has put its own file under the name meanwhile. The
 /// old file is never removed here.
-void NewFile::takeBack() {
+void NewFile::Native::takeBack() {
     const std::string old = std::exchange(beside_, {});
     if (!leadsTo(name_, stateOf(reading_.get(), name_))) throw Error(Problem::changed, name_);
     if (::renameat2(AT_FDCWD, old.c_str(), AT_FDCWD, name_.c_str(), RENAME_EXCHANGE) != 0) {
@@ -248,7 +268,7 @@ void NewFile::takeBack() {
     beside_ = old;
 }
 
-void NewFile::removeBeside() {
+void NewFile::Native::removeBeside() {
     if (!beside_.empty()) ::unlink(beside_.c_str());
     beside_.clear();
 }

@@ -1,11 +1,9 @@
-// The files of a POSIX system: what files/ does, with the errors of the database platform.
-
-#include <cerrno>
-#include <cstring>
+// The files of this system: what files/ does, with the errors of the database platform.
 
 #include "base/Text.h"
 #include "files/Error.h"
 #include "files/Lock.h"
+#include "files/Names.h"
 #include "files/NewFile.h"
 #include "files/OpenFile.h"
 #include "jet/file/FileSystem.h"
@@ -15,6 +13,7 @@ namespace huebrush::jet {
 namespace {
 
 using base::text;
+using files::Cause;
 using files::Problem;
 
 std::int32_t numberOf(const files::Error& error) {
@@ -25,19 +24,14 @@ std::int32_t numberOf(const files::Error& error) {
         default:
             break;
     }
-    switch (error.reason()) {
-        case ENOENT:
-        case ENOTDIR:
+    switch (error.cause()) {
+        case Cause::missing:
             return ErrorNumber::kFileNotFound;
-        case ENOSPC:
-        case EDQUOT:
-        case EFBIG:
+        case Cause::noSpace:
             return ErrorNumber::kOutOfSpace;
-        case EACCES:
-        case EROFS:
-        case EPERM:
+        case Cause::notAllowed:
             return ErrorNumber::kReadOnly;
-        case EEXIST:
+        case Cause::taken:
             return ErrorNumber::kAlreadyExists;
         default:
             return ErrorNumber::kFileSystem;
@@ -47,7 +41,7 @@ std::int32_t numberOf(const files::Error& error) {
 std::string textOf(const files::Error& error) {
     const std::string& name = error.name();
     const auto system = [&](const char* what) {
-        return text(what, " „", name, "“: ", std::strerror(error.reason()), ".");
+        return text(what, " „", name, "“: ", error.textOfReason(), ".");
     };
     switch (error.problem()) {
         case Problem::read:
@@ -77,9 +71,9 @@ auto translated(const Body& body) {
     }
 }
 
-class PosixFile final : public File {
+class SystemFile final : public File {
  public:
-    explicit PosixFile(files::OpenFile file) : file_(std::move(file)) {}
+    explicit SystemFile(files::OpenFile file) : file_(std::move(file)) {}
 
     std::uint64_t size() override {
         return translated([&] { return file_.size(); });
@@ -95,10 +89,10 @@ class PosixFile final : public File {
     files::OpenFile file_;
 };
 
-class PosixNewFile final : public NewFile {
+class SystemNewFile final : public NewFile {
  public:
     template <class Place>
-    explicit PosixNewFile(const Place& place) : file_(place) {}
+    explicit SystemNewFile(const Place& place) : file_(place) {}
 
     void write(std::uint64_t at, ByteView bytes) override {
         translated([&] { file_.write(at, bytes); });
@@ -107,7 +101,7 @@ class PosixNewFile final : public NewFile {
         translated([&] { file_.read(at, out); });
     }
     std::unique_ptr<File> publish() override {
-        return translated([&] { return std::make_unique<PosixFile>(file_.publish()); });
+        return translated([&] { return std::make_unique<SystemFile>(file_.publish()); });
     }
 
  private:
@@ -116,41 +110,43 @@ class PosixNewFile final : public NewFile {
 
 /// The file that sessions of the database platform keep beside a database, and lock.
 std::string lockFileOf(const std::string& name) {
-    const std::size_t ending = name.rfind('.');
-    return ending == std::string::npos ? std::string() : name.substr(0, ending) + ".ldb";
+    const std::string_view last = files::lastPartOf(name);
+    const std::size_t ending = last.rfind('.');
+    if (ending == std::string_view::npos) return {};
+    return name.substr(0, name.size() - last.size() + ending) + ".ldb";
 }
 
-class PosixLock final : public Lock {
+class SystemLock final : public Lock {
  public:
-    explicit PosixLock(const std::string& name) : lock_(name, lockFileOf(name)) {}
+    explicit SystemLock(const std::string& name) : lock_(name, lockFileOf(name)) {}
 
     std::unique_ptr<NewFile> replacement() override {
-        return translated([&] { return std::make_unique<PosixNewFile>(lock_); });
+        return translated([&] { return std::make_unique<SystemNewFile>(lock_); });
     }
 
  private:
     files::Lock lock_;
 };
 
-class PosixFiles final : public FileSystem {
+class SystemFiles final : public FileSystem {
  public:
     std::string resolve(const std::string& name) override { return files::resolve(name); }
     bool exists(const std::string& name) override { return files::exists(name); }
     std::unique_ptr<File> open(const std::string& name) override {
-        return translated([&] { return std::make_unique<PosixFile>(files::OpenFile(name)); });
+        return translated([&] { return std::make_unique<SystemFile>(files::OpenFile(name)); });
     }
     std::unique_ptr<NewFile> create(const std::string& name) override {
-        return translated([&] { return std::make_unique<PosixNewFile>(name); });
+        return translated([&] { return std::make_unique<SystemNewFile>(name); });
     }
     std::unique_ptr<Lock> lock(const std::string& name) override {
-        return translated([&] { return std::make_unique<PosixLock>(name); });
+        return translated([&] { return std::make_unique<SystemLock>(name); });
     }
 };
 
 }  // namespace
 
 FileSystem& systemFiles() {
-    static PosixFiles files;
+    static SystemFiles files;
     return files;
 }
 

@@ -1,4 +1,4 @@
-#include "files/Attributes.h"
+#include "files/posix/Attributes.h"
 
 #include <sys/stat.h>
 #include <sys/xattr.h>

@@ -1,4 +1,4 @@
-#include "files/Lease.h"
+#include "files/posix/Lease.h"
 
 #include <fcntl.h>
 #include <unistd.h>

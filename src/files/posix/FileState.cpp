@@ -1,13 +1,13 @@
-#include "files/FileState.h"
+#include "files/posix/FileState.h"
 
 #include <sys/stat.h>
 
 #include <cerrno>
 #include <chrono>
-#include <thread>
 #include <tuple>
 
 #include "files/Error.h"
+#include "files/Waiting.h"
 
 namespace huebrush::files {
 
@@ -45,7 +45,7 @@ FileState stateOf(int file, const std::string& name) {
 FileState settledStateOf(int file, const std::string& name) {
     FileState state = stateOf(file, name);
     for (int i = 0; i < kLongestWait && !state.settled; ++i) {
-        std::this_thread::sleep_for(kStepOfClock);
+        rest(kStepOfClock);
         state = stateOf(file, name);
     }
     return state;

@@ -4,17 +4,12 @@
 #include <sys/stat.h>
 
 #include "files/Error.h"
-#include "files/Lease.h"
-#include "files/Waiting.h"
+#include "files/posix/Lease.h"
+#include "files/posix/NativeFiles.h"
 
 namespace huebrush::files {
 
 namespace {
-
-using namespace std::chrono_literals;
-
-/// Another writer of ours ends in this time, also one that writes a very large file.
-constexpr auto kLongestWait = 20s;
 
 /// Whether another process has locked any part of an open file.
 bool hasLockedParts(int file) {
@@ -44,7 +39,11 @@ bool isWithoutLocks(int reason) {
            reason == EBADF;
 }
 
-Lock::Lock(std::string name, std::string lockFile)
+Lock::Lock(const std::string& name, const std::string& lockFile, std::chrono::milliseconds wait)
+    : name_(name), native_(std::make_unique<Native>(name, lockFile, wait)) {}
+Lock::~Lock() = default;
+
+Lock::Native::Native(std::string name, std::string lockFile, std::chrono::milliseconds wait)
     : name_(std::move(name)), lockFile_(std::move(lockFile)) {
     requireRegular(name_);
     if (::access(name_.c_str(), W_OK) != 0) throw Error(Problem::write, name_, errno);
@@ -53,7 +52,7 @@ Lock::Lock(std::string name, std::string lockFile)
         file_ = Descriptor(name_, O_RDONLY | O_NONBLOCK);
         if (!file_) throw Error(Problem::read, name_, errno);
         stateOf(file_.get(), name_);
-        take();
+        take(wait);
         state_ = settledStateOf(file_.get(), name_);
         // Who has waited for the lock may find another file under the name.
     } while (!leadsTo(name_, state_));
@@ -63,8 +62,8 @@ Lock::Lock(std::string name, std::string lockFile)
     }
 }
 
-void Lock::take() {
-    const Patience patience(kLongestWait);
+void Lock::Native::take(std::chrono::milliseconds wait) {
+    const Patience patience(wait);
     while (uninterrupted([&] { return ::flock(file_.get(), LOCK_EX | LOCK_NB); }) != 0) {
         if (isWithoutLocks(errno)) return;
         if (errno != EWOULDBLOCK) throw Error(Problem::lock, name_, errno);
@@ -72,14 +71,14 @@ void Lock::take() {
     }
 }
 
-bool Lock::isLockedByOthers() const {
+bool Lock::Native::isLockedByOthers() const {
     if (hasLockedParts(file_.get())) return true;
     if (lockFile_.empty()) return false;
     const Descriptor beside(lockFile_, O_RDONLY | O_NONBLOCK);
     return beside && hasLockedParts(beside.get());
 }
 
-bool Lock::isUntouched() const {
+bool Lock::Native::isUntouched() const {
     return leadsTo(name_, state_) && state_.isUnchangedIn(stateOf(file_.get(), name_));
 }
 
