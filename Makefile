@@ -21,7 +21,7 @@ packages:
 	@tools/install-packages.sh build
 
 check-packages:
-	@tools/install-packages.sh check
+	@tools/install-packages.sh check windows
 
 # The same with all tests and measurements.
 build:
@@ -38,6 +38,7 @@ check: check-packages
 	@$(MAKE) --no-print-directory asan
 	@$(MAKE) --no-print-directory build
 	$(CTEST) --test-dir build/release -j2 -L 'unit|lint'
+	@$(MAKE) --no-print-directory windows
 	$(CTEST) --test-dir build/release -j2 -L libreoffice
 
 asan:
@@ -82,14 +83,16 @@ newer: build
 windows-packages:
 	@tools/install-packages.sh windows
 
-# What goes on to Windows, compiled for it: all of it for 32 bits, and for 64 with its tests, which run
-# under Wine.
+# The logic, compiled for Windows: for 32 bits without its tests, and for 64 with them, which run under
+# Wine.
 windows:
 	@$(call configure,windows-i686,windows,make windows-packages)
 	@cmake --build --preset windows-i686
 	@$(call configure,windows-x86_64,windows,make windows-packages)
 	@cmake --build --preset windows-x86_64
 	$(CTEST) --test-dir build/windows-x86_64 -j2
+	@awk '/PASSED/ { tests += $$4 } END { print tests " tests passed under Wine" }' \
+	  build/windows-x86_64/Testing/Temporary/LastTest.log
 
 # Below PREFIX, or the folder that the build was configured for (/usr/local).
 install: all
