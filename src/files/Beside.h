@@ -5,14 +5,14 @@
 
 namespace huebrush::files {
 
-/// Finds a free name beside another one: it is made of that one, so that what a killed process has
-/// left under it is found again, and is as short as can be, so that the other one may be as long as
-/// can be.
+/// Finds a free name in the folder of another one and returns it. It is derived from that one, so
+/// that the next writer finds what a killed process has left there, and is short, so that the other
+/// name may be as long as the system allows.
 ///
-/// `make` makes something of the name that it is given and returns the system's number of the
-/// reason when it cannot, else 0; when the name is taken, `removeDead` removes what is there if
-/// nobody uses it any more, and says whether it has. An Error of `name` when nothing can be made.
-/// The name found.
+/// `make` makes a file under the name that it is given and returns 0, or the system's number of the
+/// reason why it cannot. If the name is taken, `removeDead` removes what is there, provided that
+/// nobody uses it any more, and returns whether it has. An Error of `name` when no file can be
+/// made.
 std::string takeNameBeside(const std::string& name,
                            const std::function<int(const std::string&)>& make,
                            const std::function<bool(const std::string&)>& removeDead);

@@ -23,7 +23,7 @@ inline std::string nameOf(const std::filesystem::path& path) {
     return {name.begin(), name.end()};
 }
 
-/// A new folder in the one for temporary files, with a name of our own that no other process has.
+/// Makes a folder in that for temporary files, under a name that nobody else has.
 inline std::filesystem::path makeTemporaryFolder() {
     const std::filesystem::path all = std::filesystem::temp_directory_path();
     for (int number = 0;; ++number) {

@@ -4,7 +4,7 @@
 
 namespace huebrush::files {
 
-/// The time of day and the date here and now.
+/// The date and the time of day in this computer's time zone.
 std::tm localTime();
 
 }  // namespace huebrush::files

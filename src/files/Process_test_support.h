@@ -7,8 +7,8 @@
 
 namespace huebrush::files {
 
-/// Something that another process of the test program does, see OtherProcess. To be defined once
-/// for each name, outside of functions.
+/// Something that another process of the test program does, see OtherProcess. One object for each
+/// name, defined outside of functions.
 class Task {
  public:
     using Arguments = std::vector<std::string>;
@@ -26,7 +26,7 @@ class OtherProcess {
 
     /// Waits for its end. The exit code.
     int wait();
-    /// Ends it at once, as a fault does: nothing in it gets to know.
+    /// Ends it at once, as a crash does: no code of it runs any more.
     void kill();
 
  private:
@@ -37,7 +37,7 @@ class OtherProcess {
 /// Waits until something is so, for half a minute at most. Whether it is.
 bool becomesTrue(const std::function<bool()>& condition);
 
-/// What a task ends with that has said all it has to say: it waits to be killed.
+/// The last call of a task that is to be killed.
 [[noreturn]] void waitToBeKilled();
 
 }  // namespace huebrush::files

@@ -53,7 +53,7 @@ FileState settledStateOf(const Handle& file, const std::string& name) {
 }
 
 Handle openToLook(const std::string& name) {
-    // Folders only so, and then stateOf says what they are.
+    // The flag is what opens a folder, too; stateOf then reports it.
     Handle file = openExisting(name, 0, kShareAll, FILE_FLAG_BACKUP_SEMANTICS);
     if (!file) throw Error(Problem::read, name, lastReason());
     return file;

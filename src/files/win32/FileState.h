@@ -32,7 +32,7 @@ FileState stateOf(const Handle& file, const std::string& name);
 /// The same, after waiting for the clock's next step when the file was written in the present one.
 FileState settledStateOf(const Handle& file, const std::string& name);
 
-/// Opens a file to ask for its state, which disturbs nobody.
+/// Opens a file, or a folder, only to ask for its state, whoever else has it open.
 Handle openToLook(const std::string& name);
 /// Whether a name leads to a file.
 bool leadsTo(const std::string& name, const FileState& file);

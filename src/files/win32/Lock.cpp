@@ -10,7 +10,7 @@ namespace huebrush::files {
 
 namespace {
 
-/// Whether the file may be written; an Error when the user lacks the right. It may be in use.
+/// Whether the file can be opened for writing now. An Error when the user lacks the right.
 bool isOpenableForWriting(const std::string& name) {
     const DWORD attributes = ::GetFileAttributesW(nativeName(name).c_str());
     if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0) {
@@ -26,13 +26,13 @@ bool isOpenableForWriting(const std::string& name) {
 
 Claim::Claim(const FileState& file) : file_(file) {
     std::array<wchar_t, 64> name{};
-    // Known to all users of the machine.
+    // For all users of the machine.
     std::swprintf(name.data(), name.size(), L"Global\\huebrush-%08x-%08x%08x",
                   static_cast<unsigned>(file.volume), static_cast<unsigned>(file.index >> 32U),
                   static_cast<unsigned>(file.index & 0xFFFFFFFFU));
     ::SetLastError(ERROR_SUCCESS);
     Handle mutex(::CreateMutexW(nullptr, FALSE, name.data()));
-    // Another user's cannot be opened, but is there.
+    // That of another user cannot be opened, which is an error, too.
     if (::GetLastError() == ERROR_SUCCESS) mutex_ = std::move(mutex);
 }
 
@@ -44,7 +44,8 @@ Handle openAgainstWriters(const std::string& name) {
     return file;
 }
 
-// Who has a file open is seen on the file itself, so the one beside it need not be looked at.
+// A program that has the file open shows on the file itself, so there is no need to look at the one
+// beside it.
 Lock::Lock(const std::string& name, const std::string& /*lockFile*/, std::chrono::milliseconds wait)
     : name_(name), native_(std::make_unique<Native>(name, wait)) {}
 Lock::~Lock() = default;
@@ -61,12 +62,12 @@ void Lock::Native::take(const std::string& name, std::chrono::milliseconds wait)
     const Patience patience(wait);
     do {
         state_ = stateOf(openToLook(name), name);
-        // The file stays closed meanwhile, or its owner could not replace it.
+        // The file stays closed meanwhile, or whoever has the claim could not replace it.
         while (!(claim_ = Claim(state_))) {
             if (!patience.wait()) throw Error(Problem::inUse, name);
         }
         state_ = settledStateOf(openToLook(name), name);
-        // Who has waited for the claim may find another file under the name.
+        // Whoever has waited for the claim may find another file under the name.
     } while (!claim_.isOn(state_));
 }
 

@@ -7,8 +7,8 @@ namespace huebrush::files {
 
 namespace {
 
-/// The full name of what is open, links followed. Empty where the system cannot say: before it had
-/// this function, files had no symbolic links.
+/// The full name of what is open, with links followed. Empty on systems without this function,
+/// which have no symbolic links either.
 std::wstring finalName(const Handle& file) {
     using Function = DWORD(WINAPI*)(HANDLE, LPWSTR, DWORD, DWORD);
     const HMODULE library = ::GetModuleHandleW(L"kernel32.dll");
@@ -32,7 +32,7 @@ std::wstring withoutPrefix(const std::wstring& name) {
 }  // namespace
 
 std::string_view lastPartOf(std::string_view name) {
-    // A name may stand behind its drive alone.
+    // A colon separates a name from its drive.
     return name.substr(name.find_last_of("/\\:") + 1);
 }
 

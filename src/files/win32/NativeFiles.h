@@ -10,8 +10,8 @@
 
 namespace huebrush::files {
 
-/// A file's content. It is read when the file is opened, which is closed again at once: a file that
-/// anybody has open cannot be replaced by this system.
+/// A file's content. It is read when the file is opened, and the file is closed again at once: this
+/// system cannot replace a file that anybody has open.
 class OpenFile::Native {
  public:
     Native(std::string name, const Handle& file);
@@ -21,14 +21,14 @@ class OpenFile::Native {
     std::vector<std::uint8_t> content;
 };
 
-/// The right to write a file, which only one has at a time in all processes. It is a mutex that is
-/// named after the file, and is had by who has made it, not by who has locked it: a mutex may be
-/// locked again by the same thread, but not made again while it is there. The system takes it away
-/// with the process, however that ends.
+/// The right to replace a file, which only one object in all processes has at a time. It is a mutex
+/// named after the file, and belongs to whoever created it, not to whoever acquired it: a thread
+/// may acquire a mutex again, but nobody can create one that exists. The system removes it with the
+/// process, however that ends.
 class Claim {
  public:
     Claim() = default;
-    /// Without success it is nobody's.
+    /// Empty when somebody else has it.
     explicit Claim(const FileState& file);
 
     explicit operator bool() const { return static_cast<bool>(mutex_); }
@@ -57,8 +57,8 @@ class Lock::Native {
 void readFrom(const Handle& file, const std::string& name, std::uint64_t at,
               std::span<std::uint8_t> out);
 
-/// Opens a file for reading, unless somebody has it open for writing: then it holds nothing. Nobody
-/// can open it for writing before it is closed.
+/// Opens a file for reading and keeps others from opening it for writing. The handle is empty when
+/// somebody already has.
 Handle openAgainstWriters(const std::string& name);
 
 }  // namespace huebrush::files

@@ -13,8 +13,8 @@ namespace huebrush::files {
 
 namespace {
 
-/// Removes a file beside another one if the process that made it is gone. Whether it was: who makes
-/// one has it open all the time.
+/// Removes a file beside another one if the process that made it is gone. Whether it was: its maker
+/// has it open all the time.
 bool removeDead(const std::string& beside) {
     return static_cast<bool>(openExisting(beside, DELETE, 0, FILE_FLAG_DELETE_ON_CLOSE));
 }
@@ -51,7 +51,7 @@ class NewFile::Native {
     /// The name that it has meanwhile; empty when it has appeared.
     std::string beside_;
     Handle writing_;
-    /// Open until the end, so that nobody takes the file for a dead one.
+    /// Open until the end, so that nobody takes the file for an abandoned one.
     Handle reading_;
     Claim claim_;
 };
@@ -100,8 +100,7 @@ void NewFile::Native::make() {
         removeDead);
     reading_ = openExisting(beside_, GENERIC_READ, kShareAll);
     if (!reading_) throw Error(Problem::write, name_, lastReason());
-    // Nobody else can have it but, where numbers of files are used again, a former owner for a
-    // moment.
+    // Where file numbers are used again, the lock on a former file may still have it for a moment.
     claim_ = Claim(stateOf(reading_, name_));
 }
 
@@ -127,16 +126,16 @@ void NewFile::Native::read(std::uint64_t at, std::span<std::uint8_t> out) const 
 
 OpenFile NewFile::Native::publish() {
     if (::FlushFileBuffers(writing_.get()) == 0) throw Error(Problem::write, name_, lastReason());
-    // The next writer would take a file that is open for writing for one that is in use.
+    // The next writer would take a file that is open for writing to be in use.
     writing_.close();
-    // Now, since from its appearance on others may write it.
+    // Now, since others may write it as soon as it has appeared.
     auto published = std::make_unique<OpenFile::Native>(name_, reading_);
     if (replaced_ == nullptr) {
         appear();
     } else {
         replace();
     }
-    // The next one to replace it must find it closed.
+    // Whoever replaces it next must find it closed.
     reading_.close();
     beside_.clear();
     return OpenFile(std::move(published));
@@ -154,8 +153,9 @@ void NewFile::Native::replace() {
     }
 }
 
-/// Takes the old file's place if nobody has that open; whether that was so. Between the look at it
-/// and the replacement it is not held for a moment, because what is open cannot be replaced.
+/// Takes the old file's place if nobody has that open, and returns whether nobody had. For a moment
+/// between the comparison and the rename the old file is not protected, because a file that is open
+/// cannot be replaced.
 bool NewFile::Native::tryToReplace() {
     if (!exists(name_)) throw Error(Problem::changed, name_);
     {

@@ -13,7 +13,7 @@ namespace huebrush::files {
 namespace {
 
 Handle openForReading(const std::string& name) {
-    // A device is not opened, and a folder could not be.
+    // Devices and folders are refused before anything is opened for reading.
     stateOf(openToLook(name), name);
     const Patience patience(kHoldersTime);
     for (;;) {

@@ -36,7 +36,7 @@ std::string textOfReason(int reason) {
                                         nullptr, static_cast<DWORD>(reason), 0, text.data(),
                                         static_cast<DWORD>(text.size()), nullptr);
     text.resize(size);
-    // The system ends its lines, and its sentences.
+    // Without the full stop and the line break at its end.
     text.resize(text.find_last_not_of(L". \r\n") + 1);
     return utf8Of(text);
 }

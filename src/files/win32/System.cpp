@@ -6,8 +6,8 @@ namespace huebrush::files {
 
 namespace {
 
-/// From here on a name needs the prefix that takes all limits away; a folder's sooner than a
-/// file's.
+/// A name of this length needs the prefix that lifts the limit. (For folders it is 12 less than for
+/// files.)
 constexpr std::size_t kLongName = MAX_PATH - 12;
 
 std::wstring wide(const std::string& text) {

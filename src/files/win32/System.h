@@ -43,13 +43,13 @@ inline constexpr DWORD kShareButWriting = FILE_SHARE_READ | FILE_SHARE_DELETE;
 /// The number of the last failure, as files::Error has it.
 int lastReason();
 
-/// A name as the system's calls want it, however long it is.
+/// A name in the form that the system's calls take, however long it is.
 std::wstring nativeName(const std::string& name);
-/// The same, complete and without anything that only short names may have.
+/// The complete name, with drive and folder.
 std::wstring fullName(const std::string& name);
 std::string utf8Of(const std::wstring& text);
 
-/// Opens what is there. Without success it holds nothing, and GetLastError says why.
+/// Opens a file that exists. The handle is empty on failure, and GetLastError has the reason.
 Handle openExisting(const std::string& name, DWORD access, DWORD share, DWORD flags = 0);
 
 }  // namespace huebrush::files

@@ -85,8 +85,7 @@ TEST_F(SystemFiles, TwoProcessesLoseNothingOfEachOther) {
     EXPECT_EQ(filesInFolder(), 1U);
 }
 
-/// Files of the system that stop a commit for good: at one of its writes, or before it is
-/// published.
+/// Files of the system, with a call after each write of a commit and before it is published.
 class StoppingFiles final : public FileSystem {
  public:
     using Stop = std::function<void(const char* call)>;
