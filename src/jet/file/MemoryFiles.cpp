@@ -95,8 +95,10 @@ class MemoryNewFile final : public NewFile {
     void write(std::uint64_t at, ByteView bytes) override {
         system_.call("write");
         system_.note({Kind::write, beside_, "", at, Bytes(bytes.begin(), bytes.end())});
-        content_->resize(std::max<std::size_t>(content_->size(), at + bytes.size()));
-        std::copy(bytes.begin(), bytes.end(), content_->begin() + static_cast<std::ptrdiff_t>(at));
+        const auto place = static_cast<std::size_t>(at);
+        content_->resize(std::max(content_->size(), place + bytes.size()));
+        std::copy(bytes.begin(), bytes.end(),
+                  content_->begin() + static_cast<std::ptrdiff_t>(place));
     }
     void read(std::uint64_t at, std::span<std::uint8_t> out) override {
         system_.call("read");

@@ -131,7 +131,7 @@ bool UsageMap::has(PageNumber page) const {
 }
 
 bool UsageMap::bitOf(const Page& holder, const Bits& bits, std::uint64_t bit) {
-    return (holder[bits.offset + bit / 8] >> (bit % 8) & 1U) != 0;
+    return (holder[bits.offset + static_cast<std::size_t>(bit / 8)] >> (bit % 8) & 1U) != 0;
 }
 
 std::optional<PageNumber> UsageMap::firstIn(const Bits& bits, PageNumber start, PageNumber end,
@@ -140,7 +140,7 @@ std::optional<PageNumber> UsageMap::firstIn(const Bits& bits, PageNumber start, 
     const std::uint64_t last =
         std::min<std::uint64_t>(end, bits.first + bits.size * std::uint64_t{8});
     for (std::uint64_t at = std::max(start, bits.first); at < last;) {
-        const std::uint64_t bit = at - bits.first;
+        const auto bit = static_cast<std::size_t>(at - bits.first);
         const auto byte =
             static_cast<std::uint8_t>((*page)[bits.offset + bit / 8] ^ (inMap ? 0 : 0xFF));
         if (byte >> (bit % 8) == 0) {
@@ -224,7 +224,7 @@ bool UsageMap::extend(PageNumber page, const Outside& outside) {
     const std::uint64_t oldEnd = now.first + now.size * std::uint64_t{8};
     const PageNumber first = now.size == 0 ? page / 8 * 8 : std::min(now.first, page / 8 * 8);
     const std::uint64_t end = std::max<std::uint64_t>(oldEnd, page + std::uint64_t{1});
-    const std::uint64_t words = (end - first + 31) / 32;
+    const auto words = static_cast<std::size_t>((end - first + 31) / 32);
     if (words * 4 + kInlineHeader >= kPageSize) return false;
     Bytes bytes(kInlineHeader + words * 4, 0);
     Writer(bytes).u32(1, first);
