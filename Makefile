@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MPL-2.0
 # The everyday commands. `make demo` and `make check` install what they need, on a fresh machine all of
 # it; `make packages` and `make check-packages` do only that; nothing else installs anything.
 

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MPL-2.0
 """Measures the recolour dialog in a window, on a screen without a monitor."""
 
 import json

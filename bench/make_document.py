@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: MPL-2.0
 """Writes a document to measure with: many rectangles, few fills.
 
     bench/make_document.py OUT.fodt --shapes 4000 --fills 8 [--nested]

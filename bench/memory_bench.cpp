@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MPL-2.0
+
 // The logic's own time, on the memory host with its log off: no office is in it.
 
 #include <benchmark/benchmark.h>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MPL-2.0
+
 // Measures the work on palette files, and prints figures as JSON. bench/palettes.py runs it against
 // other readers of the same files.
 //

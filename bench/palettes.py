@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: MPL-2.0
 """Measures the work on palette files against mdb-export and mdb-reader on the same files.
 
     bench/palettes.py [--build FOLDER] [--rows 200000] [--runs 5]

@@ -1,3 +1,4 @@
+' SPDX-License-Identifier: MPL-2.0
 Option Explicit
 
 ' The peer in LibreOffice Basic: what a user would write to do the add-in's work.

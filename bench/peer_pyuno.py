@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MPL-2.0
 """The peer in Python: what a user would write with PyUNO to do the add-in's work.
 
 A UNO component that the office loads into its own process, so that no call crosses a bridge. Its

@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: MPL-2.0
 """Measures Huebrush against a Basic macro and a PyUNO script that do the same job, the recolour
 dialog in its window, and the work on palette files against other readers, and prints tables.
 

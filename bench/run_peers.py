@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: MPL-2.0
 """Runs the peers on a document and prints their figures as JSON.
 
     bench/run_peers.py DOCUMENT [--runs 5] [--hidden]

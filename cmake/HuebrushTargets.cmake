@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MPL-2.0
 # How the targets of this project are defined: one library per folder of src/, with its tests.
 
 if(WIN32)

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MPL-2.0
 # Where `cmake --install` puts things. The program and the extension are installed where they are built.
 
 include(GNUInstallDirs)

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MPL-2.0
 # The levels of src/README.md: what each folder's library links comes from that table.
 
 set(HUEBRUSH_LEVELS_FILE ${PROJECT_SOURCE_DIR}/src/README.md)

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MPL-2.0
 # The LibreOffice SDK: C++ headers generated from its type libraries, and its link libraries.
 
 set(LIBREOFFICE_ROOT "/usr/lib/libreoffice" CACHE PATH "The folder of LibreOffice")

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MPL-2.0
 # What a build for Windows has beside that for this system: libraries that Debian has as source or
 # headers, and Wine, which runs the tests.
 

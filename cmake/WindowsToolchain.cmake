@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MPL-2.0
 # Windows programs, compiled with mingw-w64 on Debian. The toolchain file of each processor sets
 # CMAKE_SYSTEM_PROCESSOR and includes this one.
 

@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: MPL-2.0
 """Draws the example picture, a small town by a river, and writes it as town.odt and town.docx.
 
     examples/make_example.py [FOLDER]

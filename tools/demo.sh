@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MPL-2.0
 # Shows the main job on the example picture: its fills, a recolour, and pictures of before and after.
 set -euo pipefail
 cd "$(dirname "$0")/.."

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MPL-2.0
 """Writes Writer documents with drawing shapes as flat OpenDocument XML, without any office.
 
 A `Document` keeps the styles and fills it meets once each; the functions of `Document` that end

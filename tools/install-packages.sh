@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MPL-2.0
 # Installs packages of Debian 12 or 13, as root or with sudo. Does nothing when all are there.
 #
 #   tools/install-packages.sh [--missing] [SET ...]

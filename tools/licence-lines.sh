@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MPL-2.0
 # The line in every source file that names its licence.
 #
 #   tools/licence-lines.sh          fails, and names the files, where one is missing

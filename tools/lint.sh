@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MPL-2.0
 # Checks how the tree is written.
 #
 #   tools/lint.sh                everything
@@ -23,6 +24,7 @@ has_version_14() {
 }
 
 check_text() {
+  tools/licence-lines.sh
   tools/sources.sh '*.py' | xargs flake8
   mandoc -T lint -W style man/huebrush.1.in
   has_version_14 clang-format-14

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MPL-2.0
 # What `make newer` runs inside the newer system: all steps, and at the end what became of each.
 set -uo pipefail
 cd "$(dirname "$0")/.."

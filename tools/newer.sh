@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MPL-2.0
 # Builds the project in a Debian 13 of its own and runs the tests there, with the newer compiler and
 # the newer LibreOffice of that system. Needs root.
 #

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MPL-2.0
 """A LibreOffice process of one's own: private profile, own process group, gone at the end.
 
 Everything that starts an office from Python does it here. Needs no `uno` module.

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MPL-2.0
 """A LibreOffice of one's own to talk to: with a profile nobody else uses, ended in every case.
 
 Run by the Python that has LibreOffice's `uno` module (on Debian /usr/bin/python3).

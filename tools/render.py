@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: MPL-2.0
 """Renders the first page of a document, or a part of it, as a PNG picture.
 
     tools/render.py DOCUMENT PICTURE [--crop LEFT,TOP,WIDTH,HEIGHT] [--width PIXELS]

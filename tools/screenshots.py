@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: MPL-2.0
 """Takes the manual's pictures of the recolour dialog, on a screen without a monitor.
 
     tools/screenshots.py [--build build/release] [--out docs/images] [--only NAME]

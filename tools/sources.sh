@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MPL-2.0
 # Lists the project's source files: those of C++, or those whose names end in the given patterns.
 #
 #   tools/sources.sh [PATTERN...]

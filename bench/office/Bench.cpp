@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MPL-2.0
+
 // The operations of the bench, done by Huebrush inside the office's process: the same service
 // interface and the same figures as the peers in peer_pyuno.py and peer_basic.bas.
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MPL-2.0
+
 // The recolour dialog in a window of the office: how long what the user does there takes, until the
 // office has nothing left to do.
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MPL-2.0
+
 // The program "huebrush": reads the command line and runs one command.
 
 #include <CLI/CLI.hpp>

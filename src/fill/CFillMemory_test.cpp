@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MPL-2.0
+
 // What Restore and ApplyChange report. They touch no host, so only memory can fail them.
 
 #include <gtest/gtest.h>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MPL-2.0
+
 // The power fails at any moment: whichever of the last writes have reached the medium, the file is
 // as it was before or as it was to be. And each system call fails once, or from then on.
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MPL-2.0
+
 // Whatever is wrong with a file, reading, checking and editing it ends with a result or an Error,
 // and takes neither much memory nor much time.
 

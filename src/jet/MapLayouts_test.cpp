@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MPL-2.0
+
 // Files with page maps as other programs leave them, and with damaged ones: edited, nothing in them
 // is lost.
 

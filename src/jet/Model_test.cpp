@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MPL-2.0
+
 // Random changes of a palette file beside a plain table in memory.
 
 #include <gtest/gtest.h>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MPL-2.0
+
 // Files that this engine has written are read by mdb-export as by this engine.
 
 #include <algorithm>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MPL-2.0
+
 #include "jet/Palette_test_support.h"
 
 #include <algorithm>

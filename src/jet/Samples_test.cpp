@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MPL-2.0
+
 // Reads real files, if the environment variable HUEBRUSH_SAMPLES names a folder of them, and
 // compares every row of every table with what mdb-export says.
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MPL-2.0
+
 // Palettes in numbers and sizes beyond everyday ones.
 
 #include "base/Text.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MPL-2.0
+
 #include "recolor/Dialog_test_support.h"
 
 namespace huebrush::recolor {

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MPL-2.0
+
 // The dialog as it is designed: texts, places, initial states.
 
 #include "recolor/frmEditGraphicDesign.h"

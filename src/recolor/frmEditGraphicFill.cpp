@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MPL-2.0
+
 // The commands of a row's menu, which edit its new fill.
 
 #include "recolor/frmEditGraphic.h"

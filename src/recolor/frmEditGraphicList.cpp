@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MPL-2.0
+
 // The list of the dialog's rows: which one is active, which are selected, their order, their
 // removal.
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MPL-2.0
+
 // How the dialog finds the fills of the selected shapes, and gives the new ones to them.
 
 #include <utility>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MPL-2.0
+
 // How the dialog lays its list out: resizing, the views, the scroll bar.
 
 #include <cmath>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MPL-2.0
+
 #include "select/mToolbarFunction.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MPL-2.0
+
 #include "view/MenuPainter.h"
 
 #include <algorithm>

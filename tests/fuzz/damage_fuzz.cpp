@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MPL-2.0
+
 // A palette file that is damaged as the fuzzer says is opened, read, checked and edited: whatever
 // is wrong with it, that ends by a result or by an error of the database.
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MPL-2.0
+
 // A good palette file, with its page maps as this engine or as other programs lay them out, is
 // edited as the fuzzer says: after that it is sound, no more of its pages are lost than before, and
 // opened anew it shows the same.

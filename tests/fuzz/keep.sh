@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MPL-2.0
 # Adds to the inputs that are kept those of a folder that lead to new places in the engine, and drops
 # those that lead nowhere new.
 #

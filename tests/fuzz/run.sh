@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MPL-2.0
 # Runs a fuzzer over the inputs that are kept, and then over new ones for a time.
 #
 #     run.sh PROGRAM SUBJECT [SECONDS]

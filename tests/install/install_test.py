@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MPL-2.0
 """What `cmake --install` puts into a folder, and that it works from there."""
 
 import json

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MPL-2.0
+
 // Writer's documents through the object model: what is Writer's own about it.
 
 #include <algorithm>

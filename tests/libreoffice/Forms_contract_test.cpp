@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MPL-2.0
+
 #include <cctype>
 #include <chrono>
 #include <com/sun/star/accessibility/XAccessible.hpp>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MPL-2.0
+
 // Gradients of more than two colours, which newer offices have. An older one reads them by their
 // ends: what holds there is tested, too.
 

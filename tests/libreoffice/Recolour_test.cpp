@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MPL-2.0
+
 // The recolour dialog at work on a real document, with the office's own event loop under it.
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MPL-2.0
 """What the tests in Writer's window share: a screen and a profile each, and the command line."""
 
 import argparse

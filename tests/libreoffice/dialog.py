@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MPL-2.0
 """The recolour dialog on the screen: where its parts are, and what their pixels say."""
 
 from screen import WindowIsGone, wait_until

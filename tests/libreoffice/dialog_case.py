@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MPL-2.0
 """A test of the recolour dialog: Writer with shapes in a document, and the dialog open over it."""
 
 import uno  # noqa: F401  # The modules of the office come with it.

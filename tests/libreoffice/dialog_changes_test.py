@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MPL-2.0
 """What the user does to the shapes in the document while the recolour dialog holds them.
 
     dialog_changes_test.py --office SOFFICE --extensions FOLDER --plugin gen|gtk3

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MPL-2.0
 """The recolour dialog in Writer's window: removing, ticking and dragging rows, its size, its end
 and its about box.
 

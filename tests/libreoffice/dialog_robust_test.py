@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MPL-2.0
 """What happens around the open recolour dialog in Writer: other documents, shapes that go, Undo,
 and the end of Writer.
 

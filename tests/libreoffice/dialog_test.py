@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MPL-2.0
 """The recolour dialog in Writer's window, used as its user does: by mouse and keys, on a screen.
 
     dialog_test.py --office SOFFICE --extensions FOLDER --plugin gen|gtk3 [unittest arguments]

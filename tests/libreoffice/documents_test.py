@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MPL-2.0
 """The program on real documents: what it changes, what it leaves, and how it refuses bad input."""
 
 import hashlib

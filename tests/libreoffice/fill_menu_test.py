@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MPL-2.0
 """The menu of a row of the recolour dialog in Writer's window, with the office's own tools.
 
     fill_menu_test.py --office SOFFICE --extensions FOLDER --plugin gen|gtk3 [unittest arguments]

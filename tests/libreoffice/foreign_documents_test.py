@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MPL-2.0
 """The program on documents that no office has made: a fill is stored as it was asked for in every
 place that the file keeps it, nothing else changes, and what a format loses is reported.
 

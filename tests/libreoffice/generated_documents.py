@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MPL-2.0
 """Documents with drawing shapes as programs other than an office write them: by hand, by
 python-docx, by odfpy and by pandoc. Each has shapes of the colour ROOFS, and others."""
 

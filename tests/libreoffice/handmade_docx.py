@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MPL-2.0
 """Writes .docx files by hand, with no office involved: shapes as Word keeps them, in DrawingML, in
 VML, or in both, and filled in every way that Word knows."""
 

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MPL-2.0
 """The office's own dialogs for a fill, which the recolour dialog opens."""
 
 from screen import comes_soon, wait_until

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MPL-2.0
 """A user of one of the office's own dialogs for a fill, as a program: waits until the dialog shows
 the colour it starts with, does something in it and ends it. Works on the screen of $DISPLAY. The
 end of the standard input says that the dialog is over, even if its window has not gone yet."""

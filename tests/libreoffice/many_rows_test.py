@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MPL-2.0
 """The recolour dialog with as many rows as a large picture has fills, on a screen of twice the
 usual resolution: its list is taller than any window can be.
 

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MPL-2.0
 """Documents in a form in which two of them can be compared.
 
 An automatic style is a name for a set of properties, and which name is chance: here every

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MPL-2.0
 """The extension's package: the office's extension manager accepts it, and an office older than
 the one that it was built with refuses it.
 

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MPL-2.0
 """What the recolour dialog does by itself while the mouse rests or drags over it.
 
     pointer_test.py --office SOFFICE --extensions FOLDER --plugin gen|gtk3 [unittest arguments]

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MPL-2.0
 """A user who does anything at all in the window of the recolour dialog: Writer survives it.
 
     random_window_test.py --office SOFFICE --extensions FOLDER --plugin gen|gtk3

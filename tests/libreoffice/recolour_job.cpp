@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MPL-2.0
+
 // A service for tests in windows: recolours the document that it is given, on the main thread, with
 // a different fill for each row. So a test can undo it without clicking through it first. Like the
 // add-in, it keeps the document for as long as it lives: what it has done can be undone that long.

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MPL-2.0
 """Runs the GoogleTests inside a private LibreOffice and ends with their result.
 
 Without --plugin the office has no screen, and the tests are those that need none; with it they are

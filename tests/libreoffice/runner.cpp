@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MPL-2.0
+
 // Runs all GoogleTests of this library inside the office that loads it, and ends that office.
 
 #include <gtest/gtest.h>

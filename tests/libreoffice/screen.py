@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MPL-2.0
 """A screen of one's own: an X server without a monitor, a window manager, and a user's hands."""
 
 import ctypes

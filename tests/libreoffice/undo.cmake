@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MPL-2.0
 # A recolour undone and redone by the Edit menu of a real window.
 set(RECOLOUR_EXTENSION ${CMAKE_CURRENT_BINARY_DIR}/recolour-extensions/huebrush-recolour)
 add_library(huebrush_recolour_job MODULE recolour_job.cpp)

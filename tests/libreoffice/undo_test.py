@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MPL-2.0
 """A recolour of 400 shapes is one entry of Writer's Undo: undone and redone from its menu.
 
     undo_test.py --office SOFFICE --extensions FOLDER [unittest arguments]

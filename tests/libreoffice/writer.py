@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MPL-2.0
 """Writer in a window, with our extension: its documents over UNO, its window by mouse and keys."""
 
 import os

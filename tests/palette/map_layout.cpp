@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MPL-2.0
+
 // Lays out the page maps of a palette file anew, as other programs do.
 //
 //     map_layout any|at-the-end SEED FILE

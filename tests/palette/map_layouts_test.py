@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MPL-2.0
 """Palette files whose page maps other programs have laid out, edited by the program: nothing is
 lost, and other readers find the same in them."""
 

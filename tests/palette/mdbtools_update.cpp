@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MPL-2.0
+
 // Changes numbers in the rows of a table by means of mdbtools, which writes into the pages of the
 // file as they are.
 //

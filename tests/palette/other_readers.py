@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MPL-2.0
 """What tests with other readers of palette files share: a file as mdbtools and the npm package
 mdb-reader read it, compared with our own dump."""
 

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MPL-2.0
 """Files that the program has made and edited, as mdbtools and the npm package mdb-reader read them:
 the same tables, columns, types, rows and bytes."""
 

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MPL-2.0
 """What the tests of palette files share: the program, and palettes to try it on."""
 
 import base64

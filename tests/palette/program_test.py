@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MPL-2.0
 """The commands on palette files: what they write and print, and how they refuse bad input."""
 
 import json

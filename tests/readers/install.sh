@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MPL-2.0
 # Installs the npm package mdb-reader, with the scripts of this folder that use it, into a folder.
 # Only what the lock file names by its hash is taken, and nothing of it runs while it is installed.
 set -euo pipefail

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MPL-2.0
 // Measures how long mdb-reader takes to open a database and read all of a table, in milliseconds
 // inside its process, and prints the median and the number of rows as JSON.
 //

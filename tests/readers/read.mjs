@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MPL-2.0
 // Prints the tables of a database as JSON: their columns and rows. Bytes are in base64.
 //
 //     node read.mjs FILE

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MPL-2.0
 """Checks the tree itself: who includes whom, and that every test is built.
 
 The table of src/README.md is the architecture (docs/architecture.md explains it), and the build

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MPL-2.0
 # Runs Windows programs under Wine.
 #
 #   wine.sh FOLDER start              makes a prefix there if there is none, and starts its server

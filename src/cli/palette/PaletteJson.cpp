@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MPL-2.0
+
 #include "cli/palette/PaletteJson.h"
 
 #include <algorithm>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MPL-2.0
+
 #include "files/Process_test_support.h"
 
 #include <spawn.h>

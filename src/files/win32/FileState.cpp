@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MPL-2.0
+
 #include "files/win32/FileState.h"
 
 #include "files/Error.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MPL-2.0
+
 #include "files/win32/System.h"
 
 #include "base/Text.h"

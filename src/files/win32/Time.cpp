@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MPL-2.0
+
 #include "files/LocalTime.h"
 #include "files/Waiting.h"
 #include "files/win32/System.h"

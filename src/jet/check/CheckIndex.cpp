@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MPL-2.0
+
 // The trees of one table: their shape, their order, and that they hold the rows.
 
 #include "base/Text.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MPL-2.0
+
 // Relations: the same in both tables and in the catalogue, and satisfied by the rows.
 
 #include <algorithm>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MPL-2.0
+
 // The pages, rows and long values of one table.
 
 #include <algorithm>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MPL-2.0
+
 // Breaks the rules of docs/jet4-format.md, one at a time, and asserts that the check reports it.
 
 #include "jet/check/Check.h"

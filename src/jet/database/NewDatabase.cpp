@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MPL-2.0
+
 // The 16 pages of a new database, as the Jet 4 provider lays them out.
 
 #include <algorithm>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MPL-2.0
+
 #include "jet/database/Owners.h"
 
 #include "jet/page/UsageMap.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MPL-2.0
+
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <sys/wait.h>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MPL-2.0
+
 // What the system refuses is an error, and the file stays as it was.
 
 #include <grp.h>

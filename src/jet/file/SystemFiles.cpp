@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MPL-2.0
+
 // The files of this system: what files/ does, with the errors of the database platform.
 
 #include "base/Text.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MPL-2.0
+
 // What the engine relies on, whatever the system.
 
 #include <fstream>

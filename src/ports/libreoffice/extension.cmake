@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MPL-2.0
 # The extension: the component with its descriptions and icons, as a folder and as a package.
 
 find_program(RSVG_CONVERT rsvg-convert REQUIRED)

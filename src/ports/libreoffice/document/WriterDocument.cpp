@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MPL-2.0
+
 #include "ports/libreoffice/document/WriterDocument.h"
 
 #include <com/sun/star/util/XCloseable.hpp>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MPL-2.0
+
 // What the office calls to make the objects of this component, by the names in its .components.
 
 #include "ports/libreoffice/entry/AddIn.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MPL-2.0
+
 #include "ports/libreoffice/runtime/FilePicker.h"
 
 #include <com/sun/star/ui/dialogs/ExecutableDialogResults.hpp>

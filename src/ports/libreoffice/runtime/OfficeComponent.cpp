@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MPL-2.0
+
 #include "ports/libreoffice/runtime/OfficeComponent.h"
 
 #include <osl/file.hxx>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MPL-2.0
+
 #include "ports/libreoffice/runtime/OfficeSettings.h"
 
 #include <com/sun/star/beans/XPropertySet.hpp>

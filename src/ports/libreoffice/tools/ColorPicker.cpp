@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MPL-2.0
+
 #include "ports/libreoffice/tools/ColorPicker.h"
 
 #include <com/sun/star/awt/XWindow.hpp>

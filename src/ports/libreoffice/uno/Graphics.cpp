@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MPL-2.0
+
 #include "ports/libreoffice/uno/Graphics.h"
 
 #include <com/sun/star/graphic/XGraphicProvider.hpp>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MPL-2.0
+
 #include "ports/libreoffice/window/Input.h"
 
 #include <com/sun/star/awt/Key.hpp>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MPL-2.0
+
 #include <com/sun/star/awt/WindowAttribute.hpp>
 #include <com/sun/star/awt/XTextComponent.hpp>
 
