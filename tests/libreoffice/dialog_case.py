@@ -8,6 +8,7 @@ from case import WriterCase
 from dialog import CAPTION, COLOUR, DESTINATION, Dialog
 from host_tool import AREA_TITLE, COLOUR_TITLE, HostTool
 from screen import wait_until
+from writer import children_of
 
 CHANGE_FILLS = "Změnit výplně"
 RED, GREEN, BLUE, YELLOW, GREY = 0xC00000, 0x00B050, 0x0070C0, 0xFFC000, 0x7F7F7F
@@ -68,8 +69,8 @@ class DialogCase(WriterCase):
         def find(context):
             if context.getAccessibleRole() == role and context.getAccessibleName() == name:
                 return context
-            for i in range(context.getAccessibleChildCount()):
-                found = find(context.getAccessibleChild(i).getAccessibleContext())
+            for child in children_of(context):
+                found = find(child)
                 if found is not None:
                     return found
             return None

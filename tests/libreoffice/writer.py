@@ -15,7 +15,7 @@ from com.sun.star.drawing.FillStyle import NONE as NO_FILL
 from com.sun.star.drawing.FillStyle import SOLID
 from com.sun.star.drawing.LineStyle import NONE as NO_LINE
 from com.sun.star.drawing.LineStyle import SOLID as SOLID_LINE
-from com.sun.star.lang import DisposedException
+from com.sun.star.lang import DisposedException, IndexOutOfBoundsException
 from com.sun.star.text.TextContentAnchorType import AT_PAGE
 from com.sun.star.uno import RuntimeException
 
@@ -31,6 +31,23 @@ ASK_TO_QUIT_AGAIN = 10.0
 START_LIMIT = 60.0
 STARTS = 3
 STATUS_BAR = "private:resource/statusbar/statusbar"
+
+
+def accessibles(element, count):
+    """The accessible objects of elements 0 to count - 1; those that have gone since they were
+    counted are omitted."""
+    for index in range(count):
+        try:
+            found = element(index)
+            accessible = None if found is None else found.getAccessibleContext()
+        except (IndexOutOfBoundsException, DisposedException):
+            continue
+        if accessible is not None:
+            yield accessible
+
+
+def children_of(accessible):
+    return accessibles(accessible.getAccessibleChild, accessible.getAccessibleChildCount())
 
 
 class WriterHangs(Exception):
@@ -262,9 +279,7 @@ class Writer(Office):
     def buttons(self, frame=None):
         """The accessible objects of our bar's buttons by their captions, in their order."""
         bar = self.bar(frame)
-        children = [bar.getAccessibleChild(i).getAccessibleContext()
-                    for i in range(bar.getAccessibleChildCount())]
-        return {child.getAccessibleName(): child for child in children}
+        return {child.getAccessibleName(): child for child in children_of(bar)}
 
     @staticmethod
     def has_state(accessible, state):
@@ -307,8 +322,7 @@ class Writer(Office):
     def top_windows(self):
         """The accessible objects of all windows that the office itself draws."""
         toolkit = self.create("com.sun.star.awt.Toolkit")
-        windows = [toolkit.getTopWindow(i) for i in range(toolkit.getTopWindowCount())]
-        return [window.getAccessibleContext() for window in windows]
+        return list(accessibles(toolkit.getTopWindow, toolkit.getTopWindowCount()))
 
     def box_texts(self, title):
         """All texts in the box of this title, where the office draws it itself."""
@@ -316,8 +330,8 @@ class Writer(Office):
 
         def collect(context):
             texts.append(context.getAccessibleName())
-            for i in range(context.getAccessibleChildCount()):
-                collect(context.getAccessibleChild(i).getAccessibleContext())
+            for child in children_of(context):
+                collect(child)
 
         for window in self.top_windows():
             if window.getAccessibleName() == title:
