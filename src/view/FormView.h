@@ -31,7 +31,7 @@ class FormView final : public InputTarget,
  public:
     /// The frame outlives the view.
     FormView(forms::Form& form, NativeFrame& frame);
-    ~FormView();
+    virtual ~FormView();
 
     /// Attaches to the form and makes its surface; the caller flushes. What the toolkit throws
     /// passes to the caller.
