@@ -10,7 +10,7 @@
 #include <string>
 
 #include "cli/Failure.h"
-#include "cli/TemporaryFolder_test_support.h"
+#include "files/TemporaryFolder_test_support.h"
 
 namespace huebrush::cli {
 namespace {
@@ -48,7 +48,7 @@ class OfficeJobs : public testing::Test {
         return "";
     }
 
-    TemporaryFolder root;
+    files::TemporaryFolder root;
 };
 
 TEST_F(OfficeJobs, AnOfficeWithoutTheExtensionIsNotWaitedForIndefinitely) {

@@ -9,7 +9,7 @@
 #include <string>
 
 #include "cli/Failure.h"
-#include "cli/TemporaryFolder_test_support.h"
+#include "files/TemporaryFolder_test_support.h"
 
 namespace huebrush::cli {
 namespace {
@@ -33,7 +33,7 @@ class OfficeSearches : public testing::Test {
         return findOffice({given, path, root.path()}).lexically_relative(root.path()).string();
     }
 
-    TemporaryFolder root;
+    files::TemporaryFolder root;
 };
 
 TEST_F(OfficeSearches, TheGivenOneIsTakenWhateverElseThereIs) {

@@ -11,8 +11,8 @@
 #include <optional>
 #include <string>
 
-#include "base/Text.h"
 #include "files/Error.h"
+#include "files/TemporaryFolder_test_support.h"
 
 namespace huebrush::files {
 
@@ -25,24 +25,15 @@ inline std::string nameOf(const std::filesystem::path& path) {
     return {name.begin(), name.end()};
 }
 
-/// Makes a folder in that for temporary files, under a name that nobody else has.
-inline std::filesystem::path makeTemporaryFolder() {
-    const std::filesystem::path all = std::filesystem::temp_directory_path();
-    for (int number = 0;; ++number) {
-        std::filesystem::path folder = all / base::text("huebrush-test-", number);
-        if (std::filesystem::create_directory(folder)) return folder;
-    }
-}
-
 inline std::size_t filesIn(const std::filesystem::path& folder) {
     return static_cast<std::size_t>(std::distance(std::filesystem::directory_iterator(folder), {}));
 }
 
-/// A folder of the system, gone at the end.
+/// A temporary folder, and what tests do with its files.
 class Folder : public ::testing::Test {
- protected:
-    ~Folder() override { std::filesystem::remove_all(folder); }
+    const TemporaryFolder temporary_;
 
+ protected:
     std::string inFolder(const std::string& name) const { return nameOf(folder / pathOf(name)); }
     std::string write(const std::string& name, const std::string& content) const {
         std::ofstream(folder / pathOf(name), std::ios::binary) << content;
@@ -63,7 +54,7 @@ class Folder : public ::testing::Test {
         return std::nullopt;
     }
 
-    const std::filesystem::path folder = makeTemporaryFolder();
+    const std::filesystem::path& folder = temporary_.path();
 };
 
 }  // namespace huebrush::files

@@ -10,6 +10,7 @@
 #include "KeyboardUser.h"
 #include "OfficeContext.h"
 #include "base/Error.h"
+#include "files/TemporaryFolder_test_support.h"
 
 namespace huebrush::tests {
 namespace {
@@ -24,10 +25,9 @@ const FileDialog kSave{FileDialog::Purpose::save, "Zvol umístění databázové
                        "Databáze Access (*.mdb)", "*.mdb"};
 
 class FilePickerOnScreen : public testing::Test {
- protected:
-    FilePickerOnScreen() { fs::create_directory(folder); }
-    ~FilePickerOnScreen() override { fs::remove_all(folder); }
+    const files::TemporaryFolder temporary_;
 
+ protected:
     /// What the dialog returns when the user does something in it; "cancelled" for that error.
     static std::string choice(const FileDialog& dialog, const std::string& actions,
                               const char* end) {
@@ -47,7 +47,7 @@ class FilePickerOnScreen : public testing::Test {
         return once + "; " + once;
     }
 
-    const fs::path folder = fs::temp_directory_path() / "picker";
+    const fs::path& folder = temporary_.path();
 };
 
 TEST_F(FilePickerOnScreen, GivesTheFileToOpen) {

@@ -14,6 +14,7 @@
 #include <thread>
 
 #include "base/Error.h"
+#include "files/TemporaryFolder_test_support.h"
 
 namespace huebrush::tests {
 namespace {
@@ -27,29 +28,24 @@ const std::string kToolKey = "SOFTWARE\\Microsoft\\Shared Tools\\MSINFO";
 class OnlyFolderOnPath {
  public:
     OnlyFolderOnPath() : former_(std::getenv("PATH")) {
-        std::string name = (fs::temp_directory_path() / "huebrush-path-XXXXXX").string();
-        folder_ = mkdtemp(name.data());
-        setenv("PATH", ("relative:" + folder_.string()).c_str(), 1);
+        setenv("PATH", ("relative:" + path().string()).c_str(), 1);
     }
     OnlyFolderOnPath(const OnlyFolderOnPath&) = delete;
     OnlyFolderOnPath& operator=(const OnlyFolderOnPath&) = delete;
-    ~OnlyFolderOnPath() {
-        setenv("PATH", former_.c_str(), 1);
-        fs::remove_all(folder_);
-    }
+    ~OnlyFolderOnPath() { setenv("PATH", former_.c_str(), 1); }
 
-    const fs::path& path() const { return folder_; }
+    const fs::path& path() const { return folder_.path(); }
     /// A program that leaves the file "<its name> ran" here.
     std::string addProgram(const std::string& name, mode_t mode = 0700) const {
-        const fs::path file = folder_ / name;
+        const fs::path file = path() / name;
         std::ofstream(file) << "#!/bin/sh\n: > \"$0 ran\"\n";
         chmod(file.c_str(), mode);
         return file.string();
     }
 
  private:
+    files::TemporaryFolder folder_;
     std::string former_;
-    fs::path folder_;
 };
 
 std::optional<forms::RegistryValue> tool() {

@@ -11,9 +11,10 @@ namespace fs = std::filesystem;
 
 /// A folder of the system with a palette file in it.
 class SystemFolder : public ::testing::Test {
+    const files::TemporaryFolder temporary_;
+
  protected:
     SystemFolder() { createPaletteFile(systemFiles(), file); }
-    ~SystemFolder() override { fs::remove_all(folder); }
 
     static std::int32_t errorOf(const std::function<void()>& body) {
         try {
@@ -26,7 +27,7 @@ class SystemFolder : public ::testing::Test {
     std::string inFolder(const char* name) const { return files::nameOf(folder / name); }
     std::size_t filesInFolder() const { return files::filesIn(folder); }
 
-    const fs::path folder = files::makeTemporaryFolder();
+    const fs::path& folder = temporary_.path();
     const std::string file = inFolder("fill.mdb");
 };
 

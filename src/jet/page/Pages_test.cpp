@@ -169,7 +169,8 @@ TEST_F(PagesOfAFile, TakeABoundedMemoryWhenAllOfManyAreChangedTwice) {
     if (!Allocations::kCounted) GTEST_SKIP() << "the sanitizers allocate themselves";
     constexpr PageNumber kMany = 20000;
     // Files of the system, for those in memory would be counted.
-    const std::filesystem::path folder = huebrush::files::makeTemporaryFolder();
+    const huebrush::files::TemporaryFolder temporary;
+    const std::filesystem::path& folder = temporary.path();
     std::ofstream(folder / "pages").close();
     std::filesystem::resize_file(folder / "pages", std::uint64_t{kMany} * kPageSize);
     {
@@ -189,7 +190,6 @@ TEST_F(PagesOfAFile, TakeABoundedMemoryWhenAllOfManyAreChangedTwice) {
         for (PageNumber i = 0; i < kMany; ++i) ASSERT_EQ(*many.read(i), filled(i));
         EXPECT_LT(Allocations::sinceRestart().most, std::size_t{24} << 20U);
     }
-    std::filesystem::remove_all(folder);
 }
 
 }  // namespace
