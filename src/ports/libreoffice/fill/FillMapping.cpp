@@ -207,7 +207,7 @@ struct HatchRow {
     std::int32_t wide;
 };
 
-constexpr std::array<HatchRow, 9> kHatches = {{
+constexpr std::array<HatchRow, 8> kHatches = {{
     {OfficeHatchStyle::one, 0, 13, 19, 49},
     {OfficeHatchStyle::one, 450, 16, 22, 53},
     {OfficeHatchStyle::one, 900, 14, 20, 50},
@@ -216,7 +216,6 @@ constexpr std::array<HatchRow, 9> kHatches = {{
     {OfficeHatchStyle::two, 450, 18, 41, 54},
     {OfficeHatchStyle::three, 0, 42, 42, 51},
     {OfficeHatchStyle::three, 450, 44, 44, 54},
-    {OfficeHatchStyle::one, 1800, 13, 19, 49},
 }};
 
 std::int32_t patternOfHatch(const OfficeHatch& hatch) {
