@@ -61,12 +61,6 @@ bool Control::contains(const Control& other) const {
     return false;
 }
 
-bool Control::hasFocus() const {
-    const Control* const focused = form().focused();
-    if (focused == nullptr) return false;
-    return focused == this || (sharesFocusOfParts() && contains(*focused));
-}
-
 Control* Control::firstFocusable() {
     if (!Visible || !Enabled) return nullptr;
     if (takesFocus()) return this;

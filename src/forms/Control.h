@@ -90,7 +90,6 @@ class Control : public PropertyOwner {
     virtual bool takesFocus() const { return false; }
     /// Whether the control counts as having the focus when something inside it has: user controls.
     virtual bool sharesFocusOfParts() const { return false; }
-    bool hasFocus() const;
     bool contains(const Control& other) const;
 
     /// Moves the focus here, or to the first part inside that takes it. An invalid-procedure-call

@@ -322,7 +322,6 @@ TYPED_TEST_P(FormsContract, AUserControlHasTheFocusWhileOneOfItsPartsHasIt) {
     this->watchFocus(row);
     row.SetFocus();
     EXPECT_EQ(this->form->focused(), &row.box);
-    EXPECT_TRUE(row.hasFocus());
     EXPECT_EQ(this->takeEvents(), (Names{"+rows(1)"}));
     this->form->first.SetFocus();
     EXPECT_EQ(this->takeEvents(), (Names{"-rows(1)"}));

@@ -33,8 +33,6 @@ enum class PropertyId {
     BackColor,
     Alignment,
     Default,
-    Appearance,
-    ZOrder,
     Paint,
     Children,
 };

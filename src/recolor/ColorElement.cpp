@@ -218,10 +218,6 @@ void ColorElement::cmdChangeDes_Click() {
                                         cmdChangeDes.Top + cmdChangeDes.Height);
 }
 
-void ColorElement::openMenu() {
-    cmdChangeDes.click();
-}
-
 void ColorElement::grab() {
     form().handle([this] {
         if (shpFocus.isUsable()) shpFocus.MouseDown(forms::MouseEvent{});

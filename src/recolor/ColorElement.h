@@ -96,8 +96,7 @@ class ColorElement final : public forms::UserControl {
     void takeFixedPictures(const ColorElement& other);
     /// The row has been put on the screen.
     void Show();
-    /// The user opens the fill menu, or presses the mouse on the grab handle.
-    void openMenu();
+    /// The user presses the mouse on the grab handle.
     void grab();
 
     // The parts, in the order of their creation.

@@ -239,7 +239,10 @@ void check(frmEditGraphic& dialog) {
     EXPECT_EQ(dialog.ActiveElement(), focused);
     EXPECT_EQ(dialog.nfbUP.Enabled.get(), focused != nullptr);
     EXPECT_EQ(dialog.nfbDown.Enabled.get(), focused != nullptr);
-    EXPECT_TRUE(focused == nullptr || focused->hasFocus());
+    if (focused != nullptr) {
+        ASSERT_NE(dialog.focused(), nullptr);
+        EXPECT_TRUE(focused->contains(*dialog.focused()));
+    }
     EXPECT_EQ(dialog.selectedCount(), selected);
     EXPECT_EQ(dialog.cmdDiscolour.Caption.get(),
               selected == 0 ? "Pře&barvit" : text("Pře&barvit (", selected, ")"));

@@ -30,12 +30,6 @@ void appendLittle(Bytes& out, std::uint64_t value, unsigned count) {
     }
 }
 
-void appendBig(Bytes& out, std::uint32_t value, unsigned count) {
-    for (unsigned i = count; i > 0; --i) {
-        out.push_back(static_cast<std::uint8_t>(value >> (8U * (i - 1))));
-    }
-}
-
 }  // namespace
 
 std::uint16_t Reader::u16(std::size_t at) const {
@@ -87,11 +81,6 @@ void Writer::bytes(std::size_t at, ByteView values) const {
     std::copy(values.begin(), values.end(), stretch(at, values.size()).begin());
 }
 
-void Writer::fill(std::size_t at, std::size_t count, std::uint8_t value) const {
-    const auto out = stretch(at, count);
-    std::fill(out.begin(), out.end(), value);
-}
-
 void append(Bytes& out, ByteView bytes) {
     out.insert(out.end(), bytes.begin(), bytes.end());
 }
@@ -107,11 +96,10 @@ void append32(Bytes& out, std::uint32_t value) {
 void append64(Bytes& out, std::uint64_t value) {
     appendLittle(out, value, 8);
 }
-void append24Big(Bytes& out, std::uint32_t value) {
-    appendBig(out, value, 3);
-}
-void append32Big(Bytes& out, std::uint32_t value) {
-    appendBig(out, value, 4);
+void appendBig(Bytes& out, std::uint64_t value, unsigned count) {
+    for (unsigned i = count; i > 0; --i) {
+        out.push_back(static_cast<std::uint8_t>(value >> (8U * (i - 1))));
+    }
 }
 
 }  // namespace huebrush::jet

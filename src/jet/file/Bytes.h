@@ -69,7 +69,6 @@ class Writer {
     void u32(std::size_t at, std::uint32_t value) const;
     void u32Big(std::size_t at, std::uint32_t value) const;
     void bytes(std::size_t at, ByteView values) const;
-    void fill(std::size_t at, std::size_t count, std::uint8_t value) const;
 
  private:
     std::span<std::uint8_t> stretch(std::size_t at, std::size_t count) const;
@@ -82,7 +81,7 @@ void append8(Bytes& out, std::size_t value);
 void append16(Bytes& out, std::size_t value);
 void append32(Bytes& out, std::uint32_t value);
 void append64(Bytes& out, std::uint64_t value);
-void append24Big(Bytes& out, std::uint32_t value);
-void append32Big(Bytes& out, std::uint32_t value);
+/// The last `count` bytes of the number, the most significant one first.
+void appendBig(Bytes& out, std::uint64_t value, unsigned count);
 
 }  // namespace huebrush::jet

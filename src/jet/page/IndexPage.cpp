@@ -144,7 +144,7 @@ ByteView keyOfEntry(ByteView entry) {
 
 Bytes makeEntry(ByteView key, RowId row) {
     Bytes entry(key.begin(), key.end());
-    append24Big(entry, row.page);
+    appendBig(entry, row.page, 3);
     append8(entry, row.slot);
     return entry;
 }

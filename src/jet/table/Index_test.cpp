@@ -107,7 +107,7 @@ class Trees : public ::testing::Test {
 
 Bytes numberKey(std::uint32_t number) {
     Bytes key{0x7F};
-    append32Big(key, number);
+    appendBig(key, number, 4);
     return key;
 }
 
@@ -116,7 +116,7 @@ Bytes longKey(std::mt19937& random, std::size_t most) {
     Bytes key{0x7F};
     const std::size_t size = 2 + random() % most;
     while (key.size() < size) append8(key, 0x4A + random() % 32);
-    append32Big(key, static_cast<std::uint32_t>(random()));
+    appendBig(key, random(), 4);
     append8(key, 0);
     return key;
 }

@@ -19,12 +19,6 @@ constexpr std::size_t kMostCharacters = 255;
 constexpr std::uint16_t kEnglish = 0x0409;
 constexpr std::uint16_t kCzech = 0x0405;
 
-void appendBigEndian(Bytes& out, std::uint64_t value, unsigned size) {
-    for (unsigned i = size; i > 0; --i) {
-        out.push_back(static_cast<std::uint8_t>(value >> (8U * (i - 1))));
-    }
-}
-
 /// Floats in an order that their bits do not have: the bits of negative ones grow the other way.
 std::uint64_t orderedBits(double value) {
     const auto bits = std::bit_cast<std::uint64_t>(value);
@@ -59,7 +53,7 @@ class TextKey {
         if (weight.kind == GeneralWeight::Kind::letter) {
             addLetter(weight.code, weight.accent);
         } else if (weight.kind == GeneralWeight::Kind::unprintable) {
-            appendBigEndian(unprintables_, 0x8000U | (7 + 4 * accents_.size()), 2);
+            appendBig(unprintables_, 0x8000U | (7 + 4 * accents_.size()), 2);
             append8(unprintables_, 6);
             append8(unprintables_, weight.code);
         }
@@ -148,23 +142,22 @@ std::optional<Bytes> dataOf(const Column& column, const Value& value) {
             append8(out, static_cast<std::size_t>(as<std::int32_t>(value)));
             return out;
         case ColumnType::integer:
-            appendBigEndian(out, static_cast<std::uint64_t>(as<std::int32_t>(value)) ^ 0x8000U, 2);
+            appendBig(out, static_cast<std::uint64_t>(as<std::int32_t>(value)) ^ 0x8000U, 2);
             return out;
         case ColumnType::longInteger:
-            appendBigEndian(out, static_cast<std::uint32_t>(as<std::int32_t>(value)) ^ 0x80000000U,
-                            4);
+            appendBig(out, static_cast<std::uint32_t>(as<std::int32_t>(value)) ^ 0x80000000U, 4);
             return out;
         case ColumnType::money:
-            appendBigEndian(
-                out, static_cast<std::uint64_t>(as<Money>(value).tenThousandths) ^ (1ULL << 63U),
-                8);
+            appendBig(out,
+                      static_cast<std::uint64_t>(as<Money>(value).tenThousandths) ^ (1ULL << 63U),
+                      8);
             return out;
         case ColumnType::single:
-            appendBigEndian(out, orderedBits(as<float>(value)), 4);
+            appendBig(out, orderedBits(as<float>(value)), 4);
             return out;
         case ColumnType::real:
         case ColumnType::date:
-            appendBigEndian(out, orderedBits(as<double>(value)), 8);
+            appendBig(out, orderedBits(as<double>(value)), 8);
             return out;
         case ColumnType::text:
             return generalKey(as<std::string>(value));

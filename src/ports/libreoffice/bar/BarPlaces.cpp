@@ -96,10 +96,6 @@ BarPlaces::BarPlaces(const ContextReference& context) : context_(context) {
     });
 }
 
-bool BarPlaces::has(const std::string& url) const {
-    return officeCalls([&] { return bool(states_->hasByName(toOffice(url))); });
-}
-
 BarPlace BarPlaces::of(const std::string& url) const {
     return officeCalls([&] {
         PropertyValues state;

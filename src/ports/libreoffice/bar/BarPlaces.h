@@ -35,9 +35,7 @@ class BarPlaces {
  public:
     explicit BarPlaces(const ContextReference& context);
 
-    /// Whether the office knows a place of this bar.
-    bool has(const std::string& url) const;
-    /// Its place, or a default one: a row of its own below the two standard bars.
+    /// The bar's place, or a default one: a row of its own below the two standard bars.
     BarPlace of(const std::string& url) const;
     /// Puts the bar there, in all open windows and in those to come.
     void put(const std::string& url, const std::string& name, const BarPlace& place);
