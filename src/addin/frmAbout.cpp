@@ -173,7 +173,7 @@ bool frmAbout::GetKeyValue(forms::RegistryRoot KeyRoot, const std::string& Key,
 }
 
 void frmAbout::onTop(bool value) {
-    forms::Runtime::current().setTopMost(*this, value);
+    TopMost = value;
 }
 
 }  // namespace huebrush::addin

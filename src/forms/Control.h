@@ -111,6 +111,8 @@ class Control : public PropertyOwner {
     virtual Form* asForm() { return nullptr; }
     /// Whether the control, and all that contains it up to the form, is enabled.
     bool isEnabledInAll() const;
+    /// The focus has left this very control; LostFocus is still to come.
+    virtual void focusLeft() {}
 
  private:
     friend class Form;

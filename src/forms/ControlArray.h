@@ -12,14 +12,30 @@
 #include "base/Count16.h"
 #include "base/Error.h"
 #include "base/Text.h"
+#include "forms/Controls.h"
 #include "forms/Form.h"
 #include "forms/PropertyBag.h"
+#include "forms/UserControl.h"
 
 namespace huebrush::forms {
 
-/// A control array of user controls: element 0 is the template that stands on the form from design
-/// time on, the others are loaded and unloaded at run time, from the end only, so that the indices
-/// 0 … ubound() are always all there.
+/// Gives a new array element the properties of its template.
+inline void copyProperties(const UserControl& from, UserControl& to) {
+    PropertyBag bag;
+    from.WriteProperties(bag);
+    to.ReadProperties(bag);
+}
+inline void copyProperties(const PictureBox& from, PictureBox& to) {
+    to.Picture = from.Picture;
+    to.BackColor = from.BackColor;
+    to.BorderStyle = from.BorderStyle;
+    to.Enabled = from.Enabled;
+    to.ToolTipText = from.ToolTipText;
+}
+
+/// A control array of user controls or picture boxes: element 0 is the template that stands on the
+/// form from design time on, the others are loaded and unloaded at run time, from the end only, so
+/// that the indices 0 … ubound() are always all there.
 template <class Element>
 class ControlArray {
  public:
@@ -47,10 +63,8 @@ class ControlArray {
         requireLoaded();
         if (index != ubound() + 1) throwMissing(index);
         std::shared_ptr<Element> element = maker_(index);
-        PropertyBag bag;
-        elements_.front()->WriteProperties(bag);
-        element->ReadProperties(bag);
         const Element& pattern = *elements_.front();
+        copyProperties(pattern, *element);
         element->Move(pattern.Left, pattern.Top, pattern.Width, pattern.Height);
         element->Visible = false;
         elements_.push_back(std::move(element));

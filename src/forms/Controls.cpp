@@ -3,8 +3,11 @@
 #include "forms/Controls.h"
 
 #include <algorithm>
+#include <limits>
+#include <utility>
 
 #include "base/Error.h"
+#include "base/Text.h"
 #include "forms/Form.h"
 
 namespace huebrush::forms {
@@ -21,7 +24,21 @@ void forOthers(Control& from, const Kind& self, bool deep, const Action& action)
     }
 }
 
+/// A role that only one button of a form can have has come to this one.
+void takeRole(Property<bool> CommandButton::*role, CommandButton& from) {
+    if (!(from.*role).get()) return;
+    forOthers(from.form(), from, true, [&](CommandButton& other) { other.*role = false; });
+}
+
+[[noreturn]] void throwInvalid(const char* message) {
+    throw base::Error(base::ErrorNumber::kInvalidProcedureCall, message);
+}
+
 }  // namespace
+
+void Label::bind(std::shared_ptr<DataSource> source, std::string field) {
+    binding_.bind(std::move(source), std::move(field));
+}
 
 void CommandButton::press() {
     form().handle([this] {
@@ -33,8 +50,8 @@ void CommandButton::press() {
 
 void CommandButton::propertyChanged(PropertyId id) {
     Control::propertyChanged(id);
-    if (id != PropertyId::Default || !Default) return;
-    forOthers(form(), *this, true, [](CommandButton& other) { other.Default = false; });
+    if (id == PropertyId::Default) takeRole(&CommandButton::Default, *this);
+    if (id == PropertyId::Cancel) takeRole(&CommandButton::Cancel, *this);
 }
 
 void CheckBox::toggle() {
@@ -78,15 +95,41 @@ void OptionButton::propertyChanged(PropertyId id) {
     Click();
 }
 
+std::size_t ListBox::place(std::int16_t index) const {
+    if (index < 0 || index >= ListCount()) {
+        throwInvalid("Neplatné volání procedury: seznam takový řádek nemá.");
+    }
+    return static_cast<std::size_t>(index);
+}
+
+void ListBox::setList(std::int16_t index, const std::string& text) {
+    std::string& shown = items_[place(index)].text;
+    if (shown == text) return;
+    shown = text;
+    propertyChanged(PropertyId::List);
+}
+
 void ListBox::AddItem(const std::string& text) {
-    std::vector<std::string> list = List;
-    list.push_back(text);
-    List = std::move(list);
+    const std::int16_t index = ListCount();
+    if (index == std::numeric_limits<std::int16_t>::max()) base::throwCountOverflow();
+    items_.push_back({text});
+    newIndex_ = index;
+    propertyChanged(PropertyId::List);
+}
+
+void ListBox::RemoveItem(std::int16_t index) {
+    items_.erase(items_.begin() + static_cast<std::ptrdiff_t>(place(index)));
+    newIndex_ = -1;
+    if (ListIndex == index) ListIndex.initialize(-1);
+    if (ListIndex > index) ListIndex.initialize(static_cast<std::int16_t>(ListIndex - 1));
+    propertyChanged(PropertyId::List);
 }
 
 void ListBox::Clear() {
     ListIndex.initialize(-1);
-    List = std::vector<std::string>{};
+    items_.clear();
+    newIndex_ = -1;
+    propertyChanged(PropertyId::List);
 }
 
 void ListBox::pick(std::int16_t index) {
@@ -98,27 +141,97 @@ void ListBox::pick(std::int16_t index) {
 }
 
 void ListBox::propertyChanged(PropertyId id) {
-    if (id == PropertyId::ListIndex &&
-        (ListIndex < -1 || ListIndex >= static_cast<std::int64_t>(List.get().size()))) {
+    if (id == PropertyId::ListIndex && (ListIndex < -1 || ListIndex >= ListCount())) {
+        const std::int16_t missing = ListIndex;
         ListIndex.initialize(-1);
-        throw base::Error(base::ErrorNumber::kInvalidProcedureCall,
-                          "Neplatné volání procedury: seznam takový řádek nemá.");
+        static_cast<void>(place(missing));
     }
     Control::propertyChanged(id);
     if (id == PropertyId::ListIndex) Click();
 }
 
+std::string TextBox::SelText() const {
+    const TextSelection& selected = selection_;
+    return base::toUtf8(base::toUtf16(Text.get())
+                            .substr(static_cast<std::size_t>(selected.start),
+                                    static_cast<std::size_t>(selected.length)));
+}
+
+TextSelection TextBox::within(const TextSelection& selection) const {
+    const auto whole = static_cast<std::int32_t>(base::lengthInCharacters(Text.get()));
+    const std::int32_t start = std::min(selection.start, whole);
+    return {start, std::min(selection.length, whole - start)};
+}
+
+void TextBox::setSelStart(std::int32_t start) {
+    if (start < 0) throwInvalid("Neplatné volání procedury: výběr nemůže začínat před textem.");
+    selection_ = within({start, 0});
+}
+
+void TextBox::setSelLength(std::int32_t length) {
+    if (length < 0) throwInvalid("Neplatné volání procedury: výběr nemůže mít zápornou délku.");
+    selection_ = within({SelStart(), length});
+}
+
+void TextBox::setSelText(const std::string& text) {
+    const auto length = static_cast<std::int32_t>(base::lengthInCharacters(text));
+    std::u16string whole = base::toUtf16(Text.get());
+    whole.replace(static_cast<std::size_t>(SelStart()), static_cast<std::size_t>(SelLength()),
+                  base::toUtf16(text));
+    setTextAndCaret(base::toUtf8(whole), {SelStart() + length, 0});
+}
+
+void TextBox::setTextAndCaret(const std::string& text, const TextSelection& selection) {
+    if (Text.get() == text) {
+        selection_ = within(selection);
+        return;
+    }
+    next_ = selection;
+    Text = text;
+}
+
+void TextBox::bind(std::shared_ptr<DataSource> source, std::string field) {
+    binding_.bind(std::move(source), std::move(field));
+}
+
 void TextBox::type(const std::string& text) {
+    type(text, {static_cast<std::int32_t>(base::lengthInCharacters(text)), 0});
+}
+
+void TextBox::type(const std::string& text, const TextSelection& selection) {
     form().handle([&] {
-        if (!isUsable()) return;
+        if (!isUsable() || Locked) return;
         SetFocus();
-        Text = text;
+        setTextAndCaret(text, selection);
     });
 }
 
+void TextBox::select(const TextSelection& selection) {
+    selection_.initialize(within(selection));
+}
+
+void TextBox::keyDown(std::int16_t code, std::int16_t shift, char16_t character) {
+    form().handle([&] {
+        KeyDown(code, shift);
+        if (character != 0) KeyPress(character);
+    });
+}
+
+void TextBox::keyUp(std::int16_t code, std::int16_t shift) {
+    form().handle([&] { KeyUp(code, shift); });
+}
+
+void TextBox::focusLeft() {
+    // A text that cannot be handed over keeps nobody from leaving.
+    form().handle([this] { binding_.handOver(); });
+}
+
 void TextBox::propertyChanged(PropertyId id) {
+    if (id == PropertyId::Text) selection_ = within(std::exchange(next_, {}));
     Control::propertyChanged(id);
-    if (id == PropertyId::Text) Change();
+    if (id != PropertyId::Text) return;
+    binding_.textChanged();
+    Change();
 }
 
 std::int32_t VScrollBar::clamped(std::int32_t value) const {

@@ -8,6 +8,7 @@
 
 #include "base/Error.h"
 #include "base/NonNegative.h"
+#include "forms/Controls.h"
 #include "forms/Runtime.h"
 
 namespace huebrush::forms {
@@ -25,6 +26,16 @@ std::vector<Control*> focusChain(Control* control) {
 
 bool isIn(const std::vector<Control*>& chain, const Control* control) {
     return std::find(chain.begin(), chain.end(), control) != chain.end();
+}
+
+/// The form's button that has a role; nothing where none has.
+CommandButton* buttonWith(const Property<bool> CommandButton::*role, const Control& from) {
+    for (Control* const child : from.children()) {
+        auto* const button = dynamic_cast<CommandButton*>(child);
+        if (button != nullptr && (button->*role).get()) return button;
+        if (CommandButton* const inside = buttonWith(role, *child)) return inside;
+    }
+    return nullptr;
 }
 
 /// Passes on what a handler has thrown. Where reporting it fails too, there is nobody left to
@@ -73,6 +84,7 @@ void Form::Unload() {
 void Form::moveFocus(Control* target) {
     if (unloaded_ || target == focused_) return;
     Control* const previous = std::exchange(focused_, target);
+    if (previous != nullptr) previous->focusLeft();
     const std::vector<Control*> left = focusChain(previous);
     std::vector<Control*> entered = focusChain(target);
     for (Control* const control : left) {
@@ -102,6 +114,22 @@ void Form::focusNext(bool backwards) {
     const auto next = std::find_if(order.begin(), order.end(),
                                    [](const Control* control) { return control->isUsable(); });
     moveFocus(next == order.end() ? nullptr : *next);
+}
+
+void Form::pressReturn() {
+    auto* button = dynamic_cast<CommandButton*>(focused_);
+    if (button == nullptr) button = buttonWith(&CommandButton::Default, *this);
+    if (button != nullptr) button->press();
+}
+
+void Form::pressEscape() {
+    if (CommandButton* const button = buttonWith(&CommandButton::Cancel, *this)) {
+        button->press();
+        return;
+    }
+    handle([this] {
+        if (endsByEscape()) Unload();
+    });
 }
 
 void Form::moveFocusOff(const Control& control) {
@@ -136,6 +164,7 @@ void Form::keepWhileHandling(std::shared_ptr<Control> element) {
 
 void Form::propertyChanged(PropertyId id) {
     Control::propertyChanged(id);
+    if (id == PropertyId::TopMost) Runtime::current().setTopMost(*this, TopMost);
     if ((id == PropertyId::Width || id == PropertyId::Height) && !unloaded_) Resize();
 }
 

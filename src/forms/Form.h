@@ -27,6 +27,8 @@ class Form : public Control, public std::enable_shared_from_this<Form> {
                                              MousePointerShape::standard};
     Property<forms::Font> Font{*this, PropertyId::Font};
     forms::WindowState WindowState = forms::WindowState::normal;
+    /// Whether the form stays above all other windows, as far as the platform has such a level.
+    Property<bool> TopMost{*this, PropertyId::TopMost};
 
     base::Event<> Resize;
     /// Raised once, when the form has been unloaded: its owner releases it.
@@ -44,13 +46,23 @@ class Form : public Control, public std::enable_shared_from_this<Form> {
     /// elements that they touch are missing.
     void Unload();
     bool isUnloaded() const { return unloaded_; }
-    /// Whether Escape ends the form: a form in which that would lose the user's work returns false.
+    /// Whether Escape ends a form that has no cancel button: a form in which that would lose the
+    /// user's work returns false.
     virtual bool endsByEscape() const { return true; }
 
     /// The control that has the focus, or nothing.
     Control* focused() const { return focused_; }
     /// Moves the focus to the next control in the order of creation, or to the previous one.
     void focusNext(bool backwards = false);
+
+    // The user presses a key that means the same wherever the focus is.
+
+    /// Return presses the button that has the focus, or else the default one. Not for the Return
+    /// that a text box keeps (TextBox::keepsReturn).
+    void pressReturn();
+    /// Escape presses the form's cancel button. Where there is none it ends the form, if the form
+    /// lets it.
+    void pressEscape();
 
     /// The control being dragged, or nothing.
     Control* dragged() const { return dragged_; }

@@ -4,10 +4,12 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <vector>
 
+#include "base/Error.h"
 #include "forms/Controls.h"
 #include "ports/memory/Driver.h"
 #include "ports/memory/MemoryRuntime.h"
@@ -153,7 +155,26 @@ TEST_F(FormTest, AClearedListHasNoLines) {
     form->list.pick(0);
     form->list.Clear();
     EXPECT_EQ(form->list.ListIndex, -1);
-    EXPECT_TRUE(form->list.List.get().empty());
+    EXPECT_TRUE(form->list.items().empty());
+}
+
+TEST_F(FormTest, AListHasAsManyItemsAsItsIndexCanCount) {
+    for (std::int32_t i = 0; i < 32767; ++i) form->list.AddItem("a");
+    try {
+        form->list.AddItem("a");
+        FAIL() << "one more was added";
+    } catch (const base::Error& error) {
+        EXPECT_EQ(error.number(), base::ErrorNumber::kOverflow);
+    }
+    EXPECT_EQ(form->list.ListCount(), 32767);
+}
+
+TEST_F(FormTest, TheRuntimeIsAskedForTheTopMostLevelWhenThatChanges) {
+    form->TopMost = true;
+    form->TopMost = true;
+    form->TopMost = false;
+    EXPECT_EQ(runtime.windowCalls,
+              (std::vector<std::string>{"raise PlainForm", "lower PlainForm"}));
 }
 
 TEST_F(FormTest, ADisabledContainerMakesItsPartsUnusable) {

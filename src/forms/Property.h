@@ -33,6 +33,11 @@ enum class PropertyId {
     BackColor,
     Alignment,
     Default,
+    Cancel,
+    MultiLine,
+    Locked,
+    Selection,
+    TopMost,
     Paint,
     Children,
 };

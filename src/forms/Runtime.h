@@ -140,7 +140,8 @@ class Runtime {
     /// Shows the form on the screen, or hides it. Does nothing where there is no screen.
     virtual void showForm(Form& form, bool modal) = 0;
     virtual void closeForm(Form& form) = 0;
-    /// Keeps the form above all other windows, as far as the platform has such a level.
+    /// Form::TopMost has changed: keeps the form above all other windows, as far as the platform
+    /// has such a level, or does so no more.
     virtual void setTopMost(Form& form, bool topMost) = 0;
 
     /// Raised with errors that no trap has caught; the entry point connects its reporter.

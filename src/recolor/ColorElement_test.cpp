@@ -363,7 +363,7 @@ TEST_F(ColorElementTest, DeletePassesItsShiftState) {
 TEST_F(ColorElementTest, OtherKeysDoNothing) {
     row.SetFocus();
     for (const std::int16_t code : std::initializer_list<std::int16_t>{13, 27, 37, 39, 65, 9})
-        user.key(code, 1);
+        row.chkSelect.keyUp(code, 1);
     EXPECT_TRUE(events.empty());
     EXPECT_TRUE(test.runtime.menus.empty());
 }

@@ -151,7 +151,7 @@ void frmEditGraphic::unloadElements() {
 }
 
 void frmEditGraphic::onTop(bool value) {
-    forms::Runtime::current().setTopMost(*this, value);
+    TopMost = value;
 }
 
 error::Place frmEditGraphic::place(const char* procedure, const char* message) {

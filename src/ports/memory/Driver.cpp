@@ -2,6 +2,9 @@
 
 #include "ports/memory/Driver.h"
 
+#include <algorithm>
+#include <memory>
+
 #include "base/Text.h"
 #include "forms/UserControl.h"
 
@@ -11,6 +14,7 @@ namespace {
 
 using base::text;
 using forms::Control;
+namespace KeyCode = forms::KeyCode;
 
 [[noreturn]] void throwImpossible(const std::string& what) {
     throw ImpossibleInput(what);
@@ -33,7 +37,8 @@ struct Description {
 
 Description describe(const Control& control) {
     if (const auto* button = dynamic_cast<const forms::CommandButton*>(&control)) {
-        return {"CommandButton", button->Caption, button->Default ? "default" : ""};
+        const char* const cancel = button->Cancel ? "cancel" : "";
+        return {"CommandButton", button->Caption, button->Default ? "default" : cancel};
     }
     if (const auto* box = dynamic_cast<const forms::CheckBox*>(&control)) {
         return {"CheckBox", box->Caption, text(box->Value.get())};
@@ -48,7 +53,7 @@ Description describe(const Control& control) {
         return {"TextBox", "", box->Text};
     }
     if (const auto* list = dynamic_cast<const forms::ListBox*>(&control)) {
-        return {"ListBox", "", text(list->ListIndex.get(), " of ", list->List.get().size())};
+        return {"ListBox", "", text(list->ListIndex.get(), " of ", list->ListCount())};
     }
     if (const auto* image = dynamic_cast<const forms::Image*>(&control)) {
         return {"Image", "", image->Picture.get().empty() ? "" : "picture"};
@@ -65,7 +70,9 @@ Description describe(const Control& control) {
     if (dynamic_cast<const forms::UserControl*>(&control) != nullptr) {
         return {"UserControl", "", ""};
     }
-    if (dynamic_cast<const forms::PictureBox*>(&control) != nullptr) return {"PictureBox", "", ""};
+    if (const auto* box = dynamic_cast<const forms::PictureBox*>(&control)) {
+        return {"PictureBox", "", box->Picture.get().empty() ? "" : "picture"};
+    }
     if (dynamic_cast<const forms::Line*>(&control) != nullptr) return {"Line", "", ""};
     return {"Control", "", ""};
 }
@@ -89,6 +96,26 @@ void printInto(const Control& control, const Control* focused, std::size_t depth
     for (const Control* const child : control.children()) {
         printInto(*child, focused, depth + 1, out);
     }
+}
+
+std::int16_t codeOf(char16_t character) {
+    const bool lower = character >= u'a' && character <= u'z';
+    return static_cast<std::int16_t>(lower ? character - u'a' + u'A' : character);
+}
+
+/// The character of a key that is no letter's.
+char16_t characterOf(std::int16_t code) {
+    const bool has = code == KeyCode::kBack || code == KeyCode::kReturn ||
+                     code == KeyCode::kEscape || code == KeyCode::kSpace;
+    return has ? static_cast<char16_t>(code) : u'\0';
+}
+
+/// The user writes over what is selected.
+void insert(forms::TextBox& box, const std::u16string& text) {
+    std::u16string whole = base::toUtf16(box.Text.get());
+    whole.replace(static_cast<std::size_t>(box.SelStart()),
+                  static_cast<std::size_t>(box.SelLength()), text);
+    box.type(base::toUtf8(whole), {box.SelStart() + static_cast<std::int32_t>(text.size()), 0});
 }
 
 }  // namespace
@@ -150,11 +177,103 @@ void Driver::moveMouse(forms::Image& image, float x, float y) const {
     form_.handle([&] { image.MouseMove(event); });
 }
 
+void Driver::pick(forms::ListBox& list, std::int16_t index) const {
+    requireUsable(list);
+    if (index < 0 || index >= list.ListCount()) {
+        throwImpossible(text("The list ", list.name(), " has no line ", index));
+    }
+    list.pick(index);
+}
+
 void Driver::key(std::int16_t code, std::int16_t shift) const {
     requireOpen();
-    auto* const box = dynamic_cast<forms::CheckBox*>(form_.focused());
-    if (box == nullptr) throwImpossible("No control that takes keys has the focus");
-    box->keyUp(code, shift);
+    auto* const field = dynamic_cast<forms::TextBox*>(form_.focused());
+    const bool isCheckBox = dynamic_cast<forms::CheckBox*>(form_.focused()) != nullptr;
+    const std::shared_ptr<forms::Form> kept = form_.shared_from_this();
+    const bool keepsReturn = field != nullptr && field->keepsReturn();
+    if (field != nullptr) field->keyDown(code, shift, characterOf(code));
+    if (code == KeyCode::kTab) {
+        form_.handle([&] { form_.focusNext((shift & forms::Shift::kShift) != 0); });
+    } else if (code == KeyCode::kEscape) {
+        form_.pressEscape();
+    } else if (code == KeyCode::kReturn && !keepsReturn) {
+        form_.pressReturn();
+    } else if (field != nullptr) {
+        press(*field, code, shift);
+    } else if (!isCheckBox) {
+        throwImpossible("No control that takes keys has the focus");
+    }
+    if (form_.isUnloaded()) return;
+    if (auto* const now = dynamic_cast<forms::TextBox*>(form_.focused())) now->keyUp(code, shift);
+    if (auto* const now = dynamic_cast<forms::CheckBox*>(form_.focused())) now->keyUp(code, shift);
+}
+
+/// What the keys of a field do.
+void Driver::press(forms::TextBox& box, std::int16_t code, std::int16_t shift) {
+    const auto length = static_cast<std::int32_t>(base::lengthInCharacters(box.Text.get()));
+    const forms::TextSelection& at = box.selection();
+    const std::int32_t end = at.start + at.length;
+    const auto remove = [&](std::int32_t start, std::int32_t count) {
+        std::u16string left = base::toUtf16(box.Text.get());
+        left.erase(static_cast<std::size_t>(start), static_cast<std::size_t>(count));
+        box.type(base::toUtf8(left), {start, 0});
+    };
+    switch (code) {
+        case KeyCode::kHome:
+            return box.select({0, (shift & forms::Shift::kShift) != 0 ? end : 0});
+        case KeyCode::kEnd:
+            return (shift & forms::Shift::kShift) != 0 ? box.select({at.start, length - at.start})
+                                                       : box.select({length, 0});
+        case KeyCode::kLeft:
+            return box.select({at.length > 0 ? at.start : std::max(0, at.start - 1), 0});
+        case KeyCode::kRight:
+            return box.select({at.length > 0 ? end : std::min(length, end + 1), 0});
+        case KeyCode::kBack:
+            if (at.length > 0) return remove(at.start, at.length);
+            if (at.start > 0) return remove(at.start - 1, 1);
+            return;
+        case KeyCode::kDelete:
+            if (at.length > 0) return remove(at.start, at.length);
+            if (at.start < length) return remove(at.start, 1);
+            return;
+        case KeyCode::kReturn:
+            if (box.MultiLine) insert(box, std::u16string(u"\r\n"));
+            return;
+        default:
+            return;
+    }
+}
+
+void Driver::typeCharacter(char16_t character) const {
+    requireOpen();
+    auto* box = dynamic_cast<forms::TextBox*>(form_.focused());
+    if (box == nullptr) throwImpossible("No text box has the focus");
+    const std::int16_t code = codeOf(character);
+    box->keyDown(code, forms::Shift::kNone, character);
+    // The handlers may have moved the focus.
+    requireOpen();
+    box = dynamic_cast<forms::TextBox*>(form_.focused());
+    if (box == nullptr) return;
+    insert(*box, std::u16string(1, character));
+    box = form_.isUnloaded() ? nullptr : dynamic_cast<forms::TextBox*>(form_.focused());
+    if (box != nullptr) box->keyUp(code, forms::Shift::kNone);
+}
+
+void Driver::type(const std::string& text) const {
+    for (const char16_t character : base::toUtf16(text)) {
+        if (character == u'\n') {
+            key(KeyCode::kReturn);
+        } else {
+            typeCharacter(character);
+        }
+    }
+}
+
+void Driver::type(forms::TextBox& box, const std::string& text) const {
+    requireUsable(box);
+    form_.handle([&] { box.SetFocus(); });
+    key(KeyCode::kEnd);
+    type(text);
 }
 
 void Driver::tab() const {

@@ -51,8 +51,17 @@ class Driver {
 
     void moveMouse(forms::Image& image, float x, float y) const;
 
-    /// Releases a key on the control that has the focus.
+    /// Clicks a line of a list.
+    void pick(forms::ListBox& list, std::int16_t index) const;
+
+    /// Presses and releases a key: on a check box its release is what counts, a text box does with
+    /// it what a field does, and Tab, Return and Escape are the form's. ImpossibleInput where
+    /// nothing takes it.
     void key(std::int16_t code, std::int16_t shift = forms::Shift::kNone) const;
+    /// Types a text on the text box that has the focus, key by key.
+    void type(const std::string& text) const;
+    /// Clicks a text box behind its text, and replaces or extends that.
+    void type(forms::TextBox& box, const std::string& text) const;
     void tab() const;
     void shiftTab() const;
 
@@ -81,6 +90,8 @@ class Driver {
  private:
     void requireUsable(const forms::Control& control) const;
     void requireOpen() const;
+    static void press(forms::TextBox& box, std::int16_t code, std::int16_t shift);
+    void typeCharacter(char16_t character) const;
 
     forms::Form& form_;
 };

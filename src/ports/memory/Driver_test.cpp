@@ -31,6 +31,20 @@ class SmallForm final : public forms::Form {
     forms::VScrollBar bar{*this, "bar"};
 };
 
+/// Fields and a list.
+class FieldForm final : public forms::Form {
+ public:
+    FieldForm() : Form("FieldForm") {
+        notes.MultiLine = true;
+        list.AddItem("a");
+        list.AddItem("b");
+    }
+    forms::TextBox field{*this, "field"};
+    forms::TextBox notes{*this, "notes"};
+    forms::ListBox list{*this, "list"};
+    forms::CommandButton ok{*this, "ok"};
+};
+
 class DriverTest : public ::testing::Test {
  protected:
     TestHost host;
@@ -126,6 +140,51 @@ TEST_F(DriverTest, PrintsTheControlTree) {
               "    OptionButton second [chosen] (0, 0, 0, 0)\n"
               "  Image image (0, 0, 0, 0)\n"
               "  VScrollBar bar [0 of 32767] (0, 0, 0, 0)\n");
+}
+
+TEST_F(DriverTest, TypesBehindTheTextOfABoxAndWhereTheCaretIs) {
+    const auto fields = std::make_shared<FieldForm>();
+    const Driver typist(*fields);
+    EXPECT_THROW(typist.type("a"), ImpossibleInput);
+    fields->field.Text = std::string("ž");
+    typist.type(fields->field, "lu");
+    typist.key(forms::KeyCode::kBack);
+    typist.key(forms::KeyCode::kHome);
+    typist.type("x");
+    typist.key(forms::KeyCode::kDelete);
+    EXPECT_EQ(fields->field.Text.get(), "xl");
+    fields->field.setSelStart(0);
+    fields->field.setSelLength(2);
+    typist.type("ň");
+    EXPECT_EQ(fields->field.Text.get(), "ň");
+    typist.type(fields->notes, "a\nb");
+    EXPECT_EQ(fields->notes.Text.get(), "a\r\nb");
+    fields->field.Enabled = false;
+    EXPECT_THROW(typist.type(fields->field, "x"), ImpossibleInput);
+}
+
+TEST_F(DriverTest, PicksALineThatTheListHas) {
+    const auto fields = std::make_shared<FieldForm>();
+    const Driver reader(*fields);
+    reader.pick(fields->list, 1);
+    EXPECT_EQ(fields->list.ListIndex, 1);
+    EXPECT_EQ(fields->focused(), &fields->list);
+    EXPECT_THROW(reader.pick(fields->list, 2), ImpossibleInput);
+    fields->list.Enabled = false;
+    EXPECT_THROW(reader.pick(fields->list, 0), ImpossibleInput);
+}
+
+TEST_F(DriverTest, ReturnAndEscapePressTheButtonsWithTheseRoles) {
+    form->ok.Default = true;
+    form->ok.Click.connect([this] { events.push_back("ok"); });
+    user.key(forms::KeyCode::kReturn);
+    EXPECT_EQ(events, std::vector<std::string>{"ok"});
+    form->ok.Cancel = true;
+    user.key(forms::KeyCode::kEscape);
+    EXPECT_EQ(events, (std::vector<std::string>{"ok", "ok"}));
+    form->ok.Cancel = false;
+    user.key(forms::KeyCode::kEscape);
+    EXPECT_TRUE(form->isUnloaded());
 }
 
 TEST_F(DriverTest, ResizesTheForm) {

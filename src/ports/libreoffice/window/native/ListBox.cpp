@@ -24,11 +24,13 @@ class ListBox final : public NativeOf<forms::ListBox> {
 
  private:
     void mirrorKind(const forms::ListBox& list) override {
-        if (lines_ != list.List.get()) {
-            lines_ = list.List;
+        if (items_ != list.items()) {
+            items_ = list.items();
             list_->removeItems(0, list_->getItemCount());
             sal_Int16 position = 0;
-            for (const std::string& line : lines_) list_->addItem(toOffice(line), position++);
+            for (const forms::ListItem& each : items_) {
+                list_->addItem(toOffice(each.text), position++);
+            }
         }
         const sal_Int16 current = list_->getSelectedItemPos();
         if (current == list.ListIndex) return;
@@ -46,7 +48,7 @@ class ListBox final : public NativeOf<forms::ListBox> {
     }
 
     css::uno::Reference<css::awt::XListBox> list_;
-    std::vector<std::string> lines_;
+    std::vector<forms::ListItem> items_;
 };
 
 }  // namespace
