@@ -18,8 +18,8 @@ using host::MsoTriState;
 using recolor::ColorElement;
 
 constexpr const char* kUnchanged = "unchanged";
-constexpr const char* kNoFillPossible = "no fill possible";
-constexpr const char* kNotReached = "the recolour ended before this row";
+constexpr const char* kNoFillPossible = "these shapes cannot have a fill";
+constexpr const char* kNotReached = "recolouring stopped before this row";
 
 bool isSolid(const fill::FillProperties& fill) {
     return fill.Visible != MsoTriState::msoFalse && fill.Type == MsoFillType::msoFillSolid;
@@ -125,14 +125,14 @@ void Session::map(const ColorMapping& mapping) {
     }
     if (!found) {
         throw RequestError(
-            text("no solid fill of the document has the colour ", base::toHex(mapping.from)));
+            text("no solid fill in the document has the colour ", base::toHex(mapping.from)));
     }
 }
 
 void Session::editRow(const RowEdit& rowEdit) {
     if (rowEdit.row < 1 || rowEdit.row > dialog_->Element.ubound()) {
-        throw RequestError(text("there is no row ", rowEdit.row,
-                                "; the document has the rows 1 to ", dialog_->Element.ubound()));
+        throw RequestError(text("there is no row ", rowEdit.row, "; the document has rows 1 to ",
+                                dialog_->Element.ubound()));
     }
     fill::CFill& fill = dialog_->Element[static_cast<std::int16_t>(rowEdit.row)].FillObject();
     if (rowEdit.expected && !(*rowEdit.expected == fill.original())) {
@@ -166,7 +166,7 @@ void Session::account(std::int16_t index, RecolorResult& result) const {
         if (unfillable > 0) result.skipped.push_back({index, unfillable, kNoFillPossible});
         result.changed += count - unfillable;
     } else if (row.FillObject().Change()) {
-        // The recolour has ended before it came to the row.
+        // Recolouring has stopped before it came to the row.
         result.skipped.push_back({index, count, error_.empty() ? kNotReached : error_});
     } else {
         result.skipped.push_back({index, count, kUnchanged});

@@ -91,21 +91,21 @@ std::string reasonOfBody(const FillProperties& asked, const FillProperties& stor
     using enum MsoGradientColorType;
     if (isGradient(stored, msoGradientTwoColors)) {
         if (isGradient(asked, msoGradientOneColor)) {
-            return "keeps a one-colour gradient as a two-colour one";
+            return "stores a one-colour gradient as a two-colour one";
         }
         if (isGradient(asked, msoGradientPresetColors)) {
-            return "keeps a preset gradient as a two-colour one";
+            return "stores a preset gradient as a two-colour one";
         }
         if (isGradient(asked, msoGradientTwoColors)) {
             return "does not keep the style and variant of this gradient";
         }
     }
     if (asked.Type == MsoFillType::msoFillGradient && stored.Type == MsoFillType::msoFillPicture) {
-        return "keeps this gradient as a picture";
+        return "stores this gradient as a picture";
     }
     if (asked.Type == MsoFillType::msoFillTextured && stored.Type == asked.Type &&
         stored.UnknownTexture) {
-        return "keeps the picture of a texture, but not the name of its file";
+        return "keeps a texture's picture but not its file name";
     }
     return {};
 }
@@ -116,7 +116,7 @@ std::string reasonOf(const FillProperties& asked, const FillProperties& stored) 
     constexpr float kPerCent = 100.0F;
     const bool isRounded =
         std::round(asked.Transparency * kPerCent) == std::round(stored.Transparency * kPerCent);
-    return isRounded ? "keeps transparency in whole per cents" : "changes this transparency";
+    return isRounded ? "rounds transparency to a whole percentage" : "changes this transparency";
 }
 
 }  // namespace

@@ -206,14 +206,14 @@ TEST_F(StoredFillsOf, SaysWhatAFormatIsKnownToDo) {
     static_cast<FillProperties&>(shape->fill) = oneColorGradient();
     shape->fill.GradientColorType = MsoGradientColorType::msoGradientTwoColors;
     EXPECT_EQ(compare({{"A", {1, oneColorGradient()}}}).differences.at(0).reason,
-              "keeps a one-colour gradient as a two-colour one");
+              "stores a one-colour gradient as a two-colour one");
 
     static_cast<FillProperties&>(shape->fill) = solid(kBlue);
     shape->fill.Transparency = 0.38F;
     FillProperties asked = solid(kBlue);
     asked.Transparency = 0.375F;
     EXPECT_EQ(compare({{"A", {1, asked}}}).differences.at(0).reason,
-              "keeps transparency in whole per cents");
+              "rounds transparency to a whole percentage");
     asked.Transparency = 0.5F;
     EXPECT_EQ(compare({{"A", {1, asked}}}).differences.at(0).reason, "changes this transparency");
 }

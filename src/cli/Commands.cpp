@@ -48,6 +48,10 @@ void printRows(const json& rows) {
     }
 }
 
+std::string shapesText(std::size_t count) {
+    return count == 1 ? "1 shape" : text(count, " shapes");
+}
+
 void printRecolored(const json& result, const fs::path& output) {
     std::cout << text(result.at("changed").get<std::size_t>(), " of ",
                       result.at("shapes").get<std::size_t>(), " shapes recoloured, ",
@@ -57,13 +61,9 @@ void printRecolored(const json& result, const fs::path& output) {
         const auto reason = skipped.at("reason").get<std::string>();
         if (reason == "unchanged") continue;
         std::cout << text("row ", skipped.at("row").get<int>(), ": ",
-                          skipped.at("shapes").get<std::size_t>(),
-                          " shapes left unchanged: ", oneLine(reason), "\n");
+                          shapesText(skipped.at("shapes").get<std::size_t>()),
+                          " left unchanged: ", oneLine(reason), "\n");
     }
-}
-
-std::string shapesText(std::size_t count) {
-    return count == 1 ? "1 shape" : text(count, " shapes");
 }
 
 /// Prints where the stored file differs from what was asked for. Whether it does.

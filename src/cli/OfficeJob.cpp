@@ -57,7 +57,7 @@ json waitForResult(Channel& channel, Keeper& office, bool showProgress,
             started = true;
             if (auto result = takeMessage(*line, bar)) return *std::move(result);
         } else if (ended) {
-            throw Failure("LibreOffice ended before the work was done");
+            throw Failure("LibreOffice exited before the work was done");
         } else if (!started && std::chrono::steady_clock::now() > startedBy) {
             throw Failure("LibreOffice did not load the Huebrush extension");
         }

@@ -58,7 +58,7 @@ TEST_F(OfficeJobs, AnOfficeWithoutTheExtensionIsNotWaitedForIndefinitely) {
 
 TEST_F(OfficeJobs, AnOfficeThatEndsHasNotDoneTheWork) {
     officeDoes("exit 0");
-    EXPECT_EQ(failure(10min), "LibreOffice ended before the work was done");
+    EXPECT_EQ(failure(10min), "LibreOffice exited before the work was done");
 }
 
 TEST_F(OfficeJobs, AFolderWithoutTheExtensionIsRefusedBeforeAnOfficeStarts) {

@@ -20,7 +20,7 @@ using Chosen = std::function<int()>;
 
 void addFills(CLI::App& program, FillsOptions& options, Chosen& chosen) {
     CLI::App* const command =
-        program.add_subcommand("fills", "List the distinct fills of all shapes of a document");
+        program.add_subcommand("fills", "List the distinct fills of the shapes in a document");
     command
         ->add_option("DOCUMENT", options.document, "A text document, such as .odt, .docx or .doc")
         ->required();
@@ -30,12 +30,12 @@ void addFills(CLI::App& program, FillsOptions& options, Chosen& chosen) {
 
 void addRecolor(CLI::App& program, RecolorOptions& options, Chosen& chosen) {
     CLI::App* const command =
-        program.add_subcommand("recolor", "Give the shapes of a document new fills");
+        program.add_subcommand("recolor", "Change the fills of the shapes in a document");
     command
         ->add_option("DOCUMENT", options.document, "A text document, such as .odt, .docx or .doc")
         ->required();
     auto* const output = command->add_option("-o,--output", options.output,
-                                             "Output file; its ending selects the format");
+                                             "Output file; its extension selects the format");
     auto* const inPlace =
         command->add_flag("--in-place", options.inPlace, "Replace the document with the result");
     output->excludes(inPlace);
@@ -50,7 +50,7 @@ void addRecolor(CLI::App& program, RecolorOptions& options, Chosen& chosen) {
                      "a JSON object of properties")
         ->allow_extra_args(false);
     command->add_option("--plan", options.plan,
-                        "A listing in JSON whose \"new\" fills were edited");
+                        "An edited JSON listing, whose \"new\" fills are applied");
     command->add_flag("--json", options.json, "Print the result as JSON");
     command->callback([&] {
         if (options.output.empty() && !options.inPlace) {
@@ -77,14 +77,14 @@ void addPalette(CLI::App& program, PaletteOptions& options, Chosen& chosen) {
     add("new", runPaletteNew, "Create a new, empty file")
         ->add_flag("--force", options.force, "Replace an existing file");
     add("list", runPaletteList, "List the palettes");
-    add("dump", runPaletteDump, "Print everything in the palettes as JSON");
+    add("dump", runPaletteDump, "Print every palette in full, as JSON");
     add("import", runPaletteImport, "Add palettes: all of them, or none if one is refused")
         ->add_option("JSON", options.input, "A file in the format that dump prints")
         ->required();
     add("erase", runPaletteErase, "Erase all palettes with a given name, and their fills")
         ->add_option("NAME", options.name, "The name of the palettes")
         ->required();
-    add("check", runPaletteCheck, "Check the structure and print each broken rule");
+    add("check", runPaletteCheck, "Check the structure of the file and print every rule it breaks");
 }
 
 /// A result that could not be printed is a failure: the disk may be full.

@@ -21,11 +21,11 @@ std::string textOf(Problem problem, const std::string& name, int reason) {
         case Problem::notRegular:
             return text(name, " is not a regular file");
         case Problem::cutOff:
-            return text(name, " became shorter while it was read");
+            return text(name, " became shorter while it was being read");
         case Problem::inUse:
             return text("another program has ", name, " open for writing");
         default:
-            return text("another program has changed ", name, " meanwhile");
+            return text("another program has changed ", name, " in the meantime");
     }
 }
 

@@ -584,7 +584,7 @@ class Interruption(OnDocuments):
             os.kill(pid, signal.SIGKILL)
         _, errors = program.communicate(timeout=LIMIT)
         self.assertEqual(program.returncode, 1)
-        self.assertIn("LibreOffice ended before the work was done", errors)
+        self.assertIn("LibreOffice exited before the work was done", errors)
         self.assertFalse(output.exists())
         self.assert_nothing_left()
 

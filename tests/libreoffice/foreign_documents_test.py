@@ -273,19 +273,19 @@ class WhatFormatsLose(InFolder):
     LOSSES = {
         ".odt": {},
         ".docx": {
-            "solid": (1, {"keeps transparency in whole per cents"}),
+            "solid": (1, {"rounds transparency to a whole percentage"}),
             "two-colour gradient": (7, {"does not keep the style and variant of this gradient"}),
-            "one-colour gradient": (1, {"keeps a one-colour gradient as a two-colour one"}),
-            "preset gradient": (1, {"keeps a preset gradient as a two-colour one"}),
-            "user texture": (1, {"keeps the picture of a texture, but not the name of its file"}),
+            "one-colour gradient": (1, {"stores a one-colour gradient as a two-colour one"}),
+            "preset gradient": (1, {"stores a preset gradient as a two-colour one"}),
+            "user texture": (1, {"keeps a texture's picture but not its file name"}),
         },
         ".doc": {
-            "solid": (1, {"keeps transparency in whole per cents"}),
+            "solid": (1, {"rounds transparency to a whole percentage"}),
             "two-colour gradient": (19, {"does not keep the style and variant of this gradient",
-                                         "keeps this gradient as a picture"}),
-            "one-colour gradient": (1, {"keeps a one-colour gradient as a two-colour one"}),
-            "preset gradient": (1, {"keeps a preset gradient as a two-colour one"}),
-            "user texture": (1, {"keeps the picture of a texture, but not the name of its file"}),
+                                         "stores this gradient as a picture"}),
+            "one-colour gradient": (1, {"stores a one-colour gradient as a two-colour one"}),
+            "preset gradient": (1, {"stores a preset gradient as a two-colour one"}),
+            "user texture": (1, {"keeps a texture's picture but not its file name"}),
         },
     }
 
@@ -341,7 +341,7 @@ class WhatFormatsLose(InFolder):
         self.assertEqual(done.returncode, STORED_OTHERWISE)
         self.assertEqual(len(done.stderr.splitlines()), 1)
         self.assertRegex(done.stderr, r"row 2: 1 shape stored as two-colour gradient .* instead of "
-                                      r"one-colour gradient .*: \.docx keeps a one-colour gradient "
+                                      r"one-colour gradient .*: \.docx stores a one-colour gradient "
                                       r"as a two-colour one")
 
 

@@ -63,7 +63,7 @@ batch::StoredResult readBack(const ContextReference& context, Application& appli
     try {
         stored.emplace(context, job.output, job.name, job.outputUrl);
     } catch (const FileError&) {
-        throw FileError("LibreOffice cannot read the result that it has stored");
+        throw FileError("LibreOffice cannot read back the result that it has stored");
     }
     return given.compare(*application.Documents().documentOf(stored->model()));
 }
