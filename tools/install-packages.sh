@@ -21,7 +21,8 @@ fi
 [ $# -gt 0 ] || set -- check
 
 build=(
-  g++ cmake ninja-build make nlohmann-json3-dev libcli11-dev libpng-dev librsvg2-bin zip
+  g++ cmake ninja-build make nlohmann-json3-dev libcli11-dev libexpat1-dev libpng-dev
+  librsvg2-bin zip
   libreoffice-writer libreoffice-dev libreoffice-dev-common
 )
 demo=(

@@ -10,6 +10,7 @@
 #include <string>
 #include <string_view>
 
+#include "base/Text.h"
 #include "cli/Failure.h"
 
 namespace huebrush::cli {
@@ -21,7 +22,9 @@ namespace {
 std::string bytesOf(const fs::path& file, std::streamoff at, std::size_t count) {
     std::string bytes(count, '\0');
     std::ifstream input(file, std::ios::binary);
-    input.seekg(at).read(bytes.data(), static_cast<std::streamsize>(count));
+    // A pipe has no places.
+    if (at != 0) input.seekg(at);
+    input.read(bytes.data(), static_cast<std::streamsize>(count));
     bytes.resize(static_cast<std::size_t>(input.gcount()));
     return bytes;
 }
@@ -67,6 +70,15 @@ void requireReadable(const fs::path& file) {
     if (!fs::exists(file, error)) throw Failure(file.string() + " does not exist");
     if (fs::is_directory(file, error)) throw Failure(file.string() + " is a folder");
     if (access(file.c_str(), R_OK) != 0) throw Failure("cannot read " + file.string());
+}
+
+std::string readBytes(const fs::path& file, std::size_t most) {
+    requireReadable(file);
+    std::string bytes = bytesOf(file, 0, most + 1);
+    if (bytes.size() > most) {
+        throw Failure(base::text(file.string(), " has more than ", most / 1'000'000, " MB"));
+    }
+    return bytes;
 }
 
 nlohmann::json readJson(const char* what, const fs::path& file) {

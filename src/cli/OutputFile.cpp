@@ -54,4 +54,11 @@ void OutputFile::commit(const std::filesystem::path& content) {
     });
 }
 
+void OutputFile::commit(std::span<const std::uint8_t> content) {
+    orFailure([&] {
+        file_->write(0, content);
+        file_->publish();
+    });
+}
+
 }  // namespace huebrush::cli

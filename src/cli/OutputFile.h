@@ -2,8 +2,10 @@
 
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <optional>
+#include <span>
 
 #include "files/Lock.h"
 #include "files/NewFile.h"
@@ -22,6 +24,8 @@ class OutputFile {
     /// replaced. Failure, and nothing changes, when another program has it open for writing now,
     /// has changed it, or has created a file where there was none.
     void commit(const std::filesystem::path& content);
+    /// The same with these bytes.
+    void commit(std::span<const std::uint8_t> content);
 
  private:
     std::optional<files::Lock> replaced_;

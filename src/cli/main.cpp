@@ -5,10 +5,13 @@
 #include <CLI/CLI.hpp>
 #include <functional>
 #include <iostream>
+#include <string>
+#include <vector>
 
 #include "cli/Commands.h"
 #include "cli/Failure.h"
 #include "cli/Interrupt.h"
+#include "cli/exchange/Exchange.h"
 #include "cli/palette/PaletteCommands.h"
 
 namespace {
@@ -63,6 +66,12 @@ void addRecolor(CLI::App& program, RecolorOptions& options, Chosen& chosen) {
     });
 }
 
+/// The names of the formats of other programs, and some more.
+std::vector<std::string> formatNames(std::vector<std::string> names) {
+    for (const ExchangeFormat& each : exchangeFormats()) names.emplace_back(each.name);
+    return names;
+}
+
 void addPalette(CLI::App& program, PaletteOptions& options, Chosen& chosen) {
     CLI::App* const palette = program.add_subcommand("palette", "Work with palette files");
     palette->require_subcommand(1);
@@ -78,9 +87,27 @@ void addPalette(CLI::App& program, PaletteOptions& options, Chosen& chosen) {
         ->add_flag("--force", options.force, "Replace an existing file");
     add("list", runPaletteList, "List the palettes");
     add("dump", runPaletteDump, "Print every palette in full, as JSON");
-    add("import", runPaletteImport, "Add palettes: all of them, or none if one is refused")
-        ->add_option("JSON", options.input, "A file in the format that dump prints")
+    CLI::App* const import =
+        add("import", runPaletteImport,
+            "Add palettes from a file: all of them, or none if one is refused");
+    import
+        ->add_option("INPUT", options.input,
+                     "A palette of GIMP (.gpl), LibreOffice (.soc) or Adobe (.ase), or what dump "
+                     "prints")
         ->required();
+    import->add_option("--format", options.format, "What INPUT is, whatever its ending")
+        ->check(CLI::IsMember(formatNames({"json"}), CLI::ignore_case));
+    import->add_option("--name", options.name, "What to call the palettes; not for JSON");
+    CLI::App* const exporting =
+        add("export", runPaletteExport, "Write the solid fills of a palette for other programs");
+    exporting->add_option("NAME", options.name, "The name of the palette, or '#' and its ID")
+        ->required();
+    exporting
+        ->add_option("-o,--output", options.output,
+                     "Output file: .gpl for GIMP, .soc for LibreOffice, .ase for Adobe")
+        ->required();
+    exporting->add_option("--format", options.format, "The format, whatever the ending")
+        ->check(CLI::IsMember(formatNames({}), CLI::ignore_case));
     add("erase", runPaletteErase, "Erase all palettes with a given name, and their fills")
         ->add_option("NAME", options.name, "The name of the palettes")
         ->required();

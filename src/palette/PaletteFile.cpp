@@ -165,6 +165,13 @@ std::vector<Record> listPalettes(jet::Database& database) {
     return recordsOf(groups, [&](const jet::VisitRow& visit) { visitGroups(groups, visit); });
 }
 
+std::vector<Record> palettesNamed(jet::Database& database, const std::string& name) {
+    std::vector<Record> palettes = listPalettes(database);
+    std::erase_if(palettes,
+                  [&](const Record& each) { return valueOf(each, "Name") != Value(name); });
+    return palettes;
+}
+
 std::vector<Record> fillsOf(jet::Database& database, const Value& id) {
     const Table elements(database, kElementTable);
     return recordsOf(elements,
@@ -246,20 +253,23 @@ std::vector<Record> addPalettes(jet::Database& database, const std::vector<Palet
     return added;
 }
 
+std::size_t removePalettes(jet::Database& database, const std::string& name) {
+    Table groups(database, kGroupTable);
+    Table elements(database, kElementTable);
+    const std::vector<jet::RowId> named = rowsNamed(groups, name);
+    for (const jet::RowId group : named) {
+        const Value id = groups.value(*groups.row(group), groups.column("ID"));
+        for (const jet::RowId each : elements.find(elements.column("GroupID"), id)) {
+            elements.remove(each);
+        }
+        groups.remove(group);
+    }
+    return named.size();
+}
+
 std::size_t erasePalettes(jet::Database& database, const std::string& name) {
     std::size_t erased = 0;
-    database.change([&] {
-        Table groups(database, kGroupTable);
-        Table elements(database, kElementTable);
-        for (const jet::RowId group : rowsNamed(groups, name)) {
-            const Value id = groups.value(*groups.row(group), groups.column("ID"));
-            for (const jet::RowId each : elements.find(elements.column("GroupID"), id)) {
-                elements.remove(each);
-            }
-            groups.remove(group);
-            ++erased;
-        }
-    });
+    database.change([&] { erased = removePalettes(database, name); });
     return erased;
 }
 

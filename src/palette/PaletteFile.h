@@ -33,6 +33,9 @@ Record recordOf(const jet::Table& table, const jet::Row& row);
 /// The palettes without their fills, by ID.
 std::vector<Record> listPalettes(jet::Database& database);
 
+/// Those with exactly this name.
+std::vector<Record> palettesNamed(jet::Database& database, const std::string& name);
+
 /// The fills of the palette with an ID, by OrderNumber.
 std::vector<Record> fillsOf(jet::Database& database, const jet::Value& id);
 
@@ -99,6 +102,10 @@ class PaletteAdder final : public PaletteSink {
 /// Adds palettes in one commit: all of them, or none if there is any error. Returns the
 /// new ones as listPalettes does.
 std::vector<Record> addPalettes(jet::Database& database, const std::vector<Palette>& palettes);
+
+/// Removes all palettes of a name with their fills. How many there were. REQUIRES: inside
+/// Database::change.
+std::size_t removePalettes(jet::Database& database, const std::string& name);
 
 /// Erases all palettes of a name with their fills, in one commit. How many there were.
 std::size_t erasePalettes(jet::Database& database, const std::string& name);

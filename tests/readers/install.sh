@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MPL-2.0
-# Installs the npm package mdb-reader, with the scripts of this folder that use it, into a folder.
+# Installs the npm packages mdb-reader and anypalette, with the scripts of this folder that use them,
+# into a folder.
 # Only what the lock file names by its hash is taken, and nothing of it runs while it is installed.
 set -euo pipefail
 source=$(cd "$(dirname "$0")" && pwd)

@@ -33,6 +33,7 @@ LEVELS = levels_in((ROOT / "src/README.md").read_text(encoding="utf-8"))
 LIBRARIES = {
     "nlohmann/": {"protocol", "ports/libreoffice", "cli"},
     "CLI/": {"cli"},
+    "expat": {"cli"},
     "com/sun/star/": {"ports/libreoffice"},
     "cppuhelper/": {"ports/libreoffice"},
     "rtl/": {"ports/libreoffice"},

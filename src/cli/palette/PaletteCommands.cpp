@@ -8,6 +8,7 @@
 #include <fstream>
 #include <iomanip>
 #include <iostream>
+#include <optional>
 
 #include "base/Text.h"
 #include "cli/ConsoleRuntime.h"
@@ -16,6 +17,7 @@
 #include "cli/InputFile.h"
 #include "cli/Interrupt.h"
 #include "cli/InterruptibleInput.h"
+#include "cli/palette/ColorImport.h"
 #include "cli/palette/PaletteJson.h"
 #include "jet/check/Check.h"
 #include "jet/file/MemoryFiles.h"
@@ -89,9 +91,15 @@ const char* nameOf(jet::Severity severity) {
     return severity == jet::Severity::damage ? "damage" : "waste";
 }
 
-/// The palettes that an import has added have IDs one after the other.
-void printAdded(const std::string& file, jet::Database& database, std::int32_t first,
-                std::size_t count) {
+/// What an import has added; the palettes have IDs one after the other.
+struct Added {
+    std::int32_t first = 0;
+    std::size_t count = 0;
+    /// Of an import from another program.
+    std::optional<ColorImport> colors;
+};
+
+void printAddedAsJson(const std::string& file, jet::Database& database, const Added& added) {
     const jet::Table groups(database, palette::kGroupTable);
     JsonWriter out(std::cout);
     out.beginObject();
@@ -99,8 +107,8 @@ void printAdded(const std::string& file, jet::Database& database, std::int32_t f
     out.value(json(file));
     out.key(JsonWriter::quoted("palettes"));
     out.beginArray();
-    for (std::size_t i = 0; i < count; ++i) {
-        const auto id = static_cast<std::int32_t>(first + static_cast<std::int32_t>(i));
+    for (std::size_t i = 0; i < added.count; ++i) {
+        const auto id = static_cast<std::int32_t>(added.first + static_cast<std::int32_t>(i));
         groups.visitRows(groups.column("ID"), id, [&](jet::RowId where) {
             if (const auto row = groups.row(where))
                 out.value(toJson(palette::recordOf(groups, *row)));
@@ -108,8 +116,54 @@ void printAdded(const std::string& file, jet::Database& database, std::int32_t f
         });
     }
     out.endArray();
+    if (added.colors) {
+        out.key(JsonWriter::quoted("notKept"));
+        out.value(toJson(*added.colors));
+    }
     out.endObject();
     out.finish();
+}
+
+void printAdded(const std::string& file, const Added& added) {
+    std::cout << countOf(added.count, "palette", "palettes");
+    if (added.colors) std::cout << " with " << countOf(added.colors->fills, "fill", "fills");
+    std::cout << " added to " << file;
+    if (added.colors && added.colors->named > 0) {
+        std::cout << "; " << countOf(added.colors->named, "name of a colour", "names of colours")
+                  << " not kept";
+    }
+    std::cout << '\n';
+}
+
+/// Reads a file of another program; what is wrong with it is said with its name.
+ColorImport importColors(const ExchangeFormat& format, const PaletteOptions& options,
+                         palette::PaletteAdder& adder) {
+    constexpr std::size_t kMostBytes = 16'000'000;
+    const std::string bytes = readBytes(options.input, kMostBytes);
+    try {
+        const PaletteNaming naming{options.name, fs::path(options.input).stem().string()};
+        return addColors(format.read(bytes), naming, adder);
+    } catch (const Failure& failure) {
+        throw Failure(text(options.input, " is not a usable ", format.title, ": ", failure.what()));
+    }
+}
+
+/// Adds what is in the input; the JSON of a dump where no other format is asked for.
+Added import(const PaletteOptions& options, palette::PaletteAdder& adder) {
+    Added added;
+    const std::int32_t before = adder.lastId();
+    const ExchangeFormat* const format = chosenFormat(options.format, options.input);
+    if (format != nullptr) {
+        added.colors = importColors(*format, options, adder);
+    } else {
+        if (!options.name.empty()) throw Failure("the palettes in JSON have names of their own");
+        std::ifstream input(options.input, std::ios::binary);
+        readPalettes(input, "the file " + options.input, adder.groups().definition(),
+                     adder.elements().definition(), adder);
+    }
+    added.first = before + 1;
+    added.count = static_cast<std::size_t>(adder.lastId() - before);
+    return added;
 }
 
 json violationToJson(const jet::Violation& violation) {
@@ -192,23 +246,19 @@ int runPaletteDump(const PaletteOptions& options) {
 int runPaletteImport(const PaletteOptions& options) {
     const auto database = open(options);
     requireReadable(options.input);
-    std::ifstream input(options.input, std::ios::binary);
-    std::int32_t first = 0;
-    std::size_t count = 0;
+    Added added;
     database->change([&] {
         palette::PaletteAdder adder(*database);
-        const std::int32_t before = adder.lastId();
-        readPalettes(input, "the file " + options.input, adder.groups().definition(),
-                     adder.elements().definition(), adder);
-        first = before + 1;
-        count = static_cast<std::size_t>(adder.lastId() - before);
+        added = import(options, adder);
     });
     if (options.json) {
-        printAdded(options.file, *database, first, count);
+        printAddedAsJson(options.file, *database, added);
     } else {
-        std::cout << countOf(count, "palette", "palettes") << " added to " << options.file << '\n';
+        printAdded(options.file, added);
     }
-    return ExitCode::kDone;
+    if (!added.colors || added.colors->isComplete()) return ExitCode::kDone;
+    printLosses(*added.colors);
+    return ExitCode::kStoredOtherwise;
 }
 
 int runPaletteErase(const PaletteOptions& options) {

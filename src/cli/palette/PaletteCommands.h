@@ -10,8 +10,10 @@ struct PaletteOptions {
     std::string file;
     bool json = false;
     bool force = false;  ///< new: replace an existing file
-    std::string input;   ///< import: the file of JSON
-    std::string name;    ///< erase: of the palettes
+    std::string input;   ///< import: the file of palettes
+    std::string name;  ///< erase: of the palettes; export: of the palette; import: of all palettes
+    std::string format;  ///< import, export: the format's name; empty: by the file's ending
+    std::string output;  ///< export: the file to write
 };
 
 /// The commands on palette files. Each does its work, prints its result and returns the exit code.
@@ -22,7 +24,10 @@ int runPaletteNew(const PaletteOptions& options);
 int runPaletteList(const PaletteOptions& options);
 /// Prints everything in the palettes as JSON.
 int runPaletteDump(const PaletteOptions& options);
+/// Adds palettes from JSON, or from a file of another program.
 int runPaletteImport(const PaletteOptions& options);
+/// Writes the solid fills of a palette to a file of another program.
+int runPaletteExport(const PaletteOptions& options);
 int runPaletteErase(const PaletteOptions& options);
 /// Prints each rule of the format that the file breaks; if there is damage, the exit code says so.
 int runPaletteCheck(const PaletteOptions& options);
