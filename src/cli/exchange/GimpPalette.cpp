@@ -114,7 +114,7 @@ class GimpReader {
     }
 
     static std::string asUtf8(string_view bytes) {
-        const std::string utf8 = base::toUtf8(base::toUtf16(bytes));
+        std::string utf8 = base::toUtf8(base::toUtf16(bytes));
         if (utf8 == bytes) return utf8;
         std::u16string latin1;
         for (const char byte : bytes) latin1 += static_cast<unsigned char>(byte);

@@ -69,7 +69,9 @@ class BigEndianReader {
 /// Text with its length in front, which counts the null at its end.
 std::string takeText(BigEndianReader& block) {
     std::u16string units;
-    for (std::size_t left = block.u16(); left > 0; --left) units += block.u16();
+    for (std::size_t left = block.u16(); left > 0; --left) {
+        units += static_cast<char16_t>(block.u16());
+    }
     const std::size_t end = std::min(units.find(u'\0'), units.size());
     return base::toUtf8(std::u16string_view(units).substr(0, end));
 }
