@@ -15,6 +15,7 @@ from com.sun.star.drawing.FillStyle import NONE as NO_FILL
 from com.sun.star.drawing.FillStyle import SOLID
 from com.sun.star.drawing.LineStyle import NONE as NO_LINE
 from com.sun.star.drawing.LineStyle import SOLID as SOLID_LINE
+from com.sun.star.frame.FrameSearchFlag import CHILDREN
 from com.sun.star.lang import DisposedException, IndexOutOfBoundsException
 from com.sun.star.text.TextContentAnchorType import AT_PAGE
 from com.sun.star.uno import RuntimeException
@@ -48,6 +49,17 @@ def accessibles(element, count):
 
 def children_of(accessible):
     return accessibles(accessible.getAccessibleChild, accessible.getAccessibleChildCount())
+
+
+def shows_text_document(frame):
+    """Not when it is closing, and has no document or no window any more."""
+    try:
+        controller, window = frame.Controller, frame.ContainerWindow
+        model = None if controller is None else controller.Model
+        return (model is not None and window is not None and window.isVisible()
+                and model.supportsService("com.sun.star.text.TextDocument"))
+    except DisposedException:
+        return False
 
 
 class WriterHangs(Exception):
@@ -137,12 +149,9 @@ class Writer(Office):
     # Windows and documents.
 
     def frames(self):
-        """The frames of the visible text documents."""
-        frames = self.desktop.Frames
-        found = [frames.getByIndex(i) for i in range(frames.Count)]
-        return [frame for frame in found
-                if frame.Controller is not None and frame.ContainerWindow.isVisible()
-                and frame.Controller.Model.supportsService("com.sun.star.text.TextDocument")]
+        """The frames of the visible text documents, all asked for at once: one that closes
+        meanwhile is no longer among them."""
+        return list(filter(shows_text_document, self.desktop.Frames.queryFrames(CHILDREN)))
 
     def frame(self):
         return self.frames()[0]
