@@ -49,4 +49,8 @@ Picture bitmapOf(std::int32_t width, std::int32_t height, const std::vector<std:
     return {PictureFormat::bitmap, bitmapFile(width, height, 4, pixels)};
 }
 
+Picture bitmapOf(const Pixels& pixels) {
+    return bitmapOf(pixels.width, pixels.height, pixels.bytes);
+}
+
 }  // namespace huebrush::base

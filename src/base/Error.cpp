@@ -28,6 +28,10 @@ void throwObjectNotSet() {
     throw Error(ErrorNumber::kObjectNotSet, "Proměnná objektu není nastavena.");
 }
 
+void throwInvalidPicture() {
+    throw Error(ErrorNumber::kInvalidPicture, "Obrázek je neplatný.");
+}
+
 void throwCancelled() {
     throw Error(ErrorNumber::kCancelled, "Výběr byl zrušen.");
 }

@@ -76,6 +76,8 @@ bool ignoring(Body&& body) {
 [[noreturn]] void throwOverflow();
 [[noreturn]] void throwCountOverflow();
 [[noreturn]] void throwObjectNotSet();
+/// Bytes that are not a picture.
+[[noreturn]] void throwInvalidPicture();
 /// The user has left a dialog without a choice.
 [[noreturn]] void throwCancelled();
 

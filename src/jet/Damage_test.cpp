@@ -9,11 +9,13 @@
 #include <ctime>
 #include <random>
 
-#include "jet/Allocations_test_support.h"
+#include "base/Allocations_test_support.h"
 #include "jet/Palette_test_support.h"
 
 namespace huebrush::jet {
 namespace {
+
+using base::Allocations;
 
 /// For one file: the peak memory, and the pieces of work. A system call is a piece of work, and so
 /// is an allocation, because reading a page, a row, an index entry or a value takes at least one.

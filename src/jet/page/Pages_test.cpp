@@ -9,12 +9,14 @@
 #include <filesystem>
 #include <random>
 
+#include "base/Allocations_test_support.h"
 #include "files/Folder_test_support.h"
-#include "jet/Allocations_test_support.h"
 #include "jet/file/MemoryFiles.h"
 
 namespace huebrush::jet {
 namespace {
+
+using base::Allocations;
 
 constexpr std::size_t kMemory = 6;
 

@@ -34,9 +34,7 @@ css::uno::Reference<css::graphic::XGraphic> graphicOf(const ContextReference& co
             context, "com.sun.star.graphic.GraphicProvider");
         css::uno::Reference<css::graphic::XGraphic> graphic = provider->queryGraphic(
             properties({property("InputStream", css::uno::makeAny(streamOf(context, picture)))}));
-        if (!graphic.is()) {
-            throw base::Error(base::ErrorNumber::kInvalidPicture, "Obrázek je neplatný.");
-        }
+        if (!graphic.is()) base::throwInvalidPicture();
         return graphic;
     });
 }

@@ -4,7 +4,7 @@
 
 #include <cstddef>
 
-namespace huebrush::jet {
+namespace huebrush::base {
 
 /// What this program has allocated since the last `restart`, so that a test can bound the memory
 /// and the work of what it calls, whatever the speed of the machine. Counted where the sanitizers
@@ -23,4 +23,4 @@ struct Allocations {
     static Allocations sinceRestart();
 };
 
-}  // namespace huebrush::jet
+}  // namespace huebrush::base

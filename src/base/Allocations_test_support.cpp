@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MPL-2.0
 
-#include "jet/Allocations_test_support.h"
+#include "base/Allocations_test_support.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -51,7 +51,7 @@ void operator delete(void* memory, std::size_t) noexcept {
 
 #endif
 
-namespace huebrush::jet {
+namespace huebrush::base {
 
 void Allocations::restart() {
     counters.count = 0;
@@ -63,4 +63,4 @@ Allocations Allocations::sinceRestart() {
     return {counters.count, counters.most - counters.liveAtRestart};
 }
 
-}  // namespace huebrush::jet
+}  // namespace huebrush::base
