@@ -3,61 +3,22 @@
 #include "addin/ButtonFace.h"
 
 #include <algorithm>
-#include <cstdlib>
-#include <cstring>
 #include <optional>
-#include <utility>
-#include <vector>
 
+#include "base/Bitmap.h"
+#include "base/Error.h"
 #include "forms/Runtime.h"
 
 namespace huebrush::addin {
 
 namespace {
 
-using Bytes = std::vector<std::uint8_t>;
-
-std::uint32_t number(const Bytes& bytes, std::size_t at, int size) {
-    std::uint32_t value = 0;
-    for (int i = size - 1; i >= 0; --i) {
-        value = (value << 8U) | bytes[at + static_cast<std::size_t>(i)];
-    }
-    return value;
+/// The pixels of a bitmap; none of any other picture.
+std::optional<base::Pixels> pixelsOf(const base::Picture& picture) {
+    std::optional<base::Pixels> pixels;
+    base::ignoring<base::Error>([&] { pixels = base::decodeBitmap(picture.bytes()); });
+    return pixels;
 }
-
-/// The pixels of an uncompressed 32-bit bitmap file: blue, green, red, alpha.
-class Pixels {
- public:
-    static std::optional<Pixels> of(const Bytes& file) {
-        constexpr std::size_t kHeaders = 54;
-        if (file.size() < kHeaders || file[0] != 'B' || file[1] != 'M') return std::nullopt;
-        Pixels pixels;
-        pixels.start_ = number(file, 10, 4);
-        const auto width = static_cast<std::int32_t>(number(file, 18, 4));
-        const auto height = static_cast<std::int32_t>(number(file, 22, 4));
-        if (width <= 0 || height == 0 || number(file, 28, 2) != 32) return std::nullopt;
-        pixels.bottomUp_ = height > 0;
-        pixels.width_ = static_cast<std::size_t>(width);
-        pixels.height_ = static_cast<std::size_t>(std::abs(static_cast<std::int64_t>(height)));
-        if (file.size() < pixels.start_) return std::nullopt;
-        const std::size_t room = (file.size() - pixels.start_) / 4;
-        if (room / pixels.width_ < pixels.height_) return std::nullopt;
-        return pixels;
-    }
-
-    std::size_t width() const { return width_; }
-    std::size_t height() const { return height_; }
-    std::size_t offset(std::size_t x, std::size_t y) const {
-        const std::size_t row = bottomUp_ ? height_ - 1 - y : y;
-        return start_ + (row * width_ + x) * 4;
-    }
-
- private:
-    std::size_t start_ = 0;
-    std::size_t width_ = 0;
-    std::size_t height_ = 0;
-    bool bottomUp_ = true;
-};
 
 /// Lays one pixel over another. Where both are transparent, the lower one stays as it is.
 void blend(const std::uint8_t* over, std::uint8_t* under) {
@@ -77,16 +38,16 @@ void blend(const std::uint8_t* over, std::uint8_t* under) {
 }  // namespace
 
 base::Picture DrawIconOnPicture(const base::Picture& icon, const base::Picture& canvas) {
-    const auto source = Pixels::of(icon.bytes());
-    const auto target = Pixels::of(canvas.bytes());
+    const auto source = pixelsOf(icon);
+    auto target = pixelsOf(canvas);
     if (!source || !target) return canvas;
-    Bytes drawn = canvas.bytes();
-    for (std::size_t y = 0; y < std::min(source->height(), target->height()); ++y) {
-        for (std::size_t x = 0; x < std::min(source->width(), target->width()); ++x) {
-            blend(icon.bytes().data() + source->offset(x, y), drawn.data() + target->offset(x, y));
+    for (std::int32_t y = 0; y < std::min(source->height, target->height); ++y) {
+        for (std::int32_t x = 0; x < std::min(source->width, target->width); ++x) {
+            blend(source->bytes.data() + source->offset(x, y),
+                  target->bytes.data() + target->offset(x, y));
         }
     }
-    return {canvas.format(), std::move(drawn)};
+    return base::bitmapOf(*target);
 }
 
 void SetButtonFace(host::CommandBarControl* button, const std::int16_t& icon) {

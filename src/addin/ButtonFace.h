@@ -15,8 +15,8 @@ namespace huebrush::addin {
 void SetButtonFace(host::CommandBarControl* button, const std::int16_t& icon);
 
 /// Draws an icon at the upper left corner of a picture; the canvas shows where the icon is
-/// transparent, and what is transparent in both stays so. Both are 32-bit bitmap files; a canvas or
-/// icon of any other form leaves the canvas as it is, and no picture stays none.
+/// transparent, and what is transparent in both stays so. Both are bitmaps, and so is the result,
+/// with 32 bits a pixel; a canvas or icon that is none leaves the canvas as it is.
 base::Picture DrawIconOnPicture(const base::Picture& icon, const base::Picture& canvas);
 
 }  // namespace huebrush::addin

@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "base/Bitmap.h"
 #include "ports/memory/TestHost.h"
 
 namespace huebrush::addin {
@@ -30,31 +31,12 @@ constexpr Pixel kClear{9, 9, 9, 0};
 constexpr Pixel kRed{0, 0, 255, 255};
 constexpr Pixel kBlue{255, 0, 0, 255};
 
-void putNumber(Bytes& bytes, std::size_t at, std::uint32_t value) {
-    for (std::size_t i = 0; i < 4; ++i) bytes[at + i] = static_cast<std::uint8_t>(value >> (8 * i));
-}
-
-/// A 32-bit bitmap file of the pixels, given from the top left on; `height` negative for one that
-/// is stored from the top down.
 Picture bitmap(std::int32_t width, std::int32_t height, const std::vector<Pixel>& pixels) {
-    Bytes bytes(54, 0);
-    bytes[0] = 'B';
-    bytes[1] = 'M';
-    putNumber(bytes, 10, 54);
-    putNumber(bytes, 14, 40);
-    putNumber(bytes, 18, static_cast<std::uint32_t>(width));
-    putNumber(bytes, 22, static_cast<std::uint32_t>(height));
-    bytes[26] = 1;
-    bytes[28] = 32;
-    const auto rows = static_cast<std::size_t>(height < 0 ? -height : height);
-    for (std::size_t row = 0; row < rows; ++row) {
-        const std::size_t from = height < 0 ? row : rows - 1 - row;
-        for (std::size_t x = 0; x < static_cast<std::size_t>(width); ++x) {
-            const Pixel& pixel = pixels[from * static_cast<std::size_t>(width) + x];
-            bytes.insert(bytes.end(), {pixel.blue, pixel.green, pixel.red, pixel.alpha});
-        }
+    Bytes bytes;
+    for (const Pixel& pixel : pixels) {
+        bytes.insert(bytes.end(), {pixel.blue, pixel.green, pixel.red, pixel.alpha});
     }
-    return {PictureFormat::bitmap, bytes};
+    return base::bitmapOf(width, height, bytes);
 }
 
 TEST(DrawIconOnPicture, DrawsAtTheTopLeftCornerAndShowsTheCanvasWhereTheIconIsClear) {
@@ -63,10 +45,10 @@ TEST(DrawIconOnPicture, DrawsAtTheTopLeftCornerAndShowsTheCanvasWhereTheIconIsCl
     EXPECT_EQ(DrawIconOnPicture(icon, canvas), bitmap(2, 2, {kRed, kBlue, kBlue, kBlue}));
 }
 
-TEST(DrawIconOnPicture, ReadsBothWaysOfStoringRows) {
-    const Picture canvas = bitmap(1, -2, {kBlue, kBlue});
+TEST(DrawIconOnPicture, TakesBitmapsOfOtherDepths) {
+    const Picture canvas(PictureFormat::bitmap, base::bitmapFile(1, 2, 3, {255, 0, 0, 255, 0, 0}));
     const Picture icon = bitmap(1, 2, {kClear, kRed});
-    EXPECT_EQ(DrawIconOnPicture(icon, canvas), bitmap(1, -2, {kBlue, kRed}));
+    EXPECT_EQ(DrawIconOnPicture(icon, canvas), bitmap(1, 2, {kBlue, kRed}));
 }
 
 TEST(DrawIconOnPicture, MixesByTheAlphaOfTheIcon) {
@@ -106,34 +88,15 @@ TEST(DrawIconOnPicture, AnEmptyCanvasStaysEmpty) {
     EXPECT_TRUE(DrawIconOnPicture(bitmap(1, 1, {kRed}), Picture()).empty());
 }
 
-TEST(DrawIconOnPicture, LeavesTheCanvasWhereEitherIsNoBitmapOfThisForm) {
+TEST(DrawIconOnPicture, LeavesTheCanvasWhereEitherIsNoBitmap) {
     const Picture canvas = bitmap(1, 1, {kBlue});
     const Picture icon = bitmap(1, 1, {kRed});
     const Picture text(PictureFormat::icon, {'i', 'c', 'o', 'n'});
     EXPECT_EQ(DrawIconOnPicture(text, canvas), canvas);
     EXPECT_EQ(DrawIconOnPicture(icon, text), text);
-    Bytes wrong = icon.bytes();
-    wrong[28] = 24;
-    EXPECT_EQ(DrawIconOnPicture({PictureFormat::bitmap, wrong}, canvas), canvas);
-}
-
-TEST(DrawIconOnPicture, NoCutOrHostileBitmapIsReadBeyondItsEnd) {
-    const Picture canvas = bitmap(2, 2, {kBlue, kBlue, kBlue, kBlue});
-    const Bytes whole = bitmap(2, 2, {kRed, kRed, kRed, kRed}).bytes();
-    for (std::size_t size = 0; size < whole.size(); ++size) {
-        const Bytes cut(whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(size));
-        EXPECT_EQ(DrawIconOnPicture({PictureFormat::bitmap, cut}, canvas), canvas) << size;
-    }
-    for (const std::size_t field : {10U, 18U, 22U}) {
-        for (const std::uint32_t value : {0U, 0x7FFFFFFFU, 0x80000000U, 0xFFFFFFFFU}) {
-            Bytes hostile = whole;
-            putNumber(hostile, field, value);
-            if (field == 22 && value == 0xFFFFFFFFU) continue;  // One row, stored top down.
-            if (field == 10 && value == 0) continue;            // The headers read as pixels.
-            EXPECT_EQ(DrawIconOnPicture({PictureFormat::bitmap, hostile}, canvas), canvas)
-                << field << " " << value;
-        }
-    }
+    Bytes cut = icon.bytes();
+    cut.pop_back();
+    EXPECT_EQ(DrawIconOnPicture({PictureFormat::bitmap, cut}, canvas), canvas);
 }
 
 class SetButtonFaceTest : public ::testing::Test {

@@ -37,8 +37,7 @@ class Image {
 /// The bytes of a BMP file, 24 bits a pixel.
 std::vector<std::uint8_t> bitmapFileOf(const Image& image);
 
-/// Reads an uncompressed BMP file of 1, 4, 8, 24 or 32 bits a pixel; an image of width 0 from any
-/// other bytes.
+/// Reads a BMP file; an image of width 0 from bytes that are none.
 Image imageOfBitmapFile(const std::vector<std::uint8_t>& bytes);
 
 }  // namespace huebrush::libreoffice
