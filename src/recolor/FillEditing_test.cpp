@@ -4,6 +4,7 @@
 #include <cmath>
 #include <functional>
 
+#include "base/Bitmap.h"
 #include "recolor/Dialog_test_support.h"
 
 namespace huebrush::recolor {
@@ -48,8 +49,12 @@ memory::HostTool paint(std::int32_t color, std::int32_t result) {
     };
 }
 
+/// What a picture of the host without a screen says.
 std::string shownIn(const base::Picture& picture) {
-    return {picture.bytes().begin(), picture.bytes().end()};
+    const auto text = base::decodeBitmap(picture.bytes()).bytes;
+    std::string shown(text.begin(), text.end());
+    shown.resize(shown.find_last_not_of(' ') + 1);
+    return shown;
 }
 /// The preview of a solid fill without transparency.
 std::string solid(std::int32_t color) {

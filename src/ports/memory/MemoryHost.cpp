@@ -68,13 +68,17 @@ class MemoryShapeCollection final : public host::Shapes {
     MemoryDocument& document_;
 };
 
-/// The picture of a fill: its bytes say what the fill is, which is all that tests look at.
+/// The picture of a fill: its pixels are a text that says what the fill is, which is all that tests
+/// look at.
 base::Picture pictureOf(const FillState& fill) {
-    const std::string shown =
+    std::string shown =
         text("fill ", static_cast<std::int32_t>(fill.Visible), " ", fill.ForeColorRGB, " ",
              fill.BackColorRGB, " ", static_cast<std::int32_t>(fill.Type), " ",
              static_cast<std::int32_t>(fill.Transparency * 1000));
-    return {base::PictureFormat::bitmap, {shown.begin(), shown.end()}};
+    constexpr std::size_t kBytes = base::Pixels::kBytes;
+    shown.resize((shown.size() + kBytes - 1) / kBytes * kBytes, ' ');
+    return base::bitmapOf(static_cast<std::int32_t>(shown.size() / kBytes), 1,
+                          {shown.begin(), shown.end()});
 }
 
 class MemorySelection final : public host::Selection {

@@ -12,8 +12,11 @@
 #include <utility>
 #include <vector>
 
+#include "base/Bitmap.h"
+#include "base/PictureFile.h"
 #include "base/Units.h"
 #include "ports/libreoffice/uno/Configuration.h"
+#include "ports/libreoffice/uno/PngFile.h"
 #include "ports/libreoffice/uno/Properties.h"
 #include "ports/libreoffice/uno/WeakImplHelper.h"
 
@@ -57,13 +60,29 @@ int officeVersion(const ContextReference& context) {
     return version.getToken(0, '.', position).toInt32();
 }
 
-/// The format that shows transparency. Version 7 blends a transparent shape with white in every
-/// format, and a PNG has the transparency besides, so that it would count twice. Later ones keep
-/// the shape's own colours: a BMP of them shows no transparency, a PNG has it.
-base::PictureFormat formatOf(const ContextReference& context) {
+/// Whether the office draws a transparent shape in its own colours. Version 7 blends it with white
+/// in every format, and a PNG has the transparency besides, so that it would count twice. Of later
+/// ones, only a PNG shows the transparency.
+bool hasOwnColors(const ContextReference& context) {
     constexpr int kFirstWithOwnColors = 24;
     static const int kVersion = officeVersion(context);
-    return kVersion < kFirstWithOwnColors ? base::PictureFormat::bitmap : base::PictureFormat::png;
+    return kVersion >= kFirstWithOwnColors;
+}
+
+/// The pixels before a white ground, as a bitmap without transparency.
+std::vector<std::uint8_t> bitmapOnWhite(const base::Pixels& pixels) {
+    constexpr int kWhite = 255;
+    constexpr int kColors = 3;
+    std::vector<std::uint8_t> colors;
+    colors.reserve(pixels.bytes.size() / base::Pixels::kBytes * kColors);
+    for (std::size_t at = 0; at < pixels.bytes.size(); at += base::Pixels::kBytes) {
+        const int alpha = pixels.bytes[at + kColors];
+        for (std::size_t i = 0; i < kColors; ++i) {
+            const int blended = pixels.bytes[at + i] * alpha + kWhite * (kWhite - alpha);
+            colors.push_back(static_cast<std::uint8_t>((blended + kWhite / 2) / kWhite));
+        }
+    }
+    return base::bitmapFile(pixels.width, pixels.height, kColors, colors);
 }
 
 }  // namespace
@@ -77,8 +96,8 @@ base::Picture pictureOf(const ContextReference& context, const ShapeReference& s
     const PropertyValues pixels = properties({property("PixelWidth", Any(toPixels(size.Width))),
                                               property("PixelHeight", Any(toPixels(size.Height)))});
     const Reference<css::io::XOutputStream> output(stream.get());
-    const base::PictureFormat format = formatOf(context);
-    const rtl::OUString filter(format == base::PictureFormat::png ? "PNG" : "BMP");
+    const bool isPng = hasOwnColors(context);
+    const rtl::OUString filter(isPng ? "PNG" : "BMP");
     Reference<css::document::XFilter>(exporter, UNO_QUERY_THROW)
         ->filter(
             properties({property("FilterName", Any(filter)), property("OutputStream", Any(output)),
@@ -87,7 +106,7 @@ base::Picture pictureOf(const ContextReference& context, const ShapeReference& s
     if (bytes.empty()) {
         throw base::Error(base::ErrorNumber::kInvalidPicture, "Objekt nelze vykreslit.");
     }
-    return {format, std::move(bytes)};
+    return base::loadPicture(isPng ? bitmapOnWhite(pixelsOfPng(bytes)) : std::move(bytes));
 }
 
 }  // namespace huebrush::libreoffice

@@ -8,8 +8,8 @@
 
 namespace huebrush::libreoffice {
 
-/// A shape as it looks, in its own size at 96 pixels an inch. Where it is transparent, the picture
-/// is so, too, or has the colours blended with white.
+/// A shape as it looks before a white ground, in its own size at 96 pixels an inch: a bitmap, which
+/// palettes can keep.
 base::Picture pictureOf(const ContextReference& context, const ShapeReference& shape);
 
 }  // namespace huebrush::libreoffice

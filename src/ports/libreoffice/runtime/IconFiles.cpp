@@ -2,15 +2,15 @@
 
 #include "ports/libreoffice/runtime/IconFiles.h"
 
-#include <png.h>
-
 #include <algorithm>
 #include <array>
 #include <fstream>
 #include <iterator>
 
 #include "base/Bitmap.h"
+#include "base/Error.h"
 #include "base/Text.h"
+#include "ports/libreoffice/uno/PngFile.h"
 
 namespace huebrush::libreoffice {
 
@@ -22,19 +22,11 @@ constexpr std::int32_t kLargestButton = kButtonSizes.back();
 constexpr std::int32_t kDialogSize = 64;
 constexpr std::int32_t kButtonIcons[] = {101, 102, 103};
 
-/// The pixels of a PNG as a 32-bit bitmap; no picture where there is none.
+/// A PNG as a 32-bit bitmap; no picture where there is none.
 base::Picture bitmapOfPng(const base::Picture& png) {
-    png_image image{};
-    image.version = PNG_IMAGE_VERSION;
-    if (png.empty() ||
-        png_image_begin_read_from_memory(&image, png.bytes().data(), png.bytes().size()) == 0) {
-        return {};
-    }
-    image.format = PNG_FORMAT_BGRA;
-    std::vector<std::uint8_t> pixels(PNG_IMAGE_SIZE(image));
-    if (png_image_finish_read(&image, nullptr, pixels.data(), 0, nullptr) == 0) return {};
-    return base::bitmapOf(static_cast<std::int32_t>(image.width),
-                          static_cast<std::int32_t>(image.height), pixels);
+    base::Picture bitmap;
+    base::ignoring<base::Error>([&] { bitmap = base::bitmapOf(pixelsOfPng(png.bytes())); });
+    return bitmap;
 }
 
 }  // namespace
