@@ -43,6 +43,9 @@ class Lock::Native {
 
 /// Fills `out` from an open file's place `at` on; the file's end before that is an Error.
 void readFrom(int file, const std::string& name, std::uint64_t at, std::span<std::uint8_t> out);
+/// Writes at an open file's place `at`.
+void writeTo(int file, const std::string& name, std::uint64_t at,
+             std::span<const std::uint8_t> bytes);
 
 /// Whether the system's error says that files cannot be locked where this one is.
 bool isWithoutLocks(int reason);

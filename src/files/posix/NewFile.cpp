@@ -161,14 +161,7 @@ void NewFile::Native::makeBeside(mode_t rights) {
 }
 
 void NewFile::Native::write(std::uint64_t at, std::span<const std::uint8_t> bytes) const {
-    while (!bytes.empty()) {
-        const ssize_t put = uninterrupted([&] {
-            return ::pwrite(writing_.get(), bytes.data(), bytes.size(), static_cast<off_t>(at));
-        });
-        if (put < 0) throw Error(Problem::write, name_, errno);
-        bytes = bytes.subspan(static_cast<std::size_t>(put));
-        at += static_cast<std::uint64_t>(put);
-    }
+    writeTo(writing_.get(), name_, at, bytes);
 }
 
 void NewFile::Native::read(std::uint64_t at, std::span<std::uint8_t> out) const {
@@ -273,6 +266,17 @@ void NewFile::Native::takeBack() {
 void NewFile::Native::removeBeside() {
     if (!beside_.empty()) ::unlink(beside_.c_str());
     beside_.clear();
+}
+
+void writeTo(int file, const std::string& name, std::uint64_t at,
+             std::span<const std::uint8_t> bytes) {
+    while (!bytes.empty()) {
+        const ssize_t put = uninterrupted(
+            [&] { return ::pwrite(file, bytes.data(), bytes.size(), static_cast<off_t>(at)); });
+        if (put < 0) throw Error(Problem::write, name, errno);
+        bytes = bytes.subspan(static_cast<std::size_t>(put));
+        at += static_cast<std::uint64_t>(put);
+    }
 }
 
 }  // namespace huebrush::files

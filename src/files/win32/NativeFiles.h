@@ -58,6 +58,9 @@ class Lock::Native {
 /// Fills `out` from an open file's place `at` on; the file's end before that is an Error.
 void readFrom(const Handle& file, const std::string& name, std::uint64_t at,
               std::span<std::uint8_t> out);
+/// Writes at an open file's place `at`.
+void writeTo(const Handle& file, const std::string& name, std::uint64_t at,
+             std::span<const std::uint8_t> bytes);
 
 /// Opens a file for reading and keeps others from opening it for writing. The handle is empty when
 /// somebody already has.

@@ -107,19 +107,7 @@ void NewFile::Native::make() {
 }
 
 void NewFile::Native::write(std::uint64_t at, std::span<const std::uint8_t> bytes) const {
-    constexpr std::size_t kPiece = 1U << 24U;
-    while (!bytes.empty()) {
-        OVERLAPPED place = {};
-        place.Offset = static_cast<DWORD>(at);
-        place.OffsetHigh = static_cast<DWORD>(at >> 32U);
-        DWORD put = 0;
-        if (::WriteFile(writing_.get(), bytes.data(),
-                        static_cast<DWORD>(std::min(bytes.size(), kPiece)), &put, &place) == 0) {
-            throw Error(Problem::write, name_, lastReason());
-        }
-        bytes = bytes.subspan(put);
-        at += put;
-    }
+    writeTo(writing_, name_, at, bytes);
 }
 
 void NewFile::Native::read(std::uint64_t at, std::span<std::uint8_t> out) const {
@@ -173,6 +161,23 @@ bool NewFile::Native::tryToReplace() {
         throw Error(Problem::write, name_, reason);
     }
     return false;
+}
+
+void writeTo(const Handle& file, const std::string& name, std::uint64_t at,
+             std::span<const std::uint8_t> bytes) {
+    constexpr std::size_t kPiece = 1U << 24U;
+    while (!bytes.empty()) {
+        OVERLAPPED place = {};
+        place.Offset = static_cast<DWORD>(at);
+        place.OffsetHigh = static_cast<DWORD>(at >> 32U);
+        DWORD put = 0;
+        if (::WriteFile(file.get(), bytes.data(),
+                        static_cast<DWORD>(std::min(bytes.size(), kPiece)), &put, &place) == 0) {
+            throw Error(Problem::write, name, lastReason());
+        }
+        bytes = bytes.subspan(put);
+        at += put;
+    }
 }
 
 }  // namespace huebrush::files
