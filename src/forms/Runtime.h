@@ -97,13 +97,21 @@ class Component {
 
     /// Such as "1.0.0".
     virtual std::string version() const = 0;
+    /// The component's file name without its ending.
+    virtual std::string name() const = 0;
     /// The folder that holds the component, without a separator at its end.
     virtual std::string folder() const = 0;
     virtual std::string temporaryFolder() const = 0;
+    /// Where the module that needs a temporary file keeps its name for as long as the component is
+    /// loaded; empty at first.
+    std::string& temporaryFile() const { return temporaryFile_; }
     /// The icon with this number; no picture where there is none.
     virtual base::Picture icon(std::int32_t number) const = 0;
     /// The decimal separator of the user's locale.
     virtual char decimalSeparator() const = 0;
+
+ private:
+    mutable std::string temporaryFile_;
 };
 
 /// The platform under the dialogs: boxes, menus, clipboard, settings, the event pump. It is the one

@@ -95,6 +95,8 @@ class MemoryRuntime final : public forms::Runtime,
     char separator = '.';
     std::string componentFolder = "/huebrush";
     std::string componentVersion = "4.3.2";
+    /// The folder for temporary files.
+    std::string temporary = "/tmp";
     /// The registry: by key and name, under the one root that there is.
     std::map<std::pair<std::string, std::string>, forms::RegistryValue> registry;
     std::set<std::string> files;
@@ -111,7 +113,8 @@ class MemoryRuntime final : public forms::Runtime,
                      const std::string& key, const std::string& value) override;
     std::string version() const override { return componentVersion; }
     std::string folder() const override { return componentFolder; }
-    std::string temporaryFolder() const override { return "/tmp"; }
+    std::string name() const override { return "huebrush"; }
+    std::string temporaryFolder() const override { return temporary; }
     base::Picture icon(std::int32_t number) const override;
     char decimalSeparator() const override;
     std::optional<forms::RegistryValue> registryValue(forms::RegistryRoot root,

@@ -7,6 +7,8 @@
 #include <com/sun/star/beans/XPropertySet.hpp>
 #include <com/sun/star/deployment/XPackageInformationProvider.hpp>
 #include <com/sun/star/i18n/XLocaleData.hpp>
+#include <cstdlib>
+#include <filesystem>
 #include <utility>
 
 #include "ports/libreoffice/uno/Configuration.h"
@@ -67,6 +69,10 @@ std::string OfficeComponent::version() const {
 }
 
 std::string OfficeComponent::temporaryFolder() const {
+    // What other users have left in a folder of all users could not be replaced.
+    const char* const own = std::getenv("XDG_RUNTIME_DIR");
+    std::error_code error;
+    if (own != nullptr && std::filesystem::is_directory(own, error)) return own;
     rtl::OUString url;
     osl::FileBase::getTempDirURL(url);
     return pathOf(url);

@@ -19,7 +19,10 @@ class OfficeComponent final : public forms::Component {
     OfficeComponent(const ContextReference& context, std::string folder);
 
     std::string version() const override;
+    std::string name() const override { return "huebrush"; }
     std::string folder() const override { return folder_; }
+    /// The folder of the user's own files of this session, where the system has one; otherwise that
+    /// of the temporary files of all users.
     std::string temporaryFolder() const override;
     base::Picture icon(std::int32_t number) const override;
     char decimalSeparator() const override;
