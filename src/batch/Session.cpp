@@ -112,6 +112,7 @@ RecolorResult Session::recolor(const RecolorRequest& request) {
 void Session::edit(const RecolorRequest& request) {
     for (const ColorMapping& mapping : request.mappings) map(mapping);
     for (const RowEdit& rowEdit : request.rows) editRow(rowEdit);
+    if (request.palette) take(*request.palette);
 }
 
 void Session::map(const ColorMapping& mapping) {
@@ -141,6 +142,20 @@ void Session::editRow(const RowEdit& rowEdit) {
     }
     const fill::FillProperties edited = rowEdit.edit(fill.original());
     if (!(edited == fill.original())) fill.setDestination(edited);
+}
+
+void Session::take(const PaletteFills& palette) {
+    const std::int16_t rows = dialog_->Element.ubound();
+    const std::size_t fills = palette.fills.size();
+    if (static_cast<std::size_t>(rows) > fills && !palette.mayBeFewer) {
+        throw RequestError(text("the document has ", rows, " rows, but the palette only ", fills,
+                                fills == 1 ? " fill" : " fills",
+                                "; with --yes, the other rows keep their fills"));
+    }
+    for (std::int16_t i = 1; i <= rows && static_cast<std::size_t>(i) <= fills; ++i) {
+        const fill::FillProperties& taken = palette.fills[static_cast<std::size_t>(i - 1)];
+        editRow({i, [&](const fill::FillProperties&) { return taken; }, std::nullopt});
+    }
 }
 
 RecolorResult Session::result() const {

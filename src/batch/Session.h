@@ -58,9 +58,18 @@ struct RowEdit {
     std::optional<fill::FillProperties> expected;
 };
 
+/// The fills of a palette: the first row gets the first one, and so on; what is left of them is not
+/// used.
+struct PaletteFills {
+    std::vector<fill::FillProperties> fills;
+    /// Whether rows for which there is no fill keep theirs; otherwise they are an error.
+    bool mayBeFewer = false;
+};
+
 struct RecolorRequest {
     std::vector<ColorMapping> mappings;
     std::vector<RowEdit> rows;
+    std::optional<PaletteFills> palette = std::nullopt;
 };
 
 /// Shapes that kept their fill, and why.
@@ -108,6 +117,7 @@ class Session {
     void edit(const RecolorRequest& request);
     void map(const ColorMapping& mapping);
     void editRow(const RowEdit& edit);
+    void take(const PaletteFills& palette);
     RecolorResult result() const;
     void account(std::int16_t index, RecolorResult& result) const;
     bool isRecoloured(std::int16_t index) const;

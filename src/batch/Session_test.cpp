@@ -95,6 +95,43 @@ TEST_F(BatchSession, GivesASingleRowAFill) {
     EXPECT_EQ(document->find("Roof")->fill.ForeColorRGB, kRed);
 }
 
+TEST_F(BatchSession, GivesTheRowsTheFillsOfAPaletteInTheirOrder) {
+    addThreeRows();
+    Session session(host, document);
+    session.scan();
+    const auto fill = [](std::int32_t color) { return solid(color, 0.0F)({}); };
+    RecolorRequest request;
+    request.palette = {{fill(kBlue), fill(kRed), fill(kGreen), fill(0)}};
+    EXPECT_EQ(session.recolor(request).changed, 5U);
+    EXPECT_EQ(document->find("Roof")->fill.ForeColorRGB, kBlue);
+    EXPECT_EQ(document->find("Door")->fill.ForeColorRGB, kBlue);
+    EXPECT_EQ(document->find("Grass")->fill.ForeColorRGB, kRed);
+    EXPECT_EQ(document->find("Window")->fill.ForeColorRGB, kGreen);
+}
+
+TEST_F(BatchSession, AppliesAPaletteWithFewerFillsThanRowsOnlyWhenThatIsAllowed) {
+    addThreeRows();
+    Session session(host, document);
+    session.scan();
+    RecolorRequest request;
+    request.palette = {{solid(kBlue, 0.0F)({})}};
+    host.log.on = true;
+    try {
+        session.recolor(request);
+        ADD_FAILURE();
+    } catch (const RequestError& error) {
+        EXPECT_STREQ(error.what(),
+                     "the document has 3 rows, but the palette only 1 fill; with "
+                     "--yes, the other rows keep their fills");
+    }
+    EXPECT_TRUE(host.log.beginningWith("write ").empty());
+    request.palette->mayBeFewer = true;
+    EXPECT_EQ(session.recolor(request).changed, 3U);
+    EXPECT_EQ(document->find("Roof")->fill.ForeColorRGB, kBlue);
+    EXPECT_EQ(document->find("Grass")->fill.ForeColorRGB, kGreen);
+    EXPECT_EQ(document->find("Window")->fill.ForeColorRGB, kBlue) << "it was blue before";
+}
+
 TEST_F(BatchSession, RefusesAnUnknownColourOrRowBeforeAnythingIsWritten) {
     addThreeRows();
     Session session(host, document);

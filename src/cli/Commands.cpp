@@ -13,9 +13,11 @@
 #include "cli/Failure.h"
 #include "cli/FillText.h"
 #include "cli/InputFile.h"
+#include "cli/Listing.h"
 #include "cli/OfficeCommand.h"
 #include "cli/OfficeJob.h"
 #include "cli/OutputFile.h"
+#include "cli/palette/PaletteChoice.h"
 #include "protocol/DocumentFormat.h"
 
 namespace huebrush::cli {
@@ -25,17 +27,6 @@ namespace {
 namespace fs = std::filesystem;
 using base::text;
 using json = nlohmann::ordered_json;
-
-/// Prints what the logic would have shown in boxes. Whether one of them was an error.
-bool printBoxes(const json& result) {
-    bool failed = false;
-    for (const json& box : result.at("messages")) {
-        if (box.at("kind") == "information") continue;
-        failed |= box.at("kind") == "error";
-        std::cerr << "huebrush: " << oneLine(box.at("text").get<std::string>()) << '\n';
-    }
-    return failed;
-}
 
 void printRows(const json& rows) {
     const bool colored = isatty(STDOUT_FILENO) != 0;
@@ -116,6 +107,13 @@ protocol::Job jobOf(const RecolorOptions& options) {
     job.maps = options.maps;
     job.rows = options.rows;
     if (!options.plan.empty()) job.plan = readJson("the plan", options.plan);
+    if (!options.palette.empty()) {
+        job.palette = json::array();
+        for (const auto& each : fillsOfReference(options.palette)) {
+            job.palette.push_back(nlohmann::json(protocol::toJson(each)));
+        }
+        job.mayBeFewer = options.yes;
+    }
     try {
         // Read here to refuse a bad request before an office is started.
         protocol::requestOf(job);
@@ -128,17 +126,13 @@ protocol::Job jobOf(const RecolorOptions& options) {
 }  // namespace
 
 int runFills(const FillsOptions& options) {
-    requireDocument(options.document);
-    protocol::Job job;
-    job.input = options.document;
-    json result = OfficeJob().run(job, !options.json);
-    const bool failed = printBoxes(result);
+    const Listing found = listFills(options.document, !options.json);
     if (options.json) {
-        std::cout << printed(result.at("listing")) << '\n';
+        std::cout << printed(found.listing) << '\n';
     } else {
-        printRows(result.at("listing").at("rows"));
+        printRows(found.listing.at("rows"));
     }
-    return failed ? ExitCode::kFailed : ExitCode::kDone;
+    return found.failed ? ExitCode::kFailed : ExitCode::kDone;
 }
 
 int runRecolor(const RecolorOptions& options) {

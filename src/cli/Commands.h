@@ -19,6 +19,8 @@ struct RecolorOptions {
     std::vector<std::string> maps;
     std::vector<std::string> rows;
     std::string plan;
+    std::string palette;  ///< FILE:NAME
+    bool yes = false;     ///< the palette may have fewer fills than there are rows
     bool json = false;
 };
 

@@ -60,7 +60,8 @@ std::string describeType(const fill::FillProperties& fill) {
     }
 }
 
-/// A percentage with two decimals at most, and with none where they would be 0.
+}  // namespace
+
 std::string percentText(float fraction) {
     constexpr std::int64_t kParts = 100;
     const std::int64_t parts = std::llround(fraction * static_cast<float>(kParts * kParts));
@@ -70,8 +71,6 @@ std::string percentText(float fraction) {
     if (words.back() == '0') words.pop_back();
     return words;
 }
-
-}  // namespace
 
 std::string describe(const fill::FillProperties& fill) {
     if (fill.Visible == host::MsoTriState::msoFalse) return "none";

@@ -11,6 +11,10 @@ namespace huebrush::cli {
 /// A fill in a few words: "#C00000", "#C00000, 50% transparent", "two-colour gradient #… to #…".
 std::string describe(const fill::FillProperties& fill);
 
+/// A part of 1 as a percentage, without its sign: two decimals at most, and none where they would
+/// be 0.
+std::string percentText(float fraction);
+
 /// A text of several lines as one, for a place with room for only one.
 std::string oneLine(const std::string& text);
 

@@ -54,13 +54,25 @@ void addRecolor(CLI::App& program, RecolorOptions& options, Chosen& chosen) {
         ->allow_extra_args(false);
     command->add_option("--plan", options.plan,
                         "An edited JSON listing, whose \"new\" fills are applied");
+    auto* const palette = command->add_option(
+        "--palette", options.palette,
+        "FILE:NAME: give the rows the fills of a palette in an .mdb file, in their order");
+    for (const char* const other : {"--map", "--row", "--plan"}) {
+        palette->excludes(command->get_option(other));
+    }
+    command
+        ->add_flag("--yes", options.yes,
+                   "Recolour as many rows as the palette has fills, if there are more")
+        ->needs(palette);
     command->add_flag("--json", options.json, "Print the result as JSON");
     command->callback([&] {
         if (options.output.empty() && !options.inPlace) {
             throw CLI::ValidationError("recolor", "specify -o FILE or --in-place");
         }
-        if (options.maps.empty() && options.rows.empty() && options.plan.empty()) {
-            throw CLI::ValidationError("recolor", "nothing to do: specify --map, --row or --plan");
+        if (options.maps.empty() && options.rows.empty() && options.plan.empty() &&
+            options.palette.empty()) {
+            throw CLI::ValidationError("recolor",
+                                       "nothing to do: specify --map, --row, --plan or --palette");
         }
         chosen = [&options] { return runRecolor(options); };
     });
@@ -108,6 +120,14 @@ void addPalette(CLI::App& program, PaletteOptions& options, Chosen& chosen) {
         ->required();
     exporting->add_option("--format", options.format, "The format, whatever the ending")
         ->check(CLI::IsMember(formatNames({}), CLI::ignore_case));
+    CLI::App* const save = add("save", runPaletteSave,
+                               "Keep the distinct fills of a document as a palette; a file that "
+                               "does not exist is created");
+    save->add_option("NAME", options.name, "The name of the palette: 1 to 30 characters")
+        ->required();
+    save->add_option("--from", options.document, "A text document, such as .odt, .docx or .doc")
+        ->required();
+    save->add_flag("--replace", options.replace, "Replace all palettes with that name");
     add("erase", runPaletteErase, "Erase all palettes with a given name, and their fills")
         ->add_option("NAME", options.name, "The name of the palettes")
         ->required();

@@ -57,7 +57,7 @@ json toJson(const Job& job) {
     return {{"input", job.input},     {"name", job.name},           {"inputUrl", job.inputUrl},
             {"output", job.output},   {"outputUrl", job.outputUrl}, {"filter", job.filter},
             {"channel", job.channel}, {"maps", job.maps},           {"rows", job.rows},
-            {"plan", job.plan}};
+            {"plan", job.plan},       {"palette", job.palette},     {"mayBeFewer", job.mayBeFewer}};
 }
 
 Job jobFromJson(const json& value) {
@@ -70,7 +70,9 @@ Job jobFromJson(const json& value) {
             value.at("channel").get<std::string>(),
             value.at("maps").get<std::vector<std::string>>(),
             value.at("rows").get<std::vector<std::string>>(),
-            value.at("plan")};
+            value.at("plan"),
+            value.at("palette"),
+            value.at("mayBeFewer").get<bool>()};
 }
 
 batch::RecolorRequest requestOf(const Job& job) {
@@ -78,6 +80,10 @@ batch::RecolorRequest requestOf(const Job& job) {
     addPlan(job.plan, request.rows);
     for (const std::string& map : job.maps) request.mappings.push_back(mappingFromText(map));
     for (const std::string& row : job.rows) request.rows.push_back(rowEditFromText(row));
+    if (!job.palette.is_null()) {
+        request.palette.emplace(batch::PaletteFills{{}, job.mayBeFewer});
+        for (const json& each : job.palette) request.palette->fills.push_back(fillFromJson(each));
+    }
     return request;
 }
 

@@ -25,7 +25,9 @@ struct Job {  // NOLINT(bugprone-exception-escape): the JSON value checks itself
     std::string channel;    ///< The pipe that takes the messages.
     std::vector<std::string> maps;
     std::vector<std::string> rows;
-    nlohmann::json plan = nullptr;  ///< An edited listing, or null.
+    nlohmann::json plan = nullptr;     ///< An edited listing, or null.
+    nlohmann::json palette = nullptr;  ///< The fills of a palette as an array, or null.
+    bool mayBeFewer = false;           ///< See batch::PaletteFills.
 };
 
 nlohmann::json toJson(const Job& job);

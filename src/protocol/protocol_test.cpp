@@ -118,6 +118,20 @@ TEST(DocumentFormats, AreKnownByEndingsInAnyCase) {
     EXPECT_EQ(storedEndings(), ".odt, .ott, .fodt, .docx, .docm, .dotx, .doc, .dot");
 }
 
+TEST(Job, CarriesTheFillsOfAPalette) {
+    Job job;
+    EXPECT_FALSE(requestOf(jobFromJson(toJson(job))).palette);
+    job.palette = json::array({toJson(gradient()), toJson(fill::FillProperties())});
+    for (const bool mayBeFewer : {false, true}) {
+        job.mayBeFewer = mayBeFewer;
+        const auto palette = requestOf(jobFromJson(toJson(job))).palette;
+        ASSERT_TRUE(palette);
+        EXPECT_EQ(palette->fills,
+                  (std::vector<fill::FillProperties>{gradient(), fill::FillProperties()}));
+        EXPECT_EQ(palette->mayBeFewer, mayBeFewer);
+    }
+}
+
 TEST(Plan, TakesTheRowsWhoseNewFillWasEdited) {
     Job job;
     job.plan = json::parse(toJson({{1, 12, gradient()}, {2, 1, gradient()}}).dump());

@@ -10,6 +10,8 @@
 
 #include "base/Text.h"
 #include "cli/Failure.h"
+#include "cli/InputFile.h"
+#include "palette/FillRecord.h"
 
 namespace huebrush::cli {
 
@@ -74,6 +76,19 @@ PaletteReference paletteReferenceFromText(const std::string& text) {
         throw Failure(base::text("\"", text, "\" must have the form FILE.mdb:NAME"));
     }
     return {{text.begin(), colon}, {colon + 1, text.end()}};
+}
+
+std::vector<fill::FillProperties> fillsOfReference(const std::string& text) {
+    const PaletteReference reference = paletteReferenceFromText(text);
+    requireReadable(reference.file);
+    const auto database = jet::Database::open(jet::systemFiles(), reference.file);
+    const Record palette = choosePalette(*database, reference.file, reference.name);
+    std::vector<fill::FillProperties> fills;
+    for (const Record& row : palette::fillsOf(*database, valueOf(palette, "ID"))) {
+        fills.push_back(palette::fillOf(row));
+    }
+    if (fills.empty()) throw Failure(base::text("the palette \"", reference.name, "\" is empty"));
+    return fills;
 }
 
 }  // namespace huebrush::cli

@@ -3,7 +3,9 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
+#include "fill/FillProperties.h"
 #include "palette/PaletteFile.h"
 
 namespace huebrush::cli {
@@ -22,5 +24,8 @@ struct PaletteReference {
 
 /// "FILE:NAME", split at the first ":" after ".mdb" in any case. Failure for any other text.
 PaletteReference paletteReferenceFromText(const std::string& text);
+
+/// The fills of the palette that FILE:NAME names, in their order. Failure when it has none.
+std::vector<fill::FillProperties> fillsOfReference(const std::string& text);
 
 }  // namespace huebrush::cli

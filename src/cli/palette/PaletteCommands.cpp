@@ -2,8 +2,6 @@
 
 #include "cli/palette/PaletteCommands.h"
 
-#include <unistd.h>
-
 #include <filesystem>
 #include <fstream>
 #include <iomanip>
@@ -11,18 +9,14 @@
 #include <optional>
 
 #include "base/Text.h"
-#include "cli/ConsoleRuntime.h"
 #include "cli/Failure.h"
 #include "cli/FillText.h"
 #include "cli/InputFile.h"
-#include "cli/Interrupt.h"
-#include "cli/InterruptibleInput.h"
 #include "cli/palette/ColorImport.h"
+#include "cli/palette/NewPaletteFile.h"
 #include "cli/palette/PaletteJson.h"
 #include "jet/check/Check.h"
-#include "jet/file/MemoryFiles.h"
 #include "palette/PaletteFile.h"
-#include "palette/mMakeDatabase.h"
 
 namespace huebrush::cli {
 
@@ -37,17 +31,6 @@ using palette::valueOf;
 std::shared_ptr<jet::Database> open(const PaletteOptions& options) {
     requireReadable(options.file);
     return jet::Database::open(jet::systemFiles(), options.file);
-}
-
-/// Whether the whole database was made; the user may have chosen to abort.
-bool makeDatabase(const std::string& name, jet::FileSystem& files) {
-    InterruptibleInput keys(STDIN_FILENO);
-    std::istream answers(&keys);
-    ConsoleRuntime runtime(answers, std::cerr, isatty(STDIN_FILENO) != 0);
-    const forms::RuntimeScope scope(runtime);
-    const bool made = palette::MakeDatabase(name, files);
-    throwIfInterrupted();
-    return made;
 }
 
 std::string countOf(std::size_t count, const char* one, const char* many) {
@@ -201,18 +184,7 @@ int runPaletteNew(const PaletteOptions& options) {
     }
     // Nobody else writes the file while it is being replaced, and one that is in use is kept.
     const auto lock = replaces ? files.lock(target) : nullptr;
-    // It is created in memory, and written as a whole. Its place is tried first: what is wrong
-    // there is among the things that the user is asked about.
-    std::unique_ptr<jet::NewFile> made;
-    jet::MemoryFiles draft;
-    draft.onCall = [&](const char*) {
-        if (!made) made = lock ? lock->replacement() : files.create(target);
-    };
-    if (!makeDatabase(target, draft)) return ExitCode::kFailed;
-    const auto content = draft.files.find(target);
-    if (!made || content == draft.files.end()) throw Failure("no palette file was created");
-    made->write(0, *content->second);
-    made->publish();
+    if (!createPaletteFile(target, lock.get())) return ExitCode::kFailed;
     if (options.json) {
         std::cout << json{{"file", options.file}, {"replaced", replaces}}.dump(2) << '\n';
     } else {

@@ -9,11 +9,13 @@ namespace huebrush::cli {
 struct PaletteOptions {
     std::string file;
     bool json = false;
-    bool force = false;  ///< new: replace an existing file
-    std::string input;   ///< import: the file of palettes
-    std::string name;  ///< erase: of the palettes; export: of the palette; import: of all palettes
-    std::string format;  ///< import, export: the format's name; empty: by the file's ending
-    std::string output;  ///< export: the file to write
+    bool force = false;    ///< new: replace an existing file
+    std::string input;     ///< import: the file of palettes
+    std::string name;      ///< erase: of the palettes; export, save: of the palette; import: of all
+    std::string format;    ///< import, export: the format's name; empty: by the file's ending
+    std::string output;    ///< export: the file to write
+    std::string document;  ///< save: whose fills to keep
+    bool replace = false;  ///< save: replace palettes with that name
 };
 
 /// The commands on palette files. Each does its work, prints its result and returns the exit code.
@@ -28,6 +30,8 @@ int runPaletteDump(const PaletteOptions& options);
 int runPaletteImport(const PaletteOptions& options);
 /// Writes the solid fills of a palette to a file of another program.
 int runPaletteExport(const PaletteOptions& options);
+/// Keeps the distinct fills of a document as a palette; a file that does not exist is created.
+int runPaletteSave(const PaletteOptions& options);
 int runPaletteErase(const PaletteOptions& options);
 /// Prints each rule of the format that the file breaks; if there is damage, the exit code says so.
 int runPaletteCheck(const PaletteOptions& options);
