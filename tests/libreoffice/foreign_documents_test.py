@@ -341,8 +341,8 @@ class WhatFormatsLose(InFolder):
         self.assertEqual(done.returncode, STORED_OTHERWISE)
         self.assertEqual(len(done.stderr.splitlines()), 1)
         self.assertRegex(done.stderr, r"row 2: 1 shape stored as two-colour gradient .* instead of "
-                                      r"one-colour gradient .*: \.docx stores a one-colour gradient "
-                                      r"as a two-colour one")
+                                      r"one-colour gradient .*: \.docx stores a one-colour "
+                                      r"gradient as a two-colour one")
 
 
 class GradientsOfManyColours(InFolder):
