@@ -22,6 +22,7 @@ inline constexpr std::int32_t kInternal = 51;
 inline constexpr std::int32_t kFileNotFound = 53;
 inline constexpr std::int32_t kPathAccess = 75;
 inline constexpr std::int32_t kObjectNotSet = 91;
+inline constexpr std::int32_t kInvalidUseOfNull = 94;
 inline constexpr std::int32_t kNoSuchControl = 340;
 /// A host refuses to give a property.
 inline constexpr std::int32_t kNotAvailable = 4605;

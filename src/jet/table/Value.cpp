@@ -14,13 +14,23 @@ namespace {
 
 constexpr std::size_t kLeastCompressed = 3;
 
-std::int32_t roundedLong(double value) {
-    const double rounded = std::nearbyint(value);
-    if (!(rounded >= std::numeric_limits<std::int32_t>::min() &&
-          rounded <= std::numeric_limits<std::int32_t>::max())) {
-        base::throwOverflow();
+[[noreturn]] void throwNull() {
+    throw base::Error(base::ErrorNumber::kInvalidUseOfNull,
+                      "Neplatné použití prázdné hodnoty (Null).");
+}
+
+/// What a value is as a number.
+double numberOf(const Value& value) {
+    if (isNull(value)) throwNull();
+    if (const auto* whole = std::get_if<std::int32_t>(&value)) return *whole;
+    if (const auto* flag = std::get_if<bool>(&value)) return *flag ? -1 : 0;
+    if (const auto* number = std::get_if<float>(&value)) return *number;
+    if (const auto* number = std::get_if<double>(&value)) return *number;
+    if (const auto* money = std::get_if<Money>(&value)) {
+        return static_cast<double>(money->tenThousandths) / 10000;
     }
-    return static_cast<std::int32_t>(rounded);
+    if (const auto* text = std::get_if<std::string>(&value)) return base::toNumber(*text);
+    throw base::Error(base::ErrorNumber::kTypeMismatch, "Typová neshoda: hodnota není číslo.");
 }
 
 bool isCompressed(ByteView bytes) {
@@ -65,15 +75,25 @@ std::u16string expand(ByteView bytes) {
 }  // namespace
 
 std::int32_t toLong(const Value& value) {
-    if (const auto* whole = std::get_if<std::int32_t>(&value)) return *whole;
-    if (const auto* flag = std::get_if<bool>(&value)) return *flag ? -1 : 0;
-    if (const auto* number = std::get_if<float>(&value)) return roundedLong(*number);
-    if (const auto* number = std::get_if<double>(&value)) return roundedLong(*number);
-    if (const auto* money = std::get_if<Money>(&value)) {
-        return roundedLong(static_cast<double>(money->tenThousandths) / 10000);
+    const double rounded = std::nearbyint(numberOf(value));
+    if (!(rounded >= std::numeric_limits<std::int32_t>::min() &&
+          rounded <= std::numeric_limits<std::int32_t>::max())) {
+        base::throwOverflow();
     }
-    if (const auto* text = std::get_if<std::string>(&value)) return base::toInteger(*text);
-    throw base::Error(base::ErrorNumber::kTypeMismatch, "Typová neshoda: hodnota není číslo.");
+    return static_cast<std::int32_t>(rounded);
+}
+
+float toSingle(const Value& value) {
+    const double number = numberOf(value);
+    if (std::abs(number) > std::numeric_limits<float>::max()) base::throwOverflow();
+    return static_cast<float>(number);
+}
+
+std::string toText(const Value& value) {
+    if (const auto* text = std::get_if<std::string>(&value)) return *text;
+    if (const auto* whole = std::get_if<std::int32_t>(&value)) return base::text(*whole);
+    if (isNull(value)) throwNull();
+    throw base::Error(base::ErrorNumber::kTypeMismatch, "Typová neshoda: hodnota není text.");
 }
 
 std::string decodeText(ByteView bytes) {

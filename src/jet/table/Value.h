@@ -46,8 +46,13 @@ inline bool isNull(const Value& value) {
 }
 
 /// What an assignment to a long column makes of a value: a float is rounded half to even.
-/// Overflow error (6) beyond 32 bits; type mismatch (13) for what is not a number.
+/// Overflow error (6) beyond 32 bits; type mismatch (13) for what is not a number; error 94 for
+/// null.
 std::int32_t toLong(const Value& value);
+/// The same for a number in single precision.
+float toSingle(const Value& value);
+/// A text, or a whole number as one; type mismatch (13) for anything else, error 94 for null.
+std::string toText(const Value& value);
 
 /// Text as the file keeps it, plain or compressed, from and to UTF-8. Text that takes up to
 /// `mostCompressed` characters is compressed if all of it can be.

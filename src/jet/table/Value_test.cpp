@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+
 #include "base/Error.h"
 
 namespace huebrush::jet {
@@ -24,6 +26,41 @@ TEST(Value, WhatIsNotALongIsRefused) {
     EXPECT_THROW(toLong(std::numeric_limits<double>::quiet_NaN()), base::Error);
     EXPECT_THROW(toLong(Value()), base::Error);
     EXPECT_THROW(toLong(Bytes{1}), base::Error);
+}
+
+std::int32_t errorOf(const std::function<void()>& body) {
+    try {
+        body();
+    } catch (const base::Error& error) {
+        return error.number();
+    }
+    return 0;
+}
+
+TEST(Value, NumbersOfAnyKindBecomeASingle) {
+    EXPECT_EQ(toSingle(7), 7.0F);
+    EXPECT_EQ(toSingle(0.25F), 0.25F);
+    EXPECT_EQ(toSingle(0.1), 0.1F);
+    EXPECT_EQ(toSingle(true), -1.0F);
+    EXPECT_EQ(toSingle(Money{15000}), 1.5F);
+    EXPECT_EQ(toSingle(std::string("0.5")), 0.5F);
+    EXPECT_EQ(errorOf([] { toSingle(1e39); }), base::ErrorNumber::kOverflow);
+    EXPECT_EQ(errorOf([] { toSingle(std::string("půl")); }), base::ErrorNumber::kTypeMismatch);
+    EXPECT_EQ(errorOf([] { toSingle(Bytes{1}); }), base::ErrorNumber::kTypeMismatch);
+}
+
+TEST(Value, TextsAndWholeNumbersBecomeText) {
+    EXPECT_EQ(toText(std::string("kůň")), "kůň");
+    EXPECT_EQ(toText(std::string()), "");
+    EXPECT_EQ(toText(-12), "-12");
+    EXPECT_EQ(errorOf([] { toText(0.5F); }), base::ErrorNumber::kTypeMismatch);
+    EXPECT_EQ(errorOf([] { toText(Bytes{1}); }), base::ErrorNumber::kTypeMismatch);
+}
+
+TEST(Value, NoConversionTakesNull) {
+    EXPECT_EQ(errorOf([] { toLong(Value()); }), base::ErrorNumber::kInvalidUseOfNull);
+    EXPECT_EQ(errorOf([] { toSingle(Value()); }), base::ErrorNumber::kInvalidUseOfNull);
+    EXPECT_EQ(errorOf([] { toText(Value()); }), base::ErrorNumber::kInvalidUseOfNull);
 }
 
 TEST(Text, IsCompressedOnlyWhereAllOfItCanBe) {
