@@ -9,6 +9,10 @@
 #include "base/Picture.h"
 #include "fill/FillProperties.h"
 
+namespace huebrush::jet {
+class Recordset;
+}
+
 namespace huebrush::fill {
 
 /// The fill of a group of shapes, twice: the original fill, as the shapes have it, and the
@@ -44,6 +48,18 @@ class CFill {
     std::string SetFormat(host::FillFormat& Fill);
     /// Reports what SetFormat itself would have reported, had the host not gathered its writes.
     static std::string reportFailedFormat(const base::Error& error);
+
+    /// Gives the destination to fifteen columns of the current record, which the caller updates.
+    /// The columns Transparency and GradientDegree hold whole numbers: the record set rounds, half
+    /// to even. Whether all columns have been assigned: not where there is no current record, and
+    /// not, after a box, for a fill of an unknown texture, of which nothing is written. An error is
+    /// reported, and what was assigned before it stays assigned.
+    bool FillToRecordset(jet::Recordset& rs);
+    /// Takes the destination from the current record, if there is one, raises ReadFromRecordset
+    /// with the preview stored in it, and marks the fill as changed. A column that is null or of
+    /// another kind ends this with a report: what was read before it stays, nothing is raised, and
+    /// the mark is as before. The flag of an unknown texture is neither written nor read.
+    void FillFromRecordset(jet::Recordset& rs);
 
     bool Change() const { return change_; }
 

@@ -12,7 +12,7 @@ namespace huebrush::palette {
 /// has no column.
 jet::Table::Values valuesOf(const jet::Table& elements, const fill::FillProperties& fill);
 
-/// The fill in a row; a text that is null is empty. Type mismatch error (13) for a number that is.
+/// The fill in a row; a text that is null is empty. Error 94 for a number that is null.
 fill::FillProperties fillOf(const Record& row);
 
 }  // namespace huebrush::palette
