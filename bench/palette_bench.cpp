@@ -71,6 +71,8 @@ class TimedFiles final : public jet::FileSystem {
     std::unique_ptr<jet::Lock> lock(const std::string& name) override {
         return std::make_unique<TimedLock>(*this, system().lock(name));
     }
+    void remove(const std::string& name) override { system().remove(name); }
+    void makeFolder(const std::string& name) override { system().makeFolder(name); }
 
     /// From the written bytes until the file is on the disk under its name.
     double syncs = 0;

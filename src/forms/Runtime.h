@@ -101,6 +101,9 @@ class Component {
     virtual std::string name() const = 0;
     /// The folder that holds the component, without a separator at its end.
     virtual std::string folder() const = 0;
+    /// The folder that is the component's own for files of this user, which are kept when the
+    /// component is updated. It may not exist yet. Without a separator at its end, too.
+    virtual std::string userFolder() const = 0;
     virtual std::string temporaryFolder() const = 0;
     /// Where the module that needs a temporary file keeps its name for as long as the component is
     /// loaded; empty at first.

@@ -211,6 +211,7 @@ class WithoutFolder final : public forms::ForwardingRuntime, private forms::Comp
     std::string version() const override { return {}; }
     std::string name() const override { return "Huebrush"; }
     std::string folder() const override { return {}; }
+    std::string userFolder() const override { return {}; }
     std::string temporaryFolder() const override {
         if (asked_++ < failures) throw base::Error(76, "Cesta nebyla nalezena.");
         return "/somewhere";

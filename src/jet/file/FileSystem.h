@@ -77,6 +77,10 @@ class FileSystem {
     /// replaced. An error when the file may not be written or another program has it open for
     /// writing; waits for other holders of this lock.
     virtual std::unique_ptr<Lock> lock(const std::string& name) = 0;
+    /// Removes a file; an error where it could not be locked.
+    virtual void remove(const std::string& name) = 0;
+    /// Makes a folder, and those that it is in, where they are missing.
+    virtual void makeFolder(const std::string& name) = 0;
 };
 
 /// The files of this system.

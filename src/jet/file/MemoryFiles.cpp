@@ -176,4 +176,11 @@ std::unique_ptr<Lock> MemoryFiles::lock(const std::string& name) {
     return std::make_unique<MemoryLock>(*this, name, file->second);
 }
 
+void MemoryFiles::remove(const std::string& name) {
+    static_cast<void>(lock(name));
+    call("remove");
+    note({Kind::remove, name, "", 0, {}});
+    files.erase(name);
+}
+
 }  // namespace huebrush::jet

@@ -33,6 +33,9 @@ class MemoryFiles final : public FileSystem {
     std::unique_ptr<File> open(const std::string& name) override;
     std::unique_ptr<NewFile> create(const std::string& name) override;
     std::unique_ptr<Lock> lock(const std::string& name) override;
+    void remove(const std::string& name) override;
+    /// Names may have any folders.
+    void makeFolder(const std::string&) override {}
 
     /// The name that a file has until it is published.
     static std::string beside(const std::string& name) { return name + ".new"; }

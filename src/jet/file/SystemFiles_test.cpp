@@ -69,6 +69,39 @@ TEST_F(SystemFiles, MissingFilesAndFoldersAreErrors) {
     EXPECT_EQ(errorOf([&] { createDatabase(systemFiles(), file); }), ErrorNumber::kAlreadyExists);
 }
 
+TEST_F(SystemFiles, ARemovedFileIsGone) {
+    systemFiles().remove(file);
+    EXPECT_FALSE(systemFiles().exists(file));
+    EXPECT_EQ(filesInFolder(), 0U);
+    EXPECT_EQ(errorOf([&] { systemFiles().remove(file); }), ErrorNumber::kFileNotFound);
+    createPaletteFile(systemFiles(), file);
+    EXPECT_EQ(palettesIn(file), 0U);
+}
+
+TEST_F(SystemFiles, AFileThatAnotherProgramHasOpenForWritingIsNotRemoved) {
+    {
+        const std::fstream other(files::pathOf(file), std::ios::in | std::ios::out);
+        EXPECT_EQ(errorOf([&] { systemFiles().remove(file); }), ErrorNumber::kInUse);
+    }
+    EXPECT_EQ(palettesIn(file), 0U);
+}
+
+TEST_F(SystemFiles, OnlyFilesAreRemoved) {
+    const std::string empty = inFolder("empty");
+    fs::create_directory(files::pathOf(empty));
+    EXPECT_NE(errorOf([&] { systemFiles().remove(empty); }), 0);
+    EXPECT_TRUE(systemFiles().exists(empty));
+}
+
+TEST_F(SystemFiles, FoldersAreMadeWithThoseThatTheyAreIn) {
+    const std::string inner = inFolder("ě") + "/š";
+    systemFiles().makeFolder(inner);
+    systemFiles().makeFolder(inner + "/");
+    createDatabase(systemFiles(), inner + "/x.mdb");
+    EXPECT_TRUE(systemFiles().exists(inner + "/x.mdb"));
+    EXPECT_NE(errorOf([&] { systemFiles().makeFolder(file + "/in a file"); }), 0);
+}
+
 const files::Task addPalettes("add palettes", [](const files::Task::Arguments& given) {
     const auto database = Database::open(systemFiles(), given[0]);
     for (int left = std::stoi(given[1]); left > 0; --left) addPalette(*database, "Paleta", {});
@@ -104,6 +137,8 @@ class StoppingFiles final : public FileSystem {
     std::unique_ptr<Lock> lock(const std::string& name) override {
         return std::make_unique<StoppingLock>(systemFiles().lock(name), stop_);
     }
+    void remove(const std::string& name) override { systemFiles().remove(name); }
+    void makeFolder(const std::string& name) override { systemFiles().makeFolder(name); }
 
  private:
     class StoppingNewFile final : public NewFile {

@@ -115,6 +115,7 @@ class MemoryRuntime final : public forms::Runtime,
     std::string folder() const override { return componentFolder; }
     std::string name() const override { return "huebrush"; }
     std::string temporaryFolder() const override { return temporary; }
+    std::string userFolder() const override { return componentFolder; }
     base::Picture icon(std::int32_t number) const override;
     char decimalSeparator() const override;
     std::optional<forms::RegistryValue> registryValue(forms::RegistryRoot root,

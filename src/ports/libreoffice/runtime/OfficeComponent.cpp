@@ -7,6 +7,7 @@
 #include <com/sun/star/beans/XPropertySet.hpp>
 #include <com/sun/star/deployment/XPackageInformationProvider.hpp>
 #include <com/sun/star/i18n/XLocaleData.hpp>
+#include <com/sun/star/util/XStringSubstitution.hpp>
 #include <cstdlib>
 #include <filesystem>
 #include <utility>
@@ -66,6 +67,16 @@ OfficeComponent::OfficeComponent(const ContextReference& context, std::string fo
 
 std::string OfficeComponent::version() const {
     return HUEBRUSH_VERSION;
+}
+
+/// In the user's profile: the extension's own folder is another one after each update.
+std::string OfficeComponent::userFolder() const {
+    return officeCalls([&] {
+        return pathOf(createService<css::util::XStringSubstitution>(
+                          context_, "com.sun.star.util.PathSubstitution")
+                          ->substituteVariables("$(user)", true)) +
+               "/huebrush";
+    });
 }
 
 std::string OfficeComponent::temporaryFolder() const {

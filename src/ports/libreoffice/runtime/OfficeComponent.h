@@ -21,6 +21,7 @@ class OfficeComponent final : public forms::Component {
     std::string version() const override;
     std::string name() const override { return "huebrush"; }
     std::string folder() const override { return folder_; }
+    std::string userFolder() const override;
     /// The folder of the user's own files of this session, where the system has one; otherwise that
     /// of the temporary files of all users.
     std::string temporaryFolder() const override;
