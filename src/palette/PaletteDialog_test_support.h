@@ -1,0 +1,208 @@
+// SPDX-License-Identifier: MPL-2.0
+
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "base/Bitmap.h"
+#include "base/Text.h"
+#include "files/Folder_test_support.h"
+#include "jet/database/Schema.h"
+#include "jet/file/MemoryFiles.h"
+#include "palette/PaletteFile.h"
+#include "palette/PaletteRows.h"
+#include "palette/mMakeDatabase.h"
+#include "ports/memory/Driver.h"
+#include "ports/memory/MemoryRuntime.h"
+
+namespace huebrush::palette {
+
+/// A preview in one colour.
+inline base::Picture previewIn(std::int32_t color) {
+    return base::bitmapOf(1, 1, {static_cast<std::uint8_t>(color), 0, 0, 0xFF});
+}
+
+/// Rows as the recolour dialog has them: a fill that is read from a record brings its preview.
+class TestRows final : public PaletteRows {
+ public:
+    struct Row {
+        std::shared_ptr<fill::CFill> fill = std::make_shared<fill::CFill>();
+        std::shared_ptr<base::Picture> preview = std::make_shared<base::Picture>();
+        bool selected = true;
+    };
+
+    /// Adds a row of a solid fill, selected.
+    Row& add(std::int32_t color) {
+        fill::FillProperties properties;
+        properties.Visible = host::MsoTriState::msoTrue;
+        properties.Type = host::MsoFillType::msoFillSolid;
+        properties.ForeColorRGB = color;
+        Row row;
+        row.fill->setDestination(properties);
+        row.fill->ApplyChange();
+        *row.preview = previewIn(color);
+        row.fill->ReadFromRecordset.connect(
+            [shown = row.preview](const base::Picture& preview) { *shown = preview; });
+        rows.push_back(row);
+        return rows.back();
+    }
+    void add(const std::vector<std::int32_t>& colors) {
+        for (const std::int32_t color : colors) add(color);
+    }
+    std::vector<std::int32_t> colors() const {
+        std::vector<std::int32_t> colors;
+        for (const Row& row : rows) colors.push_back(row.fill->destination().ForeColorRGB);
+        return colors;
+    }
+    /// Changes the destination of the row counted from 1.
+    template <class Change>
+    void change(std::size_t row, const Change& change) {
+        fill::FillProperties properties = rows[row - 1].fill->destination();
+        change(properties);
+        rows[row - 1].fill->setDestination(properties);
+    }
+
+    std::int16_t lastRow() const override { return static_cast<std::int16_t>(rows.size()); }
+    bool isRowSelected(std::int16_t row) const override { return at(row).selected; }
+    std::int16_t selectedRows() const override {
+        std::int16_t count = 0;
+        for (const Row& row : rows)
+            count = static_cast<std::int16_t>(count + (row.selected ? 1 : 0));
+        return count;
+    }
+    fill::CFill& fillOf(std::int16_t row) override { return *at(row).fill; }
+    base::Picture previewOf(std::int16_t row) const override { return *at(row).preview; }
+    bool isTopMost() const override { return topMost; }
+    void setTopMost(bool value) override {
+        topMost = value;
+        levels.push_back(value);
+    }
+
+    std::vector<Row> rows;
+    bool topMost = true;
+    /// The levels that were asked for, in their order.
+    std::vector<bool> levels;
+
+ private:
+    const Row& at(std::int16_t row) const { return rows.at(static_cast<std::size_t>(row) - 1); }
+};
+
+/// A dialog of palettes on files in memory, and the rows that it works on.
+class PaletteDialogTest : public files::Folder {
+ protected:
+    using Names = std::vector<std::string>;
+    using Colors = std::vector<std::int32_t>;
+
+    /// The file that is the user's own, and another one.
+    static constexpr const char* kFile = "/huebrush/Data/fill.mdb";
+    static constexpr const char* kOther = "/home/other.mdb";
+
+    PaletteDialogTest() {
+        runtime.temporary = files::nameOf(folder);
+        runtime.UnhandledError.connect(
+            [this](const base::Error& error) { unhandled.push_back(error.description()); });
+    }
+    ~PaletteDialogTest() override { EXPECT_EQ(unhandled, Names{}); }
+
+    void makeFile(const std::string& path = kFile) { ASSERT_TRUE(MakeDatabase(path, files)); }
+    /// Adds a palette of solid fills in these colours.
+    void addPalette(const std::string& name, const Colors& colors,
+                    const std::string& path = kFile) {
+        Palette palette{{{"Name", name}, {"Description", "o " + name}}, {}};
+        for (const std::int32_t color : colors) palette.elements.push_back(element(color));
+        addPalettes(*jet::Database::open(files, path), {palette});
+    }
+    static Record element(std::int32_t color) {
+        Record record;
+        for (const char* const column :
+             {"Transparency", "BackColorRGB", "GradientStyle", "GradientColorType",
+              "GradientVariant", "GradientDegree", "PresetGradientType", "TextureType",
+              "PresetTexture", "Pattern"}) {
+            record.emplace_back(column, 0);
+        }
+        record.emplace_back("Visible", -1);
+        record.emplace_back("Type", 1);
+        record.emplace_back("ForeColorRGB", color);
+        record.emplace_back("TextureName", std::string());
+        record.emplace_back("PictureName", std::string());
+        record.emplace_back("FillPreview", previewIn(color).bytes());
+        return record;
+    }
+    /// What the file holds: each palette as "ID name (Count): colour at OrderNumber, …".
+    Names contents(const std::string& path = kFile) {
+        const auto database = jet::Database::open(files, path);
+        Names lines;
+        for (const Record& group : listPalettes(*database)) {
+            const jet::Value& count = valueOf(group, "Count");
+            std::string line = base::text(jet::toLong(valueOf(group, "ID")), " ",
+                                          jet::toText(valueOf(group, "Name")), " (",
+                                          jet::isNull(count) ? "?" : jet::toText(count), "):");
+            for (const Record& fill : fillsOf(*database, valueOf(group, "ID"))) {
+                line += base::text(" ", jet::toLong(valueOf(fill, "ForeColorRGB")), "@",
+                                   jet::toLong(valueOf(fill, "OrderNumber")));
+            }
+            lines.push_back(line);
+        }
+        return lines;
+    }
+    void writeFile(const std::string& path, jet::Bytes content) {
+        files.files[path] = std::make_shared<jet::Bytes>(std::move(content));
+    }
+    /// The calls of the system that MemoryFiles knows fail with an error from now on.
+    void fail(const std::string& call, std::int32_t number) {
+        files.onCall = [call, number](const char* what) {
+            if (what == call) throw base::Error(number, "popis");
+        };
+    }
+
+    static Names namesIn(const forms::ListBox& list) {
+        Names names;
+        for (const forms::ListItem& item : list.items()) names.push_back(item.text);
+        return names;
+    }
+    /// The only box shown; forgotten then.
+    memory::ShownBox onlyBox() {
+        if (runtime.boxes.size() != 1) {
+            return {base::text(runtime.boxes.size(), " boxes"), 0, ""};
+        }
+        const memory::ShownBox box = runtime.boxes[0];
+        runtime.boxes.clear();
+        return box;
+    }
+    /// What an error's report shows of a procedure and its message.
+    static memory::ShownBox report(std::int32_t number, const std::string& source,
+                                   const std::string& message, const std::string& description) {
+        return {base::text("Chyba v modulu \"Huebrush.", source, "\"...\r\n\r\n", message,
+                           "\r\n\r\nSystémový popis výjimky:\r\n", description),
+                16, base::text("Chyba č. ", number)};
+    }
+    static memory::ShownBox missing(const std::string& path) {
+        return {base::text("Soubor databáze \"", path, "\" nebyl nalezen!"), 48,
+                "Chyba spojení..."};
+    }
+    static memory::ShownBox withoutPalettes(const std::string& path) {
+        return {base::text("Zovelná databáze \"", path,
+                           "\" není platným datovým souborem...\r\n"
+                           "Databáze neobsahuje palety výplní."),
+                48, "Chybný datový soubor..."};
+    }
+    static std::string couldNotOpen(const std::string& path) {
+        return base::text("Databázi \"", path, "\" se nezdařilo otevřít!");
+    }
+    std::string setting(const std::string& key) {
+        return runtime.settings[{"Huebrush", "Database", key}];
+    }
+
+    memory::MemoryRuntime runtime;
+    forms::RuntimeScope scope{runtime};
+    jet::MemoryFiles files;
+    TestRows rows;
+    Names unhandled;
+};
+
+}  // namespace huebrush::palette
