@@ -13,6 +13,7 @@
 #include "cli/Failure.h"
 #include "cli/FillText.h"
 #include "cli/InputFile.h"
+#include "cli/JsonWriter.h"
 #include "cli/Listing.h"
 #include "cli/OfficeCommand.h"
 #include "cli/OfficeJob.h"
@@ -94,11 +95,6 @@ std::string filterOf(const fs::path& output) {
     if (format != nullptr && format->isStored) return std::string(format->filter);
     throw Failure(text("cannot write ", output.string(), ": the name must end in one of ",
                        protocol::storedEndings()));
-}
-
-/// A listing or result, even with names whose bytes are not text.
-std::string printed(const json& value) {
-    return value.dump(2, ' ', false, json::error_handler_t::replace);
 }
 
 protocol::Job jobOf(const RecolorOptions& options) {

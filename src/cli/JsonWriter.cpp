@@ -16,6 +16,11 @@ constexpr std::size_t kMostHeld = 1U << 16U;
 
 }  // namespace
 
+std::string printed(const nlohmann::ordered_json& value) {
+    return value.dump(static_cast<int>(kIndent), ' ', false,
+                      nlohmann::ordered_json::error_handler_t::replace);
+}
+
 void JsonWriter::newLine() {
     if (held_.size() >= kMostHeld) writeOut();
     held_ += '\n';
@@ -60,7 +65,7 @@ void JsonWriter::value(std::int32_t number) {
 
 void JsonWriter::value(const nlohmann::ordered_json& value) {
     beginValue();
-    std::string text = value.dump(static_cast<int>(kIndent));
+    std::string text = printed(value);
     // All lines of a value but the first are indented with it.
     for (std::size_t at = text.find('\n'); at != std::string::npos; at = text.find('\n', at + 1)) {
         text.insert(at + 1, kIndent * depth_, ' ');

@@ -9,8 +9,12 @@
 
 namespace huebrush::cli {
 
-/// Writes JSON piece by piece, so that it need not be in memory as a whole; indented by two, as
-/// dump(2) of the JSON library does.
+/// JSON as the program prints it, indented by two. Names of files may consist of bytes that are not
+/// text; each such byte becomes U+FFFD.
+std::string printed(const nlohmann::ordered_json& value);
+
+/// Writes JSON piece by piece, so that it need not be in memory as a whole; the result is that
+/// of `printed`.
 class JsonWriter {
  public:
     explicit JsonWriter(std::ostream& out) : out_(out) {}
@@ -33,7 +37,7 @@ class JsonWriter {
     /// as soon as that is noticed.
     void finish();
 
-    static std::string quoted(const std::string& text) { return nlohmann::json(text).dump(); }
+    static std::string quoted(const std::string& text) { return printed(text); }
 
  private:
     void begin(char bracket);

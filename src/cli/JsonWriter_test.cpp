@@ -61,6 +61,18 @@ TEST(JsonWriter, IndentsAValueThatItGetsAsAWhole) {
     EXPECT_EQ(out.str(), value.dump(2) + "\n");
 }
 
+TEST(JsonWriter, ReplacesBytesThatAreNotText) {
+    std::ostringstream out;
+    JsonWriter writer(out);
+    writer.beginObject();
+    writer.key(JsonWriter::quoted("a\xFF"));
+    writer.value(ordered_json("b\xC5"));
+    writer.endObject();
+    writer.finish();
+    EXPECT_EQ(out.str(), "{\n  \"a\uFFFD\": \"b\uFFFD\"\n}\n");
+    EXPECT_EQ(printed({{"a", "\xFE"}}), "{\n  \"a\": \"\uFFFD\"\n}");
+}
+
 TEST(JsonWriter, WritesEarlyAndReportsWhenItCannot) {
     std::ostringstream out;
     JsonWriter writer(out);

@@ -186,7 +186,7 @@ int runPaletteNew(const PaletteOptions& options) {
     const auto lock = replaces ? files.lock(target) : nullptr;
     if (!createPaletteFile(target, lock.get())) return ExitCode::kFailed;
     if (options.json) {
-        std::cout << json{{"file", options.file}, {"replaced", replaces}}.dump(2) << '\n';
+        std::cout << printed({{"file", options.file}, {"replaced", replaces}}) << '\n';
     } else {
         std::cout << "created " << options.file << '\n';
     }
@@ -196,7 +196,7 @@ int runPaletteNew(const PaletteOptions& options) {
 int runPaletteList(const PaletteOptions& options) {
     const std::vector<Record> palettes = palette::listPalettes(*open(options));
     if (options.json) {
-        std::cout << json{{"palettes", listOf(palettes)}}.dump(2) << '\n';
+        std::cout << printed({{"palettes", listOf(palettes)}}) << '\n';
     } else {
         printPalettes(palettes);
     }
@@ -237,8 +237,7 @@ int runPaletteErase(const PaletteOptions& options) {
     const std::size_t erased = palette::erasePalettes(*open(options), options.name);
     if (erased == 0) throw Failure(text(options.file, " has no palette \"", options.name, "\""));
     if (options.json) {
-        std::cout << json{{"file", options.file}, {"name", options.name}, {"erased", erased}}.dump(
-                         2)
+        std::cout << printed({{"file", options.file}, {"name", options.name}, {"erased", erased}})
                   << '\n';
     } else {
         std::cout << countOf(erased, "palette", "palettes") << " erased from " << options.file
@@ -254,10 +253,9 @@ int runPaletteCheck(const PaletteOptions& options) {
         for (const jet::Violation& each : result.violations) {
             violations.push_back(violationToJson(each));
         }
-        std::cout << json{{"file", options.file},
-                          {"damaged", result.isDamaged()},
-                          {"violations", std::move(violations)}}
-                         .dump(2)
+        std::cout << printed({{"file", options.file},
+                              {"damaged", result.isDamaged()},
+                              {"violations", std::move(violations)}})
                   << '\n';
     } else {
         printCheck(options.file, result);
