@@ -10,6 +10,7 @@
 
 #include "cli/Commands.h"
 #include "cli/Failure.h"
+#include "cli/FillText.h"
 #include "cli/Interrupt.h"
 #include "cli/exchange/Exchange.h"
 #include "cli/palette/PaletteCommands.h"
@@ -171,7 +172,7 @@ int main(int argc, char** argv) {
         std::cerr << "huebrush: interrupted, nothing was written\n";
         return ExitCode::kInterrupted;
     } catch (const std::exception& error) {
-        std::cerr << "huebrush: " << error.what() << '\n';
+        std::cerr << "huebrush: " << oneLine(error.what()) << '\n';
         return ExitCode::kFailed;
     }
 }

@@ -76,7 +76,8 @@ class Refusals(OnPaletteFiles):
             "palettes must be an array": {"palettes": 3},
             "palette 2 is not an object": {"palettes": [palette("a", []), 3]},
             "the table TFillGroup has no column Colour": {"palettes": [{"Colour": 3}]},
-            "palette 2, element 1: Sloupec „Pattern“":
+            "palette 2, element 1: the column Pattern of the table TFillElementParameter must "
+            "have a value":
                 {"palettes": [palette("a", [fill]), palette("b", [lacking])]},
             "palette 1, element 2: the table TFillElementParameter has no column Red":
                 {"palettes": [palette("a", [fill, {"Red": 1}])]},
@@ -84,10 +85,12 @@ class Refusals(OnPaletteFiles):
                 {"palettes": [palette("a", [{**fill, "Visible": 1.5}])]},
             "FillPreview must be a string in base64":
                 {"palettes": [palette("a", [{**fill, "FillPreview": "?"}])]},
-            "palette 1: Sloupec „Name“": {"palettes": [{"elements": [fill]}]},
-            "„Name“": {"palettes": [palette("", [])]},
-            "nejvýše 30 znaků": {"palettes": [palette("x" * 31, [])]},
-            "nejvýše 255 znaků": {"palettes": [palette("x", [element(0, b"", "t" * 256)])]},
+            "palette 1: the column Name of the table TFillGroup must have a value": {"palettes": [{"elements": [fill]}]},
+            "the column Name of the table TFillGroup must not be empty": {"palettes": [palette("", [])]},
+            "the value of the column Name is too long (at most 30 characters)":
+                {"palettes": [palette("x" * 31, [])]},
+            "is too long (at most 255 characters)":
+                {"palettes": [palette("x", [element(0, b"", "t" * 256)])]},
         }
         for words, content in cases.items():
             with self.subTest(words):
@@ -113,7 +116,7 @@ class Refusals(OnPaletteFiles):
         self.assert_refused("is not valid JSON: error at byte ", "import", self.file, source)
         many[-1]["elements"] = fills + [lacking]
         source = self.write_json(many)
-        self.assert_refused(f"palette {MANY_PALETTES}, element 21: Sloupec „Pattern“",
+        self.assert_refused(f"palette {MANY_PALETTES}, element 21: the column Pattern",
                             "import", self.file, source)
         self.assertEqual([each["Name"] for each in self.dump()], ["Podzim"])
         self.assert_clean()
@@ -128,9 +131,9 @@ class Refusals(OnPaletteFiles):
         source = self.write_json([palette("Zima", [])])
         with self.file.open("r+b"):
             self.assertEqual([each["Name"] for each in self.dump()], ["Podzim"])
-            self.assert_refused("jiný program", "import", self.file, source)
-            self.assert_refused("jiný program", "erase", self.file, "Podzim")
-            self.assert_refused("jiný program", "new", self.file, "--force")
+            self.assert_refused("another program has", "import", self.file, source)
+            self.assert_refused("another program has", "erase", self.file, "Podzim")
+            self.assert_refused("another program has", "new", self.file, "--force")
         self.run_program("erase", self.file, "Podzim")
 
     def test_incomplete_command_lines(self):
@@ -161,6 +164,18 @@ class New(OnPaletteFiles):
         self.assertEqual(self.run_program("new", other), f"created {other}\n")
         self.assertEqual(json.loads(self.run_program("new", other, "--force", "--json")),
                          {"file": str(other), "replaced": True})
+
+    def test_may_have_names_that_are_not_text(self):
+        file = self.folder / os.fsdecode(b"p\xf8\xedklad.mdb")
+        shown = str(self.folder / "p\ufffd\ufffdklad.mdb")
+        self.assertEqual(json.loads(self.run_program("new", file, "--json")),
+                         {"file": shown, "replaced": False})
+        source = self.write_json([palette("Podzim", [])])
+        self.assertEqual(json.loads(self.run_program("import", file, source, "--json"))["file"],
+                         shown)
+        self.assertEqual(json.loads(self.run_program("check", file, "--json"))["file"], shown)
+        self.assertEqual(json.loads(self.run_program("erase", file, "Podzim", "--json"))["file"],
+                         shown)
 
     def test_by_force_replaces_the_file_that_a_link_leads_to_and_keeps_its_rights(self):
         self.add([palette("Podzim", [])])

@@ -166,7 +166,7 @@ void PaletteReader::handOn(const std::function<void()>& row) const {
     try {
         row();
     } catch (const base::Error& error) {
-        place_.fail(": " + error.description());
+        place_.fail(text(": ", error.what()));
     }
 }
 

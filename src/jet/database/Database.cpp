@@ -46,8 +46,8 @@ void Database::create(FileSystem& files, const std::string& name, RowId freeMap,
 
 void Database::writeNew() {
     if (files_->exists(name_)) {
-        throw base::Error(ErrorNumber::kAlreadyExists,
-                          base::text("Databáze „", name_, "“ už existuje."));
+        throw Error(ErrorNumber::kAlreadyExists, base::text("Databáze „", name_, "“ už existuje."),
+                    base::text("the database ", name_, " already exists"));
     }
     const std::unique_ptr<NewFile> file = files_->create(name_);
     pages_->writeTo(*file);
@@ -93,8 +93,9 @@ std::shared_ptr<const TableDefinition> Database::definition(const std::string& n
             return definition(static_cast<PageNumber>(object.id));
         }
     }
-    throw base::Error(ErrorNumber::kNoSuchTable,
-                      base::text("Databáze „", name_, "“ nemá tabulku „", name, "“."));
+    throw Error(ErrorNumber::kNoSuchTable,
+                base::text("Databáze „", name_, "“ nemá tabulku „", name, "“."),
+                base::text(name_, " has no table ", name));
 }
 
 void Database::refresh() {

@@ -31,20 +31,25 @@ std::string columnNames(const TableDefinition& table, const IndexTree& tree) {
 }
 
 [[noreturn]] void throwDuplicate(const TableDefinition& table, const IndexTree& tree) {
-    throw base::Error(
+    throw Error(
         ErrorNumber::kDuplicateKey,
         text("Řádek nelze zapsat: v tabulce „", table.name,
-             "“ by se opakovala hodnota jedinečného klíče „", columnNames(table, tree), "“."));
+             "“ by se opakovala hodnota jedinečného klíče „", columnNames(table, tree), "“."),
+        text("a row of the table ", table.name, " would repeat a value of the unique key ",
+             columnNames(table, tree)));
 }
 
 [[noreturn]] void throwNull(const TableDefinition& table, const std::string& column) {
-    throw base::Error(ErrorNumber::kNullNotAllowed,
-                      text("Sloupec „", column, "“ tabulky „", table.name, "“ musí mít hodnotu."));
+    throw Error(ErrorNumber::kNullNotAllowed,
+                text("Sloupec „", column, "“ tabulky „", table.name, "“ musí mít hodnotu."),
+                text("the column ", column, " of the table ", table.name, " must have a value"));
 }
 
 [[noreturn]] void throwGone(const TableDefinition& table) {
-    throw base::Error(ErrorNumber::kRowChanged,
-                      text("Řádek tabulky „", table.name, "“ mezitím odstranil jiný program."));
+    throw Error(
+        ErrorNumber::kRowChanged,
+        text("Řádek tabulky „", table.name, "“ mezitím odstranil jiný program."),
+        text("another program has removed a row of the table ", table.name, " in the meantime"));
 }
 
 bool sameKey(const Key& a, const Key& b) {
@@ -66,8 +71,9 @@ Table::Table(Database& database, std::shared_ptr<const TableDefinition> table)
 const Column& Table::column(const std::string& name) const {
     const Column* column = table_->find(name);
     if (column == nullptr) {
-        throw base::Error(ErrorNumber::kNoSuchColumn,
-                          text("Tabulka „", table_->name, "“ nemá sloupec „", name, "“."));
+        throw Error(ErrorNumber::kNoSuchColumn,
+                    text("Tabulka „", table_->name, "“ nemá sloupec „", name, "“."),
+                    text("the table ", table_->name, " has no column ", name));
     }
     return *column;
 }
@@ -104,9 +110,11 @@ ValueOf Table::valuesOf(const Fields& fields) const {
 Key Table::keyOf(const IndexTree& tree, const Fields& fields) const {
     auto key = encodeKey(*table_, tree, valuesOf(fields));
     if (!key) {
-        throw base::Error(ErrorNumber::kNotSupported,
-                          text("Řádek nelze zapsat: hodnota sloupce „", columnNames(*table_, tree),
-                               "“ obsahuje znak, jehož pořadí v indexu není známo."));
+        throw Error(ErrorNumber::kNotSupported,
+                    text("Řádek nelze zapsat: hodnota sloupce „", columnNames(*table_, tree),
+                         "“ obsahuje znak, jehož pořadí v indexu není známo."),
+                    text("the value of the column ", columnNames(*table_, tree),
+                         " contains a character whose order in the index is not known"));
     }
     return *key;
 }
@@ -118,8 +126,9 @@ RowPages Table::rowPages() {
 
 RowPages Table::longValuePages(const Column& column) {
     if (column.ownedMap.page == 0) {
-        throw base::Error(ErrorNumber::kNotSupported,
-                          text("Do sloupce „", column.name, "“ nelze zapisovat."));
+        throw Error(ErrorNumber::kNotSupported,
+                    text("Do sloupce „", column.name, "“ nelze zapisovat."),
+                    text("the column ", column.name, " cannot be written to"));
     }
     return {database_->pages(), database_->space(), column.ownedMap, column.freeMap,
             kLongValueOwner};
@@ -127,29 +136,37 @@ RowPages Table::longValuePages(const Column& column) {
 
 /// A table that cannot be kept in order is not written to.
 void Table::requireWritable() const {
-    const auto refuse = [&](const std::string& reason) {
-        throw base::Error(ErrorNumber::kReadOnly,
-                          text("Do tabulky „", table_->name, "“ nelze zapisovat: ", reason));
+    const auto refuse = [&](const std::string& reason, const std::string& english) {
+        throw Error(ErrorNumber::kReadOnly,
+                    text("Do tabulky „", table_->name, "“ nelze zapisovat: ", reason),
+                    text("the table ", table_->name, " cannot be written to: ", english));
     };
     for (const IndexTree& tree : table_->trees) {
         if (!keysKnown(*table_, tree)) {
-            refuse(text("pořadí indexu „", columnNames(*table_, tree), "“ není známo."));
+            const std::string names = columnNames(*table_, tree);
+            refuse(text("pořadí indexu „", names, "“ není známo."),
+                   text("the order of its index on ", names, " is not known"));
         }
     }
-    if (table_->hasValidation) refuse("má ověřovací pravidla.");
+    if (table_->hasValidation) refuse("má ověřovací pravidla.", "it has validation rules");
     for (const LogicalIndex& index : table_->indexes) {
         const bool cascades = index.side == LogicalIndex::Side::parent &&
                               (index.cascadeDelete != 0 || index.cascadeUpdate != 0);
-        if (cascades) refuse("její vazba mění řádky jiné tabulky.");
+        if (cascades) {
+            refuse("její vazba mění řádky jiné tabulky.",
+                   "a relation of it changes rows of another table");
+        }
     }
 }
 
 void Table::setField(Fields& fields, const Column& column, const Value& value) {
     const auto* text = std::get_if<std::string>(&value);
     if (text != nullptr && text->empty() && column.isText() && !column.allowZeroLength) {
-        throw base::Error(ErrorNumber::kEmptyNotAllowed,
-                          base::text("Sloupec „", column.name, "“ tabulky „", table_->name,
-                                     "“ nesmí být prázdný text."));
+        throw Error(ErrorNumber::kEmptyNotAllowed,
+                    base::text("Sloupec „", column.name, "“ tabulky „", table_->name,
+                               "“ nesmí být prázdný text."),
+                    base::text("the column ", column.name, " of the table ", table_->name,
+                               " must not be empty"));
     }
     if (!column.isLongValue()) {
         fields.at(column) = encodeField(column, value);
@@ -165,9 +182,9 @@ void Table::setField(Fields& fields, const Column& column, const Value& value) {
                given != nullptr && column.type == ColumnType::ole) {
         bytes = *given;
     } else {
-        throw base::Error(
-            ErrorNumber::kWrongType,
-            base::text("Sloupec „", column.name, "“ nemůže mít hodnotu tohoto druhu."));
+        throw Error(ErrorNumber::kWrongType,
+                    base::text("Sloupec „", column.name, "“ nemůže mít hodnotu tohoto druhu."),
+                    base::text("the column ", column.name, " cannot have a value of this type"));
     }
     RowPages pages = longValuePages(column);
     fields.at(column) = long_value::store(pages, bytes);
@@ -229,10 +246,12 @@ void Table::checkParents(const Fields& fields, const Fields* before) const {
         if (before != nullptr && keyInOther(each, valuesOf(*before)) == key) continue;
         const Index parents(database_->pages(), each.otherTree(), each.otherTable->page);
         if (!parents.contains(*key)) {
-            throw base::Error(
+            throw Error(
                 ErrorNumber::kNoParent,
                 text("Řádek nelze zapsat: vazba „", each.here->name,
-                     "“ vyžaduje odpovídající řádek v tabulce „", each.otherTable->name, "“."));
+                     "“ vyžaduje odpovídající řádek v tabulce „", each.otherTable->name, "“."),
+                text("the relation ", each.here->name, " requires a matching row in the table ",
+                     each.otherTable->name));
         }
     }
 }
@@ -244,10 +263,11 @@ void Table::checkChildren(const Fields& before, const Fields* after) const {
         if (!key || (after != nullptr && keyInOther(each, valuesOf(*after)) == key)) continue;
         const Index children(database_->pages(), each.otherTree(), each.otherTable->page);
         if (children.contains(*key)) {
-            throw base::Error(
-                ErrorNumber::kHasChildren,
-                text("Řádek nelze odstranit ani změnit: podle vazby „", each.there->name,
-                     "“ na něj odkazují řádky tabulky „", each.otherTable->name, "“."));
+            throw Error(ErrorNumber::kHasChildren,
+                        text("Řádek nelze odstranit ani změnit: podle vazby „", each.there->name,
+                             "“ na něj odkazují řádky tabulky „", each.otherTable->name, "“."),
+                        text("by the relation ", each.there->name, ", rows of the table ",
+                             each.otherTable->name, " refer to the row"));
         }
     }
 }
@@ -341,8 +361,9 @@ void Table::writeRow(RowId id, const Bytes& row) {
     Bytes way;
     append32(way, target.pointer());
     if (!pages.replace(id, way, SlotFlag::kMoved)) {
-        throw base::Error(ErrorNumber::kNotSupported,
-                          text("Řádek tabulky „", table_->name, "“ nelze prodloužit."));
+        throw Error(ErrorNumber::kNotSupported,
+                    text("Řádek tabulky „", table_->name, "“ nelze prodloužit."),
+                    text("a row of the table ", table_->name, " cannot be made longer"));
     }
 }
 

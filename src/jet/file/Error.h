@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <string>
+#include <utility>
 
 #include "base/Error.h"
 #include "jet/file/Rules.h"
@@ -42,6 +43,19 @@ inline constexpr std::int32_t kClosed = 3704;
 inline constexpr std::int32_t kAlreadyOpen = 3705;
 inline constexpr std::int32_t kSyntax = 3075;
 }  // namespace ErrorNumber
+
+/// An error that the command line may meet: boxes show its description, in Czech as all their
+/// texts, and what() says the same in English.
+class Error : public base::Error {
+ public:
+    Error(std::int32_t number, std::string description, std::string english)
+        : base::Error(number, std::move(description)), english_(std::move(english)) {}
+
+    const char* what() const noexcept override { return english_.c_str(); }
+
+ private:
+    std::string english_;
+};
 
 /// A file breaks a rule of the format: on which page, at which byte of it, and which rule.
 class Damage : public base::Error {

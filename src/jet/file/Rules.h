@@ -35,7 +35,7 @@ inline constexpr Rule kSlotTable{"D1", "the table of row slots does not fit on t
 inline constexpr Rule kSlotInside{"D2", "a row overlaps the slot table or the row before it"};
 inline constexpr Rule kRowExists{"D3", "a pointer leads to a row that does not exist"};
 inline constexpr Rule kFreeBytes{"D4", "the number of free bytes is wrong"};
-inline constexpr Rule kOwner{"D5", "the page names another owner"};
+inline constexpr Rule kOwner{"D5", "the page names a different owner"};
 inline constexpr Rule kMovedOnce{"D6", "a moved row and the pointer to it do not match"};
 
 inline constexpr Rule kRowColumns{"R1", "the row has more columns than its table"};
@@ -61,7 +61,7 @@ inline constexpr Rule kTreeShape{"I3", "the index tree is broken or of uneven de
 inline constexpr Rule kLeafChain{"I4", "the leaves of the index are linked in the wrong order"};
 inline constexpr Rule kNodeKey{"I5", "a node does not hold the last entry of its child"};
 inline constexpr Rule kEntryForRow{"I6", "the rows and the entries of an index do not match"};
-inline constexpr Rule kKeyOfRow{"I7", "an index entry has another key than its row"};
+inline constexpr Rule kKeyOfRow{"I7", "the key of an index entry differs from that of its row"};
 inline constexpr Rule kUnique{"I8", "a unique index has the same key twice"};
 
 inline constexpr Rule kRelation{"K1", "the records of a relation disagree"};

@@ -71,7 +71,7 @@ auto translated(const Body& body) {
     try {
         return body();
     } catch (const files::Error& error) {
-        throw base::Error(numberOf(error), textOf(error));
+        throw Error(numberOf(error), textOf(error), error.what());
     }
 }
 

@@ -120,8 +120,8 @@ Page& Pages::change(PageNumber number) {
 
 PageNumber Pages::append() {
     if (count_ >= kLargestFile) {
-        throw base::Error(ErrorNumber::kOutOfSpace,
-                          "Databáze dosáhla své největší velikosti 2 GB.");
+        throw Error(ErrorNumber::kOutOfSpace, "Databáze dosáhla své největší velikosti 2 GB.",
+                    "the database has reached its largest size of 2 GB");
     }
     Frame& frame = keep(count_, std::make_shared<HeldPage>());
     const PageNumber number = count_++;

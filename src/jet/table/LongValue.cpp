@@ -90,7 +90,8 @@ void visitParts(Pages& pages, const Reader& field, const Visit& visit) {
 Bytes store(RowPages& pages, ByteView value) {
     const auto length = static_cast<std::uint32_t>(value.size());
     if (value.size() > kLengthMask) {
-        throw base::Error(ErrorNumber::kTooLong, "Hodnota je delší než 1 GB.");
+        throw Error(ErrorNumber::kTooLong, "Hodnota je delší než 1 GB.",
+                    "a value is longer than 1 GB");
     }
     Bytes field;
     if (value.size() <= kMostInline) {

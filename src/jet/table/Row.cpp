@@ -38,15 +38,18 @@ std::size_t sizeOf(ColumnType type) {
 }
 
 [[noreturn]] void throwWrongType(const Column& column) {
-    throw base::Error(ErrorNumber::kWrongType,
-                      text("Sloupec „", column.name, "“ nemůže mít hodnotu tohoto druhu."));
+    throw Error(ErrorNumber::kWrongType,
+                text("Sloupec „", column.name, "“ nemůže mít hodnotu tohoto druhu."),
+                text("the column ", column.name, " cannot have a value of this type"));
 }
 
 [[noreturn]] void throwTooLong(const Column& column) {
-    throw base::Error(ErrorNumber::kTooLong,
-                      text("Hodnota sloupce „", column.name, "“ je příliš dlouhá (nejvýše ",
-                           column.isText() ? column.length / 2 : column.length,
-                           column.isText() ? " znaků)." : " bajtů)."));
+    const auto most = column.isText() ? column.length / 2 : column.length;
+    throw Error(ErrorNumber::kTooLong,
+                text("Hodnota sloupce „", column.name, "“ je příliš dlouhá (nejvýše ", most,
+                     column.isText() ? " znaků)." : " bajtů)."),
+                text("the value of the column ", column.name, " is too long (at most ", most,
+                     column.isText() ? " characters)" : " bytes)"));
 }
 
 Bytes numberBytes(std::uint64_t bits, std::size_t size) {
@@ -209,8 +212,9 @@ Bytes encodeRow(const TableDefinition& table, const Fields& fields) {
     }
     append(out, mask);
     if (out.size() > kMaxRowSize) {
-        throw base::Error(ErrorNumber::kTooLong,
-                          text("Řádek tabulky „", table.name, "“ je příliš dlouhý."));
+        throw Error(ErrorNumber::kTooLong,
+                    text("Řádek tabulky „", table.name, "“ je příliš dlouhý."),
+                    text("a row of the table ", table.name, " is too long"));
     }
     return out;
 }
