@@ -9,13 +9,13 @@
 
 namespace huebrush::files {
 
-/// What could not be done with a file, or what another program does to it.
+/// What could not be done with a file, or what another program is doing to it.
 enum class Problem {
     read,        ///< it cannot be opened or read
-    write,       ///< it cannot be made, written or replaced
+    write,       ///< it cannot be created, written or replaced
     lock,        ///< it cannot be locked
     notRegular,  ///< it is a folder, a pipe, a device
-    cutOff,      ///< it became shorter while it was read
+    cutOff,      ///< it became shorter while it was being read
     inUse,       ///< another program has it open for writing, or locked
     changed,     ///< another program has written or replaced it
 };

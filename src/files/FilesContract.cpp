@@ -163,7 +163,7 @@ TEST_P(FilesContract, WhatAnotherProgramHasPutThereMeanwhileStays) {
     EXPECT_EQ(filesInFolder(), 1U);
 }
 
-TEST_P(FilesContract, AFileThatWasRemovedMeanwhileStaysAway) {
+TEST_P(FilesContract, AFileThatWasRemovedMeanwhileIsNotRestored) {
     const std::string name = write("a", "old");
     run([&] {
         const Lock lock(name);
@@ -216,7 +216,7 @@ TEST_P(FilesContract, TwoFilesForOneNameAreMadeSideBySide) {
     EXPECT_EQ(filesInFolder(), 1U);
 }
 
-TEST_P(FilesContract, AFileHasOneLockAtATimeInTheSameThreadToo) {
+TEST_P(FilesContract, AFileHasOneLockAtATimeEvenInOneThread) {
     const std::string name = write("a", "old");
     run([&] {
         const auto tryToLock = [&] {
@@ -228,7 +228,7 @@ TEST_P(FilesContract, AFileHasOneLockAtATimeInTheSameThreadToo) {
             EXPECT_EQ(problemOf([&] { const Lock other(write("b", "other")); }), std::nullopt);
         }
         EXPECT_EQ(tryToLock(), std::nullopt);
-        // Nobody has the new one before who made it is done with it.
+        // Nobody locks the new one before its maker has finished with it.
         {
             const Lock lock(name);
             NewFile file(lock);

@@ -12,11 +12,11 @@
 
 namespace huebrush::files {
 
-/// A way in which the system, or a file system of it, lets files be made. The contract is the same
-/// for all of them.
+/// A way in which the system, or one of its file systems, lets files be created. The contract is
+/// the same for all of them.
 struct Way {
     std::string name;
-    /// Runs a body that is to make files in this way.
+    /// Runs a body whose files are created in this way.
     std::function<void(const std::function<void()>&)> run;
 };
 inline void PrintTo(const Way& way, std::ostream* out) {
@@ -26,7 +26,7 @@ inline void PrintTo(const Way& way, std::ostream* out) {
 /// All ways of the system that the tests run on; each system has its own.
 const std::vector<Way>& waysOfThisSystem();
 
-/// The tests of what this folder's files promise, whatever the system.
+/// Tests what the headers in this folder promise, whatever the system.
 class FilesContract : public Folder, public ::testing::WithParamInterface<Way> {
  protected:
     static void run(const std::function<void()>& body) {
@@ -43,7 +43,7 @@ class FilesContract : public Folder, public ::testing::WithParamInterface<Way> {
 };
 
 void put(const NewFile& file, const std::string& content);
-/// Makes a file, or gives it a new content.
+/// Creates a file, or gives it new content.
 void make(const std::string& name, const std::string& content);
 void replace(const std::string& name, const std::string& content);
 

@@ -44,7 +44,7 @@ class Folder : public ::testing::Test {
         return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
     }
     std::size_t filesInFolder() const { return filesIn(folder); }
-    /// The problem that a body meets; none when it meets none.
+    /// The problem that a body runs into, if any.
     static std::optional<Problem> problemOf(const std::function<void()>& body) {
         try {
             body();

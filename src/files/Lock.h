@@ -13,14 +13,14 @@ namespace huebrush::files {
 /// An exclusive lock on a regular file that is to be replaced (see NewFile), against other writers
 /// in this process and others. It ends with the object. It is on the file, not on the name.
 ///
-/// A program that has opened the file for writing, or has locked a part of it, holds it, too, as
-/// far as the system lets us see that: where it has no locks at all, others are noticed only by
-/// what they have written.
+/// A program that has opened the file for writing, or has locked a part of it, counts as holding it
+/// as well, as far as the system reveals that: where there are no locks at all, others are noticed
+/// only by what they have written.
 class Lock {
  public:
-    /// Waits for another such lock to end, at most for a time. `lockFile` is a file beside this one
-    /// which other programs lock instead of it, or empty. An Error when the file may not be written
-    /// or is in use.
+    /// Waits for another such lock to end, but no longer than `wait`. `lockFile` is a file beside
+    /// this one that other programs lock instead of it, or empty. An Error when the file may not be
+    /// written or is in use.
     explicit Lock(const std::string& name, const std::string& lockFile = {},
                   std::chrono::milliseconds wait = kWritersTime);
     Lock(const Lock&) = delete;
@@ -29,7 +29,7 @@ class Lock {
 
     const std::string& name() const { return name_; }
 
-    /// What the system has of it.
+    /// The part of each system.
     class Native;
     const Native& native() const { return *native_; }
 

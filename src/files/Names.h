@@ -7,16 +7,16 @@
 
 namespace huebrush::files {
 
-// Names of files are paths in UTF-8. What separates their parts is the system's to say.
+// Names of files are paths in UTF-8. What separates their parts depends on the system.
 
-/// The last part of a path, without its folder; empty at the end of a folder's.
+/// The last part of a path, without its folder; empty if the path ends with a separator.
 std::string_view lastPartOf(std::string_view name);
-/// What stands before it, with the separator; the current folder where there is nothing.
+/// What precedes the last part, with the separator; the current folder if nothing does.
 std::string folderOf(std::string_view name);
 
-/// A name with all symbolic links followed, the last one even where it leads to nothing.
+/// The name with all symbolic links followed, even a last one that leads nowhere.
 std::string resolve(const std::string& name);
-/// Whether the name is taken, be it by a link that leads to nothing.
+/// Whether the name is taken, if only by a link that leads nowhere.
 bool exists(const std::string& name);
 
 }  // namespace huebrush::files

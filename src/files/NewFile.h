@@ -12,14 +12,13 @@
 
 namespace huebrush::files {
 
-/// A file in the making, which appears under its name all at once. Until then it has no name where
-/// the system knows files without one, so that nothing is left of it whatever becomes of this
-/// process; elsewhere it has a name of its own beside the one to come, which goes with the object,
-/// and after a killed process with the next file that is made for the same name. Every failure is
-/// an Error.
+/// A file in the making, which appears under its name all at once. Until then it has no name at
+/// all, if the system supports that, so that nothing remains however this process ends. Otherwise
+/// it has a temporary name in the same folder, which is removed with the object or, after a process
+/// was killed, when the next file is made for the same name. Every failure is an Error.
 class NewFile {
  public:
-    /// Of a name that is free, with the rights that new files have.
+    /// For a name that is free, with the rights that new files get.
     explicit NewFile(const std::string& name);
     /// In place of a locked file, with its owner, rights and attributes, as far as the system
     /// allows. The lock outlives this object.
@@ -34,11 +33,11 @@ class NewFile {
     /// Reads what was written; the end before that is an Error.
     void read(std::uint64_t at, std::span<std::uint8_t> out) const;
 
-    /// Brings the content to the medium, gives the file its name, and brings that to the medium;
-    /// then nothing more is written. Returns the very file, open for reading.
+    /// Flushes the content to the disk, gives the file its name, and flushes that to the disk, too;
+    /// nothing can be written afterwards. Returns the same file, open for reading.
     ///
-    /// A name that is taken is an Error, and so is a file to be replaced that, in this last moment,
-    /// another program has open for writing, has locked, or has changed since it was locked: then
+    /// It is an Error if the name is taken, or if another program has the file to be replaced open
+    /// for writing at this last moment, has locked it, or has changed it since it was locked: then
     /// everything stays as it was.
     OpenFile publish();
 

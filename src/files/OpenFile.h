@@ -9,8 +9,8 @@
 
 namespace huebrush::files {
 
-/// A regular file, open for reading. It does not stop anybody from replacing the file, and shows
-/// what it was when that happens. Every failure is an Error.
+/// A regular file, open for reading. It does not keep anybody from replacing the file; it then goes
+/// on showing the old one. Every failure is an Error.
 class OpenFile {
  public:
     explicit OpenFile(const std::string& name);
@@ -21,12 +21,12 @@ class OpenFile {
     ~OpenFile();
 
     std::uint64_t size() const;
-    /// Fills `out` from the place `at` on; the file's end before that is an Error.
+    /// Fills `out` from the offset `at` on; reaching the end of the file first is an Error.
     void read(std::uint64_t at, std::span<std::uint8_t> out) const;
-    /// Whether the name still leads to this file, and nobody has written it since it was opened.
+    /// Whether the name still leads to this file, and nobody has written to it since it was opened.
     bool isCurrent() const;
 
-    /// What the system has of it.
+    /// The part of each system.
     class Native;
     explicit OpenFile(std::unique_ptr<Native> native);
 

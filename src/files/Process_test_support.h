@@ -9,8 +9,8 @@
 
 namespace huebrush::files {
 
-/// Something that another process of the test program does, see OtherProcess. One object for each
-/// name, defined outside of functions.
+/// What another process of the test program can be asked to do, see OtherProcess. One object for
+/// each name, defined outside functions.
 class Task {
  public:
     using Arguments = std::vector<std::string>;
@@ -28,7 +28,7 @@ class OtherProcess {
 
     /// Waits for its end. The exit code.
     int wait();
-    /// Ends it at once, as a crash does: no code of it runs any more.
+    /// Ends it at once, as a crash does: none of its code runs any more.
     void kill();
 
  private:
@@ -36,10 +36,10 @@ class OtherProcess {
     std::unique_ptr<Native> native_;
 };
 
-/// Waits until something is so, for half a minute at most. Whether it is.
+/// Waits until the condition holds, for half a minute at most. Whether it does.
 bool becomesTrue(const std::function<bool()>& condition);
 
-/// The last call of a task that is to be killed.
+/// For a task that waits to be killed: never returns.
 [[noreturn]] void waitToBeKilled();
 
 }  // namespace huebrush::files

@@ -6,7 +6,7 @@
 
 namespace huebrush::files {
 
-/// Why the system refuses something, as far as callers care.
+/// Why the system refused something, as far as callers care.
 enum class Cause {
     none,        ///< the system has reported no reason
     missing,     ///< there is no such file, or no such folder

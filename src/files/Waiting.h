@@ -6,16 +6,16 @@
 
 namespace huebrush::files {
 
-/// Lets this thread rest.
+/// Suspends this thread.
 void rest(std::chrono::milliseconds time);
 
-/// Lets somebody try again and again for some time.
+/// A limit to how long something is tried again and again.
 class Patience {
  public:
     explicit Patience(std::chrono::milliseconds limit)
         : end_(std::chrono::steady_clock::now() + limit) {}
 
-    /// Waits for a moment; false when the time is over.
+    /// Waits for a moment; false when the time is up.
     bool wait() const {
         if (std::chrono::steady_clock::now() >= end_) return false;
         rest(kMoment);
@@ -28,9 +28,9 @@ class Patience {
     std::chrono::steady_clock::time_point end_;
 };
 
-/// How long it is waited for a program that has a file open for writing: many do for a moment only.
+/// How long to wait for a program that has a file open for writing: many do so only for a moment.
 inline constexpr std::chrono::milliseconds kHoldersTime{300};
-/// And for another writer of ours, also one that writes a very large file.
+/// And how long for another writer of ours, which may be writing a very large file.
 inline constexpr std::chrono::milliseconds kWritersTime{20000};
 
 }  // namespace huebrush::files

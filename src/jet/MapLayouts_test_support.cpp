@@ -22,7 +22,8 @@ constexpr std::size_t kReferences = 17;
 
 using Set = std::set<PageNumber>;
 
-/// Lays out the maps of one file anew. It shares no code with UsageMap, which it is to test.
+/// Gives the maps of a file another layout. It shares no code with UsageMap, which it is there to
+/// test.
 class MapMaker {
  public:
     MapMaker(const Bytes& sound, std::uint32_t seed) : random_(seed) {

@@ -56,7 +56,7 @@ void copyAttributes(int from, int to) {
     if (::fstat(from, &status) != 0) return;
     mode_t rights = status.st_mode & 07777U;
     bool groupKept = true;
-    // Another owner is refused to everybody but root, another group to who is no member of it.
+    // Only root may give a file another owner, and only a member of a group may give it that group.
     if (::fchown(to, status.st_uid, status.st_gid) != 0) {
         rights &= 0777U;
         groupKept = ::fchown(to, static_cast<uid_t>(-1), status.st_gid) == 0;

@@ -20,7 +20,7 @@ sigset_t onlyOurSignal() {
     return signals;
 }
 
-/// Directs the announcement to this thread. It is to be done for each lease anew.
+/// Directs the announcement to this thread; this has to be done for each lease.
 bool directSignal(int file) {
     struct f_owner_ex owner = {F_OWNER_TID, ::gettid()};
     return ::fcntl(file, F_SETOWN_EX, &owner) == 0 && ::fcntl(file, F_SETSIG, kSignal) == 0;

@@ -126,7 +126,7 @@ TEST_F(Locks, SeeTheLocksOnAFileBeside) {
         range.l_start = 0x10000001;
         range.l_len = 1;
         ::fcntl(file.get(), F_SETLK, &range);
-        [[maybe_unused]] const ssize_t told = ::write(ready[1], "x", 1);
+        [[maybe_unused]] const ssize_t written = ::write(ready[1], "x", 1);
         ::pause();
     }
     char letter = 0;

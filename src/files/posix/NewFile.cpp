@@ -96,7 +96,7 @@ class NewFile::Native {
 
     std::string name_;
     const Lock::Native* replaced_ = nullptr;
-    /// The name that it has meanwhile; empty while it has none.
+    /// Its temporary name; empty while it has none.
     std::string beside_;
     Descriptor writing_;
     Descriptor reading_;
@@ -172,9 +172,9 @@ OpenFile NewFile::Native::publish() {
     if (uninterrupted([&] { return ::fsync(writing_.get()); }) != 0) {
         throw Error(Problem::write, name_, errno);
     }
-    // The next writer would take a file that is open for writing for one that is in use.
+    // The next writer would consider a file that is open for writing to be in use.
     writing_.close();
-    // Now, since from its appearance on others may write it.
+    // Now, since others may write to it as soon as it has appeared.
     auto published = std::make_unique<OpenFile::Native>(name_, reading_.duplicate());
     if (replaced_ == nullptr) {
         appear();
@@ -219,14 +219,15 @@ void NewFile::Native::replace() {
     }
 }
 
-/// Takes the old file's place if nobody has that open for writing. Who opens it for writing while
-/// this works waits for us, and finds either the old file as it was or the new one.
+/// Takes the old file's place unless somebody has that open for writing. Anyone who opens it for
+/// writing meanwhile has to wait for us, and finds either the old file as it was or the new one.
 bool NewFile::Native::tryToReplace() {
     const Lease lease(replaced_->file());
     if (lease.isRefused()) return false;
     if (!replaced_->isUntouched()) throw Error(Problem::changed, name_);
     if (!exchange()) {
-        // Without an exchange nothing can be taken back: who comes after this look is not noticed.
+        // Without an exchange nothing can be undone: anyone who comes after this look is not
+        // noticed.
         if (lease.isWanted()) return false;
         if (::rename(beside_.c_str(), name_.c_str()) != 0)
             throw Error(Problem::write, name_, errno);
@@ -252,7 +253,7 @@ bool NewFile::Native::exchange() {
     return false;
 }
 
-/// Undoes an exchange, unless another program has put its own file under the name meanwhile. The
+/// Undoes an exchange, unless another program has put its own file under the name by now. The
 /// old file is never removed here.
 void NewFile::Native::takeBack() {
     const std::string old = std::exchange(beside_, {});

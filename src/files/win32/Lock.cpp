@@ -64,7 +64,7 @@ void Lock::Native::take(const std::string& name, std::chrono::milliseconds wait)
     const Patience patience(wait);
     do {
         state_ = stateOf(openToLook(name), name);
-        // The file stays closed meanwhile, or whoever has the claim could not replace it.
+        // The file stays closed all this time, or whoever has the claim could not replace it.
         while (!(claim_ = Claim(state_))) {
             if (!patience.wait()) throw Error(Problem::inUse, name);
         }

@@ -50,7 +50,7 @@ class NewFile::Native {
 
     std::string name_;
     const Lock::Native* replaced_ = nullptr;
-    /// The name that it has meanwhile; empty when it has appeared.
+    /// Its temporary name; empty once it has appeared.
     std::string beside_;
     Handle writing_;
     /// Open until the end, so that nobody takes the file for an abandoned one.
@@ -102,7 +102,7 @@ void NewFile::Native::make() {
         removeDead);
     reading_ = openExisting(beside_, GENERIC_READ, kShareAll);
     if (!reading_) throw Error(Problem::write, name_, lastReason());
-    // Where file numbers are used again, the lock on a former file may still have it for a moment.
+    // Where file numbers are reused, the lock on an earlier file may still have this one briefly.
     claim_ = Claim(stateOf(reading_, name_));
 }
 

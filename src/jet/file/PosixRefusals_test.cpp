@@ -39,7 +39,7 @@ class PosixRefusals : public SystemFolder {
         if (child < 0 || ::waitpid(child, &status, 0) != child || !WIFEXITED(status)) return 1;
         return WEXITSTATUS(status);
     }
-    /// What holds in a child; the first thing that does not is told.
+    /// What must hold in a child process; it reports the first thing that does not.
     static bool holds(bool condition, const char* what) {
         if (!condition) std::cerr << "does not hold: " << what << '\n';
         return condition;
@@ -51,7 +51,7 @@ class PosixRefusals : public SystemFolder {
     static std::size_t palettesIn(const fs::path& name) {
         return allRows(*Database::open(systemFiles(), name), "TFillGroup").size();
     }
-    /// Nobody but root may write everywhere, so root becomes somebody else for a body.
+    /// Root may write everywhere, so it becomes another user while a body runs.
     int asNobody(const std::function<int()>& body) const {
         const bool root = ::geteuid() == 0;
         if (root) {
