@@ -4,6 +4,8 @@
 
 #include <utility>
 
+#include "ports/libreoffice/uno/Errors.h"
+
 namespace huebrush::libreoffice {
 
 using host::MsoTriState;

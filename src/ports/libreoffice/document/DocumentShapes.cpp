@@ -17,7 +17,7 @@ ShapeLine lineOfShape(const ShapeKind& kind, const ShapeReference& shape) {
 
 }  // namespace
 
-DocumentShapes::DocumentShapes(const ContextReference& context, const DrawPage::Model& model,
+DocumentShapes::DocumentShapes(const ContextReference& context, const ModelReference& model,
                                std::shared_ptr<Snapshot> snapshot)
     : snapshot_(std::move(snapshot)),
       tables_(context, model),

@@ -19,7 +19,7 @@ namespace huebrush::libreoffice {
 /// throw base::Error, and nothing else.
 class DocumentShapes {
  public:
-    DocumentShapes(const ContextReference& context, const DrawPage::Model& model,
+    DocumentShapes(const ContextReference& context, const ModelReference& model,
                    std::shared_ptr<Snapshot> snapshot);
     DocumentShapes(const DocumentShapes&) = delete;
     DocumentShapes& operator=(const DocumentShapes&) = delete;

@@ -28,11 +28,11 @@ using css::uno::UNO_QUERY;
 
 namespace {
 
-Reference<css::frame::XModel> openWithoutWindow(const ContextReference& context) {
+ModelReference openWithoutWindow(const ContextReference& context) {
     return officeCalls([&] {
         const auto loader =
             createService<css::frame::XComponentLoader>(context, "com.sun.star.frame.Desktop");
-        return Reference<css::frame::XModel>(
+        return ModelReference(
             loader->loadComponentFromURL("private:factory/swriter", "_blank", 0,
                                          properties({property("Hidden", css::uno::Any(true))})),
             UNO_QUERY);
@@ -45,7 +45,7 @@ Reference<css::frame::XModel> openWithoutWindow(const ContextReference& context)
 struct OpenDocuments {
     std::vector<std::shared_ptr<OpenDocument>> list;
 
-    std::shared_ptr<OpenDocument> find(const OpenDocument::Model& model) const {
+    std::shared_ptr<OpenDocument> find(const ModelReference& model) const {
         for (const std::shared_ptr<OpenDocument>& document : list) {
             if (document->model() == model) return document;
         }
@@ -114,7 +114,7 @@ Documents::~Documents() {
     }
 }
 
-std::shared_ptr<host::Document> Documents::documentOf(const Reference<css::frame::XModel>& model) {
+std::shared_ptr<host::Document> Documents::documentOf(const ModelReference& model) {
     const Reference<css::lang::XServiceInfo> info(model, UNO_QUERY);
     if (!info.is() || !info->supportsService("com.sun.star.text.TextDocument")) {
         throw base::Error(HostErrorNumber::kNoDocument, "Není otevřen žádný textový dokument.");
@@ -138,7 +138,7 @@ std::shared_ptr<host::Document> Documents::newestHidden() const {
     return std::make_shared<WriterDocument>(open_->newestHidden());
 }
 
-Reference<css::frame::XModel> Documents::newestHiddenForDialog() const {
+ModelReference Documents::newestHiddenForDialog() const {
     const std::shared_ptr<OpenDocument> document = open_->newestHidden();
     document->showSelection();
     return document->model();

@@ -3,7 +3,6 @@
 #pragma once
 
 #include <com/sun/star/awt/XWindowPeer.hpp>
-#include <com/sun/star/frame/XModel.hpp>
 #include <com/sun/star/uno/Reference.hxx>
 #include <com/sun/star/util/XCloseListener.hpp>
 #include <functional>
@@ -12,6 +11,7 @@
 
 #include "host/Application.h"
 #include "host/Document.h"
+#include "ports/libreoffice/document/DocumentModel.h"
 #include "ports/libreoffice/uno/Services.h"
 #include "ports/libreoffice/uno/Snapshot.h"
 
@@ -29,8 +29,7 @@ class Documents final : public host::Documents {
     /// The document of an open model: what it knows lasts as long as the document is open, so that
     /// the names it has handed out stay good. An error when the model is gone or is no text
     /// document.
-    std::shared_ptr<host::Document> documentOf(
-        const com::sun::star::uno::Reference<com::sun::star::frame::XModel>& model);
+    std::shared_ptr<host::Document> documentOf(const ModelReference& model);
 
     /// A new document that nobody sees; closed by its Close(). Inside the owner's window where
     /// there is one, so that the office's dialogs for the document are modal to that window.
@@ -38,7 +37,7 @@ class Documents final : public host::Documents {
     /// The hidden document made last that is still open; an error when there is none. The second
     /// brings its selection to the office, for one of the office's dialogs.
     std::shared_ptr<host::Document> newestHidden() const;
-    com::sun::star::uno::Reference<com::sun::star::frame::XModel> newestHiddenForDialog() const;
+    ModelReference newestHiddenForDialog() const;
 
     /// A window, and what keeps the office's own dialogs from losing it while it lives.
     struct OwnerWindow {

@@ -13,7 +13,7 @@ using css::uno::Reference;
 using css::uno::UNO_QUERY;
 using css::uno::UNO_QUERY_THROW;
 
-DrawPage::DrawPage(const Model& model)
+DrawPage::DrawPage(const ModelReference& model)
     : page_(Reference<css::drawing::XDrawPageSupplier>(model, UNO_QUERY_THROW)->getDrawPage()),
       wrapped_(page_, UNO_QUERY),
       // A query of the wrapped page would lead back to Writer's; its own object has both.

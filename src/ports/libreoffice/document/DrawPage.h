@@ -4,10 +4,10 @@
 
 #include <com/sun/star/drawing/XDrawPage.hpp>
 #include <com/sun/star/drawing/XShapes2.hpp>
-#include <com/sun/star/frame/XModel.hpp>
 #include <cstdint>
 #include <functional>
 
+#include "ports/libreoffice/document/DocumentModel.h"
 #include "ports/libreoffice/document/ShapeKind.h"
 
 namespace huebrush::libreoffice {
@@ -21,11 +21,10 @@ namespace huebrush::libreoffice {
 /// text frame. Where it does not show through, Writer's page is used.
 class DrawPage {
  public:
-    using Model = com::sun::star::uno::Reference<com::sun::star::frame::XModel>;
     /// Called with each object's number and the object, which is released after the call.
     using Visitor = std::function<void(std::int32_t index, const ShapeReference& shape)>;
 
-    explicit DrawPage(const Model& model);
+    explicit DrawPage(const ModelReference& model);
 
     /// The number of objects of every kind.
     std::int32_t count() const { return objects_->getCount(); }

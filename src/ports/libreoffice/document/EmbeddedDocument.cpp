@@ -25,7 +25,6 @@ using css::uno::UNO_QUERY_THROW;
 namespace {
 
 using Frame = Reference<css::frame::XFrame>;
-using Model = Reference<css::frame::XModel>;
 using Peer = Reference<css::awt::XWindowPeer>;
 
 void closeIgnoring(const Reference<css::uno::XInterface>& closeable) {
@@ -36,7 +35,7 @@ void closeIgnoring(const Reference<css::uno::XInterface>& closeable) {
 /// Ends document and frame together: before their window ends, or when the document is closed.
 class Closer final : public WeakImplHelper<css::lang::XEventListener> {
  public:
-    Closer(const Frame& frame, const Peer& owner, const Model& model)
+    Closer(const Frame& frame, const Peer& owner, const ModelReference& model)
         : frame_(frame), owner_(owner), model_(model) {}
 
     void listen() {
@@ -50,7 +49,7 @@ class Closer final : public WeakImplHelper<css::lang::XEventListener> {
         if (!frame.is()) return;
         ignoringOffice([this] { owner_->removeEventListener(this); });
         ignoringOffice([this] { model_->removeEventListener(this); });
-        closeIgnoring(std::exchange(model_, Model()));
+        closeIgnoring(std::exchange(model_, ModelReference()));
         closeIgnoring(frame);
         owner_.clear();
     }
@@ -58,7 +57,7 @@ class Closer final : public WeakImplHelper<css::lang::XEventListener> {
  private:
     Frame frame_;
     Peer owner_;
-    Model model_;
+    ModelReference model_;
 };
 
 Reference<css::awt::XWindow> makeWindow(const ContextReference& context, const Peer& parent) {
@@ -75,15 +74,16 @@ Reference<css::awt::XWindow> makeWindow(const ContextReference& context, const P
 
 }  // namespace
 
-Model openInside(const ContextReference& context, const Peer& window) {
+ModelReference openInside(const ContextReference& context, const Peer& window) {
     return officeCalls([&] {
         const auto frame = createService<css::frame::XFrame>(context, "com.sun.star.frame.Frame");
         frame->initialize(makeWindow(context, window));
         // Loaded with a visible window inside another one, a document crashes LibreOffice.
-        const Model model(Reference<css::frame::XComponentLoader>(frame, UNO_QUERY_THROW)
-                              ->loadComponentFromURL("private:factory/swriter", "_self", 0,
-                                                     properties({property("Hidden", Any(true))})),
-                          UNO_QUERY_THROW);
+        const ModelReference model(
+            Reference<css::frame::XComponentLoader>(frame, UNO_QUERY_THROW)
+                ->loadComponentFromURL("private:factory/swriter", "_self", 0,
+                                       properties({property("Hidden", Any(true))})),
+            UNO_QUERY_THROW);
         const rtl::Reference<Closer> closer(new Closer(frame, window, model));
         closer->listen();
         return model;

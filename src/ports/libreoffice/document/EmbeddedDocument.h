@@ -3,8 +3,8 @@
 #pragma once
 
 #include <com/sun/star/awt/XWindowPeer.hpp>
-#include <com/sun/star/frame/XModel.hpp>
 
+#include "ports/libreoffice/document/DocumentModel.h"
 #include "ports/libreoffice/uno/Services.h"
 
 namespace huebrush::libreoffice {
@@ -13,7 +13,7 @@ namespace huebrush::libreoffice {
 /// that the office opens for it is modal to that window, which none for a document without a window
 /// is. The document is closed as any other, at the latest when the window is disposed: an office
 /// crashes soon after a document was disposed along with its window.
-com::sun::star::uno::Reference<com::sun::star::frame::XModel> openInside(
+ModelReference openInside(
     const ContextReference& context,
     const com::sun::star::uno::Reference<com::sun::star::awt::XWindowPeer>& window);
 

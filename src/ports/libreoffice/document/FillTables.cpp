@@ -45,7 +45,7 @@ Image pixelsOf(const css::uno::Reference<css::awt::XBitmap>& bitmap) {
     return imageOfBitmapFile(bytes);
 }
 
-css::uno::Reference<css::container::XNameContainer> tableOf(const FillTables::Model& model,
+css::uno::Reference<css::container::XNameContainer> tableOf(const ModelReference& model,
                                                             std::string_view service) {
     const css::uno::Reference<css::lang::XMultiServiceFactory> factory(model,
                                                                        css::uno::UNO_QUERY_THROW);
@@ -54,7 +54,7 @@ css::uno::Reference<css::container::XNameContainer> tableOf(const FillTables::Mo
 
 }  // namespace
 
-FillTables::FillTables(const ContextReference& context, const Model& model)
+FillTables::FillTables(const ContextReference& context, const ModelReference& model)
     : context_(context),
       bitmaps_(tableOf(model, "com.sun.star.drawing.BitmapTable")),
       transparences_(tableOf(model, "com.sun.star.drawing.TransparencyGradientTable")) {}

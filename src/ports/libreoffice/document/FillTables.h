@@ -4,12 +4,12 @@
 
 #include <com/sun/star/container/XNameContainer.hpp>
 #include <com/sun/star/drawing/XShape.hpp>
-#include <com/sun/star/frame/XModel.hpp>
 #include <map>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "ports/libreoffice/document/DocumentModel.h"
 #include "ports/libreoffice/document/FillOrigin.h"
 #include "ports/libreoffice/fill/OwnPictures.h"
 #include "ports/libreoffice/uno/Services.h"
@@ -21,9 +21,7 @@ namespace huebrush::libreoffice {
 /// kept here stays at hand while the document is open, also when no shape uses it for a while.
 class FillTables {
  public:
-    using Model = com::sun::star::uno::Reference<com::sun::star::frame::XModel>;
-
-    FillTables(const ContextReference& context, const Model& model);
+    FillTables(const ContextReference& context, const ModelReference& model);
 
     /// Makes sure that the table has our picture under its name.
     void ensure(const OwnPicture& picture);

@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <com/sun/star/document/XUndoManagerSupplier.hpp>
-#include <com/sun/star/util/XModifiable.hpp>
 #include <utility>
 
 #include "ports/libreoffice/uno/Errors.h"
@@ -35,22 +34,9 @@ void makeRoom(std::vector<Value>& values, std::size_t more) {
     values.reserve(std::max(values.size() + more, 2 * values.capacity()));
 }
 
-base::Error closedError() {
-    return {HostErrorNumber::kNoDocument, "Dokument byl zavřen."};
-}
-
 }  // namespace
 
-void throwClosed() {
-    throw closedError();
-}
-
-void markModified(const FillWriter::Model& model) {
-    officeCalls(
-        [&] { Reference<css::util::XModifiable>(model, UNO_QUERY_THROW)->setModified(true); });
-}
-
-FillWriter::FillWriter(const Model& model, DocumentShapes& shapes,
+FillWriter::FillWriter(const ModelReference& model, DocumentShapes& shapes,
                        std::shared_ptr<Snapshot> snapshot, bool hasWindow)
     : model_(model), shapes_(shapes), snapshot_(std::move(snapshot)), hasWindow_(hasWindow) {}
 

@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "host/Document.h"
-#include "ports/libreoffice/document/ControllerLock.h"
+#include "ports/libreoffice/document/DocumentModel.h"
 #include "ports/libreoffice/document/DocumentShapes.h"
 #include "ports/libreoffice/document/FillUndo.h"
 
@@ -25,10 +25,8 @@ namespace huebrush::libreoffice {
 /// waits is read as if it were written. Every call may throw base::Error, and nothing else.
 class FillWriter {
  public:
-    using Model = ControllerLock::Model;
-
-    FillWriter(const Model& model, DocumentShapes& shapes, std::shared_ptr<Snapshot> snapshot,
-               bool hasWindow);
+    FillWriter(const ModelReference& model, DocumentShapes& shapes,
+               std::shared_ptr<Snapshot> snapshot, bool hasWindow);
     FillWriter(const FillWriter&) = delete;
     FillWriter& operator=(const FillWriter&) = delete;
 
@@ -95,7 +93,7 @@ class FillWriter {
     void keepingError(const std::function<void()>& step);
     void addUndoAction(const std::string& title, std::function<void(const FillSteps&)> restore);
 
-    Model model_;
+    ModelReference model_;
     DocumentShapes& shapes_;
     std::shared_ptr<Snapshot> snapshot_;
     bool hasWindow_;
@@ -111,10 +109,5 @@ class FillWriter {
     std::vector<host::FailedWrite> failed_;
     std::vector<FillChange> changes_;
 };
-
-/// Marks the document as differing from its file.
-void markModified(const FillWriter::Model& model);
-
-[[noreturn]] void throwClosed();
 
 }  // namespace huebrush::libreoffice

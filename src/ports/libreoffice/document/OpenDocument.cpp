@@ -11,7 +11,7 @@ namespace huebrush::libreoffice {
 
 namespace css = com::sun::star;
 
-OpenDocument::Parts::Parts(const ContextReference& context, const Model& document,
+OpenDocument::Parts::Parts(const ContextReference& context, const ModelReference& document,
                            const std::shared_ptr<Snapshot>& snapshot)
     : model(document),
       hasWindow(!isHidden(document)),
@@ -19,7 +19,7 @@ OpenDocument::Parts::Parts(const ContextReference& context, const Model& documen
       fills(document, shapes, snapshot, hasWindow),
       selection(context, document, shapes, snapshot, hasWindow) {}
 
-OpenDocument::OpenDocument(const ContextReference& context, const Model& model,
+OpenDocument::OpenDocument(const ContextReference& context, const ModelReference& model,
                            std::shared_ptr<Snapshot> snapshot)
     : context_(context) {
     officeCalls([&] { parts_.emplace(context, model, std::move(snapshot)); });

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "host/Document.h"
+#include "ports/libreoffice/document/DocumentModel.h"
 #include "ports/libreoffice/document/DocumentSelection.h"
 #include "ports/libreoffice/document/DocumentShapes.h"
 #include "ports/libreoffice/document/FillWriter.h"
@@ -19,15 +20,13 @@ namespace huebrush::libreoffice {
 /// when the document has been closed.
 class OpenDocument : public std::enable_shared_from_this<OpenDocument> {
  public:
-    using Model = DrawPage::Model;
-
-    OpenDocument(const ContextReference& context, const Model& model,
+    OpenDocument(const ContextReference& context, const ModelReference& model,
                  std::shared_ptr<Snapshot> snapshot);
     OpenDocument(const OpenDocument&) = delete;
     OpenDocument& operator=(const OpenDocument&) = delete;
 
     bool isOpen() const { return parts_.has_value(); }
-    const Model& model() const { return parts().model; }
+    const ModelReference& model() const { return parts().model; }
     DocumentShapes& shapes() { return parts().shapes; }
     FillWriter& fills() { return parts().fills; }
     const ContextReference& context() const { return context_; }
@@ -62,10 +61,10 @@ class OpenDocument : public std::enable_shared_from_this<OpenDocument> {
  private:
     class Group;
     struct Parts {
-        Parts(const ContextReference& context, const Model& document,
+        Parts(const ContextReference& context, const ModelReference& document,
               const std::shared_ptr<Snapshot>& snapshot);
 
-        Model model;
+        ModelReference model;
         bool hasWindow;
         DocumentShapes shapes;
         FillWriter fills;

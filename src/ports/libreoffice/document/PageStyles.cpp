@@ -19,7 +19,7 @@ using rtl::OUString;
 
 namespace {
 
-Reference<css::container::XNameAccess> pageStylesOf(const Reference<css::frame::XModel>& model) {
+Reference<css::container::XNameAccess> pageStylesOf(const ModelReference& model) {
     const Reference<css::style::XStyleFamiliesSupplier> supplier(model, UNO_QUERY_THROW);
     return {supplier->getStyleFamilies()->getByName("PageStyles"), UNO_QUERY_THROW};
 }
@@ -38,7 +38,7 @@ bool isInUse(const Reference<css::container::XNameAccess>& styles, const OUStrin
 
 }  // namespace
 
-bool hasHeadersOrFooters(const Reference<css::frame::XModel>& model) {
+bool hasHeadersOrFooters(const ModelReference& model) {
     const auto styles = pageStylesOf(model);
     // Asking a style for a property makes it one that is saved with the document, so only those are
     // asked that have pages: named by a paragraph, or following one that is.

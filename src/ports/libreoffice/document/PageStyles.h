@@ -2,12 +2,11 @@
 
 #pragma once
 
-#include <com/sun/star/frame/XModel.hpp>
+#include "ports/libreoffice/document/DocumentModel.h"
 
 namespace huebrush::libreoffice {
 
 /// Whether any page of the document may have a header or footer.
-bool hasHeadersOrFooters(
-    const com::sun::star::uno::Reference<com::sun::star::frame::XModel>& model);
+bool hasHeadersOrFooters(const ModelReference& model);
 
 }  // namespace huebrush::libreoffice

@@ -78,10 +78,13 @@ void ShapeNames::giveUnique(ShapeNode& node, const std::string& own) {
     given_[name] = node.weak_from_this();
 }
 
+/// Once for each reading of them: the members of a group ask for it one by one.
 void ShapeNames::giveTopLevel() {
+    if (named_ != 0 && named_ == tree_.reading()) return;
     for (const NodePointer& node : tree_.topLevel()) {
         if (node->name.empty()) give(*node, tree_.shapeOf(*node));
     }
+    named_ = tree_.reading();
 }
 
 void ShapeNames::giveAll() {

@@ -42,6 +42,8 @@ class ShapeNames {
     ShapeTree& tree_;
     std::shared_ptr<Snapshot> snapshot_;
     std::unordered_map<std::string, std::weak_ptr<ShapeNode>> given_;
+    /// The reading of the top level of which all shapes have names.
+    std::uint64_t named_ = 0;
 };
 
 }  // namespace huebrush::libreoffice

@@ -54,7 +54,7 @@ void throwDeleted() {
                       "Vyberte ho a přidejte znovu.");
 }
 
-ShapeTree::ShapeTree(const DrawPage::Model& model, std::shared_ptr<Snapshot> snapshot,
+ShapeTree::ShapeTree(const ModelReference& model, std::shared_ptr<Snapshot> snapshot,
                      Visitor reader)
     : model_(model), page_(model), snapshot_(std::move(snapshot)), reader_(std::move(reader)) {}
 
@@ -211,6 +211,7 @@ void ShapeTree::walk(const Visitor& reader) {
             topLevel_.push_back(std::move(node));
     });
     structureRead_ = snapshot_->generation();
+    ++readings_;
     count_ = static_cast<std::int32_t>(topLevel_.size());
     countedObjects_ = page_.count();
     countRead_ = structureRead_;

@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <unordered_map>
@@ -23,11 +24,13 @@ class ShapeTree {
     /// Called for a shape while the whole tree is walked, with the office's object.
     using Visitor = std::function<void(ShapeNode& node, const ShapeReference& shape)>;
 
-    ShapeTree(const DrawPage::Model& model, std::shared_ptr<Snapshot> snapshot, Visitor reader);
+    ShapeTree(const ModelReference& model, std::shared_ptr<Snapshot> snapshot, Visitor reader);
 
     /// All top-level shapes, in the page's order. Inside a handler the page is walked once, and the
     /// reader called for each; a group is entered when its members are asked for.
     std::vector<NodePointer> topLevel();
+    /// The number of the current reading of these; 0 when they have to be read again.
+    std::uint64_t reading() const { return isStructureCurrent() ? readings_ : 0; }
     /// Their number; while the number of the page's objects stays, it is not counted anew.
     std::int32_t count();
 
@@ -98,7 +101,7 @@ class ShapeTree {
     void hold(ShapeNode& node, const ShapeReference& shape);
     void forgetDead();
 
-    DrawPage::Model model_;
+    ModelReference model_;
     DrawPage page_;
     std::shared_ptr<Snapshot> snapshot_;
     Visitor reader_;
@@ -107,6 +110,7 @@ class ShapeTree {
     std::unordered_map<com::sun::star::drawing::XShape*, std::weak_ptr<ShapeNode>> holders_;
 
     Snapshot::Generation structureRead_ = Snapshot::kNever;
+    std::uint64_t readings_ = 0;
     std::vector<NodePointer> topLevel_;
     /// The groups that have been entered.
     std::vector<NodePointer> groups_;

@@ -2,10 +2,10 @@
 
 #pragma once
 
-#include <com/sun/star/frame/XModel.hpp>
 #include <stdexcept>
 #include <string>
 
+#include "ports/libreoffice/document/DocumentModel.h"
 #include "ports/libreoffice/uno/Services.h"
 
 namespace huebrush::libreoffice {
@@ -29,16 +29,14 @@ class TextDocumentFile {
     TextDocumentFile& operator=(const TextDocumentFile&) = delete;
     ~TextDocumentFile();
 
-    const com::sun::star::uno::Reference<com::sun::star::frame::XModel>& model() const {
-        return model_;
-    }
+    const ModelReference& model() const { return model_; }
 
     /// Stores a copy by a filter of the office, or in the document's own format when it is empty.
     /// `url` is where the copy will lie: what its links are to be relative to.
     void storeTo(const std::string& path, const std::string& filter, const std::string& url) const;
 
  private:
-    com::sun::star::uno::Reference<com::sun::star::frame::XModel> model_;
+    ModelReference model_;
     std::string name_;
     std::string filter_;
 };

@@ -2,15 +2,13 @@
 
 #pragma once
 
-#include <com/sun/star/frame/XModel.hpp>
 #include <vector>
 
+#include "ports/libreoffice/document/DocumentModel.h"
 #include "ports/libreoffice/document/ShapeKind.h"
 #include "ports/libreoffice/uno/Services.h"
 
 namespace huebrush::libreoffice {
-
-using ModelReference = com::sun::star::uno::Reference<com::sun::star::frame::XModel>;
 
 /// Whether the document was opened without a window.
 bool isHidden(const ModelReference& model);

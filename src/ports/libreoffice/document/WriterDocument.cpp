@@ -4,8 +4,10 @@
 
 #include <com/sun/star/util/XCloseable.hpp>
 
+#include "ports/libreoffice/document/DocumentModel.h"
 #include "ports/libreoffice/document/WriterSelection.h"
 #include "ports/libreoffice/document/WriterShapes.h"
+#include "ports/libreoffice/uno/Errors.h"
 
 namespace huebrush::libreoffice {
 

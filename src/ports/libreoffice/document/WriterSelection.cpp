@@ -6,6 +6,7 @@
 #include "ports/libreoffice/document/ShapePicture.h"
 #include "ports/libreoffice/document/WriterDocument.h"
 #include "ports/libreoffice/document/WriterShapes.h"
+#include "ports/libreoffice/uno/Errors.h"
 
 namespace huebrush::libreoffice {
 

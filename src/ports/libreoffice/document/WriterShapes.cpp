@@ -10,6 +10,7 @@
 #include <com/sun/star/text/TextContentAnchorType.hpp>
 
 #include "base/Units.h"
+#include "ports/libreoffice/uno/Errors.h"
 
 namespace huebrush::libreoffice {
 
