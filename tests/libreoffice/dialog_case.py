@@ -83,6 +83,9 @@ class DialogCase(WriterCase):
     def button(self, name, window=CAPTION):
         return self.part(name, AccessibleRole.PUSH_BUTTON, window)
 
+    def is_default(self, name):
+        return self.writer.has_state(self.button(name), AccessibleStateType.DEFAULT)
+
     def wait_until_usable(self, name, usable=True):
         wait_until(lambda: self.writer.is_enabled(self.button(name)) == usable,
                    f"{name!r} is enabled: {usable}")
