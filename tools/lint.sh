@@ -4,8 +4,10 @@
 #
 #   tools/lint.sh                everything
 #   tools/lint.sh text           the format of C++ (clang-format), Python (flake8), the manual page (mandoc)
-#   tools/lint.sh PART PARTS     C++ by clang-tidy: one part of the files, so that several can run side
-#                                by side
+#   tools/lint.sh PART PARTS     the product's C++ by clang-tidy: one part of the files, so that several
+#                                can run side by side
+#   tools/lint.sh tests          that of the tests and measurements; eight minutes of one core, so that
+#                                `make check` leaves it to `make lint`
 #
 # clang-format and clang-tidy in version 14: every version formats differently and has checks of its
 # own. Where Debian does not have it, exit code 77 says that C++ was not checked.
@@ -39,16 +41,26 @@ write_commands() { # FOLDER
     >"$1/compile_commands.json"
 }
 
-# Headers are checked through what includes them.
-tidy() { # PART PARTS
-  local part=$1 parts=$2 commands=build/lint/$1 jobs=1 sources
+# What is compiled here.
+cpp_files() {
+  tools/sources.sh '*.cpp' | grep -vE '/win32/|^tests/windows/'
+}
+readonly TESTS='^(tests|bench)/|_test(_support)?\.cpp$|Contract\.cpp$'
+
+product_files() { # PART PARTS
+  cpp_files | grep -vE "$TESTS" | awk -v part="$1" -v parts="$2" 'NR % parts == part % parts'
+}
+test_files() {
+  cpp_files | grep -E "$TESTS"
+}
+
+# Checks the files of its input; headers through what includes them.
+tidy() { # NAME JOBS
+  local commands=build/lint/$1 jobs=$2 sources
   has_version_14 clang-tidy-14
   write_commands "$commands"
-  mapfile -t sources < <(tools/sources.sh '*.cpp' | grep '^src/' |
-    grep -vE '/win32/|_test(_support)?\.cpp$|Contract\.cpp$' |
-    awk -v part="$part" -v parts="$parts" 'NR % parts == part % parts')
+  mapfile -t sources
   [ ${#sources[@]} -gt 0 ] || { echo "lint: no files" >&2; exit 1; }
-  [ "$parts" -gt 1 ] || jobs=$(nproc)
   local report=$commands/report errors=$commands/errors
   if ! printf '%s\n' "${sources[@]}" |
     xargs -P "$jobs" -n 3 clang-tidy-14 -p "$commands" --quiet --warnings-as-errors='*' \
@@ -64,6 +76,7 @@ tidy() { # PART PARTS
 
 case ${1:-} in
   text) check_text ;;
-  '') check_text; tidy 1 1 ;;
-  *) tidy "$1" "$2" ;;
+  tests) test_files | tidy tests "$(nproc)" ;;
+  '') check_text; cpp_files | tidy all "$(nproc)" ;;
+  *) product_files "$1" "$2" | tidy "$1" 1 ;;
 esac
