@@ -9,6 +9,7 @@
 #include "cli/Failure.h"
 #include "cli/FillText.h"
 #include "cli/InputFile.h"
+#include "cli/JsonWriter.h"
 #include "cli/OutputFile.h"
 #include "cli/exchange/Exchange.h"
 #include "cli/palette/PaletteChoice.h"
@@ -21,7 +22,6 @@ namespace {
 
 using base::text;
 using host::MsoFillType;
-using json = nlohmann::ordered_json;
 using palette::valueOf;
 
 /// A palette's solid fills, and what has no place among them.
@@ -120,14 +120,13 @@ int runPaletteExport(const PaletteOptions& options) {
     OutputFile file(options.output);
     file.commit(std::vector<std::uint8_t>(content.begin(), content.end()));
     if (options.json) {
-        std::cout << json{{"file", options.file},
-                          {"output", options.output},
-                          {"format", format.name},
-                          {"palette", exported.palette.name},
-                          {"colors", exported.palette.colors.size()},
-                          {"leftOut", exported.others},
-                          {"withoutTransparency", exported.translucent}}
-                         .dump(2, ' ', false, json::error_handler_t::replace)
+        std::cout << printed({{"file", options.file},
+                              {"output", options.output},
+                              {"format", format.name},
+                              {"palette", exported.palette.name},
+                              {"colors", exported.palette.colors.size()},
+                              {"leftOut", exported.others},
+                              {"withoutTransparency", exported.translucent}})
                   << '\n';
     } else {
         printExported(exported, options);
