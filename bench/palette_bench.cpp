@@ -54,7 +54,7 @@ std::size_t kilobytes(const std::string& figure) {
     for (std::string line; std::getline(status, line);) {
         if (line.starts_with(figure + ":")) return std::stoul(line.substr(figure.size() + 1));
     }
-    throw std::runtime_error("the system does not tell " + figure);
+    throw std::runtime_error("the system does not report " + figure);
 }
 
 /// The files of the system; the time spent in writing them to the disk is recorded.

@@ -118,7 +118,7 @@ void ConnectW2000::connect(host::Application& application) {
         return;
     }
     WApp_ = &application;
-    // The host may disconnect while events run, and even connect anew.
+    // The host may disconnect while events run, and even connect again.
     const auto isConnected = [this, connection = ++connection_] {
         return connection_ == connection;
     };

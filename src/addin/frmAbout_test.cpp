@@ -176,9 +176,9 @@ TEST_F(AboutTest, AValueThatIsANumberIsHexadecimal) {
 }
 
 TEST_F(AboutTest, AMissingValueIsFalseAndLeavesTheResult) {
-    std::string value = "former";
+    std::string value = "earlier";
     EXPECT_FALSE(read("NAME", value));
-    EXPECT_EQ(value, "former");
+    EXPECT_EQ(value, "earlier");
 }
 
 }  // namespace

@@ -58,7 +58,7 @@ class StoredFills {
     /// Compares with the stored document. No format keeps all there is to know a shape by: names
     /// are lost by some, the order is changed by others. Of the two ways to pair the shapes of a
     /// page or group, the one is taken that explains more. Where both are lost the shapes that
-    /// remain are told apart by their fills, those left as they are first: all that have a fill
+    /// remain are distinguished by their fills, those left as they are first: all that have a fill
     /// must be there again.
     StoredResult compare(host::Document& stored) const;
 

@@ -48,7 +48,7 @@ class MenuChoice {
     /// To the line that the mouse is on, if it is on one that can be picked. Whether it is.
     bool pointAt(std::optional<std::size_t> line);
     /// To the next line that a letter selects: by its access key, or without one by its first
-    /// letter. Whether there is only one, which is thereby picked. Letters of the English alphabet
+    /// letter. Whether there is only one, which is then picked. Letters of the English alphabet
     /// are the same in both cases.
     bool call(char letter);
 

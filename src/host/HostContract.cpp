@@ -33,9 +33,9 @@ std::vector<std::string> namesOf(const std::vector<ShapePointer>& shapes) {
 
 /// What a host reports all at once is what it answers one by one.
 void expectKnownAsRead(FillFormat& fill) {
-    const FillProperties* const told = fill.known();
-    if (told == nullptr) return;
-    const FillProperties known = *told;
+    const FillProperties* const atOnce = fill.known();
+    if (atOnce == nullptr) return;
+    const FillProperties known = *atOnce;
     EXPECT_EQ(known.Visible, fill.Visible());
     EXPECT_EQ(known.ForeColorRGB, fill.ForeColorRGB());
     EXPECT_EQ(known.BackColorRGB, fill.BackColorRGB());

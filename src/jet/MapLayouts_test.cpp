@@ -132,10 +132,10 @@ class DamagedMaps : public MapLayouts {
                         error.number() == ErrorNumber::kNotSupported)
                 << error.description();
         }
-        const auto anew = Database::open(files, kName);
+        const auto reopened = Database::open(files, kName);
         for (const auto& [rows, table] : {std::pair(elementsBefore, "TFillElementParameter"),
                                           std::pair(groupsBefore, "TFillGroup")}) {
-            const Rows after = readable(*anew, table);
+            const Rows after = readable(*reopened, table);
             for (const auto& row : rows) {
                 EXPECT_NE(std::find(after.begin(), after.end(), row), after.end()) << table;
             }
@@ -203,14 +203,14 @@ TEST_F(MapLayouts, LeavePagesThatNameATableAloneWhateverTheFreeMapSays) {
         database->pages().writeTo(*made);
         made->publish();
     }
-    const auto anew = Database::open(files, "/stale.mdb");
-    ASSERT_TRUE(anew->space().isFree(stale));
-    ASSERT_EQ(damage(*anew), "");
-    edit(*anew);
-    EXPECT_EQ(DataPage::open(anew->pages(), stale).owner(), table);
-    EXPECT_TRUE(anew->space().isFree(stale));
-    EXPECT_EQ(damage(*anew), "");
-    expectTheRows(*anew);
+    const auto reopened = Database::open(files, "/stale.mdb");
+    ASSERT_TRUE(reopened->space().isFree(stale));
+    ASSERT_EQ(damage(*reopened), "");
+    edit(*reopened);
+    EXPECT_EQ(DataPage::open(reopened->pages(), stale).owner(), table);
+    EXPECT_TRUE(reopened->space().isFree(stale));
+    EXPECT_EQ(damage(*reopened), "");
+    expectTheRows(*reopened);
 }
 
 }  // namespace

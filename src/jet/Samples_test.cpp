@@ -131,9 +131,9 @@ TEST_F(SystemFolder, SamplesAreWrittenToAndLoseNothing) {
         }
         EXPECT_EQ(damage(*database), "");
         EXPECT_EQ(cellsOf(*database, tables), before);
-        const auto anew = Database::open(systemFiles(), file);
-        for (const StoredObject& object : anew->objects()) {
-            if (object.isTable()) compareTable(*anew, file, object);
+        const auto reopened = Database::open(systemFiles(), file);
+        for (const StoredObject& object : reopened->objects()) {
+            if (object.isTable()) compareTable(*reopened, file, object);
         }
     }
 }

@@ -11,12 +11,12 @@ namespace huebrush::recolor {
 
 class ScratchShape;
 
-/// Edits the new fill of a row and renders its preview anew: with one of the host's own tools,
+/// Edits the new fill of a row and renders its preview again: with one of the host's own tools,
 /// which the user works with on a scratch shape, or at once. Shapes are not touched. The errors are
 /// the caller's to trap; one leaves the scratch document open.
 class FillEditor {
  public:
-    /// Called anew for each use: while a tool is open its row may be unloaded, which is an error.
+    /// Called for each use: while a tool is open its row may be unloaded, which is an error.
     using Row = std::function<ColorElement&()>;
 
     /// What the editor needs of the dialog around it.

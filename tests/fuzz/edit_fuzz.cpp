@@ -2,7 +2,7 @@
 
 // A good palette file, with its page maps as this engine or as other programs lay them out, is
 // edited as the fuzzer says: after that it is sound, no more of its pages are lost than before, and
-// opened anew it shows the same.
+// opened again it shows the same.
 
 #include <array>
 #include <cstdio>
@@ -73,9 +73,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const jet::PageNumber lost = lostPages(*database);
     edit(database, files, script, Allowed::refusals);
     if (lostPages(*database) > lost) fail("pages were lost");
-    const auto anew = jet::Database::open(files, kFile);
-    for (const jet::StoredObject& object : anew->objects()) {
-        if (object.isTable() && rowsOf(*database, object.name) != rowsOf(*anew, object.name)) {
+    const auto reopened = jet::Database::open(files, kFile);
+    for (const jet::StoredObject& object : reopened->objects()) {
+        if (object.isTable() && rowsOf(*database, object.name) != rowsOf(*reopened, object.name)) {
             fail("the file has other rows in " + object.name);
         }
     }

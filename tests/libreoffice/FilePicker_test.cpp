@@ -40,8 +40,8 @@ class FilePickerOnScreen : public testing::Test {
         }
     }
     /// The keyboard starts in the field of the file's name. One of the toolkits selects that field
-    /// anew when it has listed the folder, and what was typed before is typed over: so all of it is
-    /// typed twice.
+    /// again once it has listed the folder, and what was typed before is overwritten: so everything
+    /// is typed twice.
     static std::string typing(const fs::path& file) {
         const std::string once = "xdotool key ctrl+a; xdotool type --delay 20 " + file.string();
         return once + "; " + once;

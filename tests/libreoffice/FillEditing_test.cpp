@@ -93,9 +93,9 @@ class FillEditingOnScreen : public testing::Test {
 
 TEST_F(FillEditingOnScreen, TheColourCommandEditsTheRowsNewFillAndTheRecolourAppliesIt) {
     ASSERT_EQ(dialog->Element.ubound(), 2);
-    const base::Rgb former = originalColor(1);
+    const base::Rgb original = originalColor(1);
     {
-        const ToolUser user(kColorDialog, former, chosen(kTyped), kOk);
+        const ToolUser user(kColorDialog, original, chosen(kTyped), kOk);
         run([this] { row(1).mnuChDColor(); });
     }
     EXPECT_EQ(destination(1).ForeColorRGB, kTyped);
@@ -104,8 +104,8 @@ TEST_F(FillEditingOnScreen, TheColourCommandEditsTheRowsNewFillAndTheRecolourApp
     EXPECT_TRUE(becomesActive(dialog->Caption));
     run([this] { dialog->chkSelAll.toggle(); });
     run([this] { dialog->cmdDiscolour.press(); });
-    const ShapeReference changed = former == kRed ? red : blue;
-    const ShapeReference other = former == kRed ? blue : red;
+    const ShapeReference changed = original == kRed ? red : blue;
+    const ShapeReference other = original == kRed ? blue : red;
     EXPECT_EQ(getProperty<std::int32_t>(changed, "FillColor"), base::swapRedAndBlue(kTyped));
     EXPECT_NE(getProperty<std::int32_t>(other, "FillColor"), base::swapRedAndBlue(kTyped));
 }

@@ -33,12 +33,12 @@ class OfficeLocale {
         const css::uno::Reference<css::beans::XPropertySet> values(
             libreoffice::openConfiguration(officeContext(), "/org.openoffice.Setup/L10N", true),
             css::uno::UNO_QUERY_THROW);
-        rtl::OUString former;
-        values->getPropertyValue("ooSetupSystemLocale") >>= former;
+        rtl::OUString before;
+        values->getPropertyValue("ooSetupSystemLocale") >>= before;
         values->setPropertyValue("ooSetupSystemLocale", css::uno::makeAny(locale));
         css::uno::Reference<css::util::XChangesBatch>(values, css::uno::UNO_QUERY_THROW)
             ->commitChanges();
-        return former;
+        return before;
     }
 
     rtl::OUString former_;

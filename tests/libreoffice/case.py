@@ -50,12 +50,12 @@ class WriterCase(unittest.TestCase):
 
     def set_environment(self, name, value):
         """Gives what is started from now on a variable, until the test is over."""
-        former = os.environ.get(name)
+        before = os.environ.get(name)
         os.environ[name] = value
-        if former is None:
+        if before is None:
             self.addCleanup(os.environ.pop, name, None)
         else:
-            self.addCleanup(os.environ.__setitem__, name, former)
+            self.addCleanup(os.environ.__setitem__, name, before)
 
     def answer_box(self, title, key, unlike=()):
         """Waits for a box with this title that is none of the windows `unlike`, and gives it the

@@ -17,7 +17,7 @@ WHEEL_TURN = 40
 
 
 def colour(row):
-    """Each row's own; the steps are so large that neighbours are told apart."""
+    """Each row's own; the steps are large enough to tell neighbours apart."""
     return (row * 0x01F3D7) & 0xFFFFFF
 
 

@@ -169,7 +169,7 @@ def complement(color):
     return f"#{0xFFFFFF - int(color[1:], 16):06x}"
 
 
-# Numbers that the office draws anew each time that it stores.
+# Random numbers that differ each time the office stores.
 DRAWN = re.compile(rb'(<w:id w:val=|ObjectID=|<c:(?:axId|crossAx) val=)"[^"]*"')
 
 

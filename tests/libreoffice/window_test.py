@@ -70,9 +70,9 @@ class WindowTest(WriterCase):
         last = [but]
 
         def is_settled():
-            now, former = picture(), last[0]
+            now, previous = picture(), last[0]
             last[0] = now
-            return now if now == former and now != but else None
+            return now if now == previous and now != but else None
 
         return wait_until(is_settled, "the screen settles")
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MPL-2.0
 
-// Lays out the page maps of a palette file anew, as other programs do.
+// Gives the page maps of a palette file another layout, as other programs do.
 //
 //     map_layout any|at-the-end SEED FILE
 

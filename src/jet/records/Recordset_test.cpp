@@ -557,20 +557,20 @@ TEST_F(Recordsets, ARefusedDeletionLeavesTheRecord) {
 TEST_F(Recordsets, NotifyBeforeAFieldChanges) {
     addPalette(*file.database, "a", {});
     groups.Open(kGroups, connection);
-    std::vector<std::string> told;
+    std::vector<std::string> reported;
     groups.WillChangeField.connect([&](const std::string& column) {
-        told.push_back(column + " " + nameOf(groups));
+        reported.push_back(column + " " + nameOf(groups));
         EXPECT_EQ(groups.EditMode(),
-                  told.size() == 1 ? EditModeEnum::adEditNone : EditModeEnum::adEditInProgress);
+                  reported.size() == 1 ? EditModeEnum::adEditNone : EditModeEnum::adEditInProgress);
     });
     groups.SetField("Name", std::string("b"));
     groups.SetField("Name", std::string("c"));
     groups.SetField("Count", 1);
-    EXPECT_EQ(told, (std::vector<std::string>{"Name a", "Name b", "Count c"}));
+    EXPECT_EQ(reported, (std::vector<std::string>{"Name a", "Name b", "Count c"}));
     groups.Update();
     groups.MoveFirst();
     groups.Requery();
-    EXPECT_EQ(told.size(), 3U);
+    EXPECT_EQ(reported.size(), 3U);
 }
 
 TEST_F(Recordsets, AHandlerMayRefuseAChange) {

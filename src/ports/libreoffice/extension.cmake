@@ -53,7 +53,7 @@ add_custom_command(OUTPUT ${EXTENSION_FOLDER}/icon.png
     -o ${EXTENSION_FOLDER}/icon.png VERBATIM)
 add_custom_target(huebrush_extension_icon DEPENDS ${EXTENSION_FOLDER}/icon.png)
 
-# The package, without what only a debugger reads. It is made anew each time: its parts are many,
+# The package, without what only a debugger reads. It is made from scratch each time: its parts are many,
 # and packing takes a moment.
 set(PACKAGE_FOLDER ${CMAKE_BINARY_DIR}/package)
 set(EXTENSION_PACKAGE ${CMAKE_BINARY_DIR}/huebrush.oxt)

@@ -20,13 +20,13 @@ void CommandStates::setEnabled(const std::string& command, bool enabled) {
     state.enabled = enabled;
     // A copy, because a listener may add or remove listeners.
     const auto listeners = state.listeners;
-    for (const auto& [url, listener] : listeners) tell(url, listener, enabled);
+    for (const auto& [url, listener] : listeners) notify(url, listener, enabled);
 }
 
 void CommandStates::addListener(const css::util::URL& url, const Listener& listener) {
     const std::string command = fromOffice(url.Complete);
     states_[command].listeners.emplace_back(url, listener);
-    tell(url, listener, isEnabled(command));
+    notify(url, listener, isEnabled(command));
 }
 
 void CommandStates::removeListener(const css::util::URL& url, const Listener& listener) {
@@ -34,7 +34,7 @@ void CommandStates::removeListener(const css::util::URL& url, const Listener& li
                   [&](const auto& known) { return known.second == listener; });
 }
 
-void CommandStates::tell(const css::util::URL& url, const Listener& listener, bool enabled) {
+void CommandStates::notify(const css::util::URL& url, const Listener& listener, bool enabled) {
     css::frame::FeatureStateEvent event;
     event.FeatureURL = url;
     event.IsEnabled = enabled;

@@ -30,7 +30,8 @@ class CommandStates {
         bool enabled = false;
         std::vector<std::pair<com::sun::star::util::URL, Listener>> listeners;
     };
-    static void tell(const com::sun::star::util::URL& url, const Listener& listener, bool enabled);
+    static void notify(const com::sun::star::util::URL& url, const Listener& listener,
+                       bool enabled);
 
     std::map<std::string, State> states_;
 };

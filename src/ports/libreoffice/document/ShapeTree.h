@@ -31,7 +31,7 @@ class ShapeTree {
     std::vector<NodePointer> topLevel();
     /// The number of the current reading of these; 0 when they have to be read again.
     std::uint64_t reading() const { return isStructureCurrent() ? readings_ : 0; }
-    /// Their number; while the number of the page's objects stays, it is not counted anew.
+    /// Their number; while the number of the page's objects stays, it is not counted again.
     std::int32_t count();
 
     /// A group's members. Inside a handler they are placed once, and the reader called for each.

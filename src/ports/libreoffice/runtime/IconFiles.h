@@ -11,7 +11,7 @@
 
 namespace huebrush::libreoffice {
 
-/// The component's icons, drawn anew for each of their sizes.
+/// The component's icons, drawn separately in each of their sizes.
 class IconFiles {
  public:
     /// `folder` is the component's, without a separator at its end.
