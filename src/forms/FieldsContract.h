@@ -24,7 +24,6 @@
 ///
 ///   void type(TextBox&, const std::string&);     the user clicks a box behind its text and types
 ///   void pick(ListBox&, std::int16_t);           the user clicks a line of a list
-///   void whileModal(std::function<void()>);      what happens while the next modal form is open
 namespace huebrush::forms::contract {
 
 /// Records in memory. Each is its fields by their names.
@@ -459,28 +458,6 @@ TYPED_TEST_P(FieldsContract, LoadingAPictureBoxClonesTheTemplateHidden) {
     EXPECT_EQ(pictures.ubound(), 0);
 }
 
-TYPED_TEST_P(FieldsContract, AModalFormOverAnotherReturnsWhenItIsUnloaded) {
-    auto modal = std::make_shared<FieldsForm>();
-    this->form->field.SetFocus();
-    this->port.settle();
-    this->form->field.LostFocus.connect([this] { this->events.push_back("lost"); });
-    this->port.whileModal([&] {
-        this->events.push_back("open");
-        this->port.answerNextBox(MsgBoxResult::ok);
-        EXPECT_EQ(Runtime::current().MsgBox("text", MsgBoxStyle::kInformation, "title"),
-                  MsgBoxResult::ok);
-        EXPECT_FALSE(modal->isUnloaded());
-        modal->Unload();
-    });
-    modal->Show(true);
-    this->events.push_back("closed");
-    this->port.settle();
-    EXPECT_EQ(this->takeEvents(), (Happenings{"open", "closed"}));
-    EXPECT_EQ(this->form->focused(), &this->form->field);
-    EXPECT_TRUE(modal->isUnloaded());
-    EXPECT_FALSE(this->form->isUnloaded());
-}
-
 REGISTER_TYPED_TEST_SUITE_P(
     FieldsContract, AListKeepsANumberForEachItemThroughRemovals,
     RemovingTheCurrentItemLeavesNoneCurrentWithoutAClick, RemovingAnotherItemKeepsTheCurrentOne,
@@ -493,7 +470,6 @@ REGISTER_TYPED_TEST_SUITE_P(
     ACancelledEditShowsTheRecordAgain, WithoutARecordABoundBoxTakesTypingBack,
     ATextThatIsRefusedStopsTheUpdateAndNotTheFocus, TextThatTheProgramSetsInABoundBoxIsAnEditToo,
     ABoxThatIsBoundNoMoreKeepsItsText, OneButtonOfAFormIsItsCancelButton,
-    WhetherAFormIsTopMostCanBeAskedAndSet, LoadingAPictureBoxClonesTheTemplateHidden,
-    AModalFormOverAnotherReturnsWhenItIsUnloaded);
+    WhetherAFormIsTopMostCanBeAskedAndSet, LoadingAPictureBoxClonesTheTemplateHidden);
 
 }  // namespace huebrush::forms::contract

@@ -84,6 +84,7 @@ void Form::Unload() {
 void Form::moveFocus(Control* target) {
     if (unloaded_ || target == focused_) return;
     Control* const previous = std::exchange(focused_, target);
+    if (peer() != nullptr) peer()->changed(PropertyId::Focus);
     if (previous != nullptr) previous->focusLeft();
     const std::vector<Control*> left = focusChain(previous);
     std::vector<Control*> entered = focusChain(target);

@@ -4,12 +4,13 @@
 
 #include "forms/FieldsContract.h"
 
-/// The rules of the keyboard, as tests that hold on every port with a user at one. Beside what
-/// FieldsContract.h says, a port has:
+/// The rules of the keyboard and of modal forms, as tests that hold on every port with a user at
+/// the screen. Beside what FieldsContract.h says, a port has:
 ///
 ///   void key(Form&, const std::string&);     the user presses a key of a name in a form: a small
 ///   letter,
 ///                                     "Return", "Escape", "Tab", "BackSpace", "Left", "End"
+///   void whileModal(std::function<void()>);  what happens while the next modal form is open
 namespace huebrush::forms::contract {
 
 template <class Port>
@@ -105,6 +106,17 @@ TYPED_TEST_P(KeysContract, TypingReplacesWhatTheProgramHasSelected) {
     EXPECT_EQ(this->form->field.Text.get(), "ab");
 }
 
+TYPED_TEST_P(KeysContract, ASelectionCountsBothCharactersOfALinesEnd) {
+    this->form->notes.Text = std::string("a\r\nbc");
+    this->focus(this->form->notes);
+    this->form->notes.setSelStart(3);
+    this->form->notes.setSelLength(1);
+    this->port.settle();
+    this->keys({"x"});
+    EXPECT_EQ(this->form->notes.Text.get(), "a\r\nxc");
+    EXPECT_EQ(this->form->notes.SelStart(), 4);
+}
+
 TYPED_TEST_P(KeysContract, TheProgramSeesWhereTheUserHasPutTheCaret) {
     this->form->field.Text = std::string("abc");
     this->focus(this->form->field);
@@ -130,9 +142,34 @@ TYPED_TEST_P(KeysContract, EscapeCancelsTheEditOfABoundBox) {
     this->form->close.Cancel = true;
     this->form->close.Click.connect([this] { this->records->cancel(); });
     this->focus(this->form->field);
-    this->keys({"x", "Escape"});
+    this->keys({"x"});
+    EXPECT_EQ(this->form->field.Text.get(), "xfirst");
+    this->keys({"Escape"});
+    EXPECT_EQ(this->records->takeEvents(), (Happenings{"edit Name", "Name=xfirst"}));
     EXPECT_EQ(this->form->field.Text.get(), "first");
     EXPECT_EQ(this->records->text("Name"), "first");
+}
+
+TYPED_TEST_P(KeysContract, AModalFormOverAnotherReturnsWhenItIsUnloaded) {
+    auto modal = std::make_shared<FieldsForm>();
+    this->form->field.SetFocus();
+    this->port.settle();
+    this->form->field.LostFocus.connect([this] { this->events.push_back("lost"); });
+    this->port.whileModal([&] {
+        this->events.push_back("open");
+        this->port.answerNextBox(MsgBoxResult::ok);
+        EXPECT_EQ(Runtime::current().MsgBox("text", MsgBoxStyle::kInformation, "title"),
+                  MsgBoxResult::ok);
+        EXPECT_FALSE(modal->isUnloaded());
+        modal->Unload();
+    });
+    modal->Show(true);
+    this->events.push_back("closed");
+    this->port.settle();
+    EXPECT_EQ(this->takeEvents(), (Happenings{"open", "closed"}));
+    EXPECT_EQ(this->form->focused(), &this->form->field);
+    EXPECT_TRUE(modal->isUnloaded());
+    EXPECT_FALSE(this->form->isUnloaded());
 }
 
 REGISTER_TYPED_TEST_SUITE_P(KeysContract, ATextBoxHearsTheKeysAroundTheChangeThatTheyMake,
@@ -141,7 +178,9 @@ REGISTER_TYPED_TEST_SUITE_P(KeysContract, ATextBoxHearsTheKeysAroundTheChangeTha
                             EscapePressesTheCancelButtonFromEverywhere,
                             EscapeEndsAFormWithoutACancelButton,
                             TypingReplacesWhatTheProgramHasSelected,
+                            ASelectionCountsBothCharactersOfALinesEnd,
                             TheProgramSeesWhereTheUserHasPutTheCaret,
-                            TheFirstKeyInABoundBoxBeginsTheEdit, EscapeCancelsTheEditOfABoundBox);
+                            TheFirstKeyInABoundBoxBeginsTheEdit, EscapeCancelsTheEditOfABoundBox,
+                            AModalFormOverAnotherReturnsWhenItIsUnloaded);
 
 }  // namespace huebrush::forms::contract

@@ -38,6 +38,7 @@ enum class PropertyId {
     Locked,
     Selection,
     TopMost,
+    Focus,
     Paint,
     Children,
 };

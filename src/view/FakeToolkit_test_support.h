@@ -98,7 +98,11 @@ class FakeFrame::Control final : public NativeControl {
     void hide() override { visible = false; }
     bool hasFocus() const override { return frame_.focused == this; }
     void takeFocus() override { frame_.focused = this; }
+    void collect() override {
+        if (onCollect) onCollect();
+    }
 
+    std::function<void()> onCollect;
     ControlReference reference;
     Rectangle place;
     bool visible = false;

@@ -20,20 +20,14 @@ FormAction moveFocus(bool backwards) {
     return [backwards](forms::Form& form) { form.handle([&] { form.focusNext(backwards); }); };
 }
 
-forms::CommandButton* defaultButton(const forms::Control& from) {
-    for (forms::Control* const child : from.children()) {
-        auto* const button = dynamic_cast<forms::CommandButton*>(child);
-        if (button != nullptr && button->Default) return button;
-        if (forms::CommandButton* const inside = defaultButton(*child)) return inside;
+/// Return is the form's, or else the field's: that of one with several lines is its own.
+FormAction actionOfReturn(const forms::Form& form) {
+    const auto* const field = dynamic_cast<const forms::TextBox*>(form.focused());
+    if (field == nullptr || !field->keepsReturn()) {
+        return [](forms::Form& at) { at.pressReturn(); };
     }
-    return nullptr;
-}
-
-/// The button that Return presses: the one that has the focus, or else the default one.
-void pressByReturn(forms::Form& form) {
-    auto* button = dynamic_cast<forms::CommandButton*>(form.focused());
-    if (button == nullptr) button = defaultButton(form);
-    if (button != nullptr) button->press();
+    if (field->MultiLine) return {};
+    return [](forms::Form&) {};
 }
 
 /// Chooses the option beside the one that has the focus.
@@ -94,11 +88,7 @@ FormAction openContextMenu(const forms::Form& form) {
 FormAction cancel(const forms::Form& form) {
     if (form.dragged() != nullptr) return [](forms::Form&) {};
     // A form that stays open uses up the key, too: it would close the office's dialog.
-    return [](forms::Form& escaped) {
-        escaped.handle([&] {
-            if (escaped.endsByEscape()) escaped.Unload();
-        });
-    };
+    return [](forms::Form& escaped) { escaped.pressEscape(); };
 }
 
 /// Whether check boxes get the release of a key.
@@ -124,7 +114,7 @@ FormAction actionOfKey(forms::Form& form, const Key& key) {
             if ((key.shift & ~Shift::kShift) != 0) return {};
             return moveFocus((key.shift & Shift::kShift) != 0);
         case KeyCode::kReturn:
-            return pressByReturn;
+            return actionOfReturn(form);
         case KeyCode::kEscape:
             return cancel(form);
         case KeyCode::kF10:
@@ -146,11 +136,27 @@ FormAction actionOfKey(forms::Form& form, const Key& key) {
     return {};
 }
 
-FormAction actionOfReleasedKey(forms::Form& form, const Key& key) {
-    if (dynamic_cast<forms::CheckBox*>(form.focused()) == nullptr) return {};
-    if (!isHeardByBoxes(key.code)) return {};
+FormAction reportOfKey(const forms::Form& form, const Key& key) {
+    const auto* const field = dynamic_cast<const forms::TextBox*>(form.focused());
+    if (field == nullptr || (!field->KeyDown.connected() && !field->KeyPress.connected()))
+        return {};
+    return [key](forms::Form& at) {
+        if (auto* const box = dynamic_cast<forms::TextBox*>(at.focused())) {
+            box->keyDown(key.code, key.shift, key.character);
+        }
+    };
+}
+
+FormAction actionOfReleasedKey(const forms::Form& form, const Key& key) {
+    const auto* const field = dynamic_cast<const forms::TextBox*>(form.focused());
+    const bool isBoxes =
+        dynamic_cast<const forms::CheckBox*>(form.focused()) != nullptr && isHeardByBoxes(key.code);
+    if (!isBoxes && (field == nullptr || !field->KeyUp.connected())) return {};
     return [key](forms::Form& at) {
         if (auto* const box = dynamic_cast<forms::CheckBox*>(at.focused())) {
+            box->keyUp(key.code, key.shift);
+        }
+        if (auto* const box = dynamic_cast<forms::TextBox*>(at.focused())) {
             box->keyUp(key.code, key.shift);
         }
     };

@@ -16,7 +16,11 @@ using FormAction = std::function<void(forms::Form&)>;
 /// that has the focus.
 FormAction actionOfKey(forms::Form& form, const Key& key);
 
-/// What a released key does: the check box that has the focus gets it.
-FormAction actionOfReleasedKey(forms::Form& form, const Key& key);
+/// Reports a key that goes down to the text box that has the focus, before the key does anything;
+/// nothing where none listens.
+FormAction reportOfKey(const forms::Form& form, const Key& key);
+
+/// What a released key does: the check box or text box that has the focus gets it.
+FormAction actionOfReleasedKey(const forms::Form& form, const Key& key);
 
 }  // namespace huebrush::view

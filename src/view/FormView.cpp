@@ -80,8 +80,15 @@ bool FormView::runActions() {
     const std::shared_ptr<FormView> self = shared_from_this();
     const std::shared_ptr<forms::Form> form = form_.weak_from_this().lock();
     if (form == nullptr) return false;
+    collectFromFocused();
     actions_.run();
     return open_;
+}
+
+/// What the user does next may depend on it.
+void FormView::collectFromFocused() const {
+    const ControlPeer* const focused = ControlPeer::of(form_.focused());
+    if (focused != nullptr && focused->native != nullptr) focused->native->collect();
 }
 
 void FormView::mouse(const MouseInput& input) {
@@ -89,8 +96,10 @@ void FormView::mouse(const MouseInput& input) {
     post([this, input] { pointing_.handle(input); });
 }
 
-void FormView::turnWheel(int rows) {
-    post([this, rows] { pointing_.scroll(rows); });
+void FormView::turnWheel(const ControlReference& surface, int rows) {
+    post([surface, rows] {
+        if (surface->control != nullptr) Pointing::scroll(*surface->control, rows);
+    });
 }
 
 void FormView::resized(const Size& size) {
@@ -111,7 +120,8 @@ void FormView::cancelDrag() {
 
 void FormView::touch(forms::PropertyId id) {
     if (id == forms::PropertyId::Children) childrenChanged_ = true;
-    changed_ = true;
+    // A flush follows the focus whatever has changed.
+    if (id != forms::PropertyId::Focus) changed_ = true;
     if (open_) actions_.wake();
 }
 

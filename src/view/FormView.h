@@ -57,8 +57,8 @@ class FormView final : public InputTarget,
     bool runActions();
     /// The mouse has done something in a native window.
     void mouse(const MouseInput& input);
-    /// The wheel was turned: away from the user where `rows` is less than 0.
-    void turnWheel(int rows);
+    /// The wheel was turned over a surface: away from the user where `rows` is less than 0.
+    void turnWheel(const ControlReference& surface, int rows);
     /// The user has resized the window; this is the size of its inside.
     void resized(const Size& size);
     void cancelDrag() override;
@@ -105,6 +105,7 @@ class FormView final : public InputTarget,
     void retireNatives(Surface& surface);
     void hideBoxes();
     void followFocus();
+    void collectFromFocused() const;
     bool hasNativeFocus() const;
 
     forms::Form& form_;

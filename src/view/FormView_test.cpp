@@ -97,6 +97,10 @@ class FormViewTest : public ViewTest<ListForm> {
         form->bar.scrollTo(row);
         turn();
     }
+    void turnWheel(int rows) {
+        view->turnWheel(frame.surfaceFor(form->list)->reference, rows);
+        turn();
+    }
     Names events() { return std::exchange(form->events, {}); }
 };
 
@@ -300,18 +304,15 @@ TEST_F(FormViewTest, AToolTipFollowsTheMouse) {
 }
 
 TEST_F(FormViewTest, TheWheelScrollsByRowsAndNotBeyondTheEnds) {
-    view->turnWheel(2);
-    turn();
+    turnWheel(2);
     EXPECT_EQ(form->bar.value(), 2);
-    view->turnWheel(-5);
-    turn();
+    turnWheel(-5);
     EXPECT_EQ(form->bar.value(), 0);
 }
 
 TEST_F(FormViewTest, TheWheelDoesNothingWithoutAUsableBar) {
     form->bar.Enabled = false;
-    view->turnWheel(2);
-    turn();
+    turnWheel(2);
     EXPECT_EQ(form->bar.value(), 0);
 }
 
@@ -362,6 +363,81 @@ TEST_F(FormViewTest, APlaceOfAControlIsFoundInTheWindow) {
     form->list.Left = 7 * kPixel;
     turn();
     EXPECT_EQ(view->placeInWindow(*form->boxes[1], kPixel, kPixel), (Point{8, kRowHeight + 1}));
+}
+
+/// Two lists with a bar each, the second one inside a frame, and a field.
+class TwoListsForm final : public forms::Form {
+ public:
+    TwoListsForm() : Form("TwoListsForm") {
+        ListForm::place(*this, 0, 0, 200, 200);
+        ListForm::place(list, 0, 0, 50, 50);
+        ListForm::place(bar, 50, 0, 10, 50);
+        ListForm::place(frame, 0, 60, 100, 60);
+        ListForm::place(view, 0, 0, 50, 50);
+        ListForm::place(strip, 0, 0, 50, 90);
+        ListForm::place(frameBar, 50, 0, 10, 50);
+        ListForm::place(field, 0, 150, 50, 20);
+    }
+    forms::PictureBox list{*this, "list"};
+    forms::VScrollBar bar{*this, "bar"};
+    forms::Frame frame{*this, "frame"};
+    forms::PictureBox view{frame, "view"};
+    forms::PictureBox strip{view, "strip"};
+    forms::VScrollBar frameBar{frame, "frameBar"};
+    forms::TextBox field{*this, "field"};
+};
+
+class TwoListsTest : public ViewTest<TwoListsForm> {
+ protected:
+    TwoListsTest() { open(); }
+    void turnWheel(const forms::Control& surface, int rows) {
+        view->turnWheel(frame.surfaceFor(surface)->reference, rows);
+        turn();
+    }
+};
+
+TEST_F(TwoListsTest, TheWheelScrollsWhatIsUnderThePointer) {
+    turnWheel(form->view, 3);
+    EXPECT_EQ(form->frameBar.value(), 3);
+    EXPECT_EQ(form->bar.value(), 0);
+    turnWheel(form->list, 2);
+    EXPECT_EQ(form->frameBar.value(), 3);
+    EXPECT_EQ(form->bar.value(), 2);
+}
+
+TEST_F(TwoListsTest, TheWheelGoesToTheNextBarAroundWhereThatBesideCannotScroll) {
+    form->frameBar.Enabled = false;
+    turnWheel(form->view, 3);
+    EXPECT_EQ(form->frameBar.value(), 0);
+    EXPECT_EQ(form->bar.value(), 3);
+}
+
+TEST_F(TwoListsTest, TheNativeFocusFollowsWithoutAnythingElseThatChanges) {
+    focus(form->field);
+    const int repaints = frame.surfaceFor(*form)->repaints;
+    form->bar.SetFocus();
+    turn();
+    EXPECT_TRUE(frame.of(form->bar)->hasFocus());
+    EXPECT_EQ(frame.surfaceFor(*form)->repaints, repaints);
+}
+
+TEST_F(TwoListsTest, TheWheelOverAListThatHasGoneDoesNothing) {
+    const ControlReference surface = frame.surfaceFor(form->view)->reference;
+    view->turnWheel(surface, 3);
+    view->close();
+    turn();
+    EXPECT_EQ(form->frameBar.value(), 0);
+}
+
+TEST_F(TwoListsTest, WhatTheFieldKnowsIsCollectedBeforeWhatTheUserDoesNext) {
+    focus(form->field);
+    form->field.Text = std::string("abc");
+    turn();
+    frame.of(form->field)->onCollect = [this] { form->field.select({2, 0}); };
+    std::int32_t caret = 0;
+    view->post([&] { caret = form->field.SelStart(); });
+    turn();
+    EXPECT_EQ(caret, 2);
 }
 
 }  // namespace

@@ -17,6 +17,9 @@ bool Keyboard::press(const Key& key) {
         menuKey_ = key.code;
         return true;
     }
+    if (const FormAction report = reportOfKey(target_.form(), key)) {
+        target_.post([&target = target_, report] { report(target.form()); });
+    }
     const FormAction action = actionOfKey(target_.form(), key);
     if (!action) return false;
     target_.post([&target = target_, action] {

@@ -10,8 +10,8 @@
 namespace huebrush::view {
 
 /// The keys in a form's window that mean the same wherever the focus is: they go to an open menu,
-/// move the focus, press the default button, invoke controls by their access keys, and close the
-/// form. Check boxes get released keys here, too.
+/// move the focus, press the default and the cancel button, invoke controls by their access keys,
+/// and close the form. Text boxes are notified of keys here, check boxes of released ones.
 class Keyboard {
  public:
     explicit Keyboard(InputTarget& target) : target_(target) {}

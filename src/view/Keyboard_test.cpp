@@ -37,6 +37,7 @@ class KeyForm final : public forms::Form {
         box.Caption = std::string("&Box");
         first.Caption = std::string("&First");
         ok.Default = true;
+        notes.MultiLine = true;
         ok.Click.connect([this] { events.emplace_back("ok"); });
         other.Click.connect([this] { events.emplace_back("other"); });
         box.Click.connect([this] { events.emplace_back("box"); });
@@ -50,6 +51,7 @@ class KeyForm final : public forms::Form {
     forms::CommandButton other{*this, "other"};
     forms::CheckBox box{*this, "box"};
     forms::TextBox field{*this, "field"};
+    forms::TextBox notes{*this, "notes"};
     forms::OptionButton first{*this, "first"};
     forms::OptionButton off{*this, "off"};
     forms::OptionButton last{*this, "last"};
@@ -106,6 +108,52 @@ TEST_F(KeyboardTest, ReturnPressesTheButtonWithTheFocusOrElseTheDefaultOne) {
 TEST_F(KeyboardTest, EscapeEndsTheForm) {
     EXPECT_TRUE(type(KeyCode::kEscape));
     EXPECT_TRUE(form->isUnloaded());
+}
+
+TEST_F(KeyboardTest, EscapePressesTheCancelButton) {
+    form->other.Cancel = true;
+    focus(form->field);
+    EXPECT_TRUE(type(KeyCode::kEscape));
+    EXPECT_EQ(events(), Names{"other"});
+    EXPECT_FALSE(form->isUnloaded());
+    EXPECT_EQ(form->focused(), &form->other);
+}
+
+TEST_F(KeyboardTest, ADisabledCancelButtonStillKeepsEscapeFromTheForm) {
+    form->other.Cancel = true;
+    form->other.Enabled = false;
+    EXPECT_TRUE(type(KeyCode::kEscape));
+    EXPECT_EQ(events(), Names{});
+    EXPECT_FALSE(form->isUnloaded());
+}
+
+TEST_F(KeyboardTest, ReturnIsKeptByAFieldThatListensAndLeftToOneWithSeveralLines) {
+    form->field.KeyPress.connect([this](char16_t character) {
+        form->events.push_back("field " + std::to_string(static_cast<int>(character)));
+        form->notes.SetFocus();
+    });
+    focus(form->field);
+    view->keyboard().press({KeyCode::kReturn, Shift::kNone, u'\r'});
+    turn();
+    EXPECT_EQ(events(), Names{"field 13"});
+    EXPECT_EQ(form->focused(), &form->notes);
+    EXPECT_FALSE(type(KeyCode::kReturn)) << "it ends a line there";
+    EXPECT_EQ(events(), Names{});
+}
+
+TEST_F(KeyboardTest, AFieldIsNotifiedOfKeysThatTheNativeFieldGetsToo) {
+    form->field.KeyDown.connect([this](std::int16_t code, std::int16_t shift) {
+        form->events.push_back("down " + std::to_string(code) + "+" + std::to_string(shift));
+    });
+    form->field.KeyUp.connect([this](std::int16_t code, std::int16_t shift) {
+        form->events.push_back("up " + std::to_string(code) + "+" + std::to_string(shift));
+    });
+    focus(form->field);
+    EXPECT_FALSE(type('A', Shift::kShift));
+    EXPECT_EQ(events(), (Names{"down 65+1", "up 65+1"}));
+    focus(form->notes);
+    EXPECT_FALSE(type('A'));
+    EXPECT_EQ(events(), Names{});
 }
 
 TEST_F(KeyboardTest, EscapeIsUsedUpByAFormThatStays) {

@@ -29,6 +29,9 @@ class NativeControl {
     virtual void hide() = 0;
     virtual bool hasFocus() const = 0;
     virtual void takeFocus() = 0;
+    /// Gives the control what the user has changed without a word of the toolkit: where the caret
+    /// is.
+    virtual void collect() = 0;
 };
 
 /// A toolkit's window for the inside of a form or of a picture box: what has no native control is

@@ -27,6 +27,14 @@ Rectangle fitted(const Size& picture, const Rectangle& room) {
             height};
 }
 
+/// The number of the colour that lies under a control.
+unsigned backgroundUnder(const forms::Control& control) {
+    for (const forms::Control* at = control.container(); at != nullptr; at = at->container()) {
+        if (dynamic_cast<const forms::PictureBox*>(at) != nullptr) return backgroundOf(*at);
+    }
+    return forms::SystemColor::kButtonFace;
+}
+
 }  // namespace
 
 /// A user control's canvas: its place on the surface.
@@ -60,11 +68,11 @@ unsigned backgroundOf(const forms::Control& surface) {
 }
 
 void Painter::paint(forms::Control& surface, const Size& size) {
-    background_ = backgroundOf(surface);
-    canvas_.rectangle({0, 0, size.width, size.height}, theme_.colour(background_), {});
+    canvas_.rectangle({0, 0, size.width, size.height}, theme_.colour(backgroundOf(surface)), {});
     const Box whole{0, 0, scale_.toTwips(size.width), scale_.toTwips(size.height)};
-    for (const Placed& placed : sceneOf(surface, whole.width, whole.height)) paintControl(placed);
     const auto* const box = dynamic_cast<const forms::PictureBox*>(&surface);
+    if (box != nullptr) paintPicture(box->Picture, whole);
+    for (const Placed& placed : sceneOf(surface, whole.width, whole.height)) paintControl(placed);
     if (box != nullptr && box->BorderStyle != 0) outline(whole);
 }
 
@@ -81,7 +89,15 @@ void Painter::paintControl(const Placed& placed) {
         paintImage(*image, placed.place);
     } else if (const auto* const line = dynamic_cast<const forms::Line*>(&control)) {
         paintLine(*line, placed.place);
+    } else if (const auto* const box = dynamic_cast<const forms::PictureBox*>(&control)) {
+        if (!isSurface(control)) paintBox(*box, placed.place);
     }
+}
+
+void Painter::paintBox(const forms::PictureBox& box, const Box& place) {
+    canvas_.rectangle(scale_.toPixels(place), theme_.colour(box.BackColor), {});
+    paintPicture(box.Picture, place);
+    if (box.BorderStyle != 0) outline(place);
 }
 
 void Painter::paintFrame(const forms::Frame& frame, const Box& place) {
@@ -95,10 +111,11 @@ void Painter::paintFrame(const forms::Frame& frame, const Box& place) {
     if (caption.empty()) return;
     constexpr double kIndent = 120;
     constexpr double kGap = 60;
-    const std::int32_t background = theme_.colour(background_);
+    const unsigned under = backgroundUnder(frame);
+    const std::int32_t background = theme_.colour(under);
     const Box gap{place.left + kIndent - kGap, place.top, textWidth(caption) + 2 * kGap, height};
     canvas_.rectangle(scale_.toPixels(gap), background, background);
-    const std::int32_t text = theme_.textOn(background_);
+    const std::int32_t text = theme_.textOn(under);
     print(caption, place.left + kIndent, place.top, {},
           frame.isUsable() ? text : mixed(text, background, kFaded));
 }
@@ -112,7 +129,7 @@ void Painter::paintLabel(const forms::Label& label, const Box& place) {
             const double room = label.Width - textWidth(line);
             left += label.Alignment == forms::Alignment::kCentre ? room / 2 : room;
         }
-        print(line, left, top, {}, theme_.textOn(background_));
+        print(line, left, top, {}, theme_.textOn(backgroundUnder(label)));
         top += lineHeight;
     }
 }
@@ -138,11 +155,15 @@ std::vector<std::string> Painter::linesOf(const forms::Label& label, double line
 }
 
 void Painter::paintImage(const forms::Image& image, const Box& place) {
-    const std::optional<Size> size = canvas_.pictureSize(image.Picture.get());
-    if (size && size->width > 0 && size->height > 0) {
-        canvas_.picture(fitted(*size, scale_.toPixels(place)), image.Picture.get());
-    }
+    paintPicture(image.Picture, place);
     if (image.BorderStyle != 0) outline(place);
+}
+
+void Painter::paintPicture(const base::Picture& picture, const Box& place) {
+    if (picture.empty()) return;
+    const std::optional<Size> size = canvas_.pictureSize(picture);
+    if (!size || size->width <= 0 || size->height <= 0) return;
+    canvas_.picture(fitted(*size, scale_.toPixels(place)), picture);
 }
 
 void Painter::paintLine(const forms::Line& line, const Box& place) {

@@ -15,6 +15,7 @@ class Frame;
 class Image;
 class Label;
 class Line;
+class PictureBox;
 class UserControl;
 }  // namespace huebrush::forms
 
@@ -23,8 +24,8 @@ namespace huebrush::view {
 /// The number of the colour that a surface has where nothing lies on it.
 unsigned backgroundOf(const forms::Control& surface);
 
-/// Draws on a surface what has no native control there: labels, images, lines, frames and the faces
-/// of user controls.
+/// Draws on a surface what has no native control there: labels, images, lines, frames, picture
+/// boxes that are no surfaces themselves, and the faces of user controls.
 class Painter {
  public:
     /// All outlive it.
@@ -38,10 +39,12 @@ class Painter {
     class Face;
 
     void paintControl(const Placed& placed);
+    void paintBox(const forms::PictureBox& box, const Box& place);
     void paintFrame(const forms::Frame& frame, const Box& place);
     void paintLabel(const forms::Label& label, const Box& place);
     std::vector<std::string> linesOf(const forms::Label& label, double lineHeight);
     void paintImage(const forms::Image& image, const Box& place);
+    void paintPicture(const base::Picture& picture, const Box& place);
     void paintLine(const forms::Line& line, const Box& place);
     void outline(const Box& box);
     /// In twips of the surface.
@@ -53,7 +56,6 @@ class Painter {
     Canvas& canvas_;
     const Theme& theme_;
     const Scale& scale_;
-    unsigned background_ = forms::SystemColor::kButtonFace;
 };
 
 }  // namespace huebrush::view

@@ -188,6 +188,35 @@ TEST_F(PainterTest, APictureIsAsLargeAsFitsInTheMiddle) {
     EXPECT_EQ(painted().front(), "picture 10,45 20x10");
 }
 
+TEST_F(PainterTest, APictureBoxShowsItsPictureUnderWhatLiesOnIt) {
+    forms::PictureBox box(*form, "box");
+    box.BorderStyle = std::int16_t{1};
+    box.Picture = base::Picture(base::PictureFormat::bitmap, {1});
+    forms::Line line(box, "line");
+    place(line, 0, 0, 9, 0);
+    EXPECT_EQ(painted(box, {80, 80}),
+              (Lines{"picture 0,20 80x40", "line 0,0 9,0 shadow", "rectangle 0,0 80x80 - shadow"}));
+    place(box, 0, 0, 80, 80);
+    EXPECT_EQ(painted(), Lines{}) << "it has a window of its own";
+}
+
+TEST_F(PainterTest, APictureBoxInsideAnotherIsPaintedOnIt) {
+    forms::PictureBox box(*form, "box");
+    place(box, 0, 0, 100, 100);
+    forms::PictureBox inner(box, "inner");
+    inner.BackColor = forms::SystemColor::kWindowBackground;
+    inner.BorderStyle = std::int16_t{1};
+    inner.Picture = base::Picture(base::PictureFormat::bitmap, {1});
+    place(inner, 10, 20, 40, 40);
+    forms::Frame frame(inner, "frame");
+    frame.Caption = std::string("a");
+    place(frame, 0, 0, 40, 30);
+    EXPECT_EQ(painted(box, {100, 100}),
+              (Lines{"rectangle 10,20 40x40 field -", "picture 10,30 40x20",
+                     "rectangle 10,20 40x40 - shadow", "rectangle 10,25 40x25 - shadow",
+                     "rectangle 14,20 14x10 field field", "text 18,20 'a' black"}));
+}
+
 TEST_F(PainterTest, ALineGoesFromCornerToCorner) {
     forms::Line line(*form, "line");
     place(line, 10, 20, 30, 0);

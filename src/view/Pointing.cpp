@@ -12,6 +12,18 @@
 
 namespace huebrush::view {
 
+namespace {
+
+forms::VScrollBar* usableBarOn(const forms::Control& container) {
+    for (forms::Control* const child : container.children()) {
+        auto* const bar = dynamic_cast<forms::VScrollBar*>(child);
+        if (bar != nullptr && bar->isUsable()) return bar;
+    }
+    return nullptr;
+}
+
+}  // namespace
+
 void Pointing::handle(const MouseInput& input) {
     const Mouse::Place at = onSurface(input);
     if (at.surface == nullptr) return;
@@ -53,10 +65,11 @@ void Pointing::scrollWhileDragging(int direction) {
 }
 
 void Pointing::scrollDragged(int direction) {
-    if (target_.form().dragged() == nullptr) {
+    forms::Control* const dragged = target_.form().dragged();
+    if (dragged == nullptr) {
         scrollWhileDragging(0);
     } else {
-        scroll(direction);
+        scroll(surfaceOf(*dragged), direction);
     }
 }
 
@@ -71,12 +84,13 @@ Mouse::Place Pointing::onSurface(const MouseInput& input) const {
                            {peer->place.left + input.at.x, peer->place.top + input.at.y});
 }
 
-void Pointing::scroll(int rows) {
-    for (forms::Control* const child : target_.form().children()) {
-        auto* const bar = dynamic_cast<forms::VScrollBar*>(child);
-        if (bar == nullptr || !bar->isUsable()) continue;
-        bar->scrollTo(bar->value() + rows * bar->SmallChange);
-        return;
+void Pointing::scroll(const forms::Control& surface, int rows) {
+    for (const forms::Control* at = &surface; at != nullptr; at = at->container()) {
+        const forms::Control& around = at->container() == nullptr ? *at : *at->container();
+        if (forms::VScrollBar* const bar = usableBarOn(around)) {
+            bar->scrollTo(bar->value() + rows * bar->SmallChange);
+            return;
+        }
     }
 }
 

@@ -20,8 +20,9 @@ class Pointing {
 
     /// The mouse has done something in one of the native windows.
     void handle(const MouseInput& input);
-    /// Scrolls the form's list by a number of rows, downwards where that is more than 0.
-    void scroll(int rows);
+    /// Scrolls what shows on a surface by a number of rows, downwards where that is more than 0: by
+    /// the usable scroll bar beside it, or else the next one around it.
+    static void scroll(const forms::Control& surface, int rows);
     /// Ends a drag without a drop.
     void cancelDrag(forms::Form& form) { mouse_.cancelDrag(form); }
     void stop() { scrollWhileDragging(0); }

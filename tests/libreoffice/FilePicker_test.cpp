@@ -33,7 +33,7 @@ class FilePickerOnScreen : public testing::Test {
                               const char* end) {
         const User user(dialog.title, actions, end);
         try {
-            return libreoffice::pickFile(officeContext(), dialog);
+            return libreoffice::pickFile(officeContext(), {}, dialog);
         } catch (const base::Error& error) {
             EXPECT_EQ(error.number(), base::ErrorNumber::kCancelled);
             return "cancelled";

@@ -2,9 +2,11 @@
 
 #include "ports/libreoffice/runtime/FilePicker.h"
 
+#include <array>
+#include <com/sun/star/beans/NamedValue.hpp>
 #include <com/sun/star/ui/dialogs/ExecutableDialogResults.hpp>
-#include <com/sun/star/ui/dialogs/FilePicker.hpp>
 #include <com/sun/star/ui/dialogs/TemplateDescription.hpp>
+#include <com/sun/star/ui/dialogs/XFilePicker3.hpp>
 #include <osl/file.hxx>
 
 #include "base/Error.h"
@@ -24,6 +26,18 @@ sal_Int16 templateFor(forms::FileDialog::Purpose purpose) {
                : dialogs::TemplateDescription::FILEOPEN_SIMPLE;
 }
 
+css::uno::Reference<dialogs::XFilePicker3> makePicker(const ContextReference& context,
+                                                      const FileDialogOwner& owner,
+                                                      forms::FileDialog::Purpose purpose) {
+    const std::array<css::uno::Any, 2> arguments{
+        css::uno::makeAny(templateFor(purpose)),
+        css::uno::makeAny(css::beans::NamedValue("ParentWindow", css::uno::makeAny(owner)))};
+    return {context->getServiceManager()->createInstanceWithArgumentsAndContext(
+                "com.sun.star.ui.dialogs.FilePicker",
+                css::uno::Sequence<css::uno::Any>(arguments.data(), arguments.size()), context),
+            css::uno::UNO_QUERY_THROW};
+}
+
 std::string withExtension(const std::string& path, const forms::FileDialog& dialog) {
     const std::string extension = dialog.pattern.substr(dialog.pattern.find('.'));
     const std::size_t name = path.find_last_of('/') + 1;
@@ -33,11 +47,11 @@ std::string withExtension(const std::string& path, const forms::FileDialog& dial
 
 }  // namespace
 
-std::string pickFile(const ContextReference& context, const forms::FileDialog& dialog) {
+std::string pickFile(const ContextReference& context, const FileDialogOwner& owner,
+                     const forms::FileDialog& dialog) {
     rtl::OUString path;
     const bool chosen = officeCalls([&] {
-        const auto picker =
-            dialogs::FilePicker::createWithMode(context, templateFor(dialog.purpose));
+        const auto picker = makePicker(context, owner, dialog.purpose);
         picker->setTitle(toOffice(dialog.title));
         picker->appendFilter(toOffice(dialog.description), toOffice(dialog.pattern));
         picker->setCurrentFilter(toOffice(dialog.description));

@@ -33,7 +33,8 @@ std::string OfficeRuntime::ChooseFile(const forms::FileDialog& dialog) {
     windows_.flush();
     const auto held = windows_.hold();
     const EventsRun running(snapshot_);
-    return pickFile(context_, dialog);
+    const FileDialogOwner owner(windows_.owner(), com::sun::star::uno::UNO_QUERY);
+    return pickFile(context_, owner, dialog);
 }
 
 void OfficeRuntime::DoEvents() {

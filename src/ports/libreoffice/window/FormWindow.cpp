@@ -285,7 +285,9 @@ std::unique_ptr<view::NativeSurface> FormWindow::makeSurface(const view::Control
     owner->toolkit = toolkit_;
     owner->paint = [this](const Surface& surface) { paint(surface); };
     owner->mouse = [this](const view::MouseInput& input) { view_->mouse(input); };
-    owner->wheel = [this](int notches) { view_->turnWheel(notches); };
+    owner->wheel = [this](const view::ControlReference& surface, int notches) {
+        view_->turnWheel(surface, notches);
+    };
     owner->post = [this](std::function<void()> action) { view_->post(std::move(action)); };
     owner->made = [this](const Surface::Window& made) { made->addFocusListener(listener_.get()); };
     owner->background = [this](const forms::Control& control) {

@@ -24,6 +24,9 @@ std::int16_t shiftState(sal_Int16 modifiers) {
 
 std::int16_t classicCode(sal_Int16 code) {
     if (code >= Key::A && code <= Key::Z) return static_cast<std::int16_t>('A' + (code - Key::A));
+    if (code >= Key::NUM0 && code <= Key::NUM9) {
+        return static_cast<std::int16_t>('0' + (code - Key::NUM0));
+    }
     switch (code) {
         case Key::BACKSPACE:
             return KeyCode::kBack;
@@ -58,10 +61,21 @@ std::int16_t classicCode(sal_Int16 code) {
     }
 }
 
+/// The toolkit gives some keys without a character the one of a control code.
+char16_t characterOf(const css::awt::KeyEvent& event) {
+    constexpr sal_Unicode kRubOut = 0x7F;
+    const sal_Unicode character = event.KeyChar;
+    if (character >= ' ' && character != kRubOut) return static_cast<char16_t>(character);
+    const std::int16_t code = classicCode(event.KeyCode);
+    const bool isControl =
+        code == KeyCode::kBack || code == KeyCode::kReturn || code == KeyCode::kEscape;
+    return isControl ? static_cast<char16_t>(code) : u'\0';
+}
+
 }  // namespace
 
 view::Key keyOf(const css::awt::KeyEvent& event) {
-    return {classicCode(event.KeyCode), shiftState(event.Modifiers)};
+    return {classicCode(event.KeyCode), shiftState(event.Modifiers), characterOf(event)};
 }
 
 view::MouseInput mouseInput(view::MouseInput::Kind kind, const view::ControlReference& control,

@@ -65,7 +65,7 @@ class Surface::Listener final
             surface_->owner_->mouse(mouseInput(kind, surface_->control_, event));
     }
     void turn(int notches) {
-        if (surface_ != nullptr) surface_->owner_->wheel(notches);
+        if (surface_ != nullptr) surface_->owner_->wheel(surface_->control_, notches);
     }
 
     Surface* surface_;

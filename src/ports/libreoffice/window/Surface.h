@@ -28,8 +28,8 @@ class Surface final : public view::NativeSurface {
         /// Draws the surface, within the toolkit's own painting.
         std::function<void(Surface&)> paint;
         std::function<void(const view::MouseInput&)> mouse;
-        /// The wheel was turned: 1 for towards the user, -1 for away.
-        std::function<void(int)> wheel;
+        /// The wheel was turned over a surface: 1 for towards the user, -1 for away.
+        std::function<void(const view::ControlReference&, int)> wheel;
         /// Runs what the user did soon, from the event loop.
         std::function<void(std::function<void()>)> post;
         /// A new window was made inside the form's: a surface or a native control.

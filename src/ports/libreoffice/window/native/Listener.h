@@ -25,17 +25,17 @@ class Native::Listener final
     void forget() { native_ = nullptr; }
 
     void SAL_CALL actionPerformed(const com::sun::star::awt::ActionEvent& event) override {
-        if (native_ != nullptr) native_->acted(event);
+        if (hears()) native_->acted(event);
     }
     void SAL_CALL itemStateChanged(const com::sun::star::awt::ItemEvent& event) override {
-        if (native_ != nullptr) native_->chosen(event);
+        if (hears()) native_->chosen(event);
     }
     void SAL_CALL
     adjustmentValueChanged(const com::sun::star::awt::AdjustmentEvent& event) override {
-        if (native_ != nullptr) native_->adjusted(event);
+        if (hears()) native_->adjusted(event);
     }
     void SAL_CALL textChanged(const com::sun::star::awt::TextEvent&) override {
-        if (native_ != nullptr) native_->typed();
+        if (hears()) native_->typed();
     }
     void SAL_CALL mousePressed(const com::sun::star::awt::MouseEvent& event) override {
         hearMouse(view::MouseInput::Kind::press, event);
@@ -54,6 +54,7 @@ class Native::Listener final
     void SAL_CALL disposing(const com::sun::star::lang::EventObject&) override {}
 
  private:
+    bool hears() const { return native_ != nullptr && !native_->mirroring_; }
     void hearMouse(view::MouseInput::Kind kind, const com::sun::star::awt::MouseEvent& event) {
         if (native_ != nullptr) native_->heardMouse(kind, event);
     }

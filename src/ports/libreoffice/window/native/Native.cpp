@@ -17,6 +17,22 @@ namespace huebrush::libreoffice {
 
 namespace css = com::sun::star;
 
+namespace {
+
+/// Sets a flag for a lifetime.
+class Mirroring {
+ public:
+    explicit Mirroring(bool& flag) : flag_(flag) { flag_ = true; }
+    Mirroring(const Mirroring&) = delete;
+    Mirroring& operator=(const Mirroring&) = delete;
+    ~Mirroring() { flag_ = false; }
+
+ private:
+    bool& flag_;
+};
+
+}  // namespace
+
 Native::Native(NativeSite site, std::string_view service, sal_Int32 attributes)
     : site_(std::move(site)), listener_(new Listener(*this)) {
     window_ = makeNativeWindow(site_.toolkit, site_.parent, service, attributes);
@@ -36,9 +52,15 @@ std::unique_ptr<Native> Native::make(const forms::Control& control, const Native
 }
 
 void Native::show(const view::ControlReference& control, const view::Rectangle& place) {
-    control_ = control;
+    if (control != control_) {
+        control_ = control;
+        adopted();
+    }
     mirrorCommon(*control->control, place);
-    mirror(*control->control);
+    {
+        const Mirroring mirroring(mirroring_);
+        mirror(*control->control);
+    }
     if (!visible_) window_->setVisible(true);
     visible_ = true;
 }

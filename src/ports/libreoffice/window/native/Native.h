@@ -44,6 +44,7 @@ class Native : public view::NativeControl {
     void hide() final;
     bool hasFocus() const final;
     void takeFocus() final { window_->setFocus(); }
+    void collect() override {}
 
     const com::sun::star::uno::Reference<com::sun::star::awt::XWindow>& window() const {
         return window_;
@@ -68,7 +69,12 @@ class Native : public view::NativeControl {
         });
     }
 
-    /// Brings what is peculiar to the kind up to date.
+    /// The control that is shown; nothing once it has ended.
+    forms::Control* control() const { return control_->control; }
+    /// Another control than before is shown from now on.
+    virtual void adopted() {}
+    /// Brings what is peculiar to the kind up to date. What the toolkit reports meanwhile is not
+    /// the user's.
     virtual void mirror(const forms::Control& control) = 0;
     virtual void acted(const com::sun::star::awt::ActionEvent&) {}
     virtual void chosen(const com::sun::star::awt::ItemEvent&) {}
@@ -90,6 +96,7 @@ class Native : public view::NativeControl {
     view::ControlReference control_;
     view::Rectangle place_;
     bool visible_ = false;
+    bool mirroring_ = false;
     bool enabled_ = true;
     std::string toolTip_;
     std::string caption_;
