@@ -9,9 +9,10 @@
 set -euo pipefail
 program=$1
 subject=$2
-seconds=${HUEBRUSH_FUZZ_SECONDS:-30}
+seconds=${HUEBRUSH_FUZZ_SECONDS:-${3:-30}}
 seed=${HUEBRUSH_FUZZ_SEED:-1}
 here=$(cd "$(dirname "$0")" && pwd)
+. "$here/limits.sh" "$subject"
 
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
@@ -23,5 +24,5 @@ echo "$subject: $kept inputs, $seconds s, seed $seed"
 # A few frames are enough to show where a block of memory was allocated: more take time.
 export ASAN_OPTIONS=malloc_context_size=6
 "$program" -seed="$seed" -max_total_time="$seconds" -timeout=10 -rss_limit_mb=1024 \
-  -malloc_limit_mb=128 -max_len=600 -len_control=0 -entropic=0 -verbosity=0 -print_final_stats=1 \
-  -artifact_prefix="$(dirname "$program")/$subject-" "$work/new" "$work/$subject"
+  -malloc_limit_mb="$largest" -max_len="$longest" -len_control=0 -entropic=0 -verbosity=0 \
+  -print_final_stats=1 -artifact_prefix="$(dirname "$program")/$subject-" "$work/new" "$work/$subject"
