@@ -129,6 +129,11 @@ void addPalette(CLI::App& program, PaletteOptions& options, Chosen& chosen) {
     save->add_option("--from", options.document, "A text document, such as .odt, .docx or .doc")
         ->required();
     save->add_flag("--replace", options.replace, "Replace all palettes with that name");
+    CLI::App* const preview =
+        add("preview", runPalettePreview, "Write the stored previews of a palette as one picture");
+    preview->add_option("NAME", options.name, "The name of the palette, or '#' and its ID")
+        ->required();
+    preview->add_option("-o,--output", options.output, "Output file, a PNG")->required();
     add("erase", runPaletteErase, "Erase all palettes with a given name, and their fills")
         ->add_option("NAME", options.name, "The name of the palettes")
         ->required();

@@ -11,9 +11,9 @@ struct PaletteOptions {
     bool json = false;
     bool force = false;    ///< new: replace an existing file
     std::string input;     ///< import: the file of palettes
-    std::string name;      ///< erase: of the palettes; export, save: of the palette; import: of all
+    std::string name;      ///< erase, import: of the palettes; otherwise: of the palette
     std::string format;    ///< import, export: the format's name; empty: by the file's ending
-    std::string output;    ///< export: the file to write
+    std::string output;    ///< export, preview: the file to write
     std::string document;  ///< save: whose fills to keep
     bool replace = false;  ///< save: replace palettes with that name
 };
@@ -32,6 +32,8 @@ int runPaletteImport(const PaletteOptions& options);
 int runPaletteExport(const PaletteOptions& options);
 /// Keeps the distinct fills of a document as a palette; a file that does not exist is created.
 int runPaletteSave(const PaletteOptions& options);
+/// Writes a PNG of the stored previews of a palette.
+int runPalettePreview(const PaletteOptions& options);
 int runPaletteErase(const PaletteOptions& options);
 /// Prints each rule of the format that the file breaks; if there is damage, the exit code says so.
 int runPaletteCheck(const PaletteOptions& options);
