@@ -23,7 +23,8 @@ Counters counters;
 
 #if !defined(HUEBRUSH_SANITIZED)
 
-// Each block has its size in front of it.
+// Each block has its size in front of it, and comes from what stands below these operators.
+// NOLINTBEGIN(cppcoreguidelines-no-malloc)
 constexpr std::size_t kFront = alignof(std::max_align_t);
 
 void* operator new(std::size_t size) {
@@ -44,6 +45,8 @@ void operator delete(void* memory) noexcept {
     counters.live -= kFront + size;
     std::free(block);
 }
+
+// NOLINTEND(cppcoreguidelines-no-malloc)
 
 void operator delete(void* memory, std::size_t) noexcept {
     operator delete(memory);

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <bit>
+#include <cmath>
 
 namespace huebrush::base {
 
@@ -89,7 +90,7 @@ std::array<std::uint8_t, 4> shownAt(const Form& form, std::int32_t x, std::int32
         if (masks[channel] == 0) continue;
         const double most = masks[channel] >> std::countr_zero(masks[channel]);
         shown[channel] = static_cast<std::uint8_t>(
-            channelAt(masks[channel], channel, x, y) * 255.0 / most + 0.5);
+            std::lround(channelAt(masks[channel], channel, x, y) * 255.0 / most));
     }
     return shown;
 }

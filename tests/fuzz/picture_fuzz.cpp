@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MPL-2.0
 
-// Bytes that claim to be a picture file are loaded, decoded and written anew: that ends by the same
-// pixels or by the error of an invalid picture.
+// Bytes that claim to be a picture file are loaded, decoded and written again: that ends by the
+// same pixels or by the error of an invalid picture.
 
 #include <cstdint>
 #include <cstdio>
@@ -49,7 +49,7 @@ void decode(const Bytes& file) {
     if (pixels.bytes.size() != pixels.offset(0, pixels.height)) fail("pixels are missing");
     constexpr std::size_t kSmall = 1U << 20U;
     if (pixels.bytes.size() > kSmall) return;
-    if (decodeBitmap(bitmapOf(pixels).bytes()) != pixels) fail("other pixels when written anew");
+    if (decodeBitmap(bitmapOf(pixels).bytes()) != pixels) fail("other pixels when written again");
 }
 
 }  // namespace

@@ -49,8 +49,8 @@ std::int32_t scaled(std::int32_t place, std::int32_t length, std::int32_t reduce
 }  // namespace
 
 std::size_t ContactSheet::mostPlaces() {
-    constexpr auto kPixels = static_cast<std::size_t>((kWidth + kGap) * (kHeight + kGap));
-    return base::kMostPixels / kPixels / 2;
+    constexpr std::uint64_t kPixels = std::uint64_t{kWidth + kGap} * (kHeight + kGap);
+    return static_cast<std::size_t>(base::kMostPixels / kPixels / 2);
 }
 
 ContactSheet::ContactSheet(std::size_t places)
