@@ -3,6 +3,7 @@
 #include "ports/libreoffice/entry/AddInSession.h"
 
 #include "error/mError.h"
+#include "palette/OwnDataFile.h"
 #include "ports/libreoffice/uno/Errors.h"
 
 namespace huebrush::libreoffice {
@@ -17,6 +18,8 @@ AddInSession::AddInSession(const ContextReference& context, const std::string& f
     });
     runtime_.UnhandledError.connect(&error::reportUnhandled);
     enter([&] { addIn_.OnConnection(application_); });
+    // A user whose first palettes cannot be made has none to begin with.
+    error::ignoring([] { palette::makeOwnDataFile(); });
     runtime_.setEventsMayRun(true);
 }
 
