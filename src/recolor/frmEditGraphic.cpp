@@ -64,6 +64,8 @@ void frmEditGraphic::connectHandlers() {
     Resize.connect([this] { Form_Resize(); });
     cmdAdd.Click.connect([this] { cmdAdd_Click(); });
     cmdDiscolour.Click.connect([this] { cmdDiscolour_Click(); });
+    cmdToDatabase.Click.connect([this] { cmdToDatabase_Click(); });
+    cmdFromDatabase.Click.connect([this] { cmdFromDatabase_Click(); });
     cmdClose.Click.connect([this] { Unload(); });
     for (std::size_t i = 0; i < optView.size(); ++i) {
         optView[i]->Click.connect([this, i] {
@@ -146,6 +148,7 @@ bool frmEditGraphic::endsByEscape() const {
 }
 
 void frmEditGraphic::unloadElements() {
+    closePaletteDialog();
     ActiveElement_ = nullptr;
     Element.clear();
 }

@@ -16,6 +16,7 @@
 #include "forms/Form.h"
 #include "forms/PopupMenu.h"
 #include "host/Application.h"
+#include "palette/PaletteRows.h"
 #include "recolor/ColorElement.h"
 #include "recolor/ElementList.h"
 #include "recolor/FillEditor.h"
@@ -29,7 +30,7 @@ class UndoSteps;
 
 /// The recolour dialog: scans the selected shapes into groups of equal fill, one row a group, and
 /// gives the new fills of the selected rows to their shapes. It stays open beside the document.
-class frmEditGraphic final : public forms::Form {
+class frmEditGraphic final : public forms::Form, private palette::PaletteRows {
  public:
     /// Makes and loads the dialog. `showAbout` is what a click on the logo does.
     static std::shared_ptr<frmEditGraphic> create(std::function<void()> showAbout = {});
@@ -176,6 +177,19 @@ class frmEditGraphic final : public forms::Form {
     void removeRowsWith(std::int16_t selectValue);
     void afterRemoval();
 
+    // The dialogs of palettes, and what they see of this one.
+    void cmdToDatabase_Click();
+    void cmdFromDatabase_Click();
+    void offerRecolour();
+    void closePaletteDialog();
+    std::int16_t lastRow() const override;
+    bool isRowSelected(std::int16_t row) const override;
+    std::int16_t selectedRows() const override;
+    fill::CFill& fillOf(std::int16_t row) override;
+    base::Picture previewOf(std::int16_t row) const override;
+    bool isTopMost() const override;
+    void setTopMost(bool topMost) override;
+
     // The logo.
     void imgQXLogo_MouseMove(const forms::MouseEvent& event);
     void imgQXLogo_Click();
@@ -189,6 +203,7 @@ class frmEditGraphic final : public forms::Form {
     double minimumWidth_ = 0;
     ColorElement* ActiveElement_ = nullptr;
     base::Count16 selectedCount_;
+    std::weak_ptr<forms::Form> paletteDialog_;
     ElementList list_{Element, [this](ColorElement& first, ColorElement& second) {
                           ReplaceColorElement(first, second);
                       }};
