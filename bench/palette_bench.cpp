@@ -160,6 +160,7 @@ void makeFiles(const std::string& folder, std::int32_t rows) {
 void measureReading(int runs, const std::function<std::size_t()>& work) {
     const std::size_t before = kilobytes("VmRSS");
     std::vector<double> times;
+    times.reserve(static_cast<std::size_t>(runs));
     std::size_t fills = 0;
     for (int run = 0; run < runs; ++run) {
         times.push_back(milliseconds([&] { fills = work(); }));

@@ -21,15 +21,18 @@ namespace huebrush::recolor {
 /// The recolour dialog on the memory port, with a user at it. Rows are distinguished by the colour
 /// of their current fill.
 class DialogTest : public ::testing::Test {
- protected:
-    using Colors = std::vector<std::int32_t>;
-    using Names = std::vector<std::string>;
-
+ public:
     DialogTest() { dialog->connect(test.application); }
+    DialogTest(const DialogTest&) = delete;
+    DialogTest& operator=(const DialogTest&) = delete;
     ~DialogTest() override {
         EXPECT_TRUE(test.unhandled.empty());
         if (dialog) dialog->Unload();
     }
+
+ protected:
+    using Colors = std::vector<std::int32_t>;
+    using Names = std::vector<std::string>;
 
     ColorElement& row(std::int16_t index) { return dialog->Element[index]; }
     std::int16_t rowCount() const { return dialog->Element.ubound(); }

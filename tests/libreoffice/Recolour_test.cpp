@@ -111,6 +111,7 @@ class RecolourInTheOffice : public testing::Test {
 
 TEST_F(RecolourInTheOffice, AShapeThatAnEventChangesInMidScanIsGroupedByItsNewFill) {
     std::vector<PropertySet> shapes;
+    shapes.reserve(6);
     for (int i = 0; i < 6; ++i) shapes.push_back(addShape(kRed));
     bool written = false;
     runtime.beforePump = [&](int pump) {
