@@ -85,8 +85,10 @@ class Refusals(OnPaletteFiles):
                 {"palettes": [palette("a", [{**fill, "Visible": 1.5}])]},
             "FillPreview must be a string in base64":
                 {"palettes": [palette("a", [{**fill, "FillPreview": "?"}])]},
-            "palette 1: the column Name of the table TFillGroup must have a value": {"palettes": [{"elements": [fill]}]},
-            "the column Name of the table TFillGroup must not be empty": {"palettes": [palette("", [])]},
+            "palette 1: the column Name of the table TFillGroup must have a value":
+                {"palettes": [{"elements": [fill]}]},
+            "the column Name of the table TFillGroup must not be empty":
+                {"palettes": [palette("", [])]},
             "the value of the column Name is too long (at most 30 characters)":
                 {"palettes": [palette("x" * 31, [])]},
             "is too long (at most 255 characters)":
