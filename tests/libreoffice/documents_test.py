@@ -1,6 +1,7 @@
 # SPDX-License-Identifier: MPL-2.0
 """The program on real documents: what it changes, what it leaves, and how it refuses bad input."""
 
+import contextlib
 import hashlib
 import json
 import os
@@ -38,11 +39,13 @@ def huebrush(*arguments, **options):
                           timeout=LIMIT, **options)
 
 
-def processes_mentioning(text):
+def processes_mentioning(*texts):
+    """The processes that have all these texts in their command lines."""
     found = []
     for folder in Path("/proc").glob("[0-9]*"):
         try:
-            if text.encode() in (folder / "cmdline").read_bytes():
+            line = (folder / "cmdline").read_bytes()
+            if all(text.encode() in line for text in texts):
                 found.append(int(folder.name))
         except OSError:
             continue
@@ -530,8 +533,7 @@ class Interruption(OnDocuments):
             env=self.environment)
 
     def office_processes(self):
-        return [pid for pid in processes_mentioning(str(self.temporary))
-                if b"soffice.bin" in Path(f"/proc/{pid}/cmdline").read_bytes()]
+        return processes_mentioning(str(self.temporary), "soffice.bin")
 
     def test_control_c(self):
         for number in (signal.SIGINT, signal.SIGTERM):
@@ -548,14 +550,16 @@ class Interruption(OnDocuments):
             self.assertEqual(list(self.temporary.iterdir()), [])
 
     def test_killed_at_any_instant(self):
-        """Five seconds later none of its processes and files are left."""
+        """None of its processes and files are left, and that within five seconds when nothing else
+        keeps the machine busy."""
         instants = random.Random(20)
+        is_long = "HUEBRUSH_LONG" in os.environ
         output = self.folder / "killed.odt"
         output.write_text("mine")
         names = {path.name for path in self.folder.iterdir()}
         every_day = 8
         seen = {"folder": 0, "office": 0}
-        for number in range(50 if "HUEBRUSH_LONG" in os.environ else every_day):
+        for number in range(50 if is_long else every_day):
             program = self.start(output)
             # Nothing is waited for: the sleep is the instant.
             time.sleep(instants.uniform(0, 2.5) if number else 2)
@@ -564,7 +568,7 @@ class Interruption(OnDocuments):
             sockets = [socket_of(folder) for folder in self.temporary.iterdir()]
             program.kill()
             program.communicate(timeout=LIMIT)
-            wait_until(lambda: not processes_mentioning(str(self.folder)), 5)
+            wait_until(lambda: not processes_mentioning(str(self.folder)), 5 if is_long else LIMIT)
             self.assert_nothing_left()
             self.assertEqual(list(self.temporary.iterdir()), [])
             self.assertEqual([path for path in sockets if path.exists()], [])
@@ -578,15 +582,21 @@ class Interruption(OnDocuments):
 
     def test_the_office_dies(self):
         output = self.folder / "died.odt"
-        program = self.start(output)
-        wait_until(self.office_processes)
-        for pid in self.office_processes():
-            os.kill(pid, signal.SIGKILL)
-        _, errors = program.communicate(timeout=LIMIT)
+        # On a busy machine its work may be done before it is killed: then once more.
+        for _ in range(10):
+            program = self.start(output)
+            wait_until(self.office_processes)
+            for pid in self.office_processes():
+                with contextlib.suppress(ProcessLookupError):
+                    os.kill(pid, signal.SIGKILL)
+            _, errors = program.communicate(timeout=LIMIT)
+            self.assert_nothing_left()
+            if program.returncode != 0:
+                break
+            output.unlink()
         self.assertEqual(program.returncode, 1)
         self.assertIn("LibreOffice exited before the work was done", errors)
         self.assertFalse(output.exists())
-        self.assert_nothing_left()
 
 
 if __name__ == "__main__":
