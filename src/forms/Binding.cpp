@@ -4,24 +4,9 @@
 
 #include <utility>
 
+#include "base/RaisedFlag.h"
+
 namespace huebrush::forms {
-
-namespace {
-
-/// Sets a flag for a lifetime.
-class Raised {
- public:
-    explicit Raised(bool& flag) : flag_(flag), before_(std::exchange(flag, true)) {}
-    Raised(const Raised&) = delete;
-    Raised& operator=(const Raised&) = delete;
-    ~Raised() { flag_ = before_; }
-
- private:
-    bool& flag_;
-    bool before_;
-};
-
-}  // namespace
 
 void Binding::bind(std::shared_ptr<DataSource> source, std::string field) {
     unbind();
@@ -70,7 +55,7 @@ void Binding::handOver() {
 
 void Binding::showRecord() {
     changed_ = false;
-    const Raised showing(showing_);
+    const base::RaisedFlag showing(showing_);
     show_(source_->text(field_));
 }
 

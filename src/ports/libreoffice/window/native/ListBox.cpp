@@ -4,8 +4,7 @@
 #include <com/sun/star/awt/VclWindowPeerAttribute.hpp>
 #include <com/sun/star/awt/WindowAttribute.hpp>
 #include <com/sun/star/awt/XListBox.hpp>
-#include <ranges>
-#include <span>
+#include <iterator>
 #include <vector>
 
 #include "forms/Controls.h"
@@ -41,15 +40,14 @@ class ListBox final : public NativeOf<forms::ListBox> {
     /// stays where it is scrolled to.
     void mirrorItems(const std::vector<forms::ListItem>& items) {
         if (items == items_) return;
-        const auto [firstOld, firstNew] = std::ranges::mismatch(items_, items);
-        const std::span<const forms::ListItem> restOld(firstOld, items_.cend());
-        const std::span<const forms::ListItem> restNew(firstNew, items.cend());
-        const auto [lastOld, lastNew] =
-            std::ranges::mismatch(restOld | std::views::reverse, restNew | std::views::reverse);
-        auto position = static_cast<sal_Int16>(firstOld - items_.cbegin());
-        const auto removed = static_cast<sal_Int16>(lastOld.base() - restOld.begin());
+        const std::vector<forms::ListItem>& shown = items_;
+        const auto first = std::ranges::mismatch(shown, items);
+        const auto last = std::mismatch(shown.crbegin(), std::make_reverse_iterator(first.in1),
+                                        items.crbegin(), std::make_reverse_iterator(first.in2));
+        auto position = static_cast<sal_Int16>(first.in1 - shown.cbegin());
+        const auto removed = static_cast<sal_Int16>(last.first.base() - first.in1);
         if (removed > 0) list_->removeItems(position, removed);
-        for (auto each = restNew.begin(); each != lastNew.base(); ++each) {
+        for (auto each = first.in2; each != last.second.base(); ++each) {
             list_->addItem(toOffice(each->text), position++);
         }
         items_ = items;

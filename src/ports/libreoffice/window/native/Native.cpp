@@ -6,6 +6,7 @@
 #include <com/sun/star/awt/XWindow2.hpp>
 #include <com/sun/star/style/VerticalAlignment.hpp>
 
+#include "base/RaisedFlag.h"
 #include "forms/Form.h"
 #include "ports/libreoffice/window/Input.h"
 #include "ports/libreoffice/window/NativeWindow.h"
@@ -16,22 +17,6 @@
 namespace huebrush::libreoffice {
 
 namespace css = com::sun::star;
-
-namespace {
-
-/// Sets a flag for a lifetime.
-class Mirroring {
- public:
-    explicit Mirroring(bool& flag) : flag_(flag) { flag_ = true; }
-    Mirroring(const Mirroring&) = delete;
-    Mirroring& operator=(const Mirroring&) = delete;
-    ~Mirroring() { flag_ = false; }
-
- private:
-    bool& flag_;
-};
-
-}  // namespace
 
 Native::Native(NativeSite site, std::string_view service, sal_Int32 attributes)
     : site_(std::move(site)), listener_(new Listener(*this)) {
@@ -58,7 +43,7 @@ void Native::show(const view::ControlReference& control, const view::Rectangle& 
     }
     mirrorCommon(*control->control, place);
     {
-        const Mirroring mirroring(mirroring_);
+        const base::RaisedFlag mirroring(mirroring_);
         mirror(*control->control);
     }
     if (!visible_) window_->setVisible(true);

@@ -97,8 +97,8 @@ class TextBox final : public Native {
 
 }  // namespace
 
-std::unique_ptr<Native> makeNative(const forms::TextBox& box, const NativeSite& site) {
-    return std::make_unique<TextBox>(site, box.MultiLine);
+std::unique_ptr<Native> makeNative(const forms::TextBox& control, const NativeSite& site) {
+    return std::make_unique<TextBox>(site, control.MultiLine);
 }
 
 }  // namespace huebrush::libreoffice
