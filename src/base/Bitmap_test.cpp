@@ -103,14 +103,14 @@ TEST(Bitmaps, WithNumbersThatFitNowhereAreRefused) {
             EXPECT_FALSE(isBitmap(with(file, field, number))) << field << " " << number;
         }
     }
-    for (const std::uint32_t planes : {0, 2}) EXPECT_FALSE(isBitmap(with(file, 26, planes, 2)));
-    for (const std::uint32_t bits : {0, 2, 3, 15, 48, 64, 65535}) {
+    for (const std::uint32_t planes : {0U, 2U}) EXPECT_FALSE(isBitmap(with(file, 26, planes, 2)));
+    for (const std::uint32_t bits : {0U, 2U, 3U, 15U, 48U, 64U, 65535U}) {
         EXPECT_FALSE(isBitmap(with(file, 28, bits, 2))) << bits;
     }
-    for (const std::uint32_t header : {11, 13, 39, 41, 53, 65, 107, 125}) {
+    for (const std::uint32_t header : {11U, 13U, 39U, 41U, 53U, 65U, 107U, 125U}) {
         EXPECT_FALSE(isBitmap(with(file, 14, header))) << header;
     }
-    for (const std::uint32_t compression : {1, 2, 3, 4, 5, 6, 7}) {
+    for (const std::uint32_t compression : {1U, 2U, 3U, 4U, 5U, 6U, 7U}) {
         EXPECT_FALSE(isBitmap(with(file, 30, compression))) << compression;
     }
 }

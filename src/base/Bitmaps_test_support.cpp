@@ -351,7 +351,7 @@ std::vector<std::uint8_t> plainMetafile() {
 std::vector<std::uint8_t> placeableMetafile() {
     Bytes file;
     put(file, 0x9AC6CDD7, 4);
-    for (const std::uint32_t word : {0, 0, 0, 200, 100, 96, 0, 0}) put(file, word, 2);
+    for (const std::uint32_t word : {0U, 0U, 0U, 200U, 100U, 96U, 0U, 0U}) put(file, word, 2);
     std::uint32_t sum = 0;
     for (std::size_t at = 0; at < file.size(); at += 2) {
         sum ^= static_cast<std::uint32_t>(file[at] | file[at + 1] << 8);
@@ -382,7 +382,7 @@ std::vector<std::uint8_t> enhancedMetafile() {
     }
     put(file, 2, 2);
     put(file, 0, 2);
-    for (const std::uint32_t number : {0, 0, 0, 1024, 768, 271, 203}) put(file, number, 4);
+    for (const std::uint32_t number : {0U, 0U, 0U, 1024U, 768U, 271U, 203U}) put(file, number, 4);
     file.insert(file.end(), records.begin(), records.end());
     return file;
 }
