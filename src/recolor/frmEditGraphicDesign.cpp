@@ -89,6 +89,7 @@ void frmEditGraphic::setInitialStates() {
     fData.Enabled = false;
     frameMain.BorderStyle.initialize(0);
     picMain.BackColor.initialize(forms::SystemColor::kWindowBackground);
+    picElementGroup.BackColor.initialize(forms::SystemColor::kWindowBackground);
     picMain.BorderStyle.initialize(1);
     picLoadStatus.BackColor.initialize(forms::SystemColor::kInfoBackground);
     picLoadStatus.BorderStyle.initialize(1);
