@@ -367,7 +367,7 @@ TEST_F(LoadDialog, AsksWhereMoreRowsAreSelectedThanThereAreFills) {
 
 TEST_F(LoadDialog, LeavesSurplusFillsUnused) {
     openOn({11, 12, 13});
-    rows.add({1});
+    rows.add(1);
     user.click(dialog->cmdApply);
     EXPECT_EQ(rows.colors(), Colors{11});
     EXPECT_TRUE(runtime.boxes.empty());
@@ -411,7 +411,7 @@ TEST_F(LoadDialog, AppliesThePickedPaletteWhetherPreviewsAreShownOrNot) {
     addPalette("a", {11});
     addPalette("b", {21});
     open();
-    rows.add({1});
+    rows.add(1);
     user.click(dialog->cmdApply);
     user.pick(dialog->lstFillGroup, 1);
     user.click(dialog->cmdApply);
@@ -424,7 +424,7 @@ TEST_F(LoadDialog, AppliesThePickedPaletteWhetherPreviewsAreShownOrNot) {
 
 TEST_F(LoadDialog, OfAPaletteWithoutFillsGivesNone) {
     openOn({});
-    rows.add({1});
+    rows.add(1);
     user.click(dialog->cmdApply);
     EXPECT_EQ(runtime.boxes.size(), 1U);
     EXPECT_EQ(rows.colors(), Colors{1});
@@ -447,7 +447,7 @@ TEST_F(LoadDialog, ReportsAFillThatCannotBeReadAndGoesOnWithTheNext) {
 
 TEST_F(LoadDialog, OfAFileThatIsGoneReportsAnError) {
     openOn({11});
-    rows.add({1});
+    rows.add(1);
     writeFile(kFile, {});
     user.click(dialog->cmdApply);
     const memory::ShownBox box = onlyBox();
@@ -464,7 +464,7 @@ TEST_F(LoadDialog, ReadsAFileThatAnotherProgramIsWriting) {
     addPalette("a", {11});
     const auto held = files.lock(kFile);
     open();
-    rows.add({1});
+    rows.add(1);
     user.click(dialog->cmdApply);
     EXPECT_EQ(rows.colors(), Colors{11});
     EXPECT_TRUE(runtime.boxes.empty());
@@ -472,7 +472,7 @@ TEST_F(LoadDialog, ReadsAFileThatAnotherProgramIsWriting) {
 
 TEST_F(LoadDialog, OkAppliesAndCloses) {
     openOn({11});
-    rows.add({1});
+    rows.add(1);
     user.click(dialog->cmdOK);
     EXPECT_TRUE(dialog->isUnloaded());
     EXPECT_EQ(rows.colors(), Colors{11});
@@ -482,7 +482,7 @@ TEST_F(LoadDialog, ReturnIsOkAndEscapeIsCancel) {
     EXPECT_TRUE(dialog->cmdOK.Default);
     EXPECT_TRUE(dialog->cmdCancel.Cancel);
     openOn({11});
-    rows.add({1});
+    rows.add(1);
     dialog->lstFillGroup.SetFocus();
     user.key(KeyCode::kEscape);
     EXPECT_TRUE(dialog->isUnloaded());

@@ -316,7 +316,7 @@ TEST_F(SaveDialog, SavesTheSelectedRowsAsAPalette) {
 }
 
 TEST_F(SaveDialog, AppendsANewPaletteToTheListAndSelectsIt) {
-    rows.add({10});
+    rows.add(10);
     openOnThird();
     user.click(dialog->cmdNew);
     EXPECT_EQ(shown(), "||");
