@@ -26,6 +26,11 @@ void* operator new(std::size_t size) {
     return memory;
 }
 
+// The sanitizers take the library's own for another allocator.
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
+    return std::malloc(size == 0 ? 1 : size);
+}
+
 // Not inlined: the compiler would take the allocation for the library's, and warn.
 [[gnu::noinline]] void operator delete(void* memory) noexcept {
     std::free(memory);
