@@ -3,7 +3,7 @@
 # it; `make packages` and `make check-packages` do only that; nothing else installs anything.
 
 .PHONY: all packages check-packages build demo check unit long asan fuzz office lint format bench \
-  screenshots newer windows-packages windows windows-behind install clean
+  screenshots newer windows-packages windows install clean
 
 CTEST := ctest --output-on-failure
 
@@ -34,13 +34,13 @@ demo:
 	@$(MAKE) --no-print-directory all
 	@tools/demo.sh
 
-# The sanitizers first: what they find explains the rest. The tests in the office wait for much of
-# their time, which Windows gets.
+# The sanitizers first: what they find explains the rest.
 check: check-packages
 	@$(MAKE) --no-print-directory asan
 	@$(MAKE) --no-print-directory build
 	$(CTEST) --test-dir build/release -j2 -L 'unit|lint'
-	@$(MAKE) --no-print-directory -j2 --output-sync=target office windows-behind
+	@$(MAKE) --no-print-directory windows
+	$(CTEST) --test-dir build/release -j2 -L libreoffice
 
 asan:
 	@$(call configure,asan,check,make check-packages)
@@ -95,9 +95,6 @@ windows:
 	$(CTEST) --test-dir build/windows-x86_64 -j2
 	@awk '/PASSED/ { tests += $$4 } END { print tests " tests passed under Wine" }' \
 	  build/windows-x86_64/Testing/Temporary/LastTest.log
-
-windows-behind:
-	@nice -n 19 $(MAKE) --no-print-directory windows
 
 # Below PREFIX, or the folder that the build was configured for (/usr/local).
 install: all
