@@ -12,7 +12,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cctype>
 #include <csignal>
 #include <cstdlib>
 #include <fstream>
@@ -21,6 +20,7 @@
 
 #include "base/Text.h"
 #include "cli/Failure.h"
+#include "cli/UnfinishedFile.h"
 
 namespace huebrush::cli {
 
@@ -203,8 +203,7 @@ class KeeperProcess {
         return pid == 0;
     }
 
-    /// While it stores a file, the office keeps beside it its lock and, until everything is
-    /// written, a file named after its process number.
+    /// While it stores a file, the office keeps beside it its lock and an unfinished file.
     void removeWithCompanions(const fs::path& file) const {
         const fs::path folder = file.parent_path();
         std::error_code ignored;
@@ -213,10 +212,8 @@ class KeeperProcess {
         std::vector<fs::path> unfinished;
         for (const auto& each : fs::directory_iterator(folder, ignored)) {
             const std::string name = each.path().filename();
-            const bool isOurs = std::any_of(ended_.begin(), ended_.end(), [&](pid_t pid) {
-                const std::string begin = base::text("lu", pid);
-                return name.starts_with(begin) && name.ends_with(".tmp") &&
-                       std::isdigit(static_cast<unsigned char>(name[begin.size()])) == 0;
+            const bool isOurs = std::any_of(ended_.begin(), ended_.end(), [&](pid_t process) {
+                return isUnfinishedFileOf(process, name, isRunningOffice);
             });
             if (isOurs) unfinished.push_back(each.path());
         }
