@@ -33,15 +33,15 @@ class PackageCase(unittest.TestCase):
         shutil.copy(PACKAGE, self.package)
 
     def unopkg(self, command, *arguments):
-        # The extension manager refuses root.
+        # The extension manager refuses root, and its script wants a folder that its user can enter.
         user = {"user": NOBODY, "group": NOBODY, "extra_groups": []} if os.getuid() == 0 else {}
         if user:
             for path in (self.folder, *self.folder.rglob("*")):
                 os.chown(path, NOBODY, NOBODY)
         return subprocess.run(
             [UNOPKG, command, f"-env:UserInstallation={(self.folder / 'profile').as_uri()}",
-             *arguments], env=dict(os.environ, HOME=str(self.folder)), text=True, timeout=120,
-            stdout=subprocess.PIPE, stderr=subprocess.STDOUT, check=False, **user)
+             *arguments], env=dict(os.environ, HOME=str(self.folder)), cwd=self.folder, text=True,
+            timeout=120, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, check=False, **user)
 
     def is_installed(self):
         return IDENTIFIER in self.unopkg("list").stdout
