@@ -145,7 +145,7 @@ std::vector<jet::RowId> rowsNamed(const Table& groups, const std::string& name) 
 
 }  // namespace
 
-const Value& valueOf(const Record& record, const std::string& column) {
+const Value& valueOf(const Record& record, std::string_view column) {
     static const Value kNull;
     const auto found = std::find_if(record.begin(), record.end(),
                                     [&](const auto& named) { return named.first == column; });

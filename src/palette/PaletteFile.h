@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -27,7 +28,7 @@ struct Palette {
 };
 
 /// A column's value; null when the record has no such column.
-const jet::Value& valueOf(const Record& record, const std::string& column);
+const jet::Value& valueOf(const Record& record, std::string_view column);
 Record recordOf(const jet::Table& table, const jet::Row& row);
 
 /// The palettes without their fills, by ID.
