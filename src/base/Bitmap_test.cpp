@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <random>
 #include <stdexcept>
+#include <string>
+#include <string_view>
 
 #include "base/Allocations_test_support.h"
 #include "base/Bitmaps_test_support.h"
@@ -18,10 +20,10 @@ namespace {
 
 using Bytes = std::vector<std::uint8_t>;
 
-const BitmapSample& sample(const std::string& name) {
+const BitmapSample& sample(std::string_view name) {
     const auto& all = bitmapSamples();
     const auto found = std::ranges::find(all, name, &BitmapSample::name);
-    if (found == all.end()) throw std::logic_error("no sample " + name);
+    if (found == all.end()) throw std::logic_error("no sample " + std::string(name));
     return *found;
 }
 
