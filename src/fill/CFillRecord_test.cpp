@@ -14,6 +14,7 @@
 #include "fill/CFill.h"
 #include "jet/Palette_test_support.h"
 #include "jet/records/Recordset.h"
+#include "ports/memory/MemoryHost.h"
 #include "ports/memory/MemoryRuntime.h"
 
 namespace huebrush::fill {
@@ -232,6 +233,18 @@ TEST_F(FillRecords, OfAUserTextureGiveItsNameThoughThereIsNoSuchFile) {
     descriptor.FillFromRecordset(records);
     EXPECT_EQ(descriptor.destination().TextureName, "Žluťoučký kůň.bmp");
     EXPECT_TRUE(runtime.boxes.empty());
+}
+
+TEST_F(FillRecords, OfAUserTextureAreFoundToLackTheFileOnlyWhenTheFillIsApplied) {
+    ASSERT_TRUE(save(everything()));
+    memory::MemoryApplication application;
+    const auto shape = application.open("Picture")->addSolid("A", 7);
+    application.log.failAt("call A.Fill.UserTextured", base::Error(53, "popis"));
+    descriptor.FillFromRecordset(records);
+    EXPECT_TRUE(runtime.boxes.empty());
+    EXPECT_NE(descriptor.SetFormat(shape->Fill()), "");
+    expectReport(53, "Chyba v modulu \"Huebrush.CFill.SetFormat\"");
+    EXPECT_EQ(shape->fill.Type, host::MsoFillType::msoFillSolid);
 }
 
 TEST_F(FillRecords, MarkTheFillAsChangedEvenIfItIsTheSame) {

@@ -45,6 +45,7 @@ std::string rememberedDataFile() {
 }
 
 void rememberDataFile(const std::string& path) {
+    if (path.empty()) return;
     forms::Runtime::current().Settings().SaveSetting(kApplication, kDatabaseSection, kFileName,
                                                      path);
 }

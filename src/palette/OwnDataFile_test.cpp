@@ -11,7 +11,7 @@
 namespace huebrush::palette {
 namespace {
 
-class OwnDataFile : public PaletteDialogTest {};
+class OwnDataFile : public PaletteFilesTest {};
 
 TEST_F(OwnDataFile, IsMadeOnceWithPalettesWhoseFillsHavePreviews) {
     EXPECT_TRUE(makeOwnDataFile(files));

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -12,12 +13,14 @@
 #include "base/Bitmap.h"
 #include "base/Text.h"
 #include "files/Folder_test_support.h"
+#include "forms/ForwardingRuntime.h"
 #include "jet/database/Schema.h"
 #include "jet/file/MemoryFiles.h"
 #include "palette/PaletteFile.h"
 #include "palette/PaletteRows.h"
 #include "palette/mMakeDatabase.h"
 #include "ports/memory/Driver.h"
+#include "ports/memory/FailingPeer.h"
 #include "ports/memory/MemoryRuntime.h"
 
 namespace huebrush::palette {
@@ -79,12 +82,14 @@ class TestRows final : public PaletteRows {
     base::Picture previewOf(std::int16_t row) const override { return *at(row).preview; }
     bool isTopMost() const override { return topMost; }
     void setTopMost(bool value) override {
+        if (failsOnLevels) throw base::Error(7, "popis");
         topMost = value;
         levels.push_back(value);
     }
 
     std::vector<Row> rows;
     bool topMost = true;
+    bool failsOnLevels = false;
     /// The levels that were asked for, in their order.
     std::vector<bool> levels;
 
@@ -92,8 +97,8 @@ class TestRows final : public PaletteRows {
     const Row& at(std::int16_t row) const { return rows.at(static_cast<std::size_t>(row) - 1); }
 };
 
-/// A dialog of palettes on files in memory, and the rows that it works on.
-class PaletteDialogTest : public files::Folder {
+/// Palette files in memory.
+class PaletteFilesTest : public files::Folder {
  protected:
     using Names = std::vector<std::string>;
     using Colors = std::vector<std::int32_t>;
@@ -102,12 +107,12 @@ class PaletteDialogTest : public files::Folder {
     static constexpr const char* kFile = "/huebrush/Data/fill.mdb";
     static constexpr const char* kOther = "/home/other.mdb";
 
-    PaletteDialogTest() {
+    PaletteFilesTest() {
         runtime.temporary = files::nameOf(folder);
         runtime.UnhandledError.connect(
             [this](const base::Error& error) { unhandled.push_back(error.description()); });
     }
-    ~PaletteDialogTest() override { EXPECT_EQ(unhandled, Names{}); }
+    ~PaletteFilesTest() override { EXPECT_EQ(unhandled, Names{}); }
 
     void makeFile(const std::string& path = kFile) { ASSERT_TRUE(MakeDatabase(path, files)); }
     /// Adds a palette of solid fills in these colours.
@@ -176,10 +181,21 @@ class PaletteDialogTest : public files::Folder {
     }
     /// What an error's report shows of a procedure and its message.
     static memory::ShownBox report(std::int32_t number, const std::string& source,
-                                   const std::string& message, const std::string& description) {
+                                   const std::string& message,
+                                   const std::string& description = {}) {
         return {base::text("Chyba v modulu \"Huebrush.", source, "\"...\r\n\r\n", message,
-                           "\r\n\r\nSystémový popis výjimky:\r\n", description),
+                           kBeforeDescription, description),
                 16, base::text("Chyba č. ", number)};
+    }
+    /// The only box shown, without the system's description of the error, which there must be.
+    memory::ShownBox onlyReport() {
+        memory::ShownBox box = onlyBox();
+        const std::size_t found = box.text.find(kBeforeDescription);
+        if (found == std::string::npos) return box;
+        const std::size_t end = found + std::string(kBeforeDescription).size();
+        EXPECT_GT(box.text.size(), end);
+        box.text.resize(end);
+        return box;
     }
     static memory::ShownBox missing(const std::string& path) {
         return {base::text("Soubor databáze \"", path, "\" nebyl nalezen!"), 48,
@@ -198,11 +214,58 @@ class PaletteDialogTest : public files::Folder {
         return runtime.settings[{"Huebrush", "Database", key}];
     }
 
+    static constexpr const char* kBeforeDescription = "\r\n\r\nSystémový popis výjimky:\r\n";
+
     memory::MemoryRuntime runtime;
     forms::RuntimeScope scope{runtime};
     jet::MemoryFiles files;
-    TestRows rows;
     Names unhandled;
+};
+
+/// Something that fails while the user does something, and under what it is reported.
+struct Failure {
+    forms::Control* control;
+    forms::PropertyId property;
+    std::function<void()> action;
+    const char* procedure;
+    const char* message;
+};
+
+/// A dialog of palettes, and the rows that it works on.
+template <class Dialog>
+class PaletteDialogTest : public PaletteFilesTest {
+ protected:
+    ~PaletteDialogTest() override {
+        files.onCall = nullptr;
+        if (!dialog->isUnloaded()) dialog->Unload();
+    }
+    /// The user has the dialog work on another file.
+    void connectTo(const std::string& path) {
+        runtime.chosenFiles = {path};
+        user.click(dialog->cmdConnectDataFile);
+    }
+    /// Each failure gives one report.
+    void expectReports(const std::vector<Failure>& failures) {
+        for (const Failure& each : failures) {
+            SCOPED_TRACE(each.procedure);
+            each.control->setPeer(std::make_unique<memory::FailingPeer>(each.property));
+            each.action();
+            each.control->setPeer(nullptr);
+            EXPECT_EQ(onlyBox(), report(7, base::text(dialog->name(), ".", each.procedure),
+                                        each.message, "popis"));
+        }
+    }
+
+    TestRows rows;
+    std::shared_ptr<Dialog> dialog = Dialog::create(files);
+    memory::Driver user{*dialog};
+};
+
+/// A runtime whose dialogs of files do not come up.
+class WithoutFileDialogs final : public forms::ForwardingRuntime {
+ public:
+    using ForwardingRuntime::ForwardingRuntime;
+    std::string ChooseFile(const forms::FileDialog&) override { throw base::Error(7, "popis"); }
 };
 
 }  // namespace huebrush::palette

@@ -14,12 +14,8 @@ namespace KeyCode = forms::KeyCode;
 
 constexpr const char* kApplyFailed = "Při načítání výplní z databáze se vyskytla chyba...";
 
-class LoadDialog : public PaletteDialogTest {
+class LoadDialog : public PaletteDialogTest<frmLoadFill> {
  protected:
-    ~LoadDialog() override {
-        files.onCall = nullptr;
-        if (!dialog->isUnloaded()) dialog->Unload();
-    }
     /// Opens the dialog on the user's own file with one palette of these colours.
     void openOn(const Colors& colors) {
         makeFile();
@@ -64,9 +60,6 @@ class LoadDialog : public PaletteDialogTest {
                          {{&table.column("Count"), count}});
         });
     }
-
-    std::shared_ptr<frmLoadFill> dialog = frmLoadFill::create(files);
-    memory::Driver user{*dialog};
 };
 
 // Opening and closing.
@@ -136,15 +129,8 @@ TEST_F(LoadDialog, OfAMissingFileSaysSo) {
 TEST_F(LoadDialog, OfAFileThatIsNoDatabaseReportsAnErrorAndKeepsTheFormerOne) {
     openOn({5});
     writeFile(kOther, jet::Bytes(5000, 'x'));
-    runtime.chosenFiles = {kOther};
-    user.click(dialog->cmdConnectDataFile);
-    const memory::ShownBox box = onlyBox();
-    EXPECT_EQ(box.title, "Chyba č. 3343");
-    EXPECT_EQ(box.style, 16);
-    const std::string expected =
-        base::text("Chyba v modulu \"Huebrush.frmLoadFill.ConnectDataFile\"...\r\n\r\n",
-                   couldNotOpen(kOther), "\r\n\r\nSystémový popis výjimky:\r\n");
-    EXPECT_EQ(box.text.substr(0, expected.size()), expected);
+    connectTo(kOther);
+    EXPECT_EQ(onlyReport(), report(3343, "frmLoadFill.ConnectDataFile", couldNotOpen(kOther)));
     EXPECT_EQ(dialog->txtDataFile.Text.get(), kFile);
     rows.add(1);
     user.click(dialog->cmdApply);
@@ -156,9 +142,8 @@ TEST_F(LoadDialog, OfADamagedFileReportsAnErrorAndKeepsTheFormerOne) {
     jet::Bytes cut = *files.files.at(kFile);
     cut.resize(3 * 4096);
     writeFile(kOther, cut);
-    runtime.chosenFiles = {kOther};
-    user.click(dialog->cmdConnectDataFile);
-    EXPECT_EQ(onlyBox().style, 16);
+    connectTo(kOther);
+    EXPECT_EQ(onlyReport(), report(3049, "frmLoadFill.ConnectDataFile", couldNotOpen(kOther)));
     EXPECT_EQ(dialog->txtDataFile.Text.get(), kFile);
     EXPECT_EQ(namesIn(dialog->lstFillGroup), Names{"a"});
 }
@@ -166,8 +151,7 @@ TEST_F(LoadDialog, OfADamagedFileReportsAnErrorAndKeepsTheFormerOne) {
 TEST_F(LoadDialog, OfADatabaseWithoutTheTablesSaysSoAndKeepsTheFormerOne) {
     openOn({5});
     jet::createDatabase(files, kOther);
-    runtime.chosenFiles = {kOther};
-    user.click(dialog->cmdConnectDataFile);
+    connectTo(kOther);
     EXPECT_EQ(onlyBox(), withoutPalettes(kOther));
     EXPECT_EQ(dialog->txtDataFile.Text.get(), kFile);
     rows.add(1);
@@ -193,8 +177,7 @@ TEST_F(LoadDialog, AppliesAgainWhenAFileWithPalettesFollowsOneWithout) {
     open();
     makeFile(kOther);
     addPalette("b", {7}, kOther);
-    runtime.chosenFiles = {kOther};
-    user.click(dialog->cmdConnectDataFile);
+    connectTo(kOther);
     rows.add(1);
     user.click(dialog->cmdApply);
     EXPECT_EQ(rows.colors(), Colors{7});
@@ -205,8 +188,7 @@ TEST_F(LoadDialog, ShowsNoMoreOfAFileThatAnEmptyOneHasReplaced) {
     showPreviews();
     openOn({1, 2});
     makeFile(kOther);
-    runtime.chosenFiles = {kOther};
-    user.click(dialog->cmdConnectDataFile);
+    connectTo(kOther);
     EXPECT_EQ(dialog->picElement.ubound(), 0);
     EXPECT_FALSE(dialog->picMainPreview.Visible);
     EXPECT_EQ(dialog->txtFillGroupDescription.Text.get(), "");
@@ -280,9 +262,11 @@ TEST_F(LoadDialog, ReportsAPreviewThatIsNoPictureAndShowsTheOthers) {
     addPalette("a", {11, 12});
     breakColumn("FillPreview", jet::Bytes{1, 2, 3}, 0);
     open();
-    const memory::ShownBox box = onlyBox();
-    EXPECT_EQ(box.style, 50);
-    EXPECT_NE(box.text.find("Chyba při načítání náhledu výplně z databáze."), std::string::npos);
+    memory::ShownBox expected =
+        report(481, "mDBMakeFillPreview.ReadPictureFromRS",
+               "Chyba při načítání náhledu výplně z databáze.", "Obrázek je neplatný.");
+    expected.style = 50;
+    EXPECT_EQ(onlyBox(), expected);
     EXPECT_EQ(previews(), (Names{"-1 at 0", "12 at 375"}));
 }
 
@@ -437,9 +421,8 @@ TEST_F(LoadDialog, ReportsAFillThatCannotBeReadAndGoesOnWithTheNext) {
     open();
     rows.add({1, 2, 3});
     user.click(dialog->cmdApply);
-    const memory::ShownBox box = onlyBox();
-    EXPECT_EQ(box.title, "Chyba č. 94");
-    EXPECT_NE(box.text.find("Huebrush.CFill.FillFromRecordset"), std::string::npos);
+    EXPECT_EQ(onlyReport(),
+              report(94, "CFill.FillFromRecordset", "Chyba při čtení údajů z databáze..."));
     EXPECT_EQ(rows.colors(), (Colors{11, 12, 13}));
     EXPECT_FALSE(rows.rows[1].fill->Change());
     EXPECT_EQ(*rows.rows[1].preview, previewIn(2));
@@ -450,12 +433,7 @@ TEST_F(LoadDialog, OfAFileThatIsGoneReportsAnError) {
     rows.add(1);
     writeFile(kFile, {});
     user.click(dialog->cmdApply);
-    const memory::ShownBox box = onlyBox();
-    const std::string expected =
-        base::text("Chyba v modulu \"Huebrush.frmLoadFill.cmdApply_Click\"...\r\n\r\n",
-                   kApplyFailed, "\r\n\r\nSystémový popis výjimky:\r\n");
-    EXPECT_EQ(box.text.substr(0, expected.size()), expected);
-    EXPECT_EQ(box.style, 16);
+    EXPECT_EQ(onlyReport(), report(3343, "frmLoadFill.cmdApply_Click", kApplyFailed));
     EXPECT_EQ(rows.colors(), Colors{1});
 }
 
@@ -497,6 +475,59 @@ TEST_F(LoadDialog, ChangesNothingInTheFile) {
     user.type(dialog->txtFillGroupDescription, "x");
     user.click(dialog->cmdOK);
     EXPECT_EQ(*files.files.at(kFile), before);
+}
+
+// Errors that nothing but a control can cause.
+
+TEST_F(LoadDialog, ReportsWhatFailsUnderTheNameOfEachHandler) {
+    makeFile();
+    addPalette("a", {11});
+    addPalette("b", Colors(40, 21));
+    open();
+    using forms::PropertyId;
+    const char* const preview = "Při zobrazování náhledů došlo k chybě...";
+    const auto makeTaller = [this] { user.resize(dialog->Width, dialog->Height + 100); };
+    expectReports({{&dialog->txtFillGroupDescription, PropertyId::Text,
+                    [this] { user.pick(dialog->lstFillGroup, 1); }, "lstFillGroup_Click",
+                    "Chyba při výběru záznamu..."},
+                   {&dialog->picMainPreview, PropertyId::Visible,
+                    [this] { user.click(dialog->chkPreview); }, "MakePreview", preview},
+                   {&dialog->picMainPreview, PropertyId::Visible,
+                    [this] { user.click(dialog->chkPreview); }, "chkPreview_Click", preview},
+                   {&dialog->vsPreview, PropertyId::LargeChange, makeTaller, "SetScroll",
+                    "Při změně nastavení posuvníků vzikla chyba.."},
+                   {&dialog->lstFillGroup, PropertyId::Height, makeTaller, "Form_Resize",
+                    "Při úpravě velikosti prvků vzikla chyba.."}});
+}
+
+TEST_F(LoadDialog, ReportsAFileDialogThatDoesNotComeUp) {
+    openOn({1});
+    WithoutFileDialogs without(runtime);
+    const forms::RuntimeScope scopeOfOther(without);
+    user.click(dialog->cmdConnectDataFile);
+    EXPECT_EQ(onlyBox(), report(7, "frmLoadFill.cmdConnectDataFile_Click",
+                                "Při výběru databáze došlo k chybě...", "popis"));
+}
+
+TEST_F(LoadDialog, ReportsWhatFailsWhileItOpensAndCloses) {
+    const auto other = frmLoadFill::create(files);
+    const char* const message = "Při zavírání formuláře došlo k chybě...";
+    rows.failsOnLevels = true;
+    for (auto [shown, button] :
+         {std::pair(dialog, &frmLoadFill::cmdOK), std::pair(other, &frmLoadFill::cmdCancel)}) {
+        shown->ShowReadData(rows);
+        EXPECT_EQ(onlyBox(), report(7, "frmLoadFill.Form_Load",
+                                    "Při otevírání formuláře došlo k chybě...", "popis"));
+        shown->Unloaded.connect([] { throw base::Error(7, "popis"); });
+        memory::Driver(*shown).click((*shown).*button);
+        EXPECT_TRUE(shown->isUnloaded());
+        const std::string handler = base::text("frmLoadFill.", ((*shown).*button).name(), "_Click");
+        EXPECT_EQ(std::exchange(runtime.boxes, {}),
+                  (std::vector{report(7, "frmLoadFill.Form_Unload", message, "popis"),
+                               report(7, handler, message, "popis")}));
+        EXPECT_EQ(runtime.savedSettings, Names(runtime.savedSettings.size(),
+                                               "Database/ShowPreview=0"));
+    }
 }
 
 }  // namespace

@@ -14,13 +14,13 @@ namespace KeyCode = forms::KeyCode;
 
 constexpr const char* kNoFirst = "Databáze nemá žádné zánamy. Chcete založit nový?";
 constexpr const char* kSaveFailed = "Při ukládání výplní do databáze se vyskytla chyba...";
+const memory::ShownBox kUnknownTexture{
+    "Výplň nemůže být uložena!\r\n"
+    "Objekt jehož výplň chcete uložit do databáze používá neznámou texturu.",
+    48, "Záznam neuložen"};
 
-class SaveDialog : public PaletteDialogTest {
+class SaveDialog : public PaletteDialogTest<frmSaveFill> {
  protected:
-    ~SaveDialog() override {
-        files.onCall = nullptr;
-        if (!dialog->isUnloaded()) dialog->Unload();
-    }
     /// Opens the dialog on the user's own file.
     void open() { dialog->ShowSaveData(rows); }
     /// Opens it on a file with three palettes of which the third one is picked.
@@ -61,9 +61,6 @@ class SaveDialog : public PaletteDialogTest {
     static constexpr const char* kBrowsing =
         "FillGroup ConnectDataFile MakeDataFile New Edit Erase ";
     static constexpr const char* kEditing = "Apply Cancel ";
-
-    std::shared_ptr<frmSaveFill> dialog = frmSaveFill::create(files);
-    memory::Driver user{*dialog};
 };
 
 // Opening and closing.
@@ -114,9 +111,8 @@ TEST_F(SaveDialog, LeavesARecolourDialogLowThatWasNotTopMost) {
 TEST_F(SaveDialog, RemembersItsFile) {
     makeFile(kOther);
     addPalette("a", {}, kOther);
-    runtime.chosenFiles = {kOther};
     open();
-    user.click(dialog->cmdConnectDataFile);
+    connectTo(kOther);
     user.click(dialog->cmdOK);
     EXPECT_EQ(runtime.savedSettings, Names{base::text("Database/FileName=", kOther)});
 }
@@ -136,8 +132,7 @@ TEST_F(SaveDialog, OfAFileThatIsNoDatabaseSaysSoAndKeepsTheFormerOne) {
     addPalette("a", {1});
     open();
     writeFile(kOther, jet::Bytes(5000, 'x'));
-    runtime.chosenFiles = {kOther};
-    user.click(dialog->cmdConnectDataFile);
+    connectTo(kOther);
     EXPECT_EQ(onlyBox(), withoutPalettes(kOther));
     EXPECT_EQ(dialog->txtDataFile.Text.get(), kFile);
     EXPECT_EQ(shown(), "a|o a|1");
@@ -152,8 +147,7 @@ TEST_F(SaveDialog, OfADamagedFileSaysTheSame) {
     cut.resize(3 * 4096);
     writeFile(kOther, cut);
     open();
-    runtime.chosenFiles = {kOther};
-    user.click(dialog->cmdConnectDataFile);
+    connectTo(kOther);
     EXPECT_EQ(onlyBox(), withoutPalettes(kOther));
     EXPECT_EQ(shown(), "a|o a|1");
 }
@@ -163,15 +157,8 @@ TEST_F(SaveDialog, OfADatabaseWithoutTheTablesReportsAnErrorAndKeepsTheFormerOne
     addPalette("a", {1});
     jet::createDatabase(files, kOther);
     open();
-    runtime.chosenFiles = {kOther};
-    user.click(dialog->cmdConnectDataFile);
-    const memory::ShownBox box = onlyBox();
-    EXPECT_EQ(box.title, "Chyba č. 3078");
-    EXPECT_EQ(box.style, 16);
-    const std::string expected =
-        base::text("Chyba v modulu \"Huebrush.frmSaveFill.ConnectDataFile\"...\r\n\r\n",
-                   couldNotOpen(kOther), "\r\n\r\nSystémový popis výjimky:\r\n");
-    EXPECT_EQ(box.text.substr(0, expected.size()), expected);
+    connectTo(kOther);
+    EXPECT_EQ(onlyReport(), report(3078, "frmSaveFill.ConnectDataFile", couldNotOpen(kOther)));
     EXPECT_EQ(dialog->txtDataFile.Text.get(), kFile);
     EXPECT_EQ(shown(), "a|o a|1");
 }
@@ -211,6 +198,8 @@ TEST_F(SaveDialog, MakesANewFileAndAsksForItsFirstPalette) {
     ASSERT_EQ(runtime.fileDialogs.size(), 1U);
     EXPECT_EQ(runtime.fileDialogs[0].purpose, forms::FileDialog::Purpose::save);
     EXPECT_EQ(runtime.fileDialogs[0].title, "Zvol umístění databázového souboru...");
+    EXPECT_EQ(runtime.fileDialogs[0].description, "Databáze Access (*.mdb)");
+    EXPECT_EQ(runtime.fileDialogs[0].pattern, "*.mdb");
     EXPECT_EQ(onlyBox(), (memory::ShownBox{kNoFirst, 36, "Dotaz..."}));
     EXPECT_EQ(dialog->txtDataFile.Text.get(), kOther);
     EXPECT_EQ(contents(kOther), Names{});
@@ -264,14 +253,20 @@ TEST_F(SaveDialog, StaysWithItsFileWhenNoNewOneIsMade) {
     runtime.answers = {MsgBoxResult::abort};
     fail("create", 3050);
     user.click(dialog->cmdMakeDataFile);
-    EXPECT_EQ(onlyBox().title, "Chyba č. 3050");
+    memory::ShownBox refused = report(3050, "mMakeDatabase.MakeDatabase",
+                                      "Při vytváření databáze vznikla chyba...", "popis");
+    refused.style = 50;
+    EXPECT_EQ(onlyBox(), refused);
     EXPECT_EQ(dialog->txtDataFile.Text.get(), kFile);
 }
 
 // A file without palettes.
 
 TEST_F(SaveDialog, WithoutPalettesAsksForTheFirstAndBeginsIt) {
-    openAndBegin();
+    makeFile();
+    runtime.answers = {MsgBoxResult::yes};
+    open();
+    EXPECT_EQ(onlyBox(), (memory::ShownBox{kNoFirst, 36, "Dotaz..."}));
     EXPECT_EQ(enabled(), kEditing);
     EXPECT_EQ(dialog->focused(), &dialog->txtFillGroupName);
     EXPECT_EQ(shown(), "||");
@@ -366,27 +361,38 @@ TEST_F(SaveDialog, WithNoRowSelectedSaysSoAndKeepsTheNewPalettePending) {
 }
 
 TEST_F(SaveDialog, LeavesOutRowsThatCannotBeWrittenWithoutAGap) {
-    rows.add({10, 20, 30});
+    rows.add({10, 20, 30, 40, 50});
     rows.change(2, [](fill::FillProperties& fill) { fill.UnknownTexture = true; });
+    rows.change(4, [](fill::FillProperties& fill) { fill.GradientDegree = 3e9F; });
     openAndBegin();
     save("a");
-    EXPECT_EQ(onlyBox().title, "Záznam neuložen");
-    EXPECT_EQ(contents(), Names{"1 a (2): 10@0 30@1"});
+    ASSERT_EQ(runtime.boxes.size(), 2U);
+    EXPECT_EQ(runtime.boxes[0], kUnknownTexture);
+    EXPECT_EQ(runtime.boxes[1], report(6, "CFill.FillToRecordset",
+                                       "Chyba při ukládání údajů do databáze...", "Přetečení."));
+    EXPECT_EQ(contents(), Names{"1 a (3): 10@0 30@1 50@2"});
+    EXPECT_EQ(shown(), "a||3");
+    EXPECT_EQ(enabled(), kBrowsing);
+}
+
+TEST_F(SaveDialog, SavesAPaletteWithoutFillsWhereNoRowCanBeWritten) {
+    rows.add(10);
+    rows.change(1, [](fill::FillProperties& fill) { fill.UnknownTexture = true; });
+    openAndBegin();
+    save("a");
+    EXPECT_EQ(onlyBox(), kUnknownTexture);
+    EXPECT_EQ(contents(), Names{"1 a (0):"});
+    EXPECT_EQ(shown(), "a||0");
 }
 
 TEST_F(SaveDialog, ReportsANameThatTheDatabaseRefusesAndLeavesThePalettePending) {
     rows.add(10);
     openAndBegin();
     user.click(dialog->cmdApply);
-    EXPECT_EQ(onlyBox().title, "Chyba č. 3314");
+    EXPECT_EQ(onlyReport(), report(3314, "frmSaveFill.cmdApply_Click", kSaveFailed));
     user.type(dialog->txtFillGroupName, std::string(31, 'n'));
     user.click(dialog->cmdApply);
-    const memory::ShownBox box = onlyBox();
-    EXPECT_EQ(box.title, "Chyba č. 3163");
-    const std::string expected =
-        base::text("Chyba v modulu \"Huebrush.frmSaveFill.cmdApply_Click\"...\r\n\r\n", kSaveFailed,
-                   "\r\n\r\nSystémový popis výjimky:\r\n");
-    EXPECT_EQ(box.text.substr(0, expected.size()), expected);
+    EXPECT_EQ(onlyReport(), report(3163, "frmSaveFill.cmdApply_Click", kSaveFailed));
     EXPECT_EQ(contents(), Names{});
     EXPECT_EQ(enabled(), kEditing);
     user.type(dialog->txtFillGroupName, "");
@@ -401,7 +407,7 @@ TEST_F(SaveDialog, RefusesANameThatWasTakenBack) {
     user.type(dialog->txtFillGroupName, "a");
     user.key(KeyCode::kBack);
     user.click(dialog->cmdApply);
-    EXPECT_EQ(onlyBox().title, "Chyba č. 3315");
+    EXPECT_EQ(onlyReport(), report(3315, "frmSaveFill.cmdApply_Click", kSaveFailed));
     EXPECT_EQ(enabled(), kEditing);
 }
 
@@ -410,7 +416,7 @@ TEST_F(SaveDialog, AfterAnErrorKeepsThePaletteAndTheFillsWrittenBeforeIt) {
     rows.change(2, [](fill::FillProperties& fill) { fill.TextureName = std::string(256, 't'); });
     openAndBegin();
     save("a");
-    EXPECT_EQ(onlyBox().title, "Chyba č. 3163");
+    EXPECT_EQ(onlyReport(), report(3163, "frmSaveFill.cmdApply_Click", kSaveFailed));
     EXPECT_EQ(contents(), Names{"1 a (?): 10@0"});
     EXPECT_EQ(namesIn(dialog->lstFillGroup), Names{});
 }
@@ -532,7 +538,7 @@ TEST_F(SaveDialog, LeavesAnEditedNameThatIsRefusedPending) {
     user.click(dialog->cmdEdit);
     user.key(KeyCode::kDelete);
     user.click(dialog->cmdApply);
-    EXPECT_EQ(onlyBox().title, "Chyba č. 3315");
+    EXPECT_EQ(onlyReport(), report(3315, "frmSaveFill.cmdApply_Click", kSaveFailed));
     EXPECT_EQ(enabled(), kEditing);
     EXPECT_EQ(namesIn(dialog->lstFillGroup), (Names{"a", "b", "c"}));
 }
@@ -577,10 +583,8 @@ TEST_F(SaveDialog, ReportsACancelThatFails) {
     user.click(dialog->cmdEdit);
     files.files.erase(kFile);
     user.click(dialog->cmdCancel);
-    const memory::ShownBox box = onlyBox();
-    EXPECT_EQ(box.text.substr(0, box.text.find("\r\n\r\nSys")),
-              "Chyba v modulu \"Huebrush.frmSaveFill.cmdCancel_Click\"...\r\n\r\n"
-              "Příkaz se nezdařilo odvolat...");
+    EXPECT_EQ(onlyReport(),
+              report(3024, "frmSaveFill.cmdCancel_Click", "Příkaz se nezdařilo odvolat..."));
 }
 
 TEST_F(SaveDialog, EscapeCancelsAnEditAndClosesTheDialog) {
@@ -618,11 +622,8 @@ TEST_F(SaveDialog, NewReportsAnEditThatCannotBeLeft) {
     openOnThird();
     user.type(dialog->txtFillGroupName, std::string(40, 'x'));
     user.click(dialog->cmdNew);
-    const memory::ShownBox box = onlyBox();
-    EXPECT_EQ(box.title, "Chyba č. 3163");
-    EXPECT_EQ(box.text.substr(0, box.text.find("\r\n\r\nSys")),
-              "Chyba v modulu \"Huebrush.frmSaveFill.cmdNew_Click\"...\r\n\r\n"
-              "Založení nového záznamu se nepodařilo...");
+    EXPECT_EQ(onlyReport(),
+              report(3163, "frmSaveFill.cmdNew_Click", "Založení nového záznamu se nepodařilo..."));
     user.click(dialog->cmdCancel);
     EXPECT_EQ(enabled(), kBrowsing);
 }
@@ -678,16 +679,96 @@ TEST_F(SaveDialog, ReportsAPaletteThatCannotBeErased) {
     EXPECT_EQ(namesIn(dialog->lstFillGroup).size(), 3U);
 }
 
-TEST_F(SaveDialog, ReportsAPickThatFails) {
+TEST_F(SaveDialog, ErasesTheFillsBeforeThePalette) {
     openOnThird();
-    // Nothing that a user does makes a pick fail; a record that went away from under it does not
-    // either.
+    // Another program's table refers to the palette, which therefore stays; its fills are gone.
     const auto other = jet::Database::open(files, kFile);
-    erasePalettes(*other, "b");
+    other->change([&] {
+        jet::createTable(*other, {"Notes", {{"GroupID", jet::ColumnType::longInteger}}, {}});
+        jet::createRelation(*other, {"Noted", "Notes", "GroupID", kGroupTable, "ID"});
+    });
+    other->change([&] {
+        jet::Table notes(*other, "Notes");
+        const jet::Table::Values note{{&notes.column("GroupID"), 3}};
+        notes.insert(note);
+    });
+    user.click(dialog->cmdErase);
+    EXPECT_EQ(onlyReport(), report(3200, "frmSaveFill.cmdErase_Click",
+                                   "Při pokusu odstranit záznam vznikla chyba..."));
+    EXPECT_EQ(contents(), (Names{"1 a (2): 1@0 2@1", "2 b (2): 1@0 2@1", "3 c (2):"}));
+    EXPECT_EQ(namesIn(dialog->lstFillGroup), (Names{"a", "b", "c"}));
+}
+
+TEST_F(SaveDialog, ReportsAPaletteThatAnotherProgramHasErased) {
+    openOnThird();
+    erasePalettes(*jet::Database::open(files, kFile), "b");
     user.pick(dialog->lstFillGroup, 1);
+    EXPECT_EQ(shown(), "b|o b|2");
     EXPECT_TRUE(runtime.boxes.empty());
     user.click(dialog->cmdErase);
-    EXPECT_EQ(onlyBox().title, "Chyba č. 3197");
+    EXPECT_EQ(onlyReport(), report(3197, "frmSaveFill.cmdErase_Click",
+                                   "Při pokusu odstranit záznam vznikla chyba..."));
+}
+
+// The list.
+
+TEST_F(SaveDialog, SortsTheListByNameOnlyWhenItConnects) {
+    rows.add(10);
+    openOnThird();
+    user.click(dialog->cmdEdit);
+    user.type("0");
+    user.click(dialog->cmdApply);
+    user.click(dialog->cmdNew);
+    save("aa");
+    EXPECT_EQ(namesIn(dialog->lstFillGroup), (Names{"a", "b", "0", "aa"}));
+    connectTo(kFile);
+    EXPECT_EQ(namesIn(dialog->lstFillGroup), (Names{"0", "a", "aa", "b"}));
+}
+
+// Errors that nothing but a control can cause.
+
+TEST_F(SaveDialog, ReportsWhatFailsUnderTheNameOfEachHandler) {
+    openOnThird();
+    using forms::PropertyId;
+    expectReports(
+        {{&dialog->txtFillGroupName, PropertyId::Text,
+          [this] { user.pick(dialog->lstFillGroup, 1); }, "lstFillGroup_Click",
+          "Chyba při výběru záznamu..."},
+         {&dialog->lstFillGroup, PropertyId::Enabled, [this] { user.click(dialog->cmdNew); },
+          "cmdNew_Click", "Založení nového záznamu se nepodařilo..."},
+         {&dialog->cmdNew, PropertyId::Enabled, [this] { user.click(dialog->cmdEdit); },
+          "cmdEdit_Click", "Záznam se nepodařilo upravit..."},
+         {dialog.get(), PropertyId::Focus, [this] { dialog->txtFillGroupName.KeyPress(u'\r'); },
+          "txtFillGroupName_KeyPress", "Záznam se nepodařilo upravit..."},
+         {&dialog->cmdNew, PropertyId::Enabled, [this] { user.click(dialog->cmdCancel); },
+          "cmdCancel_Click", "Příkaz se nezdařilo odvolat..."}});
+}
+
+TEST_F(SaveDialog, ReportsFileDialogsThatDoNotComeUp) {
+    openOnThird();
+    WithoutFileDialogs without(runtime);
+    const forms::RuntimeScope scopeOfOther(without);
+    user.click(dialog->cmdConnectDataFile);
+    EXPECT_EQ(onlyBox(), report(7, "frmSaveFill.cmdConnectDataFile_Click",
+                                "Při výběru databáze došlo k chybě...", "popis"));
+    user.click(dialog->cmdMakeDataFile);
+    EXPECT_EQ(onlyBox(), report(7, "frmSaveFill.cmdMakeDataFile_Click",
+                                "Při pokusu založit novou databázi vznikla chyba...", "popis"));
+}
+
+TEST_F(SaveDialog, ReportsWhatFailsWhileItOpensAndCloses) {
+    makeFile();
+    rows.failsOnLevels = true;
+    open();
+    EXPECT_EQ(onlyBox(), report(7, "frmSaveFill.Form_Load",
+                                "Při otevírání formuláře došlo k chybě...", "popis"));
+    dialog->Unloaded.connect([] { throw base::Error(7, "popis"); });
+    user.click(dialog->cmdOK);
+    EXPECT_TRUE(dialog->isUnloaded());
+    const char* const message = "Při zavírání formuláře došlo k chybě...";
+    EXPECT_EQ(runtime.boxes, (std::vector{report(7, "frmSaveFill.Form_Unload", message, "popis"),
+                                          report(7, "frmSaveFill.cmdOK_Click", message, "popis")}));
+    EXPECT_EQ(runtime.savedSettings, Names{});
 }
 
 }  // namespace

@@ -112,6 +112,7 @@ TEST_F(Making, AnExistingFileIsAnErrorThatIsAskedAbout) {
     EXPECT_FALSE(MakeDatabase(kFile, files));
     ASSERT_EQ(runtime.boxes.size(), 1U);
     EXPECT_EQ(runtime.boxes[0].title, "Chyba č. 3204");
+    EXPECT_EQ(runtime.boxes[0].style, 50);
     EXPECT_EQ(runtime.boxes[0].text,
               "Chyba v modulu \"Huebrush.mMakeDatabase.MakeDatabase\"...\r\n\r\n"
               "Při vytváření databáze vznikla chyba...\r\n\r\nSystémový popis výjimky:\r\n"

@@ -12,6 +12,7 @@
 
 #include "base/Text.h"
 #include "ports/memory/Driver.h"
+#include "ports/memory/FailingPeer.h"
 #include "ports/memory/TestHost.h"
 
 namespace huebrush::recolor {
@@ -433,12 +434,9 @@ TEST_F(ColorElementTest, AfterDiscolourTheNewFillIsTheCurrentOne) {
 }
 
 TEST_F(ColorElementTest, APreviewThatCannotBeBroughtUpToDateLeavesTheFillApplied) {
-    class FailingPeer final : public forms::Peer {
-        void changed(forms::PropertyId) override { throw base::Error(7, "popis"); }
-    };
     prepareGroup();
     row.setDestinationPicture(second);
-    row.picSource.setPeer(std::make_unique<FailingPeer>());
+    row.picSource.setPeer(std::make_unique<memory::FailingPeer>(forms::PropertyId::Picture));
     row.Discolour(*test.document);
     row.picSource.setPeer(nullptr);
     EXPECT_EQ(test.runtime.boxes.size(), 1U);

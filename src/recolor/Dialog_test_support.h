@@ -117,16 +117,4 @@ class DialogTest : public ::testing::Test {
     int shapesMade_ = 0;
 };
 
-/// A peer that fails when a property changes: for the errors that no host call can cause.
-class FailingPeer final : public forms::Peer {
- public:
-    explicit FailingPeer(forms::PropertyId id) : id_(id) {}
-    void changed(forms::PropertyId id) override {
-        if (id == id_) throw base::Error(7, "popis");
-    }
-
- private:
-    forms::PropertyId id_;
-};
-
 }  // namespace huebrush::recolor

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MPL-2.0
 
+#include "ports/memory/FailingPeer.h"
 #include "recolor/Dialog_test_support.h"
 
 namespace huebrush::recolor {
@@ -85,7 +86,7 @@ TEST_F(ElementListTest, APreviewReadFromARecordShowsInTheRowThatHoldsTheFillNow)
 
 TEST_F(ElementListTest, AFailedExchangeIsReportedAndLeavesTheRowsHalfExchanged) {
     addRows(2);
-    row(2).picSource.setPeer(std::make_unique<FailingPeer>(forms::PropertyId::Picture));
+    row(2).picSource.setPeer(std::make_unique<memory::FailingPeer>(forms::PropertyId::Picture));
     dialog->ReplaceColorElement(row(1), row(2));
     row(2).picSource.setPeer(nullptr);
     EXPECT_EQ(test.runtime.boxes.at(0).text,
@@ -125,7 +126,7 @@ TEST_F(ElementListTest, AClickOnAFocuslessButtonLeavesTheActiveRow) {
 
 TEST_F(ElementListTest, AnErrorOnGainingTheFocusIsReported) {
     addRows(12);
-    dialog->vs.setPeer(std::make_unique<FailingPeer>(forms::PropertyId::Value));
+    dialog->vs.setPeer(std::make_unique<memory::FailingPeer>(forms::PropertyId::Value));
     focus(12);
     dialog->vs.setPeer(nullptr);
     EXPECT_EQ(onlyBox(), reported("7", "Element_GotFocus"));
@@ -159,7 +160,7 @@ TEST_F(ElementListTest, SelectAllLeavesItsTagEmptyAndTheFirstChangeAfterItTurnsI
 
 TEST_F(ElementListTest, TheTagIsInternalBeforeTheBoxTurnsGrey) {
     addRows(2);
-    dialog->chkSelAll.setPeer(std::make_unique<FailingPeer>(forms::PropertyId::Value));
+    dialog->chkSelAll.setPeer(std::make_unique<memory::FailingPeer>(forms::PropertyId::Value));
     tick({1});
     dialog->chkSelAll.setPeer(nullptr);
     EXPECT_EQ(dialog->chkSelAll.Tag.get(), "INTERNAL");
@@ -218,7 +219,7 @@ TEST_F(ElementListTest, SelectAllReachesTheRowsThatTheViewHides) {
 
 TEST_F(ElementListTest, AnErrorOfSelectAllIsReportedAndLeavesTheTag) {
     addRows(2);
-    row(2).chkSelect.setPeer(std::make_unique<FailingPeer>(forms::PropertyId::Value));
+    row(2).chkSelect.setPeer(std::make_unique<memory::FailingPeer>(forms::PropertyId::Value));
     user.click(dialog->chkSelAll);
     row(2).chkSelect.setPeer(nullptr);
     EXPECT_EQ(onlyBox(), reported("7", "chkSelAll_Click"));
@@ -433,7 +434,7 @@ TEST_F(ElementListTest, ADropOnARowThatTakesNoFocusIsReported) {
 TEST_F(ElementListTest, AnErrorOfTheMarkIsReported) {
     addRows(2);
     focus(1);
-    row(2).lineDragDes1.setPeer(std::make_unique<FailingPeer>(forms::PropertyId::Visible));
+    row(2).lineDragDes1.setPeer(std::make_unique<memory::FailingPeer>(forms::PropertyId::Visible));
     user.dragWithoutDrop([this] { row(1).grab(); }, {&row(2)});
     row(2).lineDragDes1.setPeer(nullptr);
     EXPECT_EQ(onlyBox(), reported("7", "Element_DragOver"));
@@ -673,7 +674,7 @@ TEST_F(ElementListTest, ARemovalByKeyDoesNotEnableIt) {
 TEST_F(ElementListTest, AnErrorOfARemovalIsReportedUnderItsItemsName) {
     const auto failing = [this](const std::string& caption) {
         test.runtime.boxes.clear();
-        row(rowCount()).setPeer(std::make_unique<FailingPeer>(forms::PropertyId::Visible));
+        row(rowCount()).setPeer(std::make_unique<memory::FailingPeer>(forms::PropertyId::Visible));
         remove(caption);
         row(rowCount()).setPeer(nullptr);
         row(rowCount()).Visible = true;

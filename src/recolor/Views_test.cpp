@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MPL-2.0
 
+#include "ports/memory/FailingPeer.h"
 #include "recolor/Dialog_test_support.h"
 
 namespace huebrush::recolor {
@@ -204,7 +205,7 @@ TEST_F(ViewsTest, ResizingRecomputesTheScrollBarAndScrollsToTheTop) {
 }
 
 TEST_F(ViewsTest, AnErrorOfAResizeIsReported) {
-    dialog->frameMain.setPeer(std::make_unique<FailingPeer>(forms::PropertyId::Height));
+    dialog->frameMain.setPeer(std::make_unique<memory::FailingPeer>(forms::PropertyId::Height));
     user.resize(dialog->Width, dialog->Height + 100);
     dialog->frameMain.setPeer(nullptr);
     EXPECT_EQ(onlyBox(), reported("7", "Form_Resize"));
@@ -339,7 +340,7 @@ TEST_F(ViewsTest, AMovedRowIsBroughtIntoViewWithItsFocus) {
 
 TEST_F(ViewsTest, AnErrorOfTheScrollBarIsReported) {
     addRows(10);
-    dialog->vs.setPeer(std::make_unique<FailingPeer>(forms::PropertyId::Enabled));
+    dialog->vs.setPeer(std::make_unique<memory::FailingPeer>(forms::PropertyId::Enabled));
     user.resize(dialog->Width, dialog->Height + 5000);
     dialog->vs.setPeer(nullptr);
     EXPECT_EQ(onlyBox(), reported("7", "SetScroll"));
@@ -486,7 +487,7 @@ TEST_F(ViewsTest, EveryValueButZeroCountsAsTicked) {
 
 TEST_F(ViewsTest, AnErrorOfAViewIsReported) {
     addRows(2);
-    row(1).setPeer(std::make_unique<FailingPeer>(forms::PropertyId::Visible));
+    row(1).setPeer(std::make_unique<memory::FailingPeer>(forms::PropertyId::Visible));
     chooseView(1);
     row(1).setPeer(nullptr);
     EXPECT_EQ(onlyBox(), reported("7", "optView_Click"));
