@@ -13,7 +13,9 @@ namespace huebrush::palette::design {
 constexpr double kMargin = 210;
 constexpr double kGap = 150;
 constexpr double kLabelHeight = 240;
-constexpr double kFieldHeight = 330;
+/// The tallest toolkit draws fields 34 pixels high, whatever their height is: over what is near
+/// them.
+constexpr double kFieldHeight = 510;
 constexpr double kButtonHeight = 420;
 constexpr double kButtonWidth = 1500;
 /// The row with the file at the top: its label, and its field with the buttons beside it.

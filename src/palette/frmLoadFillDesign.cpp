@@ -97,6 +97,7 @@ void frmLoadFill::setInitialStates() {
     txtFillGroupDescription.MultiLine.initialize(true);
     picMainPreview.BackColor.initialize(forms::SystemColor::kWindowBackground);
     picMainPreview.BorderStyle.initialize(1);
+    picMainPreview.BorderStyle.initialize(1);
     picMainPreview.Visible.initialize(false);
     picGroupElement.BackColor.initialize(forms::SystemColor::kWindowBackground);
     picElement[0].BackColor.initialize(forms::SystemColor::kWindowBackground);

@@ -27,6 +27,12 @@ Rectangle fitted(const Size& picture, const Rectangle& room) {
             height};
 }
 
+/// A native field of several lines has no edge of its own in some of the toolkit's themes.
+bool hasPaintedEdge(const forms::Control& control) {
+    const auto* const field = dynamic_cast<const forms::TextBox*>(&control);
+    return field != nullptr && field->MultiLine;
+}
+
 /// The number of the colour that lies under a control.
 unsigned backgroundUnder(const forms::Control& control) {
     for (const forms::Control* at = control.container(); at != nullptr; at = at->container()) {
@@ -91,6 +97,8 @@ void Painter::paintControl(const Placed& placed) {
         paintLine(*line, placed.place);
     } else if (const auto* const box = dynamic_cast<const forms::PictureBox*>(&control)) {
         if (!isSurface(control)) paintBox(*box, placed.place);
+    } else if (hasPaintedEdge(control)) {
+        outline(placed.place);
     }
 }
 

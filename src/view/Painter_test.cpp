@@ -237,6 +237,14 @@ TEST_F(PainterTest, NativeControlsAreNotPainted) {
     EXPECT_EQ(painted(), Lines{});
 }
 
+TEST_F(PainterTest, ANativeFieldOfSeveralLinesGetsAnEdge) {
+    forms::TextBox field(*form, "field");
+    place(field, 10, 20, 50, 20);
+    EXPECT_EQ(painted(), Lines{});
+    field.MultiLine.initialize(true);
+    EXPECT_EQ(painted(), Lines{"rectangle 10,20 50x20 - shadow"});
+}
+
 // Menus.
 
 class MenuPainterTest : public PainterTest {

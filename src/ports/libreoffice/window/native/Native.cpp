@@ -61,7 +61,7 @@ bool Native::hasFocus() const {
 }
 
 void Native::mirrorCommon(const forms::Control& control, const view::Rectangle& place) {
-    moveTo(window_, place_, place);
+    moveTo(window_, place_, insideOf(place));
     if (const bool enabled = control.isUsable(); enabled != enabled_) {
         enabled_ = enabled;
         window_->setEnable(enabled);

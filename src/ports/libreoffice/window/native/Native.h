@@ -71,6 +71,8 @@ class Native : public view::NativeControl {
 
     /// The control that is shown; nothing once it has ended.
     forms::Control* control() const { return control_->control; }
+    /// The part of a control's place that the native one takes; an edge may be painted around it.
+    virtual view::Rectangle insideOf(const view::Rectangle& place) const { return place; }
     /// Another control than before is shown from now on.
     virtual void adopted() {}
     /// Brings what is peculiar to the kind up to date. What the toolkit reports meanwhile is not

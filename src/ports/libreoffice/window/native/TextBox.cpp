@@ -19,13 +19,14 @@ namespace css = com::sun::star;
 
 namespace {
 
-constexpr sal_Int32 kSeveralLines = css::awt::VclWindowPeerAttribute::VSCROLL;
+/// The bar shows only while there is something to scroll. The edge is painted around the window.
+constexpr sal_Int32 kSeveralLines = css::awt::VclWindowPeerAttribute::AUTOVSCROLL;
+constexpr sal_Int32 kOneLine = css::awt::WindowAttribute::BORDER;
 
 class TextBox final : public Native {
  public:
     TextBox(const NativeSite& site, bool multiLine)
-        : Native(site, multiLine ? "multilineedit" : "edit",
-                 css::awt::WindowAttribute::BORDER | (multiLine ? kSeveralLines : 0)),
+        : Native(site, multiLine ? "multilineedit" : "edit", multiLine ? kSeveralLines : kOneLine),
           multiLine_(multiLine) {
         text_ = as<css::awt::XTextComponent>();
         text_->addTextListener(listener());
@@ -53,6 +54,11 @@ class TextBox final : public Native {
     };
 
     void adopted() override { agreed_.reset(); }
+    view::Rectangle insideOf(const view::Rectangle& place) const override {
+        if (!multiLine_) return place;
+        return {place.left + 1, place.top + 1, std::max(place.width - 2, 0),
+                std::max(place.height - 2, 0)};
+    }
     void mirror(const forms::Control& control) override {
         const auto& box = dynamic_cast<const forms::TextBox&>(control);
         if (text_->isEditable() == box.Locked.get()) text_->setEditable(!box.Locked);
