@@ -33,7 +33,7 @@ check=(
   git libgtest-dev libgmock-dev libbenchmark-dev
   # the host in its windows, with a user at the keyboard
   libreoffice-gtk3 libreoffice-style-colibre adwaita-icon-theme fonts-dejavu fonts-liberation
-  xvfb xauth xdotool openbox wmctrl x11-utils imagemagick procps
+  xvfb xauth x11-xkb-utils xdotool openbox wmctrl x11-utils imagemagick procps
   # another reader of database files, to compare with
   mdbtools mdbtools-dev pkg-config
   # other writers of documents, to be read

@@ -4,11 +4,16 @@
 import ctypes
 import os
 import select
+import string
 import subprocess
 import time
 
 START_LIMIT = 30.0
 TOOL_LIMIT = 30.0
+# What the keys of the screen's keyboard stand for: the American layout, and a second one with the
+# letters of Czech.
+KEYBOARD = ["-layout", "us,cz", "-variant", ",ucw"]
+CHARACTERS = set(string.printable + "áčďéěíňóřšťúůýž" + "ÁČĎÉĚÍŇÓŘŠŤÚŮÝŽ")
 
 
 def wait_until(condition, what, limit=30.0):
@@ -74,6 +79,8 @@ class Screen:
     def __enter__(self):
         try:
             self._start_server()
+            subprocess.run(["setxkbmap", *KEYBOARD], env=self.environment, check=True,
+                           timeout=TOOL_LIMIT)
             self._start("openbox")
             wait_until(self._window_manager_runs, "the window manager runs")
         except BaseException:
@@ -169,6 +176,11 @@ class Screen:
         self._run("xdotool", "key", *names)
 
     def type(self, text):
+        """A character without a key would be lost: it gets one only while it is typed, and that is
+        over before the window looks for its meaning."""
+        unknown = set(text) - CHARACTERS
+        if unknown:
+            raise ValueError(f"the keyboard has no key for {sorted(unknown)}")
         self._run("xdotool", "type", text)
 
     def windows(self):
