@@ -73,7 +73,7 @@ format:
 bench: build
 	@/usr/bin/python3 bench/run.py --json build/bench.json
 
-# The pictures of docs/manual.md.
+# The pictures of docs/manual.md and docs/manual.cs.md.
 screenshots: all
 	@/usr/bin/python3 tools/screenshots.py
 
