@@ -9,7 +9,8 @@ cmake_path(ABSOLUTE_PATH HUEBRUSH_EXTENSIONDIR BASE_DIRECTORY ${CMAKE_INSTALL_PR
 
 configure_file(man/huebrush.1.in man/huebrush.1 @ONLY)
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/man/huebrush.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
-# The manual and what it refers to, in the same places beside each other.
+# The manual in both languages and what it refers to, in the same places beside each other.
 install(FILES LICENSE CHANGELOG.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
-install(FILES docs/manual.md docs/libreoffice-fills.md DESTINATION ${CMAKE_INSTALL_DOCDIR}/docs)
+install(FILES docs/manual.md docs/manual.cs.md docs/libreoffice-fills.md
+  DESTINATION ${CMAKE_INSTALL_DOCDIR}/docs)
 install(DIRECTORY docs/images DESTINATION ${CMAKE_INSTALL_DOCDIR}/docs)

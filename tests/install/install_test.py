@@ -52,7 +52,8 @@ class Installed(unittest.TestCase):
                         "icon.png", "icons/101_16.png", "META-INF/manifest.xml"},
             "share/huebrush": {"huebrush.oxt"},
             "share/man/man1": {"huebrush.1"},
-            documents: {"LICENSE", "CHANGELOG.md", "docs/manual.md", "docs/images/about.png"},
+            documents: {"LICENSE", "CHANGELOG.md", "docs/manual.md", "docs/manual.cs.md",
+                        "docs/images/about.png", "docs/images/palette-load.png"},
         }
         for folder, files in parts.items():
             self.assertLessEqual(files, self.files_in(folder), folder)
