@@ -30,8 +30,10 @@ TEST(Reader, ReportsPageOffsetAndRuleOfWhatLiesOutside) {
         EXPECT_EQ(damage.rule(), rule::kWithinBytes);
         EXPECT_EQ(damage.number(), ErrorNumber::kDamaged);
         EXPECT_EQ(damage.description(),
-                  "the database file is damaged: page 7, byte 3: a field reaches beyond its page "
-                  "or row (rule B1)");
+                  "Soubor databáze je poškozený: strana 7, bajt 3 (pravidlo B1).");
+        EXPECT_STREQ(damage.what(),
+                     "the database file is damaged: page 7, byte 3: a field reaches beyond its "
+                     "page or row (rule B1)");
     }
 }
 

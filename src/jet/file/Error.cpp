@@ -8,6 +8,8 @@ namespace huebrush::jet {
 
 Damage::Damage(PageNumber page, std::size_t offset, const Rule& broken)
     : Error(ErrorNumber::kDamaged,
+            base::text("Soubor databáze je poškozený: strana ", page, ", bajt ", offset,
+                       " (pravidlo ", broken.number, ")."),
             base::text("the database file is damaged: page ", page, ", byte ", offset, ": ",
                        broken.breach, " (rule ", broken.number, ")")),
       page_(page),

@@ -58,7 +58,7 @@ class Error : public base::Error {
 };
 
 /// A file breaks a rule of the format: on which page, at which byte of it, and which rule.
-class Damage : public base::Error {
+class Damage : public Error {
  public:
     Damage(PageNumber page, std::size_t offset, const Rule& broken);
 

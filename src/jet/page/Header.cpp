@@ -28,8 +28,15 @@ bool hasText(const Page& page, std::size_t at, std::string_view wanted) {
                       [](char a, std::uint8_t b) { return static_cast<std::uint8_t>(a) == b; });
 }
 
-[[noreturn]] void refuse(std::int32_t number, const std::string& name, std::string_view reason) {
-    throw base::Error(number, text("cannot open \"", name, "\": ", reason));
+[[noreturn]] void refuse(std::int32_t number, const std::string& name, std::string_view czech,
+                         std::string_view english) {
+    throw Error(number, text("Databázi „", name, "“ nelze otevřít: ", czech, "."),
+                text("cannot open \"", name, "\": ", english));
+}
+
+[[noreturn]] void refuseNewer(const std::string& name) {
+    refuse(ErrorNumber::kNotSupported, name, "má novější formát než Access 2000",
+           "its format is newer than that of Access 2000");
 }
 
 /// The password is masked once more, with the whole days of the date of creation.
@@ -71,23 +78,27 @@ Header readHeader(File& file, const std::string& name) {
     const std::uint64_t size = file.size();
     file.read(0, std::span(page).first(
                      static_cast<std::size_t>(std::min<std::uint64_t>(size, kPageSize))));
-    if (hasText(page, kSignatureAt, kNewerSignature)) {
-        refuse(ErrorNumber::kNotSupported, name, "its format is newer than that of Access 2000");
-    }
+    if (hasText(page, kSignatureAt, kNewerSignature)) refuseNewer(name);
     if (!hasText(page, kSignatureAt, kSignature)) {
-        refuse(ErrorNumber::kNotADatabase, name, "it is not an Access database");
+        refuse(ErrorNumber::kNotADatabase, name, "není to databáze Accessu",
+               "it is not an Access database");
     }
     if (page[kVersionAt] == 0) {
-        refuse(ErrorNumber::kNotSupported, name, "its format is older than that of Access 2000");
+        refuse(ErrorNumber::kNotSupported, name, "má starší formát než Access 2000",
+               "its format is older than that of Access 2000");
     }
-    if (page[kVersionAt] != 1) {
-        refuse(ErrorNumber::kNotSupported, name, "its format is newer than that of Access 2000");
+    if (page[kVersionAt] != 1) refuseNewer(name);
+    if (size < kPageSize) {
+        refuse(ErrorNumber::kDamaged, name, "soubor není celý", "the file is truncated");
     }
-    if (size < kPageSize) refuse(ErrorNumber::kDamaged, name, "the file is truncated");
     applyHeaderMask(std::span(page).subspan(kRegion, kRegionSize));
     const Reader in(page, 0);
-    if (in.u32(kPageKey) != 0) refuse(ErrorNumber::kNotSupported, name, "it is encrypted");
-    if (hasPassword(in)) refuse(ErrorNumber::kPassword, name, "it is protected by a password");
+    if (in.u32(kPageKey) != 0) {
+        refuse(ErrorNumber::kNotSupported, name, "je zašifrovaná", "it is encrypted");
+    }
+    if (hasPassword(in)) {
+        refuse(ErrorNumber::kPassword, name, "je chráněná heslem", "it is protected by a password");
+    }
     return {RowId::of(in.u32(kFreeMap)), in.u32(kSystemTables), in.u32(kSystemTables + 4),
             in.u32(kSystemTables + 8), in.u32(kSystemTables + 12)};
 }
