@@ -81,13 +81,21 @@ void openDatabase(jet::Connection& connection, const std::string& path) {
     connection.Open(text("Provider=Microsoft.Jet.OLEDB.4.0;Data Source=", path), "Admin", "");
 }
 
-void listPalettes(forms::ListBox& list, BoundRecordset& groups) {
-    list.Clear();
+std::vector<forms::ListItem> palettesOf(BoundRecordset& groups) {
+    std::vector<forms::ListItem> palettes;
     for (; groups.isOnRecord(); groups.MoveNext()) {
-        list.AddItem(jet::toText(groups.Field("Name")));
-        list.setItemData(list.NewIndex(), jet::toLong(groups.Field("ID")));
+        palettes.push_back({jet::toText(groups.Field("Name")), jet::toLong(groups.Field("ID"))});
     }
     if (groups.RecordCount() > 0) groups.MoveFirst();
+    return palettes;
+}
+
+void showPalettes(forms::ListBox& list, const std::vector<forms::ListItem>& palettes) {
+    list.Clear();
+    for (const forms::ListItem& palette : palettes) {
+        list.AddItem(palette.text);
+        list.setItemData(list.NewIndex(), palette.data);
+    }
 }
 
 bool findPaletteOf(const forms::ListBox& list, BoundRecordset& groups) {

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "forms/Controls.h"
 #include "forms/FileDialog.h"
@@ -45,9 +46,11 @@ std::string couldNotOpen(const std::string& path);
 
 void openDatabase(jet::Connection& connection, const std::string& path);
 
-/// Fills the list with the palettes in their order, each with its ID as its data; the first record
-/// is current then.
-void listPalettes(forms::ListBox& list, BoundRecordset& groups);
+/// The palettes in their order, by name and ID; the first record is current then. An error where
+/// one of them has no name.
+std::vector<forms::ListItem> palettesOf(BoundRecordset& groups);
+/// Fills the list with palettes, each with its ID as its data.
+void showPalettes(forms::ListBox& list, const std::vector<forms::ListItem>& palettes);
 /// Makes the record of the list's current palette the current one. False, and nothing is done,
 /// where the list has none.
 bool findPaletteOf(const forms::ListBox& list, BoundRecordset& groups);

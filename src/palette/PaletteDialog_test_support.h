@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -97,6 +98,42 @@ class TestRows final : public PaletteRows {
     const Row& at(std::int16_t row) const { return rows.at(static_cast<std::size_t>(row) - 1); }
 };
 
+/// A file that is no database which the dialogs can open: the error, and what it says of the file.
+struct UnusableFile {
+    const char* what;
+    jet::Bytes content;
+    std::int32_t number;
+    const char* reason;
+};
+
+/// Files of other kinds, those of databases made from a sound one.
+inline std::vector<UnusableFile> unusableFiles(const jet::Bytes& sound) {
+    const auto with = [&](const std::function<void(jet::Bytes&)>& change) {
+        jet::Bytes content = sound;
+        change(content);
+        return content;
+    };
+    const auto putSignature = [](jet::Bytes& content) {
+        const std::string newer = "Standard ACE DB";
+        std::copy(newer.begin(), newer.end(), content.begin() + 4);
+    };
+    return {
+        {"empty", {}, 3343, "není to databáze Accessu"},
+        {"a text", jet::Bytes(5000, 'x'), 3343, "není to databáze Accessu"},
+        {"Access 97", with([](jet::Bytes& content) { content[0x14] = 0; }), 3251,
+         "má starší formát než Access 2000"},
+        {"Access 2007", with(putSignature), 3251, "má novější formát než Access 2000"},
+        {"a later engine", with([](jet::Bytes& content) { content[0x14] = 2; }), 3251,
+         "má novější formát než Access 2000"},
+        {"encrypted", with([](jet::Bytes& content) { content[0x3E] ^= 1; }), 3251,
+         "je zašifrovaná"},
+        {"with a password", with([](jet::Bytes& content) { content[0x46] ^= 'p'; }), 3031,
+         "je chráněná heslem"},
+        {"the beginning of one", with([](jet::Bytes& content) { content.resize(100); }), 3049,
+         "soubor není celý"},
+    };
+}
+
 /// Palette files in memory.
 class PaletteFilesTest : public files::Folder {
  protected:
@@ -115,12 +152,41 @@ class PaletteFilesTest : public files::Folder {
     ~PaletteFilesTest() override { EXPECT_EQ(unhandled, Names{}); }
 
     void makeFile(const std::string& path = kFile) { ASSERT_TRUE(MakeDatabase(path, files)); }
+    static constexpr auto kLong = jet::ColumnType::longInteger;
+    static constexpr auto kText = jet::ColumnType::text;
     /// Adds a palette of solid fills in these colours.
     void addPalette(const std::string& name, const Colors& colors,
                     const std::string& path = kFile) {
         Palette palette{{{"Name", name}, {"Description", "o " + name}}, {}};
         for (const std::int32_t color : colors) palette.elements.push_back(element(color));
         addPalettes(*jet::Database::open(files, path), {palette});
+    }
+    /// Makes a file that has a table of palettes with these columns, and no other; the palettes
+    /// have the values given.
+    void makeGroupTable(const std::vector<jet::NewColumn>& columns,
+                        const std::vector<Record>& palettes) {
+        files.files.erase(kOther);
+        jet::createDatabase(files, kOther);
+        const auto database = jet::Database::open(files, kOther);
+        jet::createTable(*database, {kGroupTable, columns, {}});
+        database->change([&] {
+            jet::Table table(*database, kGroupTable);
+            for (const Record& palette : palettes) {
+                jet::Table::Values values;
+                for (const auto& [name, value] : palette) {
+                    values.emplace_back(&table.column(name), value);
+                }
+                table.insert(values);
+            }
+        });
+    }
+    /// Spoils the page on which the definition of a table begins. What the error says then.
+    std::string damageTable(const std::string& table, const std::string& path) {
+        const jet::PageNumber page = jet::Database::open(files, path)->definition(table)->page;
+        jet::Bytes content = *files.files.at(path);
+        content.at(std::size_t{page} * jet::kPageSize) = 9;
+        writeFile(path, std::move(content));
+        return base::text("Soubor databáze je poškozený: strana ", page, ", bajt 0 (pravidlo F3).");
     }
     static Record element(std::int32_t color) {
         Record record;
@@ -244,6 +310,10 @@ class PaletteDialogTest : public PaletteFilesTest {
         runtime.chosenFiles = {path};
         user.click(dialog->cmdConnectDataFile);
     }
+    memory::ShownBox reportOf(std::int32_t number, const char* procedure,
+                              const std::string& message, const std::string& description) {
+        return report(number, base::text(dialog->name(), ".", procedure), message, description);
+    }
     /// Each failure gives one report.
     void expectReports(const std::vector<Failure>& failures) {
         for (const Failure& each : failures) {
@@ -251,8 +321,7 @@ class PaletteDialogTest : public PaletteFilesTest {
             each.control->setPeer(std::make_unique<memory::FailingPeer>(each.property));
             each.action();
             each.control->setPeer(nullptr);
-            EXPECT_EQ(onlyBox(), report(7, base::text(dialog->name(), ".", each.procedure),
-                                        each.message, "popis"));
+            EXPECT_EQ(onlyBox(), reportOf(7, each.procedure, each.message, "popis"));
         }
     }
 

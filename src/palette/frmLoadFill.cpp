@@ -123,8 +123,9 @@ void frmLoadFill::ConnectDataFile(const std::string& path, bool& ok) {
         if (!error::ignoring([&] { groups->Open(kPalettesQuery, *connection); })) {
             return showWithoutPalettes(path);
         }
+        const auto palettes = palettesOf(*groups);
         takeOver(std::move(connection), std::move(groups));
-        showPalettes(path);
+        showFile(palettes, path);
         ok = true;
     });
 }
@@ -138,8 +139,8 @@ void frmLoadFill::takeOver(std::shared_ptr<jet::Connection> connection,
     lblCount.bind(rsGroup_, "Count");
 }
 
-void frmLoadFill::showPalettes(const std::string& path) {
-    listPalettes(lstFillGroup, *rsGroup_);
+void frmLoadFill::showFile(const std::vector<forms::ListItem>& palettes, const std::string& path) {
+    showPalettes(lstFillGroup, palettes);
     path_ = path;
     txtDataFile.Text = path;
     const bool any = lstFillGroup.ListCount() > 0;

@@ -4,6 +4,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "error/mError.h"
 #include "forms/ControlArray.h"
@@ -74,7 +75,7 @@ class frmLoadFill final : public forms::Form {
     void Form_Resize();
     void takeOver(std::shared_ptr<jet::Connection> connection,
                   std::shared_ptr<BoundRecordset> groups);
-    void showPalettes(const std::string& path);
+    void showFile(const std::vector<forms::ListItem>& palettes, const std::string& path);
 
     void cmdConnectDataFile_Click();
     void lstFillGroup_Click();

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include "base/Bitmaps_test_support.h"
+#include "palette/OtherProgramsFile_test_support.h"
 #include "palette/PaletteDialog_test_support.h"
 
 namespace huebrush::palette {
@@ -13,6 +15,7 @@ using forms::MsgBoxResult;
 namespace KeyCode = forms::KeyCode;
 
 constexpr const char* kApplyFailed = "Při načítání výplní z databáze se vyskytla chyba...";
+constexpr const char* kPreviewFailed = "Při zobrazování náhledů došlo k chybě...";
 
 class LoadDialog : public PaletteDialogTest<frmLoadFill> {
  protected:
@@ -59,6 +62,18 @@ class LoadDialog : public PaletteDialogTest<frmLoadFill> {
             table.update(table.find(table.column("ID"), 1).at(0),
                          {{&table.column("Count"), count}});
         });
+    }
+
+    /// Expects the dialog to work still on its first file, whose palette "a" has one colour.
+    void expectFormerFile(std::int32_t color) {
+        EXPECT_EQ(dialog->txtDataFile.Text.get(), kFile);
+        EXPECT_EQ(namesIn(dialog->lstFillGroup), Names{"a"});
+        EXPECT_EQ(dialog->lblCount.Caption.get(), "1");
+        rows.rows.clear();
+        rows.add(0);
+        user.click(dialog->cmdApply);
+        EXPECT_EQ(rows.colors(), Colors{color});
+        EXPECT_TRUE(runtime.boxes.empty());
     }
 };
 
@@ -157,6 +172,93 @@ TEST_F(LoadDialog, OfADatabaseWithoutTheTablesSaysSoAndKeepsTheFormerOne) {
     rows.add(1);
     user.click(dialog->cmdApply);
     EXPECT_EQ(rows.colors(), Colors{5});
+}
+
+TEST_F(LoadDialog, OfFilesOfOtherKindsReportsWhatTheyAreAndKeepsTheFormerOne) {
+    openOn({5});
+    const jet::Bytes sound = *files.files.at(kFile);
+    for (const UnusableFile& each : unusableFiles(sound)) {
+        SCOPED_TRACE(each.what);
+        writeFile(kOther, each.content);
+        connectTo(kOther);
+        EXPECT_EQ(onlyBox(), reportOf(each.number, "ConnectDataFile", couldNotOpen(kOther),
+                                      base::text("Databázi „", kOther,
+                                                 "“ nelze otevřít: ", each.reason, ".")));
+        expectFormerFile(5);
+    }
+}
+
+TEST_F(LoadDialog, OfAFileThatMayNotBeReadReportsAnErrorAndKeepsTheFormerOne) {
+    openOn({5});
+    makeFile(kOther);
+    fail("open", 3027);
+    connectTo(kOther);
+    EXPECT_EQ(onlyBox(), reportOf(3027, "ConnectDataFile", couldNotOpen(kOther), "popis"));
+    files.onCall = nullptr;
+    expectFormerFile(5);
+}
+
+TEST_F(LoadDialog, OfATableThatIsNotOneOfPalettesSaysSoAndKeepsTheFormerOne) {
+    openOn({5});
+    makeGroupTable({{"ID", kLong}, {"Title", kText, 30}}, {});
+    connectTo(kOther);
+    EXPECT_EQ(onlyBox(), withoutPalettes(kOther));
+    makeGroupTable({{"ID", kText, 30}, {"Name", kText, 30}}, {});
+    connectTo(kOther);
+    EXPECT_EQ(onlyBox(), withoutPalettes(kOther));
+    makeFile("/home/damaged.mdb");
+    damageTable(kGroupTable, "/home/damaged.mdb");
+    connectTo("/home/damaged.mdb");
+    EXPECT_EQ(onlyBox(), withoutPalettes("/home/damaged.mdb"));
+    expectFormerFile(5);
+}
+
+TEST_F(LoadDialog, OfAPaletteWithoutANameReportsAnErrorAndKeepsTheFormerOne) {
+    openOn({5});
+    makeGroupTable({{"ID", kLong}, {"Name", kText, 30, true}, {"Count", kLong, 0, true}},
+                   {{{"ID", 1}, {"Name", std::string("b")}}, {{"ID", 2}}});
+    connectTo(kOther);
+    const memory::ShownBox box = onlyBox();
+    EXPECT_EQ(box.title, "Chyba č. 94");
+    EXPECT_NE(box.text.find(couldNotOpen(kOther)), std::string::npos);
+    expectFormerFile(5);
+}
+
+TEST_F(LoadDialog, OfADatabaseWithoutFillsReportsThatWhenTheyAreNeeded) {
+    openOn({5});
+    makeGroupTable({{"ID", kLong},
+                    {"Name", kText, 30},
+                    {"Description", kText, 255, true},
+                    {"Count", kLong, 0, true}},
+                   {{{"ID", 1}, {"Name", std::string("b")}, {"Count", 1}}});
+    connectTo(kOther);
+    EXPECT_TRUE(runtime.boxes.empty());
+    EXPECT_EQ(namesIn(dialog->lstFillGroup), Names{"b"});
+    const std::string missingTable =
+        base::text("Databáze „", kOther, "“ nemá tabulku „", kElementTable, "“.");
+    user.click(dialog->chkPreview);
+    EXPECT_EQ(onlyBox(), reportOf(3078, "MakePreview", kPreviewFailed, missingTable));
+    EXPECT_FALSE(dialog->picMainPreview.Visible);
+    rows.add(1);
+    user.click(dialog->cmdApply);
+    EXPECT_EQ(onlyBox(), reportOf(3078, "cmdApply_Click", kApplyFailed, missingTable));
+    EXPECT_EQ(rows.colors(), Colors{1});
+    connectTo(kFile);
+    expectFormerFile(5);
+}
+
+TEST_F(LoadDialog, OfDamagedFillsReportsThatWhenTheyAreNeeded) {
+    makeFile();
+    addPalette("a", {5});
+    const std::string damage = damageTable(kElementTable, kFile);
+    open();
+    EXPECT_TRUE(runtime.boxes.empty());
+    user.click(dialog->chkPreview);
+    EXPECT_EQ(onlyBox(), reportOf(3049, "MakePreview", kPreviewFailed, damage));
+    rows.add(1);
+    user.click(dialog->cmdApply);
+    EXPECT_EQ(onlyBox(), reportOf(3049, "cmdApply_Click", kApplyFailed, damage));
+    EXPECT_EQ(rows.colors(), Colors{1});
 }
 
 TEST_F(LoadDialog, OfAFileWithoutPalettesSaysSoAndAppliesNothing) {
@@ -448,6 +550,51 @@ TEST_F(LoadDialog, ReadsAFileThatAnotherProgramIsWriting) {
     EXPECT_TRUE(runtime.boxes.empty());
 }
 
+TEST_F(LoadDialog, ReadsAFileThatMayNotBeWritten) {
+    showPreviews();
+    makeFile();
+    addPalette("a", {11});
+    files.onCall = [](const char* what) {
+        const std::string call = what;
+        if (call != "open" && call != "read" && call != "size") throw base::Error(3027, call);
+    };
+    open();
+    EXPECT_EQ(previews(), Names{"11 at 0"});
+    rows.add(1);
+    user.click(dialog->cmdOK);
+    EXPECT_EQ(rows.colors(), Colors{11});
+    EXPECT_TRUE(runtime.boxes.empty());
+}
+
+TEST_F(LoadDialog, ShowsAndAppliesThePalettesOfAnotherProgram) {
+    showPreviews();
+    writeFile(kFile, fileOfAnotherProgram());
+    open();
+    user.pick(dialog->lstFillGroup, 1);
+    EXPECT_EQ(namesIn(dialog->lstFillGroup), (Names{"b", kLongestName}));
+    EXPECT_EQ(dialog->txtFillGroupDescription.Text.get(), "popis");
+    EXPECT_EQ(dialog->lblCount.Caption.get(), "4");
+    const std::vector<jet::Bytes> stored{base::placeableMetafile(),
+                                         {},
+                                         base::enhancedMetafile(),
+                                         base::bitmapFile(1, 1, 3, {0, 0, 14})};
+    ASSERT_EQ(dialog->picElement.ubound(), 4);
+    rows.add({1, 2, 3, 4});
+    user.click(dialog->cmdApply);
+    EXPECT_EQ(rows.colors(), (Colors{11, 12, 13, 14}));
+    for (std::int16_t i = 0; i < 4; ++i) {
+        const auto place = static_cast<std::size_t>(i);
+        EXPECT_EQ(dialog->picElement[static_cast<std::int16_t>(i + 1)].Picture.get().bytes(),
+                  stored[place]);
+        EXPECT_EQ(rows.rows[place].preview->bytes(), stored[place]);
+    }
+    EXPECT_EQ(dialog->picElement[1].Picture.get().format(), base::PictureFormat::metafile);
+    user.pick(dialog->lstFillGroup, 0);
+    EXPECT_EQ(dialog->txtFillGroupDescription.Text.get(), "");
+    EXPECT_EQ(dialog->picElement.ubound(), 1);
+    EXPECT_TRUE(runtime.boxes.empty());
+}
+
 TEST_F(LoadDialog, OkAppliesAndCloses) {
     openOn({11});
     rows.add(1);
@@ -525,8 +672,8 @@ TEST_F(LoadDialog, ReportsWhatFailsWhileItOpensAndCloses) {
         EXPECT_EQ(std::exchange(runtime.boxes, {}),
                   (std::vector{report(7, "frmLoadFill.Form_Unload", message, "popis"),
                                report(7, handler, message, "popis")}));
-        EXPECT_EQ(runtime.savedSettings, Names(runtime.savedSettings.size(),
-                                               "Database/ShowPreview=0"));
+        EXPECT_EQ(runtime.savedSettings,
+                  Names(runtime.savedSettings.size(), "Database/ShowPreview=0"));
     }
 }
 

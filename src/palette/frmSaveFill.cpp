@@ -92,8 +92,9 @@ void frmSaveFill::ConnectDataFile(const std::string& path, bool& ok) {
         }
         auto groups = std::make_shared<BoundRecordset>();
         groups->Open(kPalettesQuery, *connection);
+        const auto palettes = palettesOf(*groups);
         takeOver(std::move(connection), std::move(groups));
-        showPalettes(path);
+        showFile(palettes, path);
         ok = true;
         if (rsGroup_->RecordCount() > 0) return;
         const auto answer = forms::Runtime::current().MsgBox(
@@ -113,9 +114,9 @@ void frmSaveFill::takeOver(std::shared_ptr<jet::Connection> connection,
     lblCount.bind(rsGroup_, "Count");
 }
 
-void frmSaveFill::showPalettes(const std::string& path) {
+void frmSaveFill::showFile(const std::vector<forms::ListItem>& palettes, const std::string& path) {
     setBrowsing();
-    listPalettes(lstFillGroup, *rsGroup_);
+    showPalettes(lstFillGroup, palettes);
     path_ = path;
     txtDataFile.Text = path;
     if (lstFillGroup.ListCount() > 0) {

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include "jet/check/Check.h"
+#include "palette/OtherProgramsFile_test_support.h"
 #include "palette/PaletteDialog_test_support.h"
 
 namespace huebrush::palette {
@@ -40,6 +42,22 @@ class SaveDialog : public PaletteDialogTest<frmSaveFill> {
     void save(const std::string& name) {
         user.type(dialog->txtFillGroupName, name);
         user.click(dialog->cmdApply);
+    }
+    /// Opens it on a file with the palette "a" in one colour.
+    void openOnOne() {
+        makeFile();
+        addPalette("a", {1});
+        open();
+    }
+    /// Expects the dialog to work still on that file.
+    void expectFormerFile() {
+        EXPECT_EQ(dialog->txtDataFile.Text.get(), kFile);
+        EXPECT_EQ(shown(), "a|o a|1");
+        rows.add(9);
+        user.click(dialog->cmdNew);
+        save("nová");
+        EXPECT_EQ(contents(), (Names{"1 a (1): 1@0", "2 nová (1): 9@0"}));
+        EXPECT_TRUE(runtime.boxes.empty());
     }
     /// Which of the controls that the states concern are enabled.
     std::string enabled() const {
@@ -152,6 +170,77 @@ TEST_F(SaveDialog, OfADamagedFileSaysTheSame) {
     EXPECT_EQ(shown(), "a|o a|1");
 }
 
+TEST_F(SaveDialog, OfFilesOfOtherKindsSaysTheSame) {
+    openOnOne();
+    const jet::Bytes sound = *files.files.at(kFile);
+    for (const UnusableFile& each : unusableFiles(sound)) {
+        SCOPED_TRACE(each.what);
+        writeFile(kOther, each.content);
+        connectTo(kOther);
+        EXPECT_EQ(onlyBox(), withoutPalettes(kOther));
+    }
+    expectFormerFile();
+}
+
+TEST_F(SaveDialog, OfAFileThatMayNotBeReadSaysTheSame) {
+    openOnOne();
+    makeFile(kOther);
+    fail("open", 3027);
+    connectTo(kOther);
+    EXPECT_EQ(onlyBox(), withoutPalettes(kOther));
+    files.onCall = nullptr;
+    expectFormerFile();
+}
+
+TEST_F(SaveDialog, OfATableThatIsNotOneOfPalettesReportsAnErrorAndKeepsTheFormerOne) {
+    openOnOne();
+    makeGroupTable({{"ID", kLong}, {"Title", kText, 30}}, {});
+    connectTo(kOther);
+    EXPECT_EQ(onlyBox(), reportOf(3265, "ConnectDataFile", couldNotOpen(kOther),
+                                  base::text("Tabulka „", kGroupTable, "“ nemá sloupec „Name“.")));
+    makeGroupTable({{"ID", kText, 30}, {"Name", kText, 30}}, {});
+    connectTo(kOther);
+    EXPECT_EQ(onlyBox(),
+              reportOf(3421, "ConnectDataFile", couldNotOpen(kOther),
+                       base::text("Sloupec „ID“ tabulky „", kGroupTable, "“ není číslo.")));
+    const std::string path = "/home/damaged.mdb";
+    makeFile(path);
+    const std::string damage = damageTable(kGroupTable, path);
+    connectTo(path);
+    EXPECT_EQ(onlyBox(), reportOf(3049, "ConnectDataFile", couldNotOpen(path), damage));
+    expectFormerFile();
+}
+
+TEST_F(SaveDialog, OfAPaletteWithoutANameReportsAnErrorAndKeepsTheFormerOne) {
+    openOnOne();
+    makeGroupTable({{"ID", kLong}, {"Name", kText, 30, true}, {"Count", kLong, 0, true}},
+                   {{{"ID", 1}, {"Name", std::string("b")}}, {{"ID", 2}}});
+    connectTo(kOther);
+    const memory::ShownBox box = onlyBox();
+    EXPECT_EQ(box.title, "Chyba č. 94");
+    EXPECT_NE(box.text.find(couldNotOpen(kOther)), std::string::npos);
+    expectFormerFile();
+}
+
+TEST_F(SaveDialog, OfADatabaseWithoutFillsReportsThatWhenOneIsSaved) {
+    openOnOne();
+    makeGroupTable({{"ID", kLong, 0, false, true},
+                    {"Name", kText, 30},
+                    {"Description", kText, 255, true},
+                    {"Count", kLong, 0, true}},
+                   {{{"Name", std::string("b")}}});
+    connectTo(kOther);
+    EXPECT_TRUE(runtime.boxes.empty());
+    EXPECT_EQ(shown(), "b||");
+    rows.add(9);
+    user.click(dialog->cmdNew);
+    save("nová");
+    EXPECT_EQ(onlyBox(),
+              reportOf(3078, "cmdApply_Click", kSaveFailed,
+                       base::text("Databáze „", kOther, "“ nemá tabulku „", kElementTable, "“.")));
+    EXPECT_EQ(contents(), Names{"1 a (1): 1@0"});
+}
+
 TEST_F(SaveDialog, OfADatabaseWithoutTheTablesReportsAnErrorAndKeepsTheFormerOne) {
     makeFile();
     addPalette("a", {1});
@@ -224,6 +313,18 @@ TEST_F(SaveDialog, KeepsAnExistingFileUnlessItMayBeReplaced) {
     EXPECT_EQ(runtime.boxes.size(), 2U);
     EXPECT_EQ(contents(kOther), Names{});
     EXPECT_EQ(dialog->txtDataFile.Text.get(), kOther);
+}
+
+TEST_F(SaveDialog, ReplacesTheVeryFileThatItWorksOn) {
+    openOnThird();
+    runtime.chosenFiles = {kFile};
+    runtime.answers = {MsgBoxResult::yes, MsgBoxResult::no};
+    user.click(dialog->cmdMakeDataFile);
+    EXPECT_EQ(runtime.boxes.size(), 2U);
+    EXPECT_EQ(contents(), Names{});
+    EXPECT_EQ(namesIn(dialog->lstFillGroup), Names{});
+    EXPECT_EQ(shown(), "||");
+    EXPECT_EQ(dialog->txtDataFile.Text.get(), kFile);
 }
 
 TEST_F(SaveDialog, ReportsAnExistingFileThatIsInUse) {
@@ -531,6 +632,52 @@ TEST_F(SaveDialog, SavesNothingWhereNothingWasTyped) {
     user.click(dialog->cmdApply);
     EXPECT_EQ(enabled(), kEditing);
     EXPECT_TRUE(runtime.boxes.empty());
+}
+
+TEST_F(SaveDialog, LeavesAnEditPendingWhileTheFileIsInUse) {
+    openOnThird();
+    user.click(dialog->cmdEdit);
+    user.type("nová");
+    {
+        const auto held = files.lock(kFile);
+        user.click(dialog->cmdApply);
+        EXPECT_EQ(onlyBox(),
+                  reportOf(3045, "cmdApply_Click", kSaveFailed,
+                           base::text("Databázi „", kFile, "“ má otevřenou jiný program.")));
+        EXPECT_EQ(enabled(), kEditing);
+        EXPECT_EQ(dialog->txtFillGroupName.Text.get(), "nová");
+        EXPECT_EQ(namesIn(dialog->lstFillGroup), (Names{"a", "b", "c"}));
+    }
+    user.click(dialog->cmdApply);
+    EXPECT_EQ(contents()[2], "3 nová (2): 1@0 2@1");
+    EXPECT_EQ(enabled(), kBrowsing);
+}
+
+TEST_F(SaveDialog, ChangesAFileOfAnotherProgram) {
+    rows.add({31, 32});
+    writeFile(kFile, fileOfAnotherProgram());
+    open();
+    user.pick(dialog->lstFillGroup, 1);
+    EXPECT_EQ(shown(), base::text(kLongestName, "|popis|4"));
+    user.click(dialog->cmdNew);
+    save("nová");
+    user.pick(dialog->lstFillGroup, 1);
+    user.click(dialog->cmdEdit);
+    user.type("Jiná");
+    user.click(dialog->cmdApply);
+    user.pick(dialog->lstFillGroup, 0);
+    user.click(dialog->cmdErase);
+    EXPECT_TRUE(runtime.boxes.empty());
+    EXPECT_EQ(namesIn(dialog->lstFillGroup), (Names{"Jiná", "nová"}));
+    EXPECT_EQ(contents(), (Names{"1 Jiná (4): 11@0 12@1 13@2 14@3", "3 nová (2): 31@0 32@1"}));
+    const auto database = jet::Database::open(files, kFile);
+    for (const jet::Column& column : database->definition(kElementTable)->columns) {
+        EXPECT_FALSE(column.fixed) << column.name;
+    }
+    // The other program has lost pages; that is no damage.
+    for (const jet::Violation& each : jet::check(*database).violations) {
+        EXPECT_EQ(each.severity, jet::Severity::waste) << each.text();
+    }
 }
 
 TEST_F(SaveDialog, LeavesAnEditedNameThatIsRefusedPending) {
