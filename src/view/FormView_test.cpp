@@ -12,6 +12,7 @@
 #include "forms/ControlArray.h"
 #include "forms/Controls.h"
 #include "view/FakeToolkit_test_support.h"
+#include "view/Scene.h"
 
 namespace huebrush::view {
 namespace {
@@ -395,6 +396,14 @@ class TwoListsTest : public ViewTest<TwoListsForm> {
         turn();
     }
 };
+
+TEST_F(TwoListsTest, TheBarsAroundASurfaceAreThoseBesideItAndThenThoseFurtherOut) {
+    using Bars = std::vector<forms::VScrollBar*>;
+    form->frameBar.Enabled = false;
+    EXPECT_EQ(barsAround(form->view), (Bars{&form->frameBar, &form->bar}));
+    EXPECT_EQ(barsAround(form->list), Bars{&form->bar});
+    EXPECT_EQ(barsAround(*form), Bars{&form->bar});
+}
 
 TEST_F(TwoListsTest, TheWheelScrollsWhatIsUnderThePointer) {
     turnWheel(form->view, 3);

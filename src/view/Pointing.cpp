@@ -2,8 +2,10 @@
 
 #include "view/Pointing.h"
 
+#include <algorithm>
 #include <chrono>
 #include <utility>
+#include <vector>
 
 #include "forms/Controls.h"
 #include "forms/Form.h"
@@ -11,18 +13,6 @@
 #include "view/Scene.h"
 
 namespace huebrush::view {
-
-namespace {
-
-forms::VScrollBar* usableBarOn(const forms::Control& container) {
-    for (forms::Control* const child : container.children()) {
-        auto* const bar = dynamic_cast<forms::VScrollBar*>(child);
-        if (bar != nullptr && bar->isUsable()) return bar;
-    }
-    return nullptr;
-}
-
-}  // namespace
 
 void Pointing::handle(const MouseInput& input) {
     const Mouse::Place at = onSurface(input);
@@ -85,13 +75,10 @@ Mouse::Place Pointing::onSurface(const MouseInput& input) const {
 }
 
 void Pointing::scroll(const forms::Control& surface, int rows) {
-    for (const forms::Control* at = &surface; at != nullptr; at = at->container()) {
-        const forms::Control& around = at->container() == nullptr ? *at : *at->container();
-        if (forms::VScrollBar* const bar = usableBarOn(around)) {
-            bar->scrollTo(bar->value() + rows * bar->SmallChange);
-            return;
-        }
-    }
+    const std::vector<forms::VScrollBar*> bars = barsAround(surface);
+    const auto bar = std::find_if(bars.begin(), bars.end(),
+                                  [](const forms::VScrollBar* each) { return each->isUsable(); });
+    if (bar != bars.end()) (*bar)->scrollTo((*bar)->value() + rows * (*bar)->SmallChange);
 }
 
 }  // namespace huebrush::view

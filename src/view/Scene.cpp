@@ -69,6 +69,18 @@ Box placeOnSurface(const forms::Control& control) {
     return box;
 }
 
+std::vector<forms::VScrollBar*> barsAround(const forms::Control& surface) {
+    std::vector<forms::VScrollBar*> bars;
+    const forms::Control* around = surface.container() == nullptr ? &surface : surface.container();
+    for (; around != nullptr; around = around->container()) {
+        for (forms::Control* const child : around->children()) {
+            auto* const bar = dynamic_cast<forms::VScrollBar*>(child);
+            if (bar != nullptr) bars.push_back(bar);
+        }
+    }
+    return bars;
+}
+
 forms::Control& surfaceOf(forms::Control& control) {
     forms::Control* at = control.container();
     while (!isSurface(*at)) at = at->container();

@@ -4,7 +4,7 @@
 
 #include <vector>
 
-#include "forms/Control.h"
+#include "forms/Controls.h"
 #include "view/Geometry.h"
 
 namespace huebrush::view {
@@ -30,6 +30,10 @@ std::vector<Placed> sceneOf(const forms::Control& surface, double width, double 
 
 /// Where a control lies on its surface, shown or not.
 Box placeOnSurface(const forms::Control& control);
+
+/// The bars that the wheel over a surface may scroll, usable or not: those beside it, and then
+/// those further out.
+std::vector<forms::VScrollBar*> barsAround(const forms::Control& surface);
 
 /// The surface that a control is drawn on.
 forms::Control& surfaceOf(forms::Control& control);

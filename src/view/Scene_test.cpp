@@ -78,6 +78,11 @@ TEST_F(SceneTest, APictureBoxIsASurfaceButNoneInsideAnother) {
     EXPECT_EQ(&surfaceOf(form->inside), form.get());
 }
 
+TEST_F(SceneTest, ASurfaceMayHaveNoBarAround) {
+    EXPECT_TRUE(barsAround(form->box).empty());
+    EXPECT_TRUE(barsAround(*form).empty());
+}
+
 TEST_F(SceneTest, WhatIsHiddenOrOutsideDoesNotShow) {
     form->above.Visible = false;
     form->frame.Visible = false;

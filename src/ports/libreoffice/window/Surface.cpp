@@ -19,6 +19,7 @@
 #include "ports/libreoffice/window/Input.h"
 #include "ports/libreoffice/window/NativeWindow.h"
 #include "ports/libreoffice/window/native/Native.h"
+#include "view/Scene.h"
 
 namespace huebrush::libreoffice {
 
@@ -75,7 +76,8 @@ Surface::Surface(std::shared_ptr<const Owner> owner, const Peer& parent,
                  view::ControlReference control)
     : owner_(std::move(owner)), control_(std::move(control)), listener_(new Listener(*this)) {
     Peer container = parent;
-    if (control_->control->container() != nullptr) {
+    if (control_->control->container() != nullptr &&
+        !view::barsAround(*control_->control).empty()) {
         listenToTheWheel(parent);
         container.set(wheelField_, css::uno::UNO_QUERY_THROW);
     }

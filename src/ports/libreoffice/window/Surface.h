@@ -60,7 +60,8 @@ class Surface final : public view::NativeSurface {
     std::shared_ptr<const Owner> owner_;
     view::ControlReference control_;
     rtl::Reference<Listener> listener_;
-    /// The toolkit reports the wheel to fields with a number only, so one lies under the surface.
+    /// The toolkit reports the wheel to fields with a number only, so one lies under a surface that
+    /// the wheel may scroll. Readers for the blind do not find what is inside of it.
     Window wheelField_;
     Window window_;
     Peer peer_;
