@@ -69,7 +69,8 @@ bool hasOwnColors(const ContextReference& context) {
     return kVersion >= kFirstWithOwnColors;
 }
 
-/// The pixels before a white ground, as a bitmap without transparency.
+/// The pixels before a white ground, as a bitmap without transparency. The office's own bitmap file
+/// gives a size that is not its own, and other programs refuse it.
 std::vector<std::uint8_t> bitmapOnWhite(const base::Pixels& pixels) {
     constexpr int kWhite = 255;
     constexpr int kColors = 3;
@@ -102,11 +103,11 @@ base::Picture pictureOf(const ContextReference& context, const ShapeReference& s
         ->filter(
             properties({property("FilterName", Any(filter)), property("OutputStream", Any(output)),
                         property("FilterData", Any(pixels))}));
-    std::vector<std::uint8_t> bytes = stream->take();
+    const std::vector<std::uint8_t> bytes = stream->take();
     if (bytes.empty()) {
         throw base::Error(base::ErrorNumber::kInvalidPicture, "Objekt nelze vykreslit.");
     }
-    return base::loadPicture(isPng ? bitmapOnWhite(pixelsOfPng(bytes)) : std::move(bytes));
+    return base::loadPicture(bitmapOnWhite(isPng ? pixelsOfPng(bytes) : base::decodeBitmap(bytes)));
 }
 
 }  // namespace huebrush::libreoffice
