@@ -47,7 +47,7 @@ Names misplaced(const std::vector<Control*>& controls) {
     return wrong;
 }
 
-class PaletteDesign : public PaletteDialogTest {};
+class PaletteDesign : public PaletteFilesTest {};
 
 TEST_F(PaletteDesign, OfTheDialogThatSavesHasRoomForEachControl) {
     EXPECT_EQ(misplaced(frmSaveFill::create(files)->children()), Names{});
