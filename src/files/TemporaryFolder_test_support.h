@@ -3,6 +3,7 @@
 #pragma once
 
 #include <filesystem>
+#include <system_error>
 
 #include "base/Text.h"
 
@@ -15,7 +16,12 @@ class TemporaryFolder {
         const std::filesystem::path all = std::filesystem::temp_directory_path();
         for (int number = 0; path_.empty(); ++number) {
             const std::filesystem::path free = all / base::text("huebrush-test-", number);
-            if (std::filesystem::create_directory(free)) path_ = free;
+            std::error_code error;
+            if (std::filesystem::create_directory(free, error)) path_ = free;
+            // It exists without any error, or with one when another test removes it meanwhile.
+            if (error && error != std::errc::file_exists) {
+                throw std::filesystem::filesystem_error("no temporary folder", free, error);
+            }
         }
     }
     TemporaryFolder(const TemporaryFolder&) = delete;
