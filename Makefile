@@ -99,7 +99,7 @@ windows:
 # The same behind other work; what it prints comes at its end, in full only where it failed.
 windows-behind:
 	@mkdir -p build
-	@nice -n 19 $(MAKE) --no-print-directory windows >build/windows.log 2>&1 || \
+	@$(MAKE) --no-print-directory windows >build/windows.log 2>&1 || \
 	  { cat build/windows.log; exit 1; }
 	@tail -n 1 build/windows.log
 
