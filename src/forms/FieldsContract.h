@@ -17,6 +17,7 @@
 #include "forms/Controls.h"
 #include "forms/DataSource.h"
 #include "forms/Form.h"
+#include "forms/OnShownForm.h"
 #include "forms/Runtime.h"
 
 /// The rules of fields, lists and what is bound to records, as tests that hold on every port.
@@ -109,51 +110,18 @@ class FieldsForm final : public Form {
     void unloadElements() override { pictures.clear(); }
 };
 
-using Happenings = std::vector<std::string>;
-
 /// A port with such a form shown.
 template <class Port>
-class FieldsTest : public ::testing::Test {
+class FieldsTest : public OnShownForm<Port, FieldsForm> {
  protected:
-    FieldsTest() {
-        port.runtime().UnhandledError.connect(
-            [this](const base::Error& error) { unhandled.push_back(error.number()); }, this);
-        form->Show();
-        port.settle();
-    }
-    ~FieldsTest() override {
-        if (form) form->Unload();
-        port.runtime().UnhandledError.disconnect(this);
-    }
-
-    template <class Subject, class Happening>
-    void watch(Subject& control, Happening Subject::*event) {
-        (control.*event).connect([this, &control] { events.push_back(control.name()); });
-    }
-    Happenings takeEvents() { return std::exchange(events, {}); }
-    /// The number of the error that an action throws; 0 for none.
-    template <class Action>
-    static std::int32_t errorOf(const Action& action) {
-        try {
-            action();
-        } catch (const base::Error& error) {
-            return error.number();
-        }
-        return 0;
-    }
     void bind() {
-        form->field.bind(records, "Name");
-        form->count.bind(records, "Count");
-        form->ok.SetFocus();
-        port.settle();
+        this->form->field.bind(records, "Name");
+        this->form->count.bind(records, "Count");
+        this->form->ok.SetFocus();
+        this->port.settle();
     }
 
-    Port port;
-    RuntimeScope scope{port.runtime()};
-    std::shared_ptr<FieldsForm> form = std::make_shared<FieldsForm>();
     std::shared_ptr<SampleRecords> records = std::make_shared<SampleRecords>();
-    Happenings events;
-    std::vector<std::int32_t> unhandled;
 };
 
 template <class Port>
@@ -190,7 +158,7 @@ TYPED_TEST_P(FieldsContract, RemovingTheCurrentItemLeavesNoneCurrentWithoutAClic
     EXPECT_EQ(list.ListIndex, -1);
     EXPECT_TRUE(this->takeEvents().empty());
     list.ListIndex = std::int16_t{0};
-    EXPECT_EQ(this->takeEvents(), Happenings{"list"});
+    EXPECT_EQ(this->takeEvents(), Names{"list"});
 }
 
 TYPED_TEST_P(FieldsContract, RemovingAnotherItemKeepsTheCurrentOne) {
@@ -237,15 +205,15 @@ TYPED_TEST_P(FieldsContract, AUsersPickRaisesClickWithTheLineCurrent) {
     list.Click.connect(
         [&] { this->events.push_back(list.ListIndex < 0 ? "none" : list.List(list.ListIndex)); });
     this->port.pick(list, 1);
-    EXPECT_EQ(this->takeEvents(), Happenings{"b"});
+    EXPECT_EQ(this->takeEvents(), Names{"b"});
     list.RemoveItem(1);
     list.AddItem("d");
     this->port.settle();
     this->port.pick(list, 2);
-    EXPECT_EQ(this->takeEvents(), Happenings{"d"});
+    EXPECT_EQ(this->takeEvents(), Names{"d"});
     list.ListIndex = std::int16_t{-1};
     this->port.settle();
-    EXPECT_EQ(this->takeEvents(), Happenings{"none"});
+    EXPECT_EQ(this->takeEvents(), Names{"none"});
     EXPECT_EQ(list.ListIndex, -1);
 }
 
@@ -258,7 +226,7 @@ TYPED_TEST_P(FieldsContract, TypingMovesTheFocusThereAndRaisesChangeWithTheNewTe
     this->watch(this->form->field, &TextBox::Change);
     this->port.type(this->form->field, "c");
     EXPECT_EQ(this->form->field.Text.get(), "abc");
-    EXPECT_EQ(this->takeEvents(), Happenings{"field"});
+    EXPECT_EQ(this->takeEvents(), Names{"field"});
     EXPECT_EQ(this->form->focused(), &this->form->field);
     EXPECT_EQ(this->form->field.SelStart(), 3);
 }
@@ -269,7 +237,7 @@ TYPED_TEST_P(FieldsContract, TextThatTheProgramSetsIsNoTyping) {
     this->form->notes.Text = std::string("one\r\ntwo");
     this->port.settle();
     this->port.settle();
-    EXPECT_EQ(this->takeEvents(), Happenings{"field"});
+    EXPECT_EQ(this->takeEvents(), Names{"field"});
     EXPECT_EQ(this->form->notes.Text.get(), "one\r\ntwo");
     EXPECT_EQ(this->form->field.SelStart(), 0);
 }
@@ -332,15 +300,15 @@ TYPED_TEST_P(FieldsContract, BoundControlsShowTheCurrentRecord) {
 TYPED_TEST_P(FieldsContract, TheFirstChangeBeginsTheEditAndTheTextGoesOverWithTheFocus) {
     this->bind();
     this->port.type(this->form->field, "1");
-    EXPECT_EQ(this->records->takeEvents(), Happenings{"edit Name"});
+    EXPECT_EQ(this->records->takeEvents(), Names{"edit Name"});
     this->port.type(this->form->field, "2");
     EXPECT_TRUE(this->records->takeEvents().empty()) << "it has begun";
     this->port.click(this->form->ok);
-    EXPECT_EQ(this->records->takeEvents(), Happenings{"Name=first12"});
+    EXPECT_EQ(this->records->takeEvents(), Names{"Name=first12"});
     this->form->close.SetFocus();
     EXPECT_TRUE(this->records->takeEvents().empty()) << "it has gone over";
     this->port.type(this->form->field, "3");
-    EXPECT_EQ(this->records->takeEvents(), Happenings{"edit Name"}) << "and the next one begins";
+    EXPECT_EQ(this->records->takeEvents(), Names{"edit Name"}) << "and the next one begins";
 }
 
 TYPED_TEST_P(FieldsContract, TheTextGoesOverBeforeAButtonIsPressed) {
@@ -348,7 +316,7 @@ TYPED_TEST_P(FieldsContract, TheTextGoesOverBeforeAButtonIsPressed) {
     this->form->ok.Click.connect([this] { this->records->events.push_back("ok"); });
     this->port.type(this->form->field, "1");
     this->port.click(this->form->ok);
-    EXPECT_EQ(this->records->takeEvents(), (Happenings{"edit Name", "Name=first1", "ok"}));
+    EXPECT_EQ(this->records->takeEvents(), (Names{"edit Name", "Name=first1", "ok"}));
 }
 
 TYPED_TEST_P(FieldsContract, TheTextGoesOverBeforeTheRecordIsWrittenOrLeft) {
@@ -371,7 +339,7 @@ TYPED_TEST_P(FieldsContract, ACancelledEditShowsTheRecordAgain) {
     this->port.settle();
     EXPECT_EQ(this->form->field.Text.get(), "first");
     this->form->ok.SetFocus();
-    EXPECT_EQ(this->records->takeEvents(), Happenings{"edit Name"}) << "nothing went over";
+    EXPECT_EQ(this->records->takeEvents(), Names{"edit Name"}) << "nothing went over";
 }
 
 TYPED_TEST_P(FieldsContract, WithoutARecordABoundBoxTakesTypingBack) {
@@ -381,7 +349,7 @@ TYPED_TEST_P(FieldsContract, WithoutARecordABoundBoxTakesTypingBack) {
     this->port.settle();
     EXPECT_EQ(this->form->field.Text.get(), "");
     this->form->ok.SetFocus();
-    EXPECT_EQ(this->records->takeEvents(), Happenings{"edit Name"});
+    EXPECT_EQ(this->records->takeEvents(), Names{"edit Name"});
 }
 
 TYPED_TEST_P(FieldsContract, ATextThatIsRefusedStopsTheUpdateAndNotTheFocus) {
@@ -400,7 +368,7 @@ TYPED_TEST_P(FieldsContract, ATextThatIsRefusedStopsTheUpdateAndNotTheFocus) {
 TYPED_TEST_P(FieldsContract, TextThatTheProgramSetsInABoundBoxIsAnEditToo) {
     this->bind();
     this->form->field.Text = std::string("new");
-    EXPECT_EQ(this->records->takeEvents(), Happenings{"edit Name"});
+    EXPECT_EQ(this->records->takeEvents(), Names{"edit Name"});
     this->records->update();
     EXPECT_EQ(this->records->records[0]["Name"], "new");
 }

@@ -15,6 +15,7 @@
 #include "forms/ControlArray.h"
 #include "forms/Controls.h"
 #include "forms/Form.h"
+#include "forms/OnShownForm.h"
 #include "forms/PopupMenu.h"
 #include "forms/Runtime.h"
 #include "forms/UserControl.h"
@@ -92,55 +93,24 @@ class SampleForm final : public Form {
     void unloadElements() override { rows.clear(); }
 };
 
-using Names = std::vector<std::string>;
-
 template <class Port>
-class FormsContract : public ::testing::Test {
+class FormsContract : public OnShownForm<Port, SampleForm> {
  protected:
-    FormsContract() {
-        port.runtime().UnhandledError.connect(
-            [this](const base::Error& error) { unhandled.push_back(error.number()); }, this);
-        form->Show();
-        port.settle();
-    }
-    ~FormsContract() override {
-        if (form) form->Unload();
-        port.runtime().UnhandledError.disconnect(this);
-    }
-
     /// Notes that a control gains and loses the focus.
     void watchFocus(Control& control) {
-        control.GotFocus.connect([this, &control] { events.push_back("+" + control.name()); });
-        control.LostFocus.connect([this, &control] { events.push_back("-" + control.name()); });
+        control.GotFocus.connect(
+            [this, &control] { this->events.push_back("+" + control.name()); });
+        control.LostFocus.connect(
+            [this, &control] { this->events.push_back("-" + control.name()); });
     }
-    template <class Subject, class Happening>
-    void watch(Subject& control, Happening Subject::*event) {
-        (control.*event).connect([this, &control] { events.push_back(control.name()); });
-    }
-    Names takeEvents() { return std::exchange(events, {}); }
     Row& loadRow(std::int16_t index) {
-        form->rows.Load(index);
-        form->rows[index].Top = 630.0 * (index - 1);
-        form->rows[index].Visible = true;
-        port.settle();
-        return form->rows[index];
+        auto& rows = this->form->rows;
+        rows.Load(index);
+        rows[index].Top = 630.0 * (index - 1);
+        rows[index].Visible = true;
+        this->port.settle();
+        return rows[index];
     }
-    /// The number of the error that an action throws; 0 for none.
-    template <class Action>
-    static std::int32_t errorOf(const Action& action) {
-        try {
-            action();
-        } catch (const base::Error& error) {
-            return error.number();
-        }
-        return 0;
-    }
-
-    Port port;
-    RuntimeScope scope{port.runtime()};
-    std::shared_ptr<SampleForm> form = std::make_shared<SampleForm>();
-    Names events;
-    std::vector<std::int32_t> unhandled;
 };
 
 TYPED_TEST_SUITE_P(FormsContract);

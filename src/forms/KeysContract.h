@@ -43,9 +43,9 @@ TYPED_TEST_P(KeysContract, ATextBoxHearsTheKeysAroundTheChangeThatTheyMake) {
     this->watchKeys(this->form->field);
     this->focus(this->form->field);
     this->keys({"k"});
-    EXPECT_EQ(this->takeEvents(), (Happenings{"down 75", "press 107", "k", "up 75"}));
+    EXPECT_EQ(this->takeEvents(), (Names{"down 75", "press 107", "k", "up 75"}));
     this->keys({"Left"});
-    EXPECT_EQ(this->takeEvents(), (Happenings{"down 37", "up 37"}));
+    EXPECT_EQ(this->takeEvents(), (Names{"down 37", "up 37"}));
 }
 
 TYPED_TEST_P(KeysContract, ReturnIsKeptByABoxThatListensAndGoesToTheDefaultButtonFromAnother) {
@@ -61,7 +61,7 @@ TYPED_TEST_P(KeysContract, ReturnIsKeptByABoxThatListensAndGoesToTheDefaultButto
     this->form->field.KeyPress = {};
     this->focus(this->form->field);
     this->keys({"Return"});
-    EXPECT_EQ(this->takeEvents(), Happenings{"ok"});
+    EXPECT_EQ(this->takeEvents(), Names{"ok"});
 }
 
 TYPED_TEST_P(KeysContract, ReturnEndsALineOfABoxWithSeveral) {
@@ -80,7 +80,7 @@ TYPED_TEST_P(KeysContract, EscapePressesTheCancelButtonFromEverywhere) {
                                                      &this->form->ok, &this->form->list}) {
         this->focus(*from);
         this->keys({"Escape"});
-        EXPECT_EQ(this->takeEvents(), Happenings{"close"}) << from->name();
+        EXPECT_EQ(this->takeEvents(), Names{"close"}) << from->name();
         EXPECT_EQ(this->form->focused(), &this->form->close);
     }
     this->form->close.Enabled = false;
@@ -132,9 +132,9 @@ TYPED_TEST_P(KeysContract, TheFirstKeyInABoundBoxBeginsTheEdit) {
     this->keys({"End"});
     EXPECT_TRUE(this->records->takeEvents().empty());
     this->keys({"BackSpace", "x"});
-    EXPECT_EQ(this->records->takeEvents(), Happenings{"edit Name"});
+    EXPECT_EQ(this->records->takeEvents(), Names{"edit Name"});
     this->keys({"Tab"});
-    EXPECT_EQ(this->records->takeEvents(), Happenings{"Name=firsx"});
+    EXPECT_EQ(this->records->takeEvents(), Names{"Name=firsx"});
 }
 
 TYPED_TEST_P(KeysContract, EscapeCancelsTheEditOfABoundBox) {
@@ -145,7 +145,7 @@ TYPED_TEST_P(KeysContract, EscapeCancelsTheEditOfABoundBox) {
     this->keys({"x"});
     EXPECT_EQ(this->form->field.Text.get(), "xfirst");
     this->keys({"Escape"});
-    EXPECT_EQ(this->records->takeEvents(), (Happenings{"edit Name", "Name=xfirst"}));
+    EXPECT_EQ(this->records->takeEvents(), (Names{"edit Name", "Name=xfirst"}));
     EXPECT_EQ(this->form->field.Text.get(), "first");
     EXPECT_EQ(this->records->text("Name"), "first");
 }
@@ -166,7 +166,7 @@ TYPED_TEST_P(KeysContract, AModalFormOverAnotherReturnsWhenItIsUnloaded) {
     modal->Show(true);
     this->events.push_back("closed");
     this->port.settle();
-    EXPECT_EQ(this->takeEvents(), (Happenings{"open", "closed"}));
+    EXPECT_EQ(this->takeEvents(), (Names{"open", "closed"}));
     EXPECT_EQ(this->form->focused(), &this->form->field);
     EXPECT_TRUE(modal->isUnloaded());
     EXPECT_FALSE(this->form->isUnloaded());
