@@ -8,17 +8,16 @@ import sys
 import tempfile
 import unittest
 
+from interruption import InterruptibleCase, interrupt_on_request
 from screen import Screen, comes_soon, wait_until
 from writer import Writer
-
-from office import end_cleanly_on_request
 
 
 # A little before CTest ends a program of these.
 HANG_LIMIT = 570.0
 
 
-class WriterCase(unittest.TestCase):
+class WriterCase(InterruptibleCase):
     options = None
     # How much larger than usual everything is shown, as on a screen with more dots.
     SCALE = 1
@@ -79,7 +78,7 @@ def run_tests(description):
     parser.add_argument("--extensions", required=True)
     parser.add_argument("--plugin", required=True, choices=["gen", "gtk3"])
     parser.add_argument("--pictures", help="a folder for the screens of failed tests")
-    end_cleanly_on_request()
+    interrupt_on_request()
     faulthandler.dump_traceback_later(HANG_LIMIT)
     WriterCase.options, remaining = parser.parse_known_args()
     unittest.main(argv=[sys.argv[0], *remaining], verbosity=2)

@@ -16,6 +16,7 @@ from pathlib import Path
 import uno  # noqa: F401  # The modules of the office come with it.
 from com.sun.star.beans import NamedValue
 
+from interruption import InterruptibleCase, interrupt_on_request
 from screen import Screen, wait_until
 from writer import Writer
 
@@ -51,7 +52,7 @@ def fills(document):
     return [fill_of(shape) for shape in leaves(document.DrawPage)]
 
 
-class UndoTest(unittest.TestCase):
+class UndoTest(InterruptibleCase):
     def setUp(self):
         folder = tempfile.TemporaryDirectory(prefix="huebrush-undo-")
         self.addCleanup(folder.cleanup)
@@ -110,6 +111,7 @@ def main():
     parser.add_argument("--office", required=True)
     parser.add_argument("--extensions", required=True)
     options, rest = parser.parse_known_args()
+    interrupt_on_request()
     unittest.main(argv=[sys.argv[0], "-v", *rest])
 
 
