@@ -7,6 +7,7 @@
 #include <span>
 #include <vector>
 
+#include "base/Color.h"
 #include "base/Picture.h"
 
 namespace huebrush::base {
@@ -36,7 +37,13 @@ inline constexpr std::uint64_t kMostPixels = 16'000'000;
 std::vector<std::uint8_t> bitmapFile(std::int32_t width, std::int32_t height, int bytesOfPixel,
                                      const std::vector<std::uint8_t>& pixels);
 
-/// The same as a picture of four bytes a pixel; the colours are not multiplied by the alpha.
+/// The bytes of a bitmap file without alpha: the pixels before a white ground.
+std::vector<std::uint8_t> bitmapOnWhite(const Pixels& pixels);
+
+/// The bytes of a bitmap file of one colour throughout, as small as one can be without compression.
+std::vector<std::uint8_t> bitmapFileIn(Rgb color, std::int32_t width, std::int32_t height);
+
+/// A picture of four bytes a pixel; the colours are not multiplied by the alpha.
 Picture bitmapOf(std::int32_t width, std::int32_t height, const std::vector<std::uint8_t>& pixels);
 Picture bitmapOf(const Pixels& pixels);
 

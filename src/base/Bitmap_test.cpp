@@ -68,6 +68,23 @@ TEST(Bitmaps, WrittenOnesReadBack) {
     EXPECT_EQ(decodeBitmap(bitmapFile(2, 1, 3, colors)), opaque);
 }
 
+TEST(Bitmaps, BeforeAWhiteGroundHaveNoAlpha) {
+    const Pixels given{3, 1, {10, 20, 30, 255, 10, 20, 30, 0, 0, 100, 255, 51}};
+    EXPECT_EQ(decodeBitmap(bitmapOnWhite(given)),
+              (Pixels{3, 1, {10, 20, 30, 255, 255, 255, 255, 255, 204, 224, 255, 255}}));
+}
+
+TEST(Bitmaps, OfOneColourReadBack) {
+    const Bytes file = bitmapFileIn(rgb(3, 2, 1), 33, 2);
+    EXPECT_EQ(file.size(), 14U + 40U + 8U + 2U * 8U);
+    const Pixels read = decodeBitmap(file);
+    EXPECT_EQ(read.width, 33);
+    EXPECT_EQ(read.height, 2);
+    Bytes expected;
+    for (int i = 0; i < 66; ++i) expected.insert(expected.end(), {1, 2, 3, 255});
+    EXPECT_EQ(read.bytes, expected);
+}
+
 TEST(Bitmaps, KeepTheFourthByteOfPixelsWithoutBitFields) {
     const Pixels clear{1, 1, {1, 2, 3, 0}};
     Pixels read = decodeBitmap(bitmapOf(clear).bytes());

@@ -69,23 +69,6 @@ bool hasOwnColors(const ContextReference& context) {
     return kVersion >= kFirstWithOwnColors;
 }
 
-/// The pixels before a white ground, as a bitmap without transparency. The office's own bitmap file
-/// gives a size that is not its own, and other programs refuse it.
-std::vector<std::uint8_t> bitmapOnWhite(const base::Pixels& pixels) {
-    constexpr int kWhite = 255;
-    constexpr int kColors = 3;
-    std::vector<std::uint8_t> colors;
-    colors.reserve(pixels.bytes.size() / base::Pixels::kBytes * kColors);
-    for (std::size_t at = 0; at < pixels.bytes.size(); at += base::Pixels::kBytes) {
-        const int alpha = pixels.bytes[at + kColors];
-        for (std::size_t i = 0; i < kColors; ++i) {
-            const int blended = pixels.bytes[at + i] * alpha + kWhite * (kWhite - alpha);
-            colors.push_back(static_cast<std::uint8_t>((blended + kWhite / 2) / kWhite));
-        }
-    }
-    return base::bitmapFile(pixels.width, pixels.height, kColors, colors);
-}
-
 }  // namespace
 
 base::Picture pictureOf(const ContextReference& context, const ShapeReference& shape) {
@@ -107,7 +90,9 @@ base::Picture pictureOf(const ContextReference& context, const ShapeReference& s
     if (bytes.empty()) {
         throw base::Error(base::ErrorNumber::kInvalidPicture, "Objekt nelze vykreslit.");
     }
-    return base::loadPicture(bitmapOnWhite(isPng ? pixelsOfPng(bytes) : base::decodeBitmap(bytes)));
+    // The office's own bitmap file gives a size that is not its own, and other programs refuse it.
+    return base::loadPicture(
+        base::bitmapOnWhite(isPng ? pixelsOfPng(bytes) : base::decodeBitmap(bytes)));
 }
 
 }  // namespace huebrush::libreoffice

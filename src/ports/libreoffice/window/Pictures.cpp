@@ -4,6 +4,7 @@
 
 #include <com/sun/star/awt/XBitmap.hpp>
 
+#include "base/Bitmap.h"
 #include "error/mError.h"
 #include "ports/libreoffice/uno/Graphics.h"
 
@@ -16,6 +17,14 @@ namespace {
 /// Beyond this many, some are likely not to be shown any more.
 constexpr std::size_t kMostKept = 1024;
 
+/// The same picture in a form that the office reads, which does not know every bitmap file.
+base::Picture inKnownForm(const base::Picture& picture) {
+    if (picture.format() != base::PictureFormat::bitmap) return picture;
+    base::Pixels pixels = base::decodeBitmap(picture.bytes());
+    base::ignoreUnusedAlpha(pixels);
+    return {base::PictureFormat::bitmap, base::bitmapOnWhite(pixels)};
+}
+
 }  // namespace
 
 Pictures::Drawable Pictures::drawable(const base::Picture& picture,
@@ -27,8 +36,8 @@ Pictures::Drawable Pictures::drawable(const base::Picture& picture,
     if (known_.size() >= kMostKept) known_.clear();
     Drawable drawable;
     error::ignoring([&] {
-        const css::uno::Reference<css::awt::XBitmap> bitmap(graphicOf(context_, picture),
-                                                            css::uno::UNO_QUERY);
+        const css::uno::Reference<css::awt::XBitmap> bitmap(
+            graphicOf(context_, inKnownForm(picture)), css::uno::UNO_QUERY);
         if (!bitmap.is()) return;
         drawable.bitmap = device->createDisplayBitmap(bitmap);
         drawable.size = bitmap->getSize();
