@@ -7,6 +7,7 @@
 #include <variant>
 
 #include "fill/RecordColumns.h"
+#include "palette/SolidFill.h"
 
 namespace huebrush::palette {
 
@@ -17,6 +18,7 @@ jet::Table::Values valuesOf(const jet::Table& elements, const fill::FillProperti
         if (std::holds_alternative<float>(value)) value = jet::toLong(value);
         values.emplace_back(&elements.column(property.name), value);
     });
+    values.emplace_back(&elements.column("FillPreview"), previewOf(fill));
     return values;
 }
 

@@ -7,9 +7,9 @@
 
 namespace huebrush::palette {
 
-/// A fill as the columns of its row: all but the keys and the preview. Transparency and degree
-/// become whole numbers; overflow error (6) where they have none. Whether the texture is unknown
-/// has no column.
+/// A fill as the columns of its row: all but the keys, with the preview that `previewOf` gives.
+/// Transparency and degree become whole numbers; overflow error (6) where they have none. Whether
+/// the texture is unknown has no column.
 jet::Table::Values valuesOf(const jet::Table& elements, const fill::FillProperties& fill);
 
 /// The fill in a row; a text that is null is empty. Error 94 for a number that is null.

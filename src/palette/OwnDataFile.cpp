@@ -6,12 +6,13 @@
 #include <string>
 #include <vector>
 
-#include "base/Bitmap.h"
 #include "base/Color.h"
-#include "fill/CFill.h"
 #include "forms/Runtime.h"
 #include "jet/file/MemoryFiles.h"
 #include "palette/DataFile.h"
+#include "palette/FillRecord.h"
+#include "palette/PaletteFile.h"
+#include "palette/SolidFill.h"
 #include "palette/mMakeDatabase.h"
 
 namespace huebrush::palette {
@@ -20,8 +21,6 @@ namespace {
 
 constexpr const char* kMade = "OwnFileMade";
 constexpr const char* kDraft = "/fill.mdb";
-constexpr std::int32_t kPreviewWidth = 81;
-constexpr std::int32_t kPreviewHeight = 25;
 
 struct FirstPalette {
     const char* name;
@@ -52,56 +51,26 @@ const std::vector<FirstPalette>& firstPalettes() {
     return palettes;
 }
 
-jet::Bytes previewOf(base::Rgb color) {
-    constexpr std::size_t kPixels = std::size_t{kPreviewWidth} * std::size_t{kPreviewHeight};
-    std::vector<std::uint8_t> pixels;
-    pixels.reserve(3 * kPixels);
-    for (std::size_t i = 0; i < kPixels; ++i) {
-        pixels.insert(pixels.end(), {base::blue(color), base::green(color), base::red(color)});
-    }
-    return base::bitmapFile(kPreviewWidth, kPreviewHeight, 3, pixels);
-}
-
-void addFill(jet::Recordset& elements, base::Rgb color) {
-    fill::FillProperties solid;
-    solid.Visible = host::MsoTriState::msoTrue;
-    solid.Type = host::MsoFillType::msoFillSolid;
-    solid.ForeColorRGB = color;
-    solid.BackColorRGB = base::rgb(0xFF, 0xFF, 0xFF);
-    fill::CFill fill;
-    fill.setDestination(solid);
-    fill.FillToRecordset(elements);
-    elements.SetField("FillPreview", previewOf(color));
-}
-
-void addPalette(jet::Recordset& groups, jet::Recordset& elements, const FirstPalette& palette) {
-    groups.AddNew();
-    groups.SetField("Name", std::string(palette.name));
-    groups.SetField("Description", std::string(palette.description));
-    groups.SetField("Count", static_cast<std::int32_t>(palette.colors.size()));
-    groups.Update();
-    std::int32_t order = 0;
+void addPalette(PaletteAdder& adder, const FirstPalette& palette) {
+    const jet::Table& groups = adder.groups();
+    const PaletteSink::Values group{
+        {&groups.column("Name"), std::string(palette.name)},
+        {&groups.column("Description"), std::string(palette.description)}};
+    adder.begin(group);
     for (const std::int32_t color : palette.colors) {
-        elements.AddNew();
-        addFill(elements, base::swapRedAndBlue(color));
-        elements.SetField("GroupID", groups.Field("ID"));
-        elements.SetField("OrderNumber", order++);
-        elements.UpdateBatch();
+        adder.fill(valuesOf(adder.elements(), solidFill(base::swapRedAndBlue(color))));
     }
+    adder.end(group);
 }
 
 /// The whole file.
 jet::Bytes firstFile() {
     jet::MemoryFiles files;
     MakeDatabase(kDraft, files);
-    jet::Connection connection(files);
-    openDatabase(connection, kDraft);
-    connection.inOneCommit([&] {
-        jet::Recordset groups;
-        jet::Recordset elements;
-        groups.Open(kPalettesQuery, connection);
-        elements.Open(kFillsQuery, connection);
-        for (const FirstPalette& each : firstPalettes()) addPalette(groups, elements, each);
+    const auto database = jet::Database::open(files, kDraft);
+    database->change([&] {
+        PaletteAdder adder(*database);
+        for (const FirstPalette& each : firstPalettes()) addPalette(adder, each);
     });
     return *files.files.at(kDraft);
 }

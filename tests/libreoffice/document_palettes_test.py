@@ -1,14 +1,18 @@
 # SPDX-License-Identifier: MPL-2.0
 """Palettes laid onto documents, and made from them, by the program."""
 
+import base64
 import csv
 import io
 import json
 import shutil
 import subprocess
 import unittest
+from pathlib import Path
 
-from documents_test import LIMIT, OnDocuments
+import uno
+
+from documents_test import LIMIT, OnDocuments, PrivateOffice
 
 # The properties of a fill that a palette file keeps, as its columns are called.
 COLUMNS = ["Visible", "ForeColorRGB", "BackColorRGB", "Transparency", "GradientStyle",
@@ -65,8 +69,8 @@ class OnPalettes(OnDocuments):
 
     def exported(self, file, table):
         """The rows of a table as mdb-export prints them."""
-        printed = subprocess.run(["mdb-export", file, table], check=True, timeout=LIMIT,
-                                 stdout=subprocess.PIPE).stdout.decode()
+        printed = subprocess.run(["mdb-export", "-b", "hex", file, table], check=True,
+                                 timeout=LIMIT, stdout=subprocess.PIPE).stdout.decode()
         return list(csv.DictReader(io.StringIO(printed, newline="")))
 
 
@@ -161,7 +165,12 @@ class Saving(OnPalettes):
             self.assertEqual({name: element[name] for name in COLUMNS},
                              {name: str(value) for name, value in expected.items()})
             self.assertEqual(element["OrderNumber"], str(order))
-        self.assertEqual({each["FillPreview"] for each in self.dump(file)[0]["elements"]}, {None})
+        for element in self.dump(file)[0]["elements"]:
+            drawn = (element["Visible"], element["Type"], element["Transparency"]) == (-1, 1, 0)
+            self.assertEqual(element["FillPreview"] is not None, drawn)
+            if drawn:
+                bitmap = base64.b64decode(element["FillPreview"])
+                self.assertEqual(bitmap[54:57], element["ForeColorRGB"].to_bytes(3, "big"))
 
     def test_says_what_a_palette_file_rounds(self):
         document = self.folder / "half.odt"
@@ -207,6 +216,24 @@ class Saving(OnPalettes):
                             folder / "none.odt")
         self.assertEqual([path.name for path in folder.iterdir()], ["other.mdb"])
         shutil.rmtree(folder)
+
+
+class Exporting(OnPalettes):
+    def test_writes_a_colour_table_that_the_office_takes_for_its_own(self):
+        """The office reads a table of this name in the folder of its user's palettes."""
+        red, blue = 0x0000C0, 0xC07000
+        self.add("Podzim", [solid(red), solid(blue), gradient(1, 2), solid(red)])
+        with PrivateOffice() as office:
+            paths = office.context.getValueByName("/singletons/com.sun.star.util.thePathSettings")
+            palettes = Path(uno.fileUrlToSystemPath(paths.getPropertyValue("Palette_writable")))
+            palettes.mkdir(parents=True, exist_ok=True)
+            done = self.run_program("palette", "export", self.file, "Podzim", "-o",
+                                    palettes / "standard.soc")
+            self.assertEqual(done.returncode, 3, done.stderr)
+            table = office.create("com.sun.star.drawing.ColorTable")
+            colors = {name: table.getByName(name) for name in table.getElementNames()}
+        self.assertEqual(colors, {"#C00000": 0xC00000, "#0070C0": 0x0070C0,
+                                  "#C00000 (2)": 0xC00000})
 
 
 if __name__ == "__main__":

@@ -3,6 +3,7 @@
 Adobe. What is written is read by the npm package anypalette, which also writes what is read here,
 and a palette file by mdb-export."""
 
+import base64
 import json
 import os
 import random
@@ -11,7 +12,7 @@ import subprocess
 import unittest
 from pathlib import Path
 
-from other_readers import NODE_FOLDER, NULL, export, output_of
+from other_readers import NODE_FOLDER, NULL, export, exported_text, output_of
 from program import LIMIT, OnPaletteFiles, element, huebrush, palette
 
 FORMATS = ("gpl", "soc", "ase")
@@ -21,7 +22,7 @@ OFFICE_PALETTES = Path("/usr/lib/libreoffice/share/palette")
 SOLID = {"Visible": -1, "BackColorRGB": 0xFFFFFF, "Transparency": 0, "GradientStyle": -2,
          "GradientColorType": -2, "GradientVariant": -2, "GradientDegree": 0,
          "PresetGradientType": -2, "TextureType": -2, "Type": 1, "PresetTexture": -2,
-         "TextureName": "", "Pattern": -2, "PictureName": "", "FillPreview": None}
+         "TextureName": "", "Pattern": -2, "PictureName": ""}
 
 
 def number_of(color):
@@ -29,8 +30,17 @@ def number_of(color):
     return red | green << 8 | blue << 16
 
 
+def preview_in(color):
+    """A bitmap of 81 by 25 pixels, one bit each, and a table of two colours that are the same."""
+    rows = bytes(12 * 25)
+    header = struct.pack("<IiiHHIIiiII", 40, 81, 25, 1, 1, 0, len(rows), 0, 0, 0, 0)
+    return (b"BM" + struct.pack("<IHHI", 62 + len(rows), 0, 0, 62) + header +
+            bytes((*reversed(color), 0)) * 2 + rows)
+
+
 def solid(order, color, **others):
-    return {"OrderNumber": order, "ForeColorRGB": number_of(color), **SOLID, **others}
+    return {"OrderNumber": order, "ForeColorRGB": number_of(color), **SOLID,
+            "FillPreview": base64.b64encode(preview_in(color)).decode(), **others}
 
 
 class OnOtherPrograms(OnPaletteFiles):
@@ -99,10 +109,16 @@ class Import(OnOtherPrograms):
                     for i, color in enumerate(COLORS)]
         for row, fill in zip(rows, expected, strict=True):
             for column, text in zip(header, row, strict=True):
-                if fill[column] in ("", None):
-                    self.assertIn(text, ("", NULL), column)
-                else:
-                    self.assertEqual(text, str(fill[column]), column)
+                self.assertIn(text, exported_text(fill[column], column), column)
+
+    def test_gives_each_colour_a_preview_that_another_program_reads(self):
+        self.run_program("import", self.file,
+                         self.written_by_another_program("a.gpl", "A", COLORS))
+        for fill, color in zip(self.dump()[0]["elements"], COLORS, strict=True):
+            bitmap = self.written("preview.bmp", base64.b64decode(fill["FillPreview"]))
+            self.assertEqual(output_of("convert", bitmap, "-unique-colors", "-format",
+                                       "%wx%h %[hex:p{0,0}]", "info:"),
+                             "1x1 %02X%02X%02X" % color)
 
     def test_takes_the_palettes_that_come_with_the_office(self):
         found = sorted(OFFICE_PALETTES.glob("*.soc"))
@@ -186,7 +202,8 @@ class Import(OnOtherPrograms):
         swatch = ("RGB ", 1, 0, 0)
         whole = swatches("A", swatch, None, "B", *[swatch] * 32767, None)
         self.run_program("import", self.file, self.written("most.ase", whole))
-        self.assertEqual([each["Count"] for each in self.dump()], [1, 32767])
+        listed = json.loads(self.run_program("list", self.file, "--json"))["palettes"]
+        self.assertEqual([each["Count"] for each in listed], [1, 32767])
         self.assert_refused("more than 32767 colours", "import", self.file, self.written(
             "more.ase", swatches("A", swatch, None, "B", *[swatch] * 32768, None)))
 

@@ -9,30 +9,13 @@
 #include "cli/FillText.h"
 #include "cli/Interrupt.h"
 #include "palette/FillRecord.h"
+#include "palette/SolidFill.h"
 
 namespace huebrush::cli {
 
 namespace {
 
 using base::text;
-
-/// What a host answers for a solid fill: properties that it does not use have fixed values.
-fill::FillProperties solidFill(base::Rgb color) {
-    constexpr base::Rgb kWhite = base::rgb(255, 255, 255);
-    fill::FillProperties fill;
-    fill.Visible = host::MsoTriState::msoTrue;
-    fill.Type = host::MsoFillType::msoFillSolid;
-    fill.ForeColorRGB = color;
-    fill.BackColorRGB = kWhite;
-    fill.GradientStyle = host::kMixed;
-    fill.GradientColorType = host::MsoGradientColorType::msoGradientColorMixed;
-    fill.GradientVariant = host::kMixed;
-    fill.PresetGradientType = host::kMixed;
-    fill.TextureType = host::MsoTextureType::msoTextureTypeMixed;
-    fill.PresetTexture = host::kMixed;
-    fill.Pattern = host::kMixed;
-    return fill;
-}
 
 /// The first name that is more than blanks, in one line.
 std::string firstName(const std::vector<std::string>& names) {
@@ -62,7 +45,7 @@ void addPalette(const ColorPalette& palette, const std::string& name,
     adder.begin(group);
     for (const base::Rgb color : palette.colors) {
         throwIfInterrupted();
-        adder.fill(palette::valuesOf(adder.elements(), solidFill(color)));
+        adder.fill(palette::valuesOf(adder.elements(), palette::solidFill(color)));
     }
     adder.end(group);
 }
