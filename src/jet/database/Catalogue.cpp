@@ -20,11 +20,13 @@ constexpr std::string_view kDataSource = "Data Source=";
 
 void requireProperty(const std::string& name) {
     if (name == kAutoIncrement || name == kAllowZeroLength) return;
-    throw base::Error(ErrorNumber::kNoSuchColumn, text("Vlastnost „", name, "“ neexistuje."));
+    throw Error(ErrorNumber::kNoSuchColumn, text("Vlastnost „", name, "“ neexistuje."),
+                text("there is no property ", name));
 }
 
 [[noreturn]] void throwNotStored() {
-    throw base::Error(ErrorNumber::kClosed, "Katalog nemá otevřenou databázi.");
+    throw Error(ErrorNumber::kClosed, "Katalog nemá otevřenou databázi.",
+                "the catalogue has no open database");
 }
 
 ColumnType typeOf(catalogue::DataType type) {
@@ -36,7 +38,8 @@ ColumnType typeOf(catalogue::DataType type) {
         case catalogue::DataType::adLongVarBinary:
             return ColumnType::ole;
     }
-    throw base::Error(ErrorNumber::kNotSupported, "Druh sloupce není podporován.");
+    throw Error(ErrorNumber::kNotSupported, "Druh sloupce není podporován.",
+                "columns of this type are not supported");
 }
 
 }  // namespace
@@ -45,8 +48,8 @@ std::string dataSource(const std::string& connection) {
     const std::size_t at = connection.find(kDataSource);
     if (connection.rfind(kProvider, 0) != 0 || at == std::string::npos ||
         at + kDataSource.size() == connection.size()) {
-        throw base::Error(ErrorNumber::kNotSupported,
-                          text("Spojení „", connection, "“ nelze otevřít."));
+        throw Error(ErrorNumber::kNotSupported, text("Spojení „", connection, "“ nelze otevřít."),
+                    text("the connection ", connection, " cannot be opened"));
     }
     return connection.substr(at + kDataSource.size());
 }
@@ -67,8 +70,9 @@ bool Column::Property(const std::string& name) const {
 void Table::AppendColumn(const Column& column) {
     const auto same = [&](const Column& each) { return each.Name == column.Name; };
     if (std::any_of(columns_.begin(), columns_.end(), same)) {
-        throw base::Error(ErrorNumber::kAlreadyExists,
-                          text("Sloupec „", column.Name, "“ už v tabulce je."));
+        throw Error(ErrorNumber::kAlreadyExists,
+                    text("Sloupec „", column.Name, "“ už v tabulce je."),
+                    text("the table has a column ", column.Name, " already"));
     }
     columns_.push_back(column);
 }
@@ -85,8 +89,9 @@ Column& Table::ColumnOf(const std::string& name) {
     const auto found = std::find_if(columns_.begin(), columns_.end(),
                                     [&](const Column& each) { return each.Name == name; });
     if (found == columns_.end()) {
-        throw base::Error(ErrorNumber::kNoSuchColumn,
-                          text("Tabulka „", Name, "“ nemá sloupec „", name, "“."));
+        throw Error(ErrorNumber::kNoSuchColumn,
+                    text("Tabulka „", Name, "“ nemá sloupec „", name, "“."),
+                    text("the table ", Name, " has no column ", name));
     }
     return *found;
 }
@@ -99,7 +104,8 @@ void Table::AppendKey(const std::string& name, KeyType type, const std::string& 
                       const std::string& relatedTable, const std::string& relatedColumn) {
     if (!database_) throwNotStored();
     if (type != KeyType::adKeyForeign) {
-        throw base::Error(ErrorNumber::kNotSupported, "Druh klíče není podporován.");
+        throw Error(ErrorNumber::kNotSupported, "Druh klíče není podporován.",
+                    "keys of this type are not supported");
     }
     createRelation(*database_, {name, Name, column, relatedTable, relatedColumn});
 }
@@ -133,8 +139,9 @@ void Catalog::AppendTable(Table& table) {
 void Catalog::SetStoredProperty(const std::string& table, const std::string& column,
                                 const std::string& name, bool value) {
     if (name != kAllowZeroLength) {
-        throw base::Error(ErrorNumber::kNotSupported,
-                          text("Vlastnost „", name, "“ uloženého sloupce nelze změnit."));
+        throw Error(ErrorNumber::kNotSupported,
+                    text("Vlastnost „", name, "“ uloženého sloupce nelze změnit."),
+                    text("the property ", name, " of a stored column cannot be changed"));
     }
     setColumnProperty(open(), table, column, "AllowZeroLength", value);
 }

@@ -28,15 +28,18 @@ constexpr std::uint32_t kTableRights = 0xFFEFF;
 constexpr std::uint32_t kRelationOwnerRights = 0xF00FE;
 constexpr std::uint32_t kRelationRights = 0xFFFFF;
 
-[[noreturn]] void refuse(std::int32_t number, const std::string& message) {
-    throw base::Error(number, message);
-}
-
 void checkName(const std::string& name) {
     const std::size_t length = base::lengthInCharacters(name);
     if (length == 0 || length > kLongestName || !generalKey(name)) {
-        refuse(ErrorNumber::kNotSupported, text("Jméno „", name, "“ nelze v databázi použít."));
+        throw Error(ErrorNumber::kNotSupported, text("Jméno „", name, "“ nelze v databázi použít."),
+                    text("the database cannot have the name ", name));
     }
+}
+
+[[noreturn]] void throwWrongSize(const NewColumn& column) {
+    throw Error(ErrorNumber::kTooLong,
+                text("Sloupec „", column.name, "“ nemůže mít tuto velikost."),
+                text("the column ", column.name, " cannot have this size"));
 }
 
 Column makeColumn(const NewColumn& given, std::size_t number) {
@@ -54,15 +57,13 @@ Column makeColumn(const NewColumn& given, std::size_t number) {
             break;
         case ColumnType::text:
             if (given.size == 0 || given.size > kMostTextCharacters) {
-                refuse(ErrorNumber::kTooLong,
-                       text("Sloupec „", given.name, "“ nemůže mít tuto velikost."));
+                throwWrongSize(given);
             }
             column.length = static_cast<std::uint16_t>(2 * given.size);
             break;
         case ColumnType::binary:
             if (given.size == 0 || given.size > kMostBinaryBytes) {
-                refuse(ErrorNumber::kTooLong,
-                       text("Sloupec „", given.name, "“ nemůže mít tuto velikost."));
+                throwWrongSize(given);
             }
             column.length = static_cast<std::uint16_t>(given.size);
             break;
@@ -70,12 +71,15 @@ Column makeColumn(const NewColumn& given, std::size_t number) {
         case ColumnType::memo:
             break;
         default:
-            refuse(ErrorNumber::kNotSupported,
-                   text("Sloupec „", given.name, "“ nelze založit: jeho druh není podporován."));
+            throw Error(
+                ErrorNumber::kNotSupported,
+                text("Sloupec „", given.name, "“ nelze založit: jeho druh není podporován."),
+                text("the column ", given.name, " cannot be created: its type is not supported"));
     }
     if (given.autonumber && given.type != ColumnType::longInteger) {
-        refuse(ErrorNumber::kWrongType,
-               text("Sloupec „", given.name, "“ nemůže mít automatické číslo."));
+        throw Error(ErrorNumber::kWrongType,
+                    text("Sloupec „", given.name, "“ nemůže mít automatické číslo."),
+                    text("the column ", given.name, " cannot be numbered automatically"));
     }
     column.flags = static_cast<std::uint8_t>(
         DefinitionLayout::kAlways | (column.fixed ? DefinitionLayout::kFixed : 0) |
@@ -119,7 +123,9 @@ void addColumns(TableDefinition& table, const std::vector<NewColumn>& columns) {
     for (const NewColumn& each : columns) {
         checkName(each.name);
         if (table.find(each.name) != nullptr) {
-            refuse(ErrorNumber::kAlreadyExists, text("Sloupec „", each.name, "“ už v tabulce je."));
+            throw Error(ErrorNumber::kAlreadyExists,
+                        text("Sloupec „", each.name, "“ už v tabulce je."),
+                        text("the table has a column ", each.name, " already"));
         }
         Column column = makeColumn(each, table.columns.size());
         column.variableIndex = table.variableColumns;
@@ -140,8 +146,9 @@ void addIndex(Database& database, MapSource& maps, TableDefinition& table, const
     for (const std::string& name : given.columns) {
         const Column* column = table.find(name);
         if (column == nullptr) {
-            refuse(ErrorNumber::kNoSuchColumn,
-                   text("Index „", given.name, "“: tabulka nemá sloupec „", name, "“."));
+            throw Error(ErrorNumber::kNoSuchColumn,
+                        text("Index „", given.name, "“: tabulka nemá sloupec „", name, "“."),
+                        text("the index ", given.name, ": the table has no column ", name));
         }
         keys.push_back({column->number});
     }
@@ -215,14 +222,17 @@ std::string hiddenName(const TableDefinition& table) {
         name += letter;
         if (!names.contains(name)) return name;
     }
-    refuse(ErrorNumber::kNotSupported, text("Tabulka „", table.name, "“ má příliš mnoho vazeb."));
+    throw Error(ErrorNumber::kNotSupported,
+                text("Tabulka „", table.name, "“ má příliš mnoho vazeb."),
+                text("the table ", table.name, " has too many relations"));
 }
 
 const Column& requireColumn(const TableDefinition& table, const std::string& name) {
     const Column* column = table.find(name);
     if (column == nullptr) {
-        refuse(ErrorNumber::kNoSuchColumn,
-               text("Tabulka „", table.name, "“ nemá sloupec „", name, "“."));
+        throw Error(ErrorNumber::kNoSuchColumn,
+                    text("Tabulka „", table.name, "“ nemá sloupec „", name, "“."),
+                    text("the table ", table.name, " has no column ", name));
     }
     return *column;
 }
@@ -241,8 +251,9 @@ std::uint32_t childTree(Database& database, TableDefinition& table, const Column
     table.trees.push_back(makeTree(database, maps, table.page, {{column.number}}));
     const IndexTree& tree = table.trees.back();
     if (!keysKnown(table, tree)) {
-        refuse(ErrorNumber::kNotSupported,
-               text("Pořadí hodnot sloupce „", column.name, "“ v indexu není známo."));
+        throw Error(ErrorNumber::kNotSupported,
+                    text("Pořadí hodnot sloupce „", column.name, "“ v indexu není známo."),
+                    text("the order of the column ", column.name, " in an index is not known"));
     }
     Index index(database.pages(), tree, table.page, &database.space());
     std::uint32_t distinct = 0;
@@ -250,9 +261,11 @@ std::uint32_t childTree(Database& database, TableDefinition& table, const Column
         const auto key = encodeKey(
             table, tree, [&](const Column& each) { return valueOf(database.pages(), row, each); });
         if (!key) {
-            refuse(ErrorNumber::kNotSupported,
-                   text("Sloupec „", column.name,
-                        "“ obsahuje znak, jehož pořadí v indexu není známo."));
+            throw Error(ErrorNumber::kNotSupported,
+                        text("Sloupec „", column.name,
+                             "“ obsahuje znak, jehož pořadí v indexu není známo."),
+                        text("the column ", column.name,
+                             " has a character whose order in an index is not known"));
         }
         if (!index.contains(key->bytes)) ++distinct;
         index.insert(key->bytes, id);
@@ -269,9 +282,11 @@ void requireParents(Database& database, const TableDefinition& table, const Inde
     constexpr std::uint8_t kNull = 0;
     children.walk([&](ByteView key, RowId) {
         if (key[0] != kNull && !parents.contains(key)) {
-            refuse(ErrorNumber::kNoParent,
-                   text("Vazbu nelze založit: řádky tabulky „", table.name,
-                        "“ nemají odpovídající řádky v tabulce „", parent.name, "“."));
+            throw Error(ErrorNumber::kNoParent,
+                        text("Vazbu nelze založit: řádky tabulky „", table.name,
+                             "“ nemají odpovídající řádky v tabulce „", parent.name, "“."),
+                        text("the relation cannot be created: rows of the table ", table.name,
+                             " have no matching row in the table ", parent.name));
         }
         return true;
     });
@@ -304,9 +319,12 @@ void makeRelation(Database& database, const NewRelation& given) {
     const Column& parentColumn = requireColumn(parent, given.parentColumn);
     const auto parentTree = uniqueTree(parent, parentColumn);
     if (!parentTree || column.type != parentColumn.type || child.page == parent.page) {
-        refuse(ErrorNumber::kNotSupported,
-               text("Vazbu „", given.name, "“ nelze založit: sloupec „", given.parentColumn,
-                    "“ tabulky „", given.parentTable, "“ není jedinečným klíčem téhož druhu."));
+        throw Error(
+            ErrorNumber::kNotSupported,
+            text("Vazbu „", given.name, "“ nelze založit: sloupec „", given.parentColumn,
+                 "“ tabulky „", given.parentTable, "“ není jedinečným klíčem téhož druhu."),
+            text("the relation ", given.name, " cannot be created: the column ", given.parentColumn,
+                 " of the table ", given.parentTable, " is not a unique key of the same type"));
     }
     DefinitionCounters childCounters = readCounters(database.pages(), child);
     LogicalIndex here;
@@ -340,7 +358,9 @@ void createTable(Database& database, const NewTable& given) {
     database.change([&] {
         checkName(given.name);
         if (taken(database, ContainerId::kTables, given.name)) {
-            refuse(ErrorNumber::kAlreadyExists, text("Tabulka „", given.name, "“ už existuje."));
+            throw Error(ErrorNumber::kAlreadyExists,
+                        text("Tabulka „", given.name, "“ už existuje."),
+                        text("the table ", given.name, " already exists"));
         }
         TableDefinition table;
         table.name = given.name;
@@ -395,7 +415,9 @@ void createRelation(Database& database, const NewRelation& relation) {
     database.change([&] {
         checkName(relation.name);
         if (taken(database, ContainerId::kRelationships, relation.name)) {
-            refuse(ErrorNumber::kAlreadyExists, text("Vazba „", relation.name, "“ už existuje."));
+            throw Error(ErrorNumber::kAlreadyExists,
+                        text("Vazba „", relation.name, "“ už existuje."),
+                        text("the relation ", relation.name, " already exists"));
         }
         makeRelation(database, relation);
         database.forgetDefinitions();

@@ -9,6 +9,7 @@
 #include "jet/database/Relation.h"
 #include "jet/table/Index.h"
 #include "jet/table/LongValue.h"
+#include "jet/table/Overflow.h"
 
 namespace huebrush::jet {
 
@@ -206,7 +207,7 @@ void Table::giveAutonumbers(Fields& fields) {
         if (fields.at(column)) {
             number = std::get<std::int32_t>(fieldValue(column, fields.at(column)));
         } else {
-            if (last == std::numeric_limits<std::int32_t>::max()) base::throwOverflow();
+            if (last == std::numeric_limits<std::int32_t>::max()) throwOverflow();
             number = last + 1;
             fields.at(column) = encodeField(column, number);
         }

@@ -21,6 +21,7 @@ class Tables : public ::testing::Test {
             database.change(body);
         } catch (const base::Error& error) {
             message = error.description();
+            EXPECT_NE(message, error.what()) << "it is in English for the command line";
             EXPECT_EQ(*file.files.files.at(PaletteFile::kName), before);
             return error.number();
         }

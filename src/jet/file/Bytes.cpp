@@ -56,7 +56,8 @@ std::uint32_t Reader::u32Big(std::size_t at) const {
 
 std::span<std::uint8_t> Writer::stretch(std::size_t at, std::size_t count) const {
     if (at > bytes_.size() || count > bytes_.size() - at) {
-        throw base::Error(base::ErrorNumber::kInternal, "Zápis mimo stranu databáze.");
+        throw Error(base::ErrorNumber::kInternal, "Zápis mimo stranu databáze.",
+                    "something was to be written beyond the end of a page");
     }
     return bytes_.subspan(at, count);
 }

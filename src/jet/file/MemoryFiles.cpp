@@ -15,8 +15,9 @@ using Kind = MemoryFiles::Action::Kind;
 void readFrom(const Bytes& content, const std::string& name, std::uint64_t at,
               std::span<std::uint8_t> out) {
     if (at + out.size() > content.size()) {
-        throw base::Error(ErrorNumber::kFileSystem,
-                          base::text("Soubor „", name, "“ byl během čtení zkrácen."));
+        throw Error(ErrorNumber::kFileSystem,
+                    base::text("Soubor „", name, "“ byl během čtení zkrácen."),
+                    base::text(name, " was cut off while it was read"));
     }
     std::copy_n(content.begin() + static_cast<std::ptrdiff_t>(at), out.size(), out.begin());
 }
@@ -62,10 +63,12 @@ class Hold {
 };
 
 [[noreturn]] void throwMissing(const std::string& name) {
-    throw base::Error(ErrorNumber::kFileNotFound, base::text("Soubor „", name, "“ neexistuje."));
+    throw Error(ErrorNumber::kFileNotFound, base::text("Soubor „", name, "“ neexistuje."),
+                base::text(name, " does not exist"));
 }
 [[noreturn]] void throwTaken(const std::string& name) {
-    throw base::Error(ErrorNumber::kAlreadyExists, base::text("Soubor „", name, "“ už existuje."));
+    throw Error(ErrorNumber::kAlreadyExists, base::text("Soubor „", name, "“ už existuje."),
+                base::text(name, " already exists"));
 }
 
 /// What a killed program has left is overwritten.
@@ -170,8 +173,9 @@ std::unique_ptr<Lock> MemoryFiles::lock(const std::string& name) {
     const auto file = files.find(name);
     if (file == files.end()) throwMissing(name);
     if (locked->contains(file->second)) {
-        throw base::Error(ErrorNumber::kInUse,
-                          base::text("Databázi „", name, "“ má otevřenou jiný program."));
+        throw Error(ErrorNumber::kInUse,
+                    base::text("Databázi „", name, "“ má otevřenou jiný program."),
+                    base::text("another program has ", name, " open"));
     }
     return std::make_unique<MemoryLock>(*this, name, file->second);
 }

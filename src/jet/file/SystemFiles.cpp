@@ -162,7 +162,7 @@ class SystemFiles final : public FileSystem {
     }
     [[noreturn]] static void throwWrite(const std::string& name, const std::error_code& reason) {
         const files::Error error(Problem::write, name, reason.value());
-        throw base::Error(numberOf(error), textOf(error));
+        throw Error(numberOf(error), textOf(error), error.what());
     }
 };
 

@@ -86,7 +86,8 @@ std::uint8_t addRow(Page& page, PageNumber number, ByteView row, std::uint16_t f
     }
     const auto slot = static_cast<std::uint8_t>(index);
     if (!setRow(page, number, slot, row, flags)) {
-        throw base::Error(base::ErrorNumber::kInternal, "Řádek se nevejde na stranu databáze.");
+        throw Error(base::ErrorNumber::kInternal, "Řádek se nevejde na stranu databáze.",
+                    "a row does not fit on its page");
     }
     return slot;
 }

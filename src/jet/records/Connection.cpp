@@ -11,10 +11,14 @@ namespace huebrush::jet {
 
 void Connection::Open(const std::string& connection, const std::string& user,
                       const std::string& password) {
-    if (database_) throw base::Error(ErrorNumber::kAlreadyOpen, "Spojení už je otevřené.");
+    if (database_) {
+        throw Error(ErrorNumber::kAlreadyOpen, "Spojení už je otevřené.",
+                    "the connection is open already");
+    }
     if (user != "Admin" || !password.empty()) {
-        throw base::Error(ErrorNumber::kNoSuchAccount,
-                          base::text("Databáze nezná uživatele „", user, "“ s tímto heslem."));
+        throw Error(ErrorNumber::kNoSuchAccount,
+                    base::text("Databáze nezná uživatele „", user, "“ s tímto heslem."),
+                    base::text("the database has no user ", user, " with this password"));
     }
     const auto database = Database::open(*files_, dataSource(connection));
     // A file that only begins like a database is refused now and not by the first query.
@@ -49,7 +53,10 @@ void Connection::inOneCommit(const std::function<void()>& body) {
 }
 
 const std::shared_ptr<Database>& Connection::database() const {
-    if (!database_) throw base::Error(ErrorNumber::kClosed, "Spojení s databází není otevřené.");
+    if (!database_) {
+        throw Error(ErrorNumber::kClosed, "Spojení s databází není otevřené.",
+                    "the connection is not open");
+    }
     return database_;
 }
 

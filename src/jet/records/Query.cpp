@@ -33,7 +33,8 @@ std::optional<std::int32_t> numberBetween(std::string_view text, std::string_vie
 }
 
 [[noreturn]] void throwSyntax(const std::string& text) {
-    throw base::Error(ErrorNumber::kSyntax, base::text("Dotazu „", text, "“ databáze nerozumí."));
+    throw Error(ErrorNumber::kSyntax, base::text("Dotazu „", text, "“ databáze nerozumí."),
+                base::text("the database does not understand the query ", text));
 }
 
 }  // namespace

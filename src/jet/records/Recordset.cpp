@@ -13,13 +13,15 @@ namespace {
 using base::text;
 
 [[noreturn]] void throwNoRecord() {
-    throw base::Error(ErrorNumber::kNoCurrentRecord, "Žádný záznam není aktuální.");
+    throw Error(ErrorNumber::kNoCurrentRecord, "Žádný záznam není aktuální.",
+                "no record is current");
 }
 
 [[noreturn]] void throwRecordChanged(const std::string& table) {
-    throw base::Error(
-        ErrorNumber::kRowChanged,
-        text("Záznam tabulky „", table, "“ mezitím změnil nebo odstranil jiný program."));
+    throw Error(ErrorNumber::kRowChanged,
+                text("Záznam tabulky „", table, "“ mezitím změnil nebo odstranil jiný program."),
+                text("another program has changed or removed a record of the table ", table,
+                     " in the meantime"));
 }
 
 using Record = std::vector<Value>;
@@ -86,7 +88,10 @@ std::vector<Record> recordsOf(const Table& table, const Query& query) {
 }  // namespace
 
 void Recordset::Open(const std::string& query, const Connection& connection) {
-    if (database_) throw base::Error(ErrorNumber::kAlreadyOpen, "Sada záznamů už je otevřená.");
+    if (database_) {
+        throw Error(ErrorNumber::kAlreadyOpen, "Sada záznamů už je otevřená.",
+                    "the record set is open already");
+    }
     const std::shared_ptr<Database>& database = connection.database();
     query_ = parseQuery(query);
     database->refresh();
@@ -178,8 +183,9 @@ void Recordset::SetField(const std::string& column, const Value& value) {
     const std::size_t at = indexOf(Table(*database_, set_.table), column);
     const Column& changed = set_.table->columns[at];
     if (changed.autonumber) {
-        throw base::Error(ErrorNumber::kReadOnly,
-                          text("Hodnotu sloupce „", column, "“ přiděluje databáze."));
+        throw Error(ErrorNumber::kReadOnly,
+                    text("Hodnotu sloupce „", column, "“ přiděluje databáze."),
+                    text("the database itself assigns the values of the column ", column));
     }
     const bool whole = changed.type == ColumnType::longInteger && !isNull(value);
     waiting_[at] = whole ? Value(toLong(value)) : value;
@@ -219,7 +225,10 @@ void Recordset::Delete() {
 }
 
 void Recordset::requireOpen() const {
-    if (!database_) throw base::Error(ErrorNumber::kClosed, "Sada záznamů není otevřená.");
+    if (!database_) {
+        throw Error(ErrorNumber::kClosed, "Sada záznamů není otevřená.",
+                    "the record set is not open");
+    }
 }
 
 void Recordset::requireCurrent() {
@@ -244,8 +253,9 @@ Recordset::Set Recordset::load(Database& database, const Query& query) {
     const Table table(database, set.table);
     set.id = indexOf(table, "ID");
     if (set.table->columns[set.id].type != ColumnType::longInteger) {
-        throw base::Error(ErrorNumber::kWrongType,
-                          text("Sloupec „ID“ tabulky „", query.table, "“ není číslo."));
+        throw Error(ErrorNumber::kWrongType,
+                    text("Sloupec „ID“ tabulky „", query.table, "“ není číslo."),
+                    text("the column ID of the table ", query.table, " is not a number"));
     }
     set.gathered = !query.order.empty();
     if (set.gathered) set.records = recordsOf(table, query);

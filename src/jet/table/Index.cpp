@@ -222,7 +222,8 @@ void Index::growRoot(const Change& change) {
 bool Index::insert(ByteView key, RowId row, bool mayRepeat) {
     const Bytes entry = makeEntry(key, row);
     if (entry.size() > kLongestEntry) {
-        throw base::Error(ErrorNumber::kTooLong, "Klíč indexu je příliš dlouhý.");
+        throw Error(ErrorNumber::kTooLong, "Klíč indexu je příliš dlouhý.",
+                    "the key of an index is too long");
     }
     PageNumber leaf = 0;
     std::size_t at = 0;

@@ -36,7 +36,8 @@ template <class Type>
 const Type& as(const Value& value) {
     const Type* typed = std::get_if<Type>(&value);
     if (typed == nullptr) {
-        throw base::Error(ErrorNumber::kWrongType, "Hodnota klíče není téhož druhu jako sloupec.");
+        throw Error(ErrorNumber::kWrongType, "Hodnota klíče není téhož druhu jako sloupec.",
+                    "the value of a key is not of the column's type");
     }
     return *typed;
 }
@@ -220,8 +221,9 @@ Bytes sortKey(const Column& column, const Value& value) {
     } else if (const auto data = dataOf(column, value)) {
         append(key, *data);
     } else {
-        throw base::Error(ErrorNumber::kNotSupported,
-                          base::text("Podle sloupce „", column.name, "“ nelze řadit."));
+        throw Error(ErrorNumber::kNotSupported,
+                    base::text("Podle sloupce „", column.name, "“ nelze řadit."),
+                    base::text("rows cannot be sorted by the column ", column.name));
     }
     return key;
 }

@@ -7,6 +7,7 @@
 #include <cstring>
 
 #include "base/Text.h"
+#include "jet/table/Overflow.h"
 
 namespace huebrush::jet {
 
@@ -62,7 +63,7 @@ std::uint64_t wholeBits(const Column& column, std::int32_t value) {
     const bool fits = column.type == ColumnType::longInteger ||
                       (column.type == ColumnType::integer && value >= -32768 && value <= 32767) ||
                       (column.type == ColumnType::byte && value >= 0 && value <= 255);
-    if (!fits) base::throwOverflow();
+    if (!fits) throwOverflow();
     return static_cast<std::uint64_t>(static_cast<std::int64_t>(value));
 }
 

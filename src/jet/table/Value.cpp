@@ -7,6 +7,7 @@
 #include <limits>
 
 #include "base/Text.h"
+#include "jet/table/Overflow.h"
 
 namespace huebrush::jet {
 
@@ -15,8 +16,17 @@ namespace {
 constexpr std::size_t kLeastCompressed = 3;
 
 [[noreturn]] void throwNull() {
-    throw base::Error(base::ErrorNumber::kInvalidUseOfNull,
-                      "Neplatné použití prázdné hodnoty (Null).");
+    throw Error(base::ErrorNumber::kInvalidUseOfNull, "Neplatné použití prázdné hodnoty (Null).",
+                "a value is null that must not be");
+}
+
+double numberIn(const std::string& text) {
+    try {
+        return base::toNumber(text);
+    } catch (const base::Error& error) {
+        throw Error(error.number(), error.description(),
+                    base::text("\"", text, "\" is not a number"));
+    }
 }
 
 /// What a value is as a number.
@@ -29,8 +39,9 @@ double numberOf(const Value& value) {
     if (const auto* money = std::get_if<Money>(&value)) {
         return static_cast<double>(money->tenThousandths) / 10000;
     }
-    if (const auto* text = std::get_if<std::string>(&value)) return base::toNumber(*text);
-    throw base::Error(base::ErrorNumber::kTypeMismatch, "Typová neshoda: hodnota není číslo.");
+    if (const auto* text = std::get_if<std::string>(&value)) return numberIn(*text);
+    throw Error(base::ErrorNumber::kTypeMismatch, "Typová neshoda: hodnota není číslo.",
+                "a value is not a number");
 }
 
 bool isCompressed(ByteView bytes) {
@@ -78,14 +89,14 @@ std::int32_t toLong(const Value& value) {
     const double rounded = std::nearbyint(numberOf(value));
     if (!(rounded >= std::numeric_limits<std::int32_t>::min() &&
           rounded <= std::numeric_limits<std::int32_t>::max())) {
-        base::throwOverflow();
+        throwOverflow();
     }
     return static_cast<std::int32_t>(rounded);
 }
 
 float toSingle(const Value& value) {
     const double number = numberOf(value);
-    if (std::abs(number) > std::numeric_limits<float>::max()) base::throwOverflow();
+    if (std::abs(number) > std::numeric_limits<float>::max()) throwOverflow();
     return static_cast<float>(number);
 }
 
@@ -93,7 +104,8 @@ std::string toText(const Value& value) {
     if (const auto* text = std::get_if<std::string>(&value)) return *text;
     if (const auto* whole = std::get_if<std::int32_t>(&value)) return base::text(*whole);
     if (isNull(value)) throwNull();
-    throw base::Error(base::ErrorNumber::kTypeMismatch, "Typová neshoda: hodnota není text.");
+    throw Error(base::ErrorNumber::kTypeMismatch, "Typová neshoda: hodnota není text.",
+                "a value is not a text");
 }
 
 std::string decodeText(ByteView bytes) {

@@ -63,6 +63,25 @@ TEST(Value, NoConversionTakesNull) {
     EXPECT_EQ(errorOf([] { toText(Value()); }), base::ErrorNumber::kInvalidUseOfNull);
 }
 
+std::string englishOf(const std::function<void()>& body) {
+    try {
+        body();
+    } catch (const base::Error& error) {
+        EXPECT_NE(error.description(), error.what());
+        return error.what();
+    }
+    return {};
+}
+
+TEST(Value, RefusalsOfAConversionAreInEnglishToo) {
+    EXPECT_EQ(englishOf([] { toLong(Value()); }), "a value is null that must not be");
+    EXPECT_EQ(englishOf([] { toText(Value()); }), "a value is null that must not be");
+    EXPECT_EQ(englishOf([] { toLong(3e9); }), "a number is out of range");
+    EXPECT_EQ(englishOf([] { toLong(Bytes{1}); }), "a value is not a number");
+    EXPECT_EQ(englishOf([] { toText(Bytes{1}); }), "a value is not a text");
+    EXPECT_EQ(englishOf([] { toLong(std::string("půl")); }), "\"půl\" is not a number");
+}
+
 TEST(Text, IsCompressedOnlyWhereAllOfItCanBe) {
     EXPECT_EQ(encodeText("abc", true, 255), (Bytes{0xFF, 0xFE, 'a', 'b', 'c'}));
     EXPECT_EQ(encodeText("ab", true, 255), (Bytes{'a', 0, 'b', 0}));
