@@ -1,6 +1,7 @@
 #!/usr/bin/python3
 # SPDX-License-Identifier: MPL-2.0
-"""Measures the work on palette files against mdb-export and mdb-reader on the same files.
+"""Measures the work on palette files against mdb-export and mdb-reader on the same files, and the
+dialogs of palettes on a file of 500 palettes with 50 fills each.
 
     bench/palettes.py [--build FOLDER] [--rows 200000] [--runs 5]
 
@@ -28,6 +29,15 @@ LOAD_MEMORY_KB = 4096
 # And one for any number of rows, however they are read and written.
 ROWS_MEMORY_KB = 64 * 1024
 ROW_GOAL_US = 10
+# What the dialogs of palettes do, its title, and the goal in milliseconds. The time that the system
+# takes to bring a file to the disk is not in it.
+DIALOG_OPERATIONS = (
+    ("openSaving", "opening the dialog that saves", None),
+    ("openLoading", "opening the one that loads, with previews", None),
+    ("choose", "choosing a palette with previews", 50),
+    ("saveInLarge", "saving 100 fills in a large file", 50),
+    ("saveInSmall", "saving 100 fills in a small file", 50),
+)
 
 
 def process_ms(*command):
@@ -78,6 +88,19 @@ def run_json(*command):
     return json.loads(done.stdout)
 
 
+def dialog_figures(program):
+    """What the dialogs take on a large file, by operation."""
+    with tempfile.TemporaryDirectory(prefix="huebrush-bench-") as folder:
+        done = subprocess.run([program, "--benchmark_format=json", folder], check=True,
+                              stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
+        file_kb = (Path(folder) / "large.mdb").stat().st_size // 1024
+    figures = {run["name"].split("/")[0]:
+               {"ms": run["real_time"], **{key: run[key] for key in
+                                           ("slowest_ms", "syncs", "sync_ms") if key in run}}
+               for run in json.loads(done.stdout)["benchmarks"]}
+    return {"file_kb": file_kb, **figures}
+
+
 def measure(build, runs, rows):
     """The figures of all three by operation; they must have seen the same fills."""
     bench, readers = build / "bin" / "palette_bench", build / "readers"
@@ -103,6 +126,7 @@ def measure(build, runs, rows):
         figures["insert"] = {order: run_json(bench, "insert", folder, rows, order)
                              for order in ("rising", "random")}
         figures["stream"] = stream_figures(build / "bin" / "huebrush", many, Path(folder), runs)
+    figures["dialogs"] = dialog_figures(build / "bin" / "palette_dialogs_bench")
     return figures
 
 
@@ -126,6 +150,19 @@ def print_table(figures):
           f"{stream['dump']['memory_kb']} KB of memory "
           f"(mdb-export {stream['mdb-export']['ms']:.0f} ms), "
           f"imported in {stream['import']['ms']:.0f} ms and {stream['import']['memory_kb']} KB")
+    print_dialogs(figures["dialogs"])
+
+
+def print_dialogs(figures):
+    print(f"\nthe dialogs of palettes on a file of {figures['file_kb']} KB (ms)")
+    columns = ("mean", "slowest", "goal", "syncs", "they took")
+    print(" " * 42 + "".join(f"{column:>10}" for column in columns))
+    for key, title, goal in DIALOG_OPERATIONS:
+        each = figures[key]
+        cells = [f"{each['ms']:.2f}", f"{each['slowest_ms']:.2f}", f"< {goal}" if goal else ""]
+        if "syncs" in each:
+            cells += [f"{each['syncs']:.0f}", f"{each['sync_ms']:.2f}"]
+        print(f"{title:42}" + "".join(f"{cell:>10}" for cell in cells))
 
 
 def goals(figures):
@@ -146,6 +183,11 @@ def goals(figures):
     for name in ("dump", "import"):
         yield (f"KB of memory to {name} a large file", stream[name]["memory_kb"], ROWS_MEMORY_KB,
                False)
+    for key, title, goal in DIALOG_OPERATIONS:
+        if goal is not None:
+            each = figures["dialogs"][key]
+            limit = f"{goal} ms plus syncs" if "syncs" in each else f"{goal} ms"
+            yield f"{title} < {limit}", each["ms"], goal, False
 
 
 def verdicts(figures):
