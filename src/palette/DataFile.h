@@ -29,8 +29,8 @@ std::string fillsOfPaletteQuery(std::int32_t id);
 
 /// The user's own palette file: where it is until the user chooses another.
 std::string ownDataFile();
-/// The file that a dialog last worked on, as a setting; at first the user's own. A dialog that could
-/// not even be opened has none to remember.
+/// The file that a dialog last worked on, as a setting; at first the user's own. A dialog that
+/// could not even be opened has none to remember.
 std::string rememberedDataFile();
 void rememberDataFile(const std::string& path);
 
