@@ -180,6 +180,11 @@ class PaletteFilesTest : public files::Folder {
             }
         });
     }
+    /// A file of which a dialog reads the first palette and fails at the second.
+    void makePaletteWithoutAName() {
+        makeGroupTable({{"ID", kLong}, {"Name", kText, 30, true}, {"Count", kLong, 0, true}},
+                       {{{"ID", 1}, {"Name", std::string("b")}}, {{"ID", 2}}});
+    }
     /// Spoils the page on which the definition of a table begins. What the error says then.
     std::string damageTable(const std::string& table, const std::string& path) {
         const jet::PageNumber page = jet::Database::open(files, path)->definition(table)->page;

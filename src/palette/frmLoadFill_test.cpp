@@ -215,8 +215,7 @@ TEST_F(LoadDialog, OfATableThatIsNotOneOfPalettesSaysSoAndKeepsTheFormerOne) {
 
 TEST_F(LoadDialog, OfAPaletteWithoutANameReportsAnErrorAndKeepsTheFormerOne) {
     openOn({5});
-    makeGroupTable({{"ID", kLong}, {"Name", kText, 30, true}, {"Count", kLong, 0, true}},
-                   {{{"ID", 1}, {"Name", std::string("b")}}, {{"ID", 2}}});
+    makePaletteWithoutAName();
     connectTo(kOther);
     const memory::ShownBox box = onlyBox();
     EXPECT_EQ(box.title, "Chyba č. 94");
