@@ -94,6 +94,10 @@ std::string oneLine(const std::string& text) {
     return line;
 }
 
+std::string countOf(std::size_t count, const char* one, const char* many) {
+    return base::text(count, " ", count == 1 ? one : many);
+}
+
 std::string swatch(const fill::FillProperties& fill) {
     if (fill.Visible == host::MsoTriState::msoFalse) return "    ";
     const base::Rgb color = fill.ForeColorRGB;

@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include <cstddef>
 #include <string>
 
 #include "fill/FillProperties.h"
@@ -17,6 +18,9 @@ std::string percentText(float fraction);
 
 /// A text of several lines as one, for a place with room for only one.
 std::string oneLine(const std::string& text);
+
+/// "1 fill", "2 fills".
+std::string countOf(std::size_t count, const char* one, const char* many);
 
 /// A block in the fill's main colour for a terminal; blanks for no fill.
 std::string swatch(const fill::FillProperties& fill);

@@ -50,10 +50,6 @@ void addPalette(const ColorPalette& palette, const std::string& name,
     adder.end(group);
 }
 
-std::string countOf(std::size_t count, const char* one, const char* many) {
-    return text(count, " ", count == 1 ? one : many);
-}
-
 }  // namespace
 
 ColorImport addColors(const ReadColors& colors, const PaletteNaming& naming,

@@ -33,10 +33,6 @@ std::shared_ptr<jet::Database> open(const PaletteOptions& options) {
     return jet::Database::open(jet::systemFiles(), options.file);
 }
 
-std::string countOf(std::size_t count, const char* one, const char* many) {
-    return text(count, " ", count == 1 ? one : many);
-}
-
 json listOf(const std::vector<Record>& palettes) {
     json list = json::array();
     for (const Record& each : palettes) list.push_back(toJson(each));
