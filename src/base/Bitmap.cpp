@@ -4,13 +4,13 @@
 
 #include <cstddef>
 
+#include "base/BitmapHeader.h"
+
 namespace huebrush::base {
 
 namespace {
 
-constexpr std::uint32_t kFileHeader = 14;
-constexpr std::uint32_t kInfoHeader = 40;
-constexpr std::uint32_t kHeaders = kFileHeader + kInfoHeader;
+constexpr std::uint32_t kHeaders = kBitmapFileHeader + kBitmapInfoHeader;
 
 void put(std::vector<std::uint8_t>& out, std::uint32_t value, int bytes) {
     for (int i = 0; i < bytes; ++i) out.push_back(static_cast<std::uint8_t>(value >> (8 * i)));
@@ -26,7 +26,7 @@ std::vector<std::uint8_t> headersOf(std::int32_t width, std::int32_t height, int
     put(out, start + static_cast<std::uint32_t>(rows), 4);
     put(out, 0, 4);
     put(out, start, 4);
-    put(out, kInfoHeader, 4);
+    put(out, kBitmapInfoHeader, 4);
     put(out, static_cast<std::uint32_t>(width), 4);
     put(out, static_cast<std::uint32_t>(height), 4);
     put(out, 1, 2);

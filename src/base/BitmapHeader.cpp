@@ -16,12 +16,10 @@ namespace {
 using File = std::span<const std::uint8_t>;
 using Encoding = BitmapHeader::Encoding;
 
-constexpr std::size_t kFileHeader = 14;
 constexpr std::size_t kPixelsField = 10;
 
 /// The headers that may follow, by their sizes.
 constexpr std::size_t kCoreHeader = 12;
-constexpr std::size_t kInfoHeader = 40;
 constexpr std::size_t kHeaderWithMasks = 52;
 constexpr std::size_t kHeaderWithAlpha = 56;
 constexpr std::size_t kHeaderOfOs2 = 64;
@@ -49,9 +47,11 @@ class Reader {
     BitmapHeader read();
 
  private:
-    std::uint32_t field(std::size_t at) const { return littleEndian32(file_, kFileHeader + at); }
+    std::uint32_t field(std::size_t at) const {
+        return littleEndian32(file_, kBitmapFileHeader + at);
+    }
     std::uint16_t shortField(std::size_t at) const {
-        return littleEndian16(file_, kFileHeader + at);
+        return littleEndian16(file_, kBitmapFileHeader + at);
     }
     bool hasBitFields() const {
         return compression_ == Compression::bitFields ||
@@ -85,11 +85,11 @@ BitmapHeader Reader::read() {
         readInfo();
     }
     requireKnownForm();
-    std::size_t end = kFileHeader + headerSize_;
+    std::size_t end = kBitmapFileHeader + headerSize_;
     if (hasBitFields()) {
         readMasks();
         const std::size_t masks = compression_ == Compression::bitFields ? 12 : 16;
-        if (headerSize_ == kInfoHeader) end += masks;
+        if (headerSize_ == kBitmapInfoHeader) end += masks;
     } else {
         setUsualMasks();
     }
@@ -101,12 +101,13 @@ BitmapHeader Reader::read() {
 }
 
 void Reader::readHeaderSize() {
-    require(file_.size() >= kFileHeader + kCoreHeader && file_[0] == 'B' && file_[1] == 'M');
+    require(file_.size() >= kBitmapFileHeader + kCoreHeader && file_[0] == 'B' && file_[1] == 'M');
     headerSize_ = field(0);
-    constexpr std::array kSizes{kCoreHeader,  kInfoHeader, kHeaderWithMasks, kHeaderWithAlpha,
-                                kHeaderOfOs2, kHeader4,    kHeader5};
+    constexpr std::array<std::size_t, 7> kSizes{
+        kCoreHeader,  kBitmapInfoHeader, kHeaderWithMasks, kHeaderWithAlpha,
+        kHeaderOfOs2, kHeader4,          kHeader5};
     require(std::ranges::find(kSizes, headerSize_) != kSizes.end());
-    require(file_.size() >= kFileHeader + headerSize_);
+    require(file_.size() >= kBitmapFileHeader + headerSize_);
 }
 
 void Reader::readCore() {
@@ -164,12 +165,12 @@ void Reader::readMasks() {
     const bool hasAlpha =
         headerSize_ >= kHeaderWithAlpha || compression_ == Compression::bitFieldsWithAlpha;
     const std::size_t count = hasAlpha ? 4 : 3;
-    require(file_.size() >= kFileHeader + kInfoHeader + 4 * count);
+    require(file_.size() >= kBitmapFileHeader + kBitmapInfoHeader + 4 * count);
     auto& [blue, green, red, alpha] = header_.masks;
-    red = field(kInfoHeader);
-    green = field(kInfoHeader + 4);
-    blue = field(kInfoHeader + 8);
-    if (hasAlpha) alpha = field(kInfoHeader + 12);
+    red = field(kBitmapInfoHeader);
+    green = field(kBitmapInfoHeader + 4);
+    blue = field(kBitmapInfoHeader + 8);
+    if (hasAlpha) alpha = field(kBitmapInfoHeader + 12);
     const std::uint32_t all = header_.bits == 16 ? 0xFFFF : 0xFFFFFFFF;
     // Some programs leave the alpha of 32 bits in a file of 16.
     if ((alpha & ~all) != 0) alpha = 0;

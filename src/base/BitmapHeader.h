@@ -9,6 +9,10 @@
 
 namespace huebrush::base {
 
+/// The bytes of the two headers that nearly every bitmap file begins with.
+inline constexpr std::uint32_t kBitmapFileHeader = 14;
+inline constexpr std::uint32_t kBitmapInfoHeader = 40;
+
 /// What the headers of a bitmap file say. Every place lies within the file.
 struct BitmapHeader {
     enum class Encoding { plain, runs };

@@ -11,10 +11,6 @@ namespace {
 
 constexpr const char* kSetFormatFailed = "Chyba při aplikaci nové výplně...";
 
-error::Place place(const char* procedure, const char* message) {
-    return {"Huebrush.CFill.", procedure, message};
-}
-
 /// Reads the texture's name, which a host may refuse.
 void captureTextureName(host::FillFormat& fill, FillProperties& copy) {
     const bool named = error::ignoring([&] { copy.TextureName = fill.TextureName(); });
@@ -64,6 +60,10 @@ void CFill::setDesTransparency(float transparency) {
 void CFill::setDestination(const FillProperties& properties) {
     destination_ = properties;
     change_ = true;
+}
+
+error::Place CFill::place(const char* procedure, const char* message) {
+    return {"Huebrush.CFill.", procedure, message};
 }
 
 std::string CFill::SaveOriginalFormat(host::FillFormat& Fill) {

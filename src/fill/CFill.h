@@ -9,6 +9,10 @@
 #include "base/Picture.h"
 #include "fill/FillProperties.h"
 
+namespace huebrush::error {
+struct Place;
+}
+
 namespace huebrush::jet {
 class Recordset;
 }
@@ -72,6 +76,8 @@ class CFill {
     base::Event<const base::Picture&> ReadFromRecordset;
 
  private:
+    static error::Place place(const char* procedure, const char* message);
+
     bool change_ = false;
     FillProperties original_;
     FillProperties destination_;

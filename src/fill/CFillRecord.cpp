@@ -18,10 +18,6 @@ namespace {
 
 constexpr const char* kPreview = "FillPreview";
 
-error::Place place(const char* procedure, const char* message) {
-    return {"Huebrush.CFill.", procedure, message};
-}
-
 bool isOnRecord(jet::Recordset& rs) {
     return !rs.Eof() && !rs.Bof();
 }

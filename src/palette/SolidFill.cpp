@@ -10,8 +10,8 @@ namespace huebrush::palette {
 
 namespace {
 
-constexpr std::int32_t kPreviewWidth = 81;
-constexpr std::int32_t kPreviewHeight = 25;
+constexpr std::int32_t kPixelsWide = 81;
+constexpr std::int32_t kPixelsHigh = 25;
 
 }  // namespace
 
@@ -36,7 +36,7 @@ jet::Value previewOf(const fill::FillProperties& fill) {
         fill.Visible == host::MsoTriState::msoTrue && fill.Type == host::MsoFillType::msoFillSolid;
     // Palettes store whole numbers: a transparency of less than a half is none.
     if (!isSolid || jet::toLong(fill.Transparency) != 0) return {};
-    return base::bitmapFileIn(fill.ForeColorRGB, kPreviewWidth, kPreviewHeight);
+    return base::bitmapFileIn(fill.ForeColorRGB, kPixelsWide, kPixelsHigh);
 }
 
 }  // namespace huebrush::palette

@@ -12,8 +12,7 @@ namespace huebrush::view {
 
 namespace {
 
-/// How far disabled lines, and the lines between others, fade into the background.
-constexpr double kFaded = 0.55;
+/// How far the lines between others fade into the background.
 constexpr double kFaintLine = 0.75;
 
 }  // namespace

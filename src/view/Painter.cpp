@@ -14,9 +14,6 @@ namespace huebrush::view {
 
 namespace {
 
-/// How far disabled texts fade into their background.
-constexpr double kFaded = 0.55;
-
 /// The largest size with a picture's proportions that a place has room for, in its middle.
 Rectangle fitted(const Size& picture, const Rectangle& room) {
     const double fit =

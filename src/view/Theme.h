@@ -33,4 +33,7 @@ struct Theme {
 /// The colour between two, the first one at 0 and the second one at 1.
 std::int32_t mixed(std::int32_t first, std::int32_t second, double share);
 
+/// How far disabled texts fade into their background: a share for `mixed`.
+inline constexpr double kFaded = 0.55;
+
 }  // namespace huebrush::view

@@ -17,7 +17,7 @@ namespace {
 using base::text;
 using std::string_view;
 
-constexpr string_view kMagic = "GIMP Palette";
+constexpr string_view kFirstLine = "GIMP Palette";
 constexpr string_view kName = "Name:";
 /// What GIMP calls a colour without a name.
 constexpr string_view kUntitled = "Untitled";
@@ -77,7 +77,8 @@ class GimpReader {
 
     ReadColors read() {
         const auto first = lines_.next();
-        if (!first || trimmed(*first) != kMagic) lines_.fail("\"GIMP Palette\" is expected here");
+        if (!first || trimmed(*first) != kFirstLine)
+            lines_.fail("\"GIMP Palette\" is expected here");
         while (const auto line = lines_.next()) takeLine(trimmed(*line));
         return std::move(result_);
     }
@@ -136,7 +137,7 @@ ReadColors readGimpPalette(string_view bytes) {
 
 std::string writeGimpPalette(const ColorPalette& palette) {
     constexpr std::size_t kColumns = 16;
-    std::string out = text(kMagic, "\nName: ", oneLine(palette.name),
+    std::string out = text(kFirstLine, "\nName: ", oneLine(palette.name),
                            "\nColumns: ", std::min(kColumns, palette.colors.size()), "\n#\n");
     const auto padded = [](std::uint8_t number) {
         const std::string digits = text(number);

@@ -20,7 +20,7 @@ using std::string_view;
 
 static_assert(sizeof(float) == 4 && std::numeric_limits<float>::is_iec559);
 
-constexpr string_view kMagic = "ASEF";
+constexpr string_view kSignature = "ASEF";
 constexpr std::uint16_t kGroupStart = 0xC001;
 constexpr std::uint16_t kGroupEnd = 0xC002;
 constexpr std::uint16_t kColor = 0x0001;
@@ -123,7 +123,7 @@ class SwatchReader {
     explicit SwatchReader(string_view bytes) : file_(bytes, 0) {}
 
     ReadColors read() {
-        if (file_.left() < kMagic.size() || file_.take(kMagic.size()) != kMagic) {
+        if (file_.left() < kSignature.size() || file_.take(kSignature.size()) != kSignature) {
             throw Failure("byte 0: \"ASEF\" is expected here");
         }
         // The version is 1.0 in all files, but not all programs write it as that.
@@ -241,7 +241,7 @@ ReadColors readSwatchExchange(string_view bytes) {
 
 std::string writeSwatchExchange(const ColorPalette& palette) {
     BigEndianWriter out;
-    out.bytes(kMagic);
+    out.bytes(kSignature);
     out.u16(1);
     out.u16(0);
     out.u32(static_cast<std::uint32_t>(palette.colors.size() + 2));

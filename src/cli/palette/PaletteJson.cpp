@@ -20,7 +20,6 @@ namespace {
 using base::text;
 using jet::ColumnType;
 using jet::Value;
-using nlohmann::json;
 using nlohmann::ordered_json;
 
 constexpr const char* kPalettes = "palettes";
@@ -68,14 +67,14 @@ jet::Money moneyFrom(double amount, const ColumnPlace& place) {
     return {static_cast<std::int64_t>(units)};
 }
 
-Value numberFromJson(ColumnType type, const json& value, const ColumnPlace& place) {
+Value numberFromJson(ColumnType type, const nlohmann::json& value, const ColumnPlace& place) {
     if (!value.is_number()) place.fail("a number");
     const auto number = value.get<double>();
     if (type == ColumnType::money) return moneyFrom(number, place);
     return number;
 }
 
-Value valueFromJson(ColumnType type, const json& value, const ColumnPlace& place) {
+Value valueFromJson(ColumnType type, const nlohmann::json& value, const ColumnPlace& place) {
     if (value.is_null()) return {};
     switch (type) {
         case ColumnType::boolean:
@@ -108,7 +107,7 @@ Value valueFromJson(ColumnType type, const json& value, const ColumnPlace& place
 
 /// Takes what the parser finds, and passes on each row when it is complete. Only the row that is
 /// being read is kept.
-class PaletteReader final : public nlohmann::json_sax<json> {
+class PaletteReader final : public nlohmann::json_sax<nlohmann::json> {
  public:
     PaletteReader(const std::string& name, const jet::TableDefinition& groups,
                   const jet::TableDefinition& elements, palette::PaletteSink& sink)
@@ -136,9 +135,9 @@ class PaletteReader final : public nlohmann::json_sax<json> {
     enum class Within { nothing, input, palettes, palette, elements, element, ignored };
     using Values = palette::PaletteSink::Values;
 
-    bool scalar(const json& value);
-    void inColumn(const json& value);
-    void set(Values& values, const jet::TableDefinition& table, const json& value);
+    bool scalar(const nlohmann::json& value);
+    void inColumn(const nlohmann::json& value);
+    void set(Values& values, const jet::TableDefinition& table, const nlohmann::json& value);
     void beginElements();
     void endPalette();
     /// Passes on a row, and adds to a refusal where the row is.
@@ -175,7 +174,7 @@ bool PaletteReader::key(string_t& name) {
     return true;
 }
 
-bool PaletteReader::scalar(const json& value) {
+bool PaletteReader::scalar(const nlohmann::json& value) {
     switch (within_) {
         case Within::nothing:
             failForm();
@@ -198,13 +197,14 @@ bool PaletteReader::scalar(const json& value) {
     return true;
 }
 
-void PaletteReader::inColumn(const json& value) {
+void PaletteReader::inColumn(const nlohmann::json& value) {
     if (within_ == Within::element) return set(element_, elements_, value);
     if (key_ == kElements) place_.fail(text(": ", kElements, " must be an array"));
     set(group_, groups_, value);
 }
 
-void PaletteReader::set(Values& values, const jet::TableDefinition& table, const json& value) {
+void PaletteReader::set(Values& values, const jet::TableDefinition& table,
+                        const nlohmann::json& value) {
     // Most rows have their columns in the table's order.
     const std::size_t next =
         values.empty() ? 0
@@ -254,10 +254,10 @@ bool PaletteReader::start_object(std::size_t) {
             break;
         case Within::palette:
         case Within::element:
-            inColumn(json::object());
+            inColumn(nlohmann::json::object());
             break;
         case Within::input:
-            scalar(json::object());
+            scalar(nlohmann::json::object());
             within_ = Within::ignored;
             [[fallthrough]];
         case Within::ignored:
@@ -278,7 +278,7 @@ bool PaletteReader::start_array(std::size_t size) {
     } else if (within_ == Within::palette && key_ == kElements) {
         beginElements();
     } else if (within_ == Within::palettes || within_ == Within::elements) {
-        scalar(json::array());
+        scalar(nlohmann::json::array());
     } else {
         start_object(size);
     }
@@ -384,7 +384,7 @@ void PaletteJsonWriter::finish() {
 void readPalettes(std::istream& input, const std::string& name, const jet::TableDefinition& groups,
                   const jet::TableDefinition& elements, palette::PaletteSink& sink) {
     PaletteReader reader(name, groups, elements, sink);
-    json::sax_parse(input, &reader);
+    nlohmann::json::sax_parse(input, &reader);
 }
 
 }  // namespace huebrush::cli

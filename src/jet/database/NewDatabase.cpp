@@ -15,7 +15,6 @@ namespace huebrush::jet {
 
 namespace {
 
-constexpr std::uint16_t kGeneral = 0x0409;
 constexpr PageNumber kFreeMapPage = 1;
 constexpr PageNumber kFirstDefinition = 2;
 constexpr PageNumber kMapPage = 6;
@@ -73,7 +72,7 @@ std::vector<Column> systemColumns(const std::vector<SystemColumn>& given) {
         column.type = each.type;
         column.number = static_cast<std::uint16_t>(columns.size());
         column.variableIndex = variables;
-        column.sortOrder = kGeneral;
+        column.sortOrder = kGeneralSortOrder;
         column.length = lengthOf(each.type);
         column.fixed = isFixed(each.type);
         column.flags = column.fixed ? kSystemFixed : kSystemVariable;
@@ -215,7 +214,7 @@ void makeHeader(Page& page) {
     const std::uint32_t days = 42329;
     for (std::size_t i = 0; i < kPasswordSize; i += 4) out.u32(kPassword + i, days);
     out.u16(kBuild, 9756);
-    out.u32(kSortOrder, kGeneral);
+    out.u32(kSortOrder, kGeneralSortOrder);
     out.bytes(kCreated, created);
     applyHeaderMask(std::span(page).subspan(kRegion, kRegionSize));
     out.u32(kConstants, 1620);

@@ -20,7 +20,6 @@ namespace {
 
 using base::text;
 
-constexpr std::uint16_t kGeneral = 0x0409;
 constexpr std::size_t kLongestName = 64;
 constexpr std::size_t kMostTextCharacters = 255;
 constexpr std::size_t kMostBinaryBytes = 510;
@@ -48,7 +47,7 @@ Column makeColumn(const NewColumn& given, std::size_t number) {
     column.type = given.type;
     column.number = static_cast<std::uint16_t>(number);
     column.position = column.number;
-    column.sortOrder = kGeneral;
+    column.sortOrder = kGeneralSortOrder;
     column.autonumber = given.autonumber;
     switch (given.type) {
         case ColumnType::longInteger:

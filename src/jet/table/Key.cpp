@@ -16,7 +16,6 @@ namespace {
 
 constexpr std::uint8_t kPresent = 0x7F;
 constexpr std::size_t kMostCharacters = 255;
-constexpr std::uint16_t kEnglish = 0x0409;
 constexpr std::uint16_t kCzech = 0x0405;
 
 /// Floats in an order that their bits do not have: the bits of negative ones grow the other way.
@@ -192,7 +191,7 @@ void appendDescending(Bytes& out, const Bytes& data, bool text) {
 }  // namespace
 
 bool isGeneralOrder(const Column& column) {
-    return column.sortOrder == kEnglish && column.sortVersion == 0;
+    return column.sortOrder == kGeneralSortOrder && column.sortVersion == 0;
 }
 
 bool keysKnown(const TableDefinition& table, const IndexTree& tree) {

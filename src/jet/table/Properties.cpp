@@ -8,9 +8,9 @@ namespace huebrush::jet {
 
 namespace {
 
-constexpr std::uint32_t kMark = 0x0032524D;  // "MR2"
+constexpr std::uint32_t kPropertiesMark = 0x0032524D;  // "MR2"
 constexpr std::uint16_t kNames = 0x80;
-constexpr std::uint16_t kColumn = 1;
+constexpr std::uint16_t kOfColumn = 1;
 
 Bytes plainText(const std::string& utf8) {
     return encodeText(utf8, false, 0);
@@ -65,7 +65,7 @@ std::vector<Property> readProperties(ByteView block) {
     std::vector<Property> found;
     if (block.empty()) return found;
     const Reader in(block, 0);
-    in.require(in.u32(0) == kMark, 0, rule::kProperties);
+    in.require(in.u32(0) == kPropertiesMark, 0, rule::kProperties);
     std::vector<std::string> names;
     for (std::size_t at = 4; at < in.size();) {
         const std::size_t length = in.u32(at);
@@ -92,7 +92,7 @@ Bytes writeProperties(const std::vector<Property>& properties) {
         append(nameBody, name);
     }
     Bytes out;
-    append32(out, kMark);
+    append32(out, kPropertiesMark);
     appendChunk(out, kNames, nameBody);
     for (auto at = properties.begin(); at != properties.end();) {
         const std::string& owner = at->owner;
@@ -105,7 +105,7 @@ Bytes writeProperties(const std::vector<Property>& properties) {
             const auto index = std::find(names.begin(), names.end(), at->name) - names.begin();
             append(body, recordOf(*at, static_cast<std::size_t>(index)));
         }
-        appendChunk(out, owner.empty() ? 0 : kColumn, body);
+        appendChunk(out, owner.empty() ? 0 : kOfColumn, body);
     }
     return out;
 }

@@ -12,13 +12,16 @@
 
 namespace huebrush::jet {
 
+/// What a column that sorts by the general rules has for its language; every file's default here.
+inline constexpr std::uint16_t kGeneralSortOrder = 0x0409;
+
 struct Column {
     std::string name;
     ColumnType type = ColumnType::longInteger;
     std::uint16_t number = 0;         ///< its bit in the null mask of a row
     std::uint16_t variableIndex = 0;  ///< its place among the variable columns
     std::uint16_t position = 0;       ///< for display
-    std::uint16_t sortOrder = 0;      ///< a language's number
+    std::uint16_t sortOrder = 0;      ///< a language's number, see kGeneralSortOrder
     std::uint16_t sortVersion = 0;
     bool fixed = false;
     bool autonumber = false;

@@ -9,6 +9,8 @@
 #include <set>
 #include <vector>
 
+#include "ports/libreoffice/uno/Properties.h"
+
 namespace huebrush::libreoffice {
 
 namespace css = com::sun::star;
@@ -22,13 +24,6 @@ namespace {
 Reference<css::container::XNameAccess> pageStylesOf(const ModelReference& model) {
     const Reference<css::style::XStyleFamiliesSupplier> supplier(model, UNO_QUERY_THROW);
     return {supplier->getStyleFamilies()->getByName("PageStyles"), UNO_QUERY_THROW};
-}
-
-template <class Value>
-Value get(const Reference<css::beans::XPropertySet>& style, const OUString& name) {
-    Value value{};
-    style->getPropertyValue(name) >>= value;
-    return value;
 }
 
 bool isInUse(const Reference<css::container::XNameAccess>& styles, const OUString& name) {
@@ -52,8 +47,9 @@ bool hasHeadersOrFooters(const ModelReference& model) {
         waiting.pop_back();
         if (!styles->hasByName(name) || !asked.insert(name).second) continue;
         const Reference<css::beans::XPropertySet> style(styles->getByName(name), UNO_QUERY_THROW);
-        if (get<bool>(style, "HeaderIsOn") || get<bool>(style, "FooterIsOn")) return true;
-        waiting.push_back(get<OUString>(style, "FollowStyle"));
+        if (propertyOf<bool>(style, "HeaderIsOn") || propertyOf<bool>(style, "FooterIsOn"))
+            return true;
+        waiting.push_back(propertyOf<OUString>(style, "FollowStyle"));
     }
     return false;
 }

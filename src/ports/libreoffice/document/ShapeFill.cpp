@@ -11,6 +11,7 @@
 #include <com/sun/star/xml/AttributeData.hpp>
 
 #include "ports/libreoffice/document/Gradients.h"
+#include "ports/libreoffice/uno/Properties.h"
 #include "ports/libreoffice/uno/Text.h"
 
 namespace huebrush::libreoffice {
@@ -51,13 +52,6 @@ const Names& names() {
     return kNames;
 }
 
-template <class Value>
-Value get(const Reference<css::beans::XPropertySet>& set, const OUString& name) {
-    Value value{};
-    set->getPropertyValue(name) >>= value;
-    return value;
-}
-
 OfficeHatch hatchOf(const css::drawing::Hatch& hatch) {
     return {static_cast<OfficeHatchStyle>(hatch.Style), hatch.Color, hatch.Distance, hatch.Angle};
 }
@@ -86,20 +80,20 @@ void readBody(const Reference<css::beans::XPropertySet>& set, OfficeFill& fill) 
     switch (fill.style) {
         case OfficeFillStyle::none:
         case OfficeFillStyle::solid:
-            fill.color = get<sal_Int32>(set, names().color);
+            fill.color = propertyOf<sal_Int32>(set, names().color);
             break;
         case OfficeFillStyle::gradient:
             fill.gradient = gradientOf(set->getPropertyValue(names().gradient));
             break;
         case OfficeFillStyle::hatch:
-            fill.hatch = hatchOf(get<css::drawing::Hatch>(set, names().hatch));
-            fill.background = get<bool>(set, names().background);
-            if (fill.background) fill.color = get<sal_Int32>(set, names().color);
+            fill.hatch = hatchOf(propertyOf<css::drawing::Hatch>(set, names().hatch));
+            fill.background = propertyOf<bool>(set, names().background);
+            if (fill.background) fill.color = propertyOf<sal_Int32>(set, names().color);
             break;
         case OfficeFillStyle::bitmap:
-            fill.bitmapName = fromOffice(get<OUString>(set, names().bitmapName));
+            fill.bitmapName = fromOffice(propertyOf<OUString>(set, names().bitmapName));
             fill.bitmapMode = static_cast<OfficeBitmapMode>(
-                get<css::drawing::BitmapMode>(set, names().bitmapMode));
+                propertyOf<css::drawing::BitmapMode>(set, names().bitmapMode));
             break;
     }
 }
@@ -124,8 +118,8 @@ void readRare(const ShapeReference& shape, const Reference<css::beans::XProperty
     const auto has = [&](std::size_t at) {
         return states[static_cast<sal_Int32>(at)] != css::beans::PropertyState_DEFAULT_VALUE;
     };
-    if (has(0)) fill.office.transparence = get<sal_Int16>(set, names().transparence);
-    if (has(1) && !get<OUString>(set, names().transparenceGradientName).isEmpty()) {
+    if (has(0)) fill.office.transparence = propertyOf<sal_Int16>(set, names().transparence);
+    if (has(1) && !propertyOf<OUString>(set, names().transparenceGradientName).isEmpty()) {
         fill.office.transparenceGradient =
             gradientOf(set->getPropertyValue(names().transparenceGradient));
     }
@@ -220,7 +214,7 @@ void addTransparence(const OfficeFill& now, const ShapeFill& target, FillTables&
 ShapeFill readFill(const ShapeReference& shape) {
     const Reference<css::beans::XPropertySet> set(shape, UNO_QUERY_THROW);
     ShapeFill fill;
-    fill.office.style = styleOf(get<css::drawing::FillStyle>(set, names().style));
+    fill.office.style = styleOf(propertyOf<css::drawing::FillStyle>(set, names().style));
     readBody(set, fill.office);
     readRare(shape, set, fill);
     return fill;

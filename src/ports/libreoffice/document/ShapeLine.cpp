@@ -6,6 +6,7 @@
 #include <com/sun/star/drawing/LineStyle.hpp>
 
 #include "base/Color.h"
+#include "ports/libreoffice/uno/Properties.h"
 
 namespace huebrush::libreoffice {
 
@@ -31,12 +32,9 @@ const rtl::OUString& colorName() {
 
 ShapeLine readLine(const ShapeReference& shape) {
     const Reference<css::beans::XPropertySet> set(shape, UNO_QUERY_THROW);
-    css::drawing::LineStyle style = css::drawing::LineStyle_NONE;
-    sal_Int32 color = 0;
-    set->getPropertyValue(styleName()) >>= style;
-    set->getPropertyValue(colorName()) >>= color;
+    const auto style = propertyOf<css::drawing::LineStyle>(set, styleName());
     return {style == css::drawing::LineStyle_NONE ? MsoTriState::msoFalse : MsoTriState::msoTrue,
-            base::swapRedAndBlue(color)};
+            base::swapRedAndBlue(propertyOf<sal_Int32>(set, colorName()))};
 }
 
 void writeLineVisible(const ShapeReference& shape, bool visible) {

@@ -19,8 +19,7 @@ namespace css = com::sun::star;
 
 namespace {
 
-constexpr const char* kName = "cz.huebrush.AddIn";
-constexpr const char* kExtension = "cz.huebrush.extension";
+constexpr const char* kAddInName = "cz.huebrush.AddIn";
 
 /// For what goes wrong before there is a runtime that could report it.
 void reportFailedStart(const ContextReference& context, const base::Error& error) {
@@ -41,7 +40,7 @@ AddIn::~AddIn() = default;
 rtl::Reference<AddIn> AddIn::of(const ContextReference& context) {
     rtl::Reference<AddIn> addIn;
     error::ignoring([&] {
-        const auto object = createService<css::task::XJob>(context, kName);
+        const auto object = createService<css::task::XJob>(context, kAddInName);
         addIn = dynamic_cast<AddIn*>(object.get());
     });
     return addIn;
@@ -96,7 +95,7 @@ void AddIn::disconnect() noexcept {
 }
 
 rtl::OUString SAL_CALL AddIn::getImplementationName() {
-    return rtl::OUString::createFromAscii(kName);
+    return rtl::OUString::createFromAscii(kAddInName);
 }
 
 sal_Bool SAL_CALL AddIn::supportsService(const rtl::OUString& name) {

@@ -31,8 +31,7 @@ namespace {
 
 using nlohmann::ordered_json;
 
-constexpr const char* kName = "cz.huebrush.Batch";
-constexpr const char* kExtension = "cz.huebrush.extension";
+constexpr const char* kServiceName = "cz.huebrush.Batch";
 
 /// The channel back to the program: one message per line. What the program no longer reads is lost.
 class ChannelWriter {
@@ -123,7 +122,7 @@ void SAL_CALL BatchService::trigger(const rtl::OUString& jobFile) {
 }
 
 rtl::OUString SAL_CALL BatchService::getImplementationName() {
-    return toOffice(kName);
+    return toOffice(kServiceName);
 }
 
 sal_Bool SAL_CALL BatchService::supportsService(const rtl::OUString& name) {

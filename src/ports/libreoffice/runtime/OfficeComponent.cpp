@@ -14,6 +14,7 @@
 
 #include "ports/libreoffice/uno/Configuration.h"
 #include "ports/libreoffice/uno/Errors.h"
+#include "ports/libreoffice/uno/Properties.h"
 
 namespace huebrush::libreoffice {
 
@@ -31,9 +32,7 @@ rtl::OUString configuredLocale(const ContextReference& context, std::string_view
                                const char* name) {
     const css::uno::Reference<css::beans::XPropertySet> values(
         openConfiguration(context, node, false), css::uno::UNO_QUERY_THROW);
-    rtl::OUString locale;
-    values->getPropertyValue(rtl::OUString::createFromAscii(name)) >>= locale;
-    return locale;
+    return propertyOf<rtl::OUString>(values, rtl::OUString::createFromAscii(name));
 }
 
 /// The locale that the user has chosen in the office's options, or else the system's.

@@ -10,6 +10,9 @@
 
 namespace huebrush::libreoffice {
 
+/// The identifier of the extension that holds the add-in.
+inline constexpr const char* kExtension = "cz.huebrush.extension";
+
 /// The folder of the installed extension with this identifier; empty when there is none.
 std::string extensionFolder(const ContextReference& context, const std::string& identifier);
 

@@ -10,6 +10,7 @@
 #include "base/Text.h"
 #include "ports/libreoffice/uno/Configuration.h"
 #include "ports/libreoffice/uno/Errors.h"
+#include "ports/libreoffice/uno/Properties.h"
 
 namespace huebrush::libreoffice {
 
@@ -46,9 +47,7 @@ std::optional<std::string> OfficeSettings::GetSetting(const std::string& applica
         const rtl::OUString name = nameOf(application, section, key);
         if (!settings->hasByName(name)) return std::nullopt;
         const PropertySet entry(settings->getByName(name), css::uno::UNO_QUERY_THROW);
-        rtl::OUString value;
-        entry->getPropertyValue(kValue) >>= value;
-        return fromOffice(value);
+        return fromOffice(propertyOf<rtl::OUString>(entry, kValue));
     });
 }
 

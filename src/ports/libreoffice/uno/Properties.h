@@ -3,6 +3,8 @@
 #pragma once
 
 #include <com/sun/star/beans/PropertyValue.hpp>
+#include <com/sun/star/beans/XPropertySet.hpp>
+#include <com/sun/star/uno/Reference.hxx>
 #include <com/sun/star/uno/Sequence.hxx>
 #include <initializer_list>
 #include <string_view>
@@ -31,6 +33,15 @@ inline com::sun::star::uno::Any valueOf(const PropertyValues& values, std::strin
         if (value.Name == wanted) return value.Value;
     }
     return {};
+}
+
+/// An object's property of that name; Value's own beginning where it holds something else.
+template <class Value>
+Value propertyOf(const com::sun::star::uno::Reference<com::sun::star::beans::XPropertySet>& object,
+                 const rtl::OUString& name) {
+    Value value{};
+    object->getPropertyValue(name) >>= value;
+    return value;
 }
 
 }  // namespace huebrush::libreoffice
