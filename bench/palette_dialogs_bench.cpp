@@ -47,6 +47,7 @@ Syncs syncs;
 }  // namespace
 
 /// Stands before the system's own, which it calls.
+// NOLINTNEXTLINE(readability-inconsistent-declaration-parameter-name): the system's begins with __
 extern "C" int fsync(int file) {
     using Call = int (*)(int);
     static const auto kSystem = reinterpret_cast<Call>(dlsym(RTLD_NEXT, "fsync"));

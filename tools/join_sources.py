@@ -6,8 +6,9 @@ time in the headers goes through these once for several files.
     tools/join_sources.py FOLDER PART PARTS
 
 FOLDER holds compile_commands.json; the joined files are written there and added to it. Only files
-of one folder that are compiled alike are joined. Of all joined files every PARTS-th is written,
-beginning with number PART; their names go to standard output, a line each.
+of one folder that are compiled alike are joined; what no command compiles stays by itself. Of all
+joined files every PARTS-th is written, beginning with number PART; their names go to standard
+output, a line each.
 """
 
 import json
@@ -24,12 +25,9 @@ def flags(entry):
     return re.sub(r" -o \S+ -c \S+$", "", entry["command"])
 
 
-def groups(names, commands):
+def groups(paths, commands):
     alike = {}
-    for name in names:
-        path = os.path.abspath(name)
-        if path not in commands:
-            sys.exit(f"join_sources: nothing compiles {name}")
+    for path in paths:
         alike.setdefault((os.path.dirname(path), flags(commands[path])), []).append(path)
     for (_, command), paths in alike.items():
         for start in range(0, len(paths), MOST):
@@ -42,7 +40,11 @@ def main():
     with open(database, encoding="utf-8") as file:
         entries = json.load(file)
     commands = {entry["file"]: entry for entry in entries}
-    for number, (command, paths) in enumerate(groups(sys.stdin.read().split(), commands)):
+    named = [os.path.abspath(name) for name in sys.stdin.read().split()]
+    if part == parts:
+        print(*(path for path in named if path not in commands), sep="\n")
+    compiled = [path for path in named if path in commands]
+    for number, (command, paths) in enumerate(groups(compiled, commands)):
         if number % parts != part % parts:
             continue
         joined = os.path.join(folder, f"joined_{number}.cpp")

@@ -125,11 +125,13 @@ class DialogBench {
 
     void measureList() {
         std::vector<double> steps;
+        steps.reserve(kScrollSteps);
         for (int i = 0; i < kScrollSteps; ++i) {
             steps.push_back(timed([&] { dialog_->vs.scrollTo(dialog_->vs.value() + kRow); }));
         }
         figures_["scroll_ms"] = median(std::move(steps));
         std::vector<double> ticks;
+        ticks.reserve(kTicks);
         for (int i = 0; i < kTicks; ++i) {
             ticks.push_back(timed([&] { dialog_->Element[1].chkSelect.toggle(); }));
         }

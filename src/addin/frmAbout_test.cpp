@@ -16,8 +16,8 @@ namespace {
 using memory::ShownBox;
 using Calls = std::vector<std::string>;
 
-const std::string kToolKey = "SOFTWARE\\Microsoft\\Shared Tools\\MSINFO";
-const std::string kFolderKey = "SOFTWARE\\Microsoft\\Shared Tools Location";
+const std::string kToolKey = R"(SOFTWARE\Microsoft\Shared Tools\MSINFO)";
+const std::string kFolderKey = R"(SOFTWARE\Microsoft\Shared Tools Location)";
 
 class AboutTest : public ::testing::Test {
  protected:
@@ -34,7 +34,7 @@ class AboutTest : public ::testing::Test {
     }
     std::string versionShownFor(const std::string& version) {
         test.runtime.componentVersion = version;
-        return frmAbout::create()->lblVersion.Caption;
+        return frmAbout::create()->lblVersion.Caption.get();
     }
 
     memory::TestHost test;

@@ -14,7 +14,7 @@ namespace {
 
 TEST(BatchRuntime, WhatOnlyAUserCanAnswerIsAnError) {
     memory::MemoryRuntime platform;
-    platform.chosenFiles.push_back("/never/asked.mdb");
+    platform.chosenFiles.emplace_back("/never/asked.mdb");
     BatchRuntime runtime(platform);
     forms::PopupMenu menu("Menu");
     forms::Form form("form");

@@ -152,7 +152,7 @@ TEST(HasArrived, LooksOnlyAtWhatTheAskedFillUses) {
     FillProperties hidden = solid(kRed);
     hidden.Visible = MsoTriState::msoFalse;
     EXPECT_FALSE(hasArrived(hidden, stored));
-    EXPECT_FALSE(hasArrived(stored, hidden));
+    EXPECT_FALSE(hasArrived(stored, hidden));  // NOLINT: the other way round
     EXPECT_TRUE(hasArrived(hidden, FillProperties()));
 }
 

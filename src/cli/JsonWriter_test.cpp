@@ -80,7 +80,8 @@ TEST(JsonWriter, WritesEarlyAndReportsWhenItCannot) {
     for (std::int32_t i = 0; i < 100000; ++i) writer.value(i);
     EXPECT_GT(out.str().size(), 500000U);
     out.setstate(std::ios::badbit);
-    EXPECT_THROW(for (std::int32_t i = 0; i < 100000; ++i) writer.value(i), Failure);
+    EXPECT_THROW(
+        for (std::int32_t i = 0; i < 100000; ++i) { writer.value(i); }, Failure);
 }
 
 }  // namespace

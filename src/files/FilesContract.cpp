@@ -36,7 +36,7 @@ namespace {
 
 /// Another program, at work on the file.
 std::fstream openForWriting(const std::string& name) {
-    return std::fstream(pathOf(name), std::ios::in | std::ios::out | std::ios::binary);
+    return {pathOf(name), std::ios::in | std::ios::out | std::ios::binary};
 }
 
 std::string contentOf(const OpenFile& file) {

@@ -19,6 +19,7 @@ int failing = 0;
 
 }  // namespace
 
+// NOLINTBEGIN(cppcoreguidelines-no-malloc): what stands in for the library's operators
 void* operator new(std::size_t size) {
     if (failing > 0 && size == countedSize && --failing == 0) throw std::bad_alloc();
     void* const memory = std::malloc(size == 0 ? 1 : size);
@@ -39,6 +40,7 @@ void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
 [[gnu::noinline]] void operator delete(void* memory, std::size_t) noexcept {
     std::free(memory);
 }
+// NOLINTEND(cppcoreguidelines-no-malloc)
 
 namespace huebrush::fill {
 namespace {

@@ -76,7 +76,10 @@ struct CellText {
     std::string operator()(double value) const {
         return column.type == ColumnType::date ? dateText(value) : formatted("%.16g", value);
     }
-    std::string operator()(const std::string& value) const { return value.c_str(); }
+    /// mdb-export ends a text at its first null character.
+    std::string operator()(const std::string& value) const {
+        return value.substr(0, value.find('\0'));
+    }
     std::string operator()(const Bytes& value) const {
         if (column.type == ColumnType::guid) {
             const std::string guid = guidText(value);

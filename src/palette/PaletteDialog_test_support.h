@@ -246,7 +246,7 @@ class PaletteFilesTest : public files::Folder {
         if (runtime.boxes.size() != 1) {
             return {base::text(runtime.boxes.size(), " boxes"), 0, ""};
         }
-        const memory::ShownBox box = runtime.boxes[0];
+        memory::ShownBox box = runtime.boxes[0];
         runtime.boxes.clear();
         return box;
     }

@@ -155,7 +155,7 @@ TEST_F(LoadDialog, OfAFileThatIsNoDatabaseReportsAnErrorAndKeepsTheFormerOne) {
 TEST_F(LoadDialog, OfADamagedFileReportsAnErrorAndKeepsTheFormerOne) {
     openOn({5});
     jet::Bytes cut = *files.files.at(kFile);
-    cut.resize(3 * 4096);
+    cut.resize(std::size_t{3} * 4096);
     writeFile(kOther, cut);
     connectTo(kOther);
     EXPECT_EQ(onlyReport(), report(3049, "frmLoadFill.ConnectDataFile", couldNotOpen(kOther)));

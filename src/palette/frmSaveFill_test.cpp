@@ -162,7 +162,7 @@ TEST_F(SaveDialog, OfADamagedFileSaysTheSame) {
     makeFile();
     addPalette("a", {1});
     jet::Bytes cut = *files.files.at(kFile);
-    cut.resize(3 * 4096);
+    cut.resize(std::size_t{3} * 4096);
     writeFile(kOther, cut);
     open();
     connectTo(kOther);

@@ -41,6 +41,7 @@ class ElementListTest : public DialogTest {
     void drag(std::int16_t from, const std::vector<std::int16_t>& over) {
         focus(from);
         std::vector<forms::Control*> rows;
+        rows.reserve(over.size());
         for (const std::int16_t index : over) rows.push_back(&row(index));
         user.drag([this, from] { row(from).grab(); }, rows);
     }

@@ -40,7 +40,7 @@ class CommandBarsTest : public testing::Test {
         return found;
     }
     host::CommandBarControlPointer add(const std::string& tag, const std::string& caption) {
-        const auto button = bar->addButton();
+        auto button = bar->addButton();
         button->setTag(tag);
         button->setCaption(caption);
         button->setTooltipText("Co dělá " + caption);

@@ -335,8 +335,8 @@ TEST_F(DocumentsTest, APictureShowsTheTransparencyOfItsShape) {
     const int weight = mask.width() == 0 ? 255 : mask.at(x, y) & 0xFF;
     const int red = 255 + ((colors.at(x, y) >> 16) - 255) * weight / 255;
     const int green = 255 + ((colors.at(x, y) >> 8 & 0xFF) - 255) * weight / 255;
-    EXPECT_NEAR(red, (255 + 200) / 2, 3);
-    EXPECT_NEAR(green, 255 / 2, 3);
+    EXPECT_NEAR(red, (255 + 200) / 2.0, 3);
+    EXPECT_NEAR(green, 255 / 2.0, 3);
 }
 
 TEST_F(DocumentsTest, GradientsRunTheWayTheirVariantsSay) {

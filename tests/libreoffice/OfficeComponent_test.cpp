@@ -26,7 +26,7 @@ class OfficeLocale {
         : former_(set(rtl::OUString::createFromAscii(locale))) {}
     OfficeLocale(const OfficeLocale&) = delete;
     OfficeLocale& operator=(const OfficeLocale&) = delete;
-    ~OfficeLocale() { set(former_); }
+    ~OfficeLocale() { set(former_); }  // NOLINT: an exception here ends the office, and the test
 
  private:
     static rtl::OUString set(const rtl::OUString& locale) {

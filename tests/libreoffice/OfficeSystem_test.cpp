@@ -22,7 +22,7 @@ namespace {
 using libreoffice::OfficeSystem;
 namespace fs = std::filesystem;
 
-const std::string kToolKey = "SOFTWARE\\Microsoft\\Shared Tools\\MSINFO";
+const std::string kToolKey = R"(SOFTWARE\Microsoft\Shared Tools\MSINFO)";
 
 /// A folder that is the only one on the path.
 class OnlyFolderOnPath {

@@ -18,6 +18,7 @@ class OtherProcess::Native {
  public:
     explicit Native(std::vector<std::string> words) {
         std::vector<char*> arguments;
+        arguments.reserve(words.size() + 1);
         for (std::string& word : words) arguments.push_back(word.data());
         arguments.push_back(nullptr);
         if (::posix_spawn(&process_, "/proc/self/exe", nullptr, nullptr, arguments.data(),

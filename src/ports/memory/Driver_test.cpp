@@ -54,8 +54,8 @@ class DriverTest : public ::testing::Test {
 };
 
 TEST_F(DriverTest, ClicksByNameWhatCanBeClicked) {
-    form->ok.Click.connect([this] { events.push_back("ok"); });
-    form->image.Click.connect([this] { events.push_back("image"); });
+    form->ok.Click.connect([this] { events.emplace_back("ok"); });
+    form->image.Click.connect([this] { events.emplace_back("image"); });
     user.click("ok");
     user.click("box");
     user.click("second");
@@ -176,7 +176,7 @@ TEST_F(DriverTest, PicksALineThatTheListHas) {
 
 TEST_F(DriverTest, ReturnAndEscapePressTheButtonsWithTheseRoles) {
     form->ok.Default = true;
-    form->ok.Click.connect([this] { events.push_back("ok"); });
+    form->ok.Click.connect([this] { events.emplace_back("ok"); });
     user.key(forms::KeyCode::kReturn);
     EXPECT_EQ(events, std::vector<std::string>{"ok"});
     form->ok.Cancel = true;

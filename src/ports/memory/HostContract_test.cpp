@@ -32,6 +32,7 @@ class MemoryContractHost final : public ContractHost {
     }
     Id group(const std::string& name, const std::vector<Id>& members) override {
         std::vector<memory::MemoryShapePointer> shapes;
+        shapes.reserve(members.size());
         for (const Id id : members) shapes.push_back(shapes_.at(id));
         return remember(document_->addGroup(name, shapes));
     }
