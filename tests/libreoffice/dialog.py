@@ -90,9 +90,13 @@ class Menu:
         self.click(item)
         self.wait_for_end()
 
-    def close(self):
-        self.screen.key("Escape")
+    def press(self, *keys):
+        """Keys of which the last one closes the menu."""
+        self.screen.key(*keys)
         self.wait_for_end()
+
+    def close(self):
+        self.press("Escape")
 
 
 def dialogs_on(screen):
@@ -153,6 +157,12 @@ class Dialog:
         before = self.screen.windows()
         self.click(place)
         return Menu(self.screen, before, items)
+
+    def open_row_menu_by_key(self, key):
+        """Opens that of the active row."""
+        before = self.screen.windows()
+        self.screen.key(key)
+        return Menu(self.screen, before, ROW_MENU)
 
     def open_row_menu(self, row):
         return self.open_menu(self.in_row(row, MENU), ROW_MENU)

@@ -41,10 +41,6 @@ class DialogCase(WriterCase):
         return [None if shape.FillStyle.value == "NONE" else shape.FillColor
                 for shape in self.shapes]
 
-    def pick(self, *keys):
-        """Picks in the menu that has just been opened."""
-        self.screen.key(*keys)
-
     def background(self, dialog):
         return dialog.colour_at((4000, 6200))
 

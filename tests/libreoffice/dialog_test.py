@@ -7,7 +7,7 @@
 
 from case import run_tests
 from dialog import (ADD, ALL, BOX, DESTINATION, DONE, DOWN, NO_FILL, NOT_SELECTED, RECOLOUR,
-                    ROW_MENU, SELECT_ALL, SELECTED, SOURCE, UP, Dialog, Menu, dialogs_on)
+                    SELECT_ALL, SELECTED, SOURCE, UP, Dialog, dialogs_on)
 from dialog_case import BLUE, CHANGE_FILLS, COLOURS, GREEN, GREY, RED, YELLOW, DialogCase
 from screen import wait_until
 
@@ -21,8 +21,7 @@ class DialogTest(DialogCase):
     def test_the_whole_job_by_mouse(self):
         dialog = self.open_filled()
         dialog.click_row(2, BOX)
-        dialog.open_row_menu(2)
-        self.pick("Down", "Return")  # No fill.
+        dialog.open_row_menu(2).press("Down", "Return")  # No fill.
         nothing = self.background(dialog)
         dialog.wait_for_colours([RED, nothing, BLUE], DESTINATION)
         dialog.click(RECOLOUR)
@@ -35,19 +34,15 @@ class DialogTest(DialogCase):
 
     def test_the_menu_restores_the_previous_fill(self):
         dialog = self.open_filled()
-        dialog.open_row_menu(1)
-        self.pick("Down", "Return")
+        dialog.open_row_menu(1).press("Down", "Return")
         dialog.wait_for_colours([self.background(dialog), GREEN], DESTINATION)
-        dialog.open_row_menu(1)
-        self.pick("Up", "Return")  # The last item restores.
+        dialog.open_row_menu(1).press("Up", "Return")  # The last item restores.
         dialog.wait_for_colours([RED, GREEN], DESTINATION)
 
     def test_a_menu_closed_without_a_pick_changes_nothing(self):
         dialog = self.open_filled()
-        dialog.open_row_menu(1)
-        self.pick("Down", "Escape")
-        dialog.open_row_menu(2)
-        self.pick("Down", "Return")
+        dialog.open_row_menu(1).press("Down", "Escape")
+        dialog.open_row_menu(2).press("Down", "Return")
         dialog.wait_for_colours([RED, self.background(dialog), BLUE], DESTINATION)
 
     def test_add_by_its_access_key_and_again(self):
@@ -120,8 +115,7 @@ class DialogTest(DialogCase):
     def test_the_remove_menu_removes_the_active_row(self):
         dialog = self.open_filled()
         dialog.click_row(3, SOURCE)
-        dialog.open_remove_menu()
-        self.pick("Down", "Return")
+        dialog.open_remove_menu().press("Down", "Return")
         dialog.wait_for_colours([RED, GREEN, YELLOW, GREY, self.background(dialog)])
 
     def test_keys_remove_rows(self):
@@ -140,8 +134,7 @@ class DialogTest(DialogCase):
         dialog.click_row(1, SOURCE)
         self.screen.key("Down")
         self.screen.key("space")
-        self.screen.key("Menu")
-        self.pick("Down", "Return")
+        dialog.open_row_menu_by_key("Menu").press("Down", "Return")
         dialog.wait_for_colours([RED, self.background(dialog)], DESTINATION)
         self.screen.key("alt+b")
         wait_until(lambda: self.fills() == [RED, RED, None, None], "the green ones are recoloured")
@@ -150,9 +143,7 @@ class DialogTest(DialogCase):
         dialog = self.open_filled([RED, GREEN])
         dialog.click_row(2, SOURCE)
         for key in ("Menu", "shift+F10", "BackSpace"):
-            before = self.screen.windows()
-            self.screen.key(key)
-            Menu(self.screen, before, ROW_MENU).close()
+            dialog.open_row_menu_by_key(key).close()
 
     def test_the_focus_survives_a_click_into_the_document(self):
         dialog = self.open_filled()

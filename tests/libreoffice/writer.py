@@ -5,6 +5,7 @@ import os
 import re
 import sys
 import threading
+from functools import partial
 from pathlib import Path
 
 import uno
@@ -25,7 +26,7 @@ from screen import wait_until
 sys.path.append(str(Path(__file__).resolve().parents[2] / "tools"))
 
 from office import Office  # noqa: E402
-from private_office import context_behind  # noqa: E402
+from private_office import Callback, context_behind  # noqa: E402
 
 BAR_NAME = "Huebrush"
 ASK_TO_QUIT_AGAIN = 10.0
@@ -234,10 +235,15 @@ class Writer(Office):
             for frame in frames:
                 frame.Controller.Model.setModified(False)
             for frame in frames[:1]:
-                self.dispatch(frame, ".uno:Quit")
+                self._run_on_main_thread(partial(self.dispatch, frame, ".uno:Quit"))
         except (DisposedException, RuntimeException, SystemError):
             pass  # It was gone before it could answer.
         return self.wait_for_end(ASK_TO_QUIT_AGAIN)
+
+    def _run_on_main_thread(self, function):
+        """Has the office call the function back on its main thread, where the user's own commands
+        run: on another one, an end meets bars that still ask a closed document for its state."""
+        self.create("com.sun.star.awt.AsyncCallback").addCallback(Callback(function), None)
 
     def dispatch(self, frame, command):
         """Runs a command of a menu. A modal box that it opens does not hold this call up."""
