@@ -2,10 +2,9 @@
 
 // The files of this system: what files/ does, with the errors of the database platform.
 
-#include <filesystem>
-
 #include "base/Text.h"
 #include "files/Error.h"
+#include "files/Folder.h"
 #include "files/Lock.h"
 #include "files/Names.h"
 #include "files/NewFile.h"
@@ -147,22 +146,10 @@ class SystemFiles final : public FileSystem {
     }
     void remove(const std::string& name) override {
         static_cast<void>(lock(name));
-        std::error_code reason;
-        if (!std::filesystem::remove(pathOf(name), reason)) throwWrite(name, reason);
+        translated([&] { files::removeFile(name); });
     }
     void makeFolder(const std::string& name) override {
-        std::error_code reason;
-        std::filesystem::create_directories(pathOf(name), reason);
-        if (reason) throwWrite(name, reason);
-    }
-
- private:
-    static std::filesystem::path pathOf(const std::string& name) {
-        return std::u8string(name.begin(), name.end());
-    }
-    [[noreturn]] static void throwWrite(const std::string& name, const std::error_code& reason) {
-        const files::Error error(Problem::write, name, reason.value());
-        throw Error(numberOf(error), textOf(error), error.what());
+        translated([&] { files::makeFolder(name); });
     }
 };
 
