@@ -71,9 +71,9 @@ class Medium {
 
     static void write(Bytes& bytes, const Action& action, std::size_t size) {
         if (size == 0) return;
-        bytes.resize(std::max<std::size_t>(bytes.size(), action.at + size));
-        std::copy_n(action.bytes.begin(), size,
-                    bytes.begin() + static_cast<std::ptrdiff_t>(action.at));
+        const auto at = static_cast<std::size_t>(action.at);
+        bytes.resize(std::max(bytes.size(), at + size));
+        std::copy_n(action.bytes.begin(), size, bytes.begin() + static_cast<std::ptrdiff_t>(at));
     }
     static void rename(std::map<std::string, int>& names, const Name& change) {
         switch (change.action.kind) {
