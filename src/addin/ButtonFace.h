@@ -14,9 +14,8 @@ namespace huebrush::addin {
 /// Does nothing for no button.
 void SetButtonFace(host::CommandBarControl* button, const std::int16_t& icon);
 
-/// Draws an icon at the upper left corner of a picture; the canvas shows where the icon is
-/// transparent, and what is transparent in both stays so. Both are bitmaps, and so is the result,
-/// with 32 bits a pixel; a canvas or icon that is none leaves the canvas as it is.
+/// Draws an icon at the upper left corner of a bitmap, by the means of the forms runtime. The
+/// result is the canvas as it is where that fails, or where either is no such picture.
 base::Picture DrawIconOnPicture(const base::Picture& icon, const base::Picture& canvas);
 
 }  // namespace huebrush::addin

@@ -25,6 +25,7 @@ constexpr const char* kModule = "Huebrush.Connect2000.";
 constexpr const char* kPositionSection = "ToolBarPosition";
 constexpr const char* kHostName = "Microsoft Word";
 constexpr double kOldestVersion = 8.0;
+/// The newest version that the add-in is known to work with, unless the user's settings name one.
 constexpr double kNewestVersion = 9.0;
 
 /// The icon of the priming pass.
@@ -82,6 +83,18 @@ double versionNumber(host::Application& application) {
     return toLocaleNumber(std::move(version), separator);
 }
 
+/// Whether the host is newer than what runs in full. A user who has tried a newer one may say so,
+/// by its version with a point; what is no number counts for nothing.
+bool isUntested(double version) {
+    if (version <= kNewestVersion) return false;
+    const auto tested =
+        forms::Runtime::current().Settings().GetSetting(kProduct, "Host", "TestedVersion");
+    if (!tested) return true;
+    double newest = kNewestVersion;
+    base::ignoring<base::Error>([&] { newest = base::toNumber(*tested); });
+    return version > newest;
+}
+
 std::optional<std::string> storedPosition(const char* key) {
     return forms::Runtime::current().Settings().GetSetting(kProduct, kPositionSection, key);
 }
@@ -123,7 +136,7 @@ void ConnectW2000::connect(host::Application& application) {
         return connection_ == connection;
     };
     CreateToolbar(application, isConnected);
-    if (version > kNewestVersion && isConnected()) {
+    if (isConnected() && isUntested(version)) {
         warnOfNewHost();
         if (!isConnected()) return;
         if (!tbChangeFillWizard_) base::throwObjectNotSet();

@@ -168,6 +168,26 @@ TEST_F(ConnectTest, VersionsBetweenTheWholeOnesAreNewerThan9AndOlderThan8Too) {
     }
 }
 
+TEST_F(ConnectTest, AHostUpToTheVersionThatTheUserHasTriedRunsFully) {
+    for (const char separator : {'.', ','}) {
+        for (const auto& [tested, version, isWarnedOf] :
+             {std::tuple("16.0", "16.0", false), std::tuple("16.0", "10.0", false),
+              std::tuple("15.0", "16.0", true), std::tuple("8.0", "9.0", false),
+              std::tuple("", "10.0", true), std::tuple("Word", "10.0", true)}) {
+            SCOPED_TRACE(text(tested, ", ", version, " under ", std::string(1, separator)));
+            memory::TestHost host;
+            host.application.version = version;
+            host.runtime.separator = separator;
+            host.runtime.settings[{"Huebrush", "Host", "TestedVersion"}] = tested;
+            ConnectW2000 connecting;
+            connecting.OnConnection(host.application);
+            EXPECT_EQ(host.runtime.boxes.size(), isWarnedOf ? 1U : 0U);
+            ASSERT_EQ(host.application.bars.bars.size(), 1U);
+            EXPECT_EQ(host.application.bars.bars[0]->buttons.at(2)->enabled, !isWarnedOf);
+        }
+    }
+}
+
 TEST_F(ConnectTest, TheSelectionButtonsOfANewerHostWork) {
     test.application.version = "10.0";
     connect();

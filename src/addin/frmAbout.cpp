@@ -2,10 +2,14 @@
 
 #include "addin/frmAbout.h"
 
+#include <algorithm>
 #include <array>
+#include <charconv>
+#include <cstddef>
 #include <cstdint>
+#include <iterator>
 #include <optional>
-#include <sstream>
+#include <string_view>
 
 #include "addin/Product.h"
 #include "base/Text.h"
@@ -62,18 +66,22 @@ constexpr double kButtonStep = 480;
 }  // namespace design
 
 std::string hexadecimal(std::uint32_t number) {
-    std::ostringstream out;
-    out << "&h" << std::hex << std::uppercase << number;
-    return out.str();
+    char digits[8];
+    char* const end = std::to_chars(std::begin(digits), std::end(digits), number, 16).ptr;
+    std::transform(std::begin(digits), end, std::begin(digits), [](char digit) {
+        return digit >= 'a' ? static_cast<char>(digit - 'a' + 'A') : digit;
+    });
+    return text("&h", std::string_view(digits, static_cast<std::size_t>(end - digits)));
 }
 
 /// "1.00.0015" becomes "1.0.15"; a part that is missing is 0.
-std::string plainVersion(const std::string& version) {
-    std::istringstream parts(version);
+std::string plainVersion(std::string_view version) {
     std::array<std::int32_t, 3> numbers{};
     for (std::int32_t& number : numbers) {
-        std::string part;
-        if (std::getline(parts, part, '.')) number = base::toInteger(part);
+        if (version.empty()) break;
+        const std::size_t point = std::min(version.find('.'), version.size());
+        number = base::toInteger(version.substr(0, point));
+        version.remove_prefix(std::min(point + 1, version.size()));
     }
     return text(numbers[0], ".", numbers[1], ".", numbers[2]);
 }

@@ -11,6 +11,7 @@
 #include <utility>
 #include <vector>
 
+#include "base/Bitmap.h"
 #include "base/Error.h"
 #include "forms/ControlArray.h"
 #include "forms/Controls.h"
@@ -389,9 +390,17 @@ TYPED_TEST_P(FormsContract, OneButtonOfAFormIsItsDefault) {
 
 TYPED_TEST_P(FormsContract, TheClipboardGivesBackThePictureUntilItIsCleared) {
     Clipboard& clipboard = Runtime::current().Clipboard();
-    const base::Picture picture(base::PictureFormat::bitmap, {'B', 'M', 1, 2, 3});
+    const base::Picture picture(base::PictureFormat::bitmap,
+                                base::bitmapFileIn(base::rgb(10, 20, 30), 4, 3));
+    const auto pixelsOf = [](const base::Picture& bitmap) {
+        base::Pixels pixels = base::decodeBitmap(bitmap.bytes());
+        base::ignoreUnusedAlpha(pixels);
+        return pixels;
+    };
     clipboard.SetData(picture);
-    EXPECT_EQ(clipboard.GetData(), picture);
+    const base::Picture back = clipboard.GetData();
+    ASSERT_EQ(back.format(), base::PictureFormat::bitmap);
+    EXPECT_TRUE(pixelsOf(back) == pixelsOf(picture));
     clipboard.Clear();
     EXPECT_TRUE(clipboard.GetData().empty());
 }

@@ -22,6 +22,9 @@ class ForwardingRuntime : public Runtime {
     std::string ChooseFile(const FileDialog& dialog) override {
         return platform_.ChooseFile(dialog);
     }
+    base::Picture DrawIcon(const base::Picture& icon, const base::Picture& canvas) override {
+        return platform_.DrawIcon(icon, canvas);
+    }
     void DoEvents() override { platform_.DoEvents(); }
     forms::Clipboard& Clipboard() override { return platform_.Clipboard(); }
     forms::Settings& Settings() override { return platform_.Settings(); }

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "base/Error.h"
+#include "forms/DrawIcon.h"
 
 namespace huebrush::forms {
 
@@ -18,6 +19,10 @@ Runtime& Runtime::current() {
         throw base::Error(base::ErrorNumber::kInternal, "Prostředí formulářů není připraveno.");
     }
     return *slot();
+}
+
+base::Picture Runtime::DrawIcon(const base::Picture& icon, const base::Picture& canvas) {
+    return drawIcon(icon, canvas);
 }
 
 RuntimeScope::RuntimeScope(Runtime& runtime) : former_(std::exchange(Runtime::slot(), &runtime)) {}

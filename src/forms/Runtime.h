@@ -139,6 +139,9 @@ class Runtime {
     /// Shows a modal file dialog and returns the full path chosen. An error (32755) when the user
     /// cancels it. Some platforms themselves ask whether to replace an existing file.
     virtual std::string ChooseFile(const FileDialog& dialog) = 0;
+    /// Draws an icon of the component at the upper left corner of a picture, as `drawIcon` does or
+    /// by the platform's own means; what fails leaves the canvas as it is.
+    virtual base::Picture DrawIcon(const base::Picture& icon, const base::Picture& canvas);
     /// Lets pending events run: anything may happen meanwhile, even the closing of the caller's own
     /// form.
     virtual void DoEvents() = 0;
