@@ -25,7 +25,8 @@ void note(CallLog& log, const char* kind, const std::string& owner, const char* 
 
 }  // namespace
 
-MemoryButton::MemoryButton(MemoryBar& bar, std::string id) : bar_(bar), id_(std::move(id)) {}
+MemoryButton::MemoryButton(MemoryBar& bar, std::string id)
+    : face(bar.blankFace()), bar_(bar), id_(std::move(id)) {}
 
 void MemoryButton::setTag(const std::string& value) {
     note(bar_.log(), "write", id_, "Tag", value);
@@ -70,6 +71,9 @@ MemoryBar::MemoryBar(MemoryBars& bars, std::string barName)
 
 CallLog& MemoryBar::log() const {
     return bars_.log();
+}
+const base::Picture& MemoryBar::blankFace() const {
+    return bars_.blankFace;
 }
 
 std::string MemoryBar::Name() {

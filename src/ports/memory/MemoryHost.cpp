@@ -68,19 +68,6 @@ class MemoryShapeCollection final : public host::Shapes {
     MemoryDocument& document_;
 };
 
-/// The picture of a fill: its pixels are a text that says what the fill is, which is all that tests
-/// look at.
-base::Picture pictureOf(const FillState& fill) {
-    std::string shown =
-        text("fill ", static_cast<std::int32_t>(fill.Visible), " ", fill.ForeColorRGB, " ",
-             fill.BackColorRGB, " ", static_cast<std::int32_t>(fill.Type), " ",
-             static_cast<std::int32_t>(fill.Transparency * 1000));
-    constexpr std::size_t kBytes = base::Pixels::kBytes;
-    shown.resize((shown.size() + kBytes - 1) / kBytes * kBytes, ' ');
-    return base::bitmapOf(static_cast<std::int32_t>(shown.size() / kBytes), 1,
-                          {shown.begin(), shown.end()});
-}
-
 class MemorySelection final : public host::Selection {
  public:
     explicit MemorySelection(MemoryDocument& document) : document_(document) {}
@@ -104,8 +91,8 @@ class MemorySelection final : public host::Selection {
         const MemoryShape& shape = *document_.selected.front();
         const bool shows = shape.fill.Visible != host::MsoTriState::msoFalse ||
                            shape.lineVisible != host::MsoTriState::msoFalse;
-        forms::Runtime::current().Clipboard().SetData(shows ? pictureOf(shape.fill)
-                                                            : base::Picture());
+        forms::Runtime::current().Clipboard().SetData(
+            shows ? document_.application().pictureOf(shape.fill) : base::Picture());
     }
 
  private:
@@ -171,6 +158,17 @@ void indexByName(const std::vector<MemoryShapePointer>& shapes,
 }
 
 }  // namespace
+
+base::Picture describingPicture(const FillState& fill) {
+    std::string shown =
+        text("fill ", static_cast<std::int32_t>(fill.Visible), " ", fill.ForeColorRGB, " ",
+             fill.BackColorRGB, " ", static_cast<std::int32_t>(fill.Type), " ",
+             static_cast<std::int32_t>(fill.Transparency * 1000));
+    constexpr std::size_t kBytes = base::Pixels::kBytes;
+    shown.resize((shown.size() + kBytes - 1) / kBytes * kBytes, ' ');
+    return base::bitmapOf(static_cast<std::int32_t>(shown.size() / kBytes), 1,
+                          {shown.begin(), shown.end()});
+}
 
 MemoryDocument::MemoryDocument(MemoryApplication& application, std::string name)
     : application_(application), name_(std::move(name)) {}

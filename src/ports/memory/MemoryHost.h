@@ -83,6 +83,10 @@ class MemoryDocument final : public host::Document,
     std::unordered_map<std::string, int> numbers_;
 };
 
+/// The picture of a fill: its pixels are a text that says what the fill is, which is all that most
+/// tests look at.
+base::Picture describingPicture(const FillState& fill);
+
 /// What a test makes of a built-in tool that the logic opens: it may change the selected shape, and
 /// returns the tool's result.
 using HostTool = std::function<std::int32_t(MemoryShape& selected)>;
@@ -103,8 +107,7 @@ class MemoryButton final : public host::CommandBarControl {
     std::string tag;
     std::string caption;
     std::string tooltip;
-    /// One transparent pixel, to begin with.
-    base::Picture face = base::bitmapOf(1, 1, {0, 0, 0, 0});
+    base::Picture face;
     bool enabled = true;
 
  private:
@@ -131,6 +134,7 @@ class MemoryBar final : public host::CommandBar {
     host::CommandBarControlPointer FindControl(const std::string& tag) override;
 
     CallLog& log() const;
+    const base::Picture& blankFace() const;
 
     std::string name;
     bool visible = false;
@@ -174,6 +178,8 @@ class MemoryBars final : public host::CommandBars {
     CallLog& log() const;
 
     std::vector<std::shared_ptr<MemoryBar>> bars;
+    /// The face of new buttons: one transparent pixel, if nothing else is wanted.
+    base::Picture blankFace = base::bitmapOf(1, 1, {0, 0, 0, 0});
     /// The numbers of the host's own controls that it does not have.
     std::set<std::int32_t> missingControls;
 
@@ -220,6 +226,8 @@ class MemoryApplication final : public host::Application,
     /// Every scratch document ever made, closed ones included.
     std::vector<std::shared_ptr<MemoryDocument>> scratchDocuments;
     std::map<std::int32_t, HostTool> tools;
+    /// What a copied shape looks like: if nothing else is wanted, its fill in words.
+    std::function<base::Picture(const FillState& fill)> pictureOf = &describingPicture;
 
     /// Runs a tool on the shape selected last in a scratch document.
     std::int32_t runTool(std::int32_t id);
