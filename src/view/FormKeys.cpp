@@ -95,6 +95,7 @@ FormAction cancel(const forms::Form& form) {
 bool isHeardByBoxes(std::int16_t code) {
     switch (code) {
         case KeyCode::kBack:
+        case KeyCode::kAlt:
         case KeyCode::kUp:
         case KeyCode::kDown:
         case KeyCode::kDelete:

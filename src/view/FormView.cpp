@@ -112,6 +112,12 @@ void FormView::resized(const Size& size) {
     });
 }
 
+void FormView::rescale(const Scale& scale) {
+    scale_ = scale;
+    changed_ = true;
+    if (open_) actions_.wake();
+}
+
 void FormView::cancelDrag() {
     if (form_.dragged() != nullptr) pointing_.cancelDrag(form_);
 }

@@ -62,6 +62,8 @@ class FormView final : public InputTarget,
     /// The user has resized the window; this is the size of its inside.
     void resized(const Size& size);
     void cancelDrag() override;
+    /// The window is on a screen of another resolution; the caller flushes.
+    void rescale(const Scale& scale);
 
     // Following the controls.
 

@@ -449,5 +449,15 @@ TEST_F(TwoListsTest, WhatTheFieldKnowsIsCollectedBeforeWhatTheUserDoesNext) {
     EXPECT_EQ(caret, 2);
 }
 
+TEST_F(FormViewTest, OnAScreenOfAnotherResolutionThePixelsChangeAndTheTwipsStay) {
+    open();
+    const Size before = frame.size;
+    const double width = form->Width;
+    view->rescale(Scale(192));
+    turn();
+    EXPECT_EQ(frame.size, (Size{2 * before.width, 2 * before.height}));
+    EXPECT_EQ(form->Width, width);
+}
+
 }  // namespace
 }  // namespace huebrush::view

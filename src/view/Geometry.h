@@ -66,12 +66,16 @@ inline Box intersection(const Box& a, const Box& b) {
 /// Between the twips of the controls and the pixels of a screen.
 class Scale {
  public:
-    explicit Scale(double dotsPerInch = 96) : pixelsPerTwip_(dotsPerInch / base::kTwipsPerInch) {}
+    explicit Scale(double dotsPerInch = 96)
+        : pixelsPerTwip_(dotsPerInch / base::kTwipsPerInch),
+          twipsPerPixel_(base::kTwipsPerInch / dotsPerInch) {}
 
     std::int32_t toPixels(double twips) const {
         return static_cast<std::int32_t>(std::lround(twips * pixelsPerTwip_));
     }
-    double toTwips(std::int32_t pixels) const { return pixels / pixelsPerTwip_; }
+    /// Exact at the usual resolutions, whatever the precision of the processor: what came from
+    /// twips is the same number again.
+    double toTwips(std::int32_t pixels) const { return pixels * twipsPerPixel_; }
     /// Boxes that meet in twips meet in pixels.
     Rectangle toPixels(const Box& box) const {
         const std::int32_t left = toPixels(box.left);
@@ -82,6 +86,7 @@ class Scale {
 
  private:
     double pixelsPerTwip_;
+    double twipsPerPixel_;
 };
 
 }  // namespace huebrush::view

@@ -32,6 +32,8 @@ bool Keyboard::press(const Key& key) {
 bool Keyboard::release(const Key& key) {
     if (target_.menu().isOpen()) return true;
     if (std::exchange(menuKey_, std::nullopt) == key.code) return true;
+    // Alt counts by itself only, not as the shift key of another one.
+    if (key.code == forms::KeyCode::kAlt && pressed_.code != key.code) return false;
     // Releasing a shift key first does not cancel it.
     Key released = key;
     if (pressed_.code == key.code) {

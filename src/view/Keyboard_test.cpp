@@ -284,5 +284,20 @@ TEST_F(KeyboardTest, AnOpenMenuGetsAllKeysIncludingTheReleaseOfTheLast) {
     EXPECT_EQ(events().size(), 1U) << "the next one is the box's again";
 }
 
+TEST_F(KeyboardTest, AltIsHeardByABoxOnlyWhereItIsPressedAlone) {
+    focus(form->box);
+    view->keyboard().press({KeyCode::kAlt, Shift::kAlt});
+    view->keyboard().release({KeyCode::kAlt, Shift::kNone});
+    turn();
+    EXPECT_EQ(form->events, (Names{"18+4"}));
+    form->events.clear();
+    view->keyboard().press({KeyCode::kAlt, Shift::kAlt});
+    view->keyboard().press({'X', Shift::kAlt});
+    view->keyboard().release({'X', Shift::kAlt});
+    view->keyboard().release({KeyCode::kAlt, Shift::kNone});
+    turn();
+    EXPECT_TRUE(form->events.empty());
+}
+
 }  // namespace
 }  // namespace huebrush::view

@@ -22,7 +22,8 @@ bool Menu::press(const Key& key) {
 }
 
 void Menu::pressBeside() {
-    closedByPress_ = menu_;
+    const forms::PopupMenu* const closedBefore = std::exchange(pressToCome_, nullptr);
+    closedByPress_ = open_ == nullptr ? closedBefore : menu_;
     close();
 }
 

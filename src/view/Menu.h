@@ -38,6 +38,9 @@ class Menu {
     bool press(const Key& key);
     /// A button of the mouse goes down beside the menu, which closes it.
     void pressBeside();
+    /// The open menu was closed by a press of the mouse that will be reported only after it: the
+    /// next pressBeside() is that press.
+    void closedByPressToCome() { pressToCome_ = menu_; }
 
     /// While it lives, a menu is open.
     class Opened {
@@ -57,6 +60,7 @@ class Menu {
     /// The menu closed by a press of the mouse whose release is still to come: what opened it must
     /// not open it again with the same click.
     const forms::PopupMenu* closedByPress_ = nullptr;
+    const forms::PopupMenu* pressToCome_ = nullptr;
 };
 
 }  // namespace huebrush::view

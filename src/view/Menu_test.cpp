@@ -118,6 +118,18 @@ TEST_F(MenuTest, ReturnWithoutAHighlightClosesWithoutAPick) {
     EXPECT_EQ(pick.picked(), std::nullopt);
 }
 
+TEST_F(MenuTest, ThePressThatHasClosedAMenuMayComeAfterIt) {
+    {
+        const Menu::Opened opened(state, window, menu);
+        state.closedByPressToCome();
+    }
+    state.pressBeside();
+    EXPECT_FALSE(state.mayOpen(menu)) << "the release of that click";
+    EXPECT_TRUE(state.mayOpen(menu)) << "the next click";
+    state.pressBeside();
+    EXPECT_TRUE(state.mayOpen(menu));
+}
+
 TEST_F(MenuTest, EscapeClosesWithoutAPick) {
     pick.press({KeyCode::kEnd});
     pick.press({KeyCode::kEscape});

@@ -30,14 +30,6 @@ bool hasPaintedEdge(const forms::Control& control) {
     return field != nullptr && field->MultiLine;
 }
 
-/// The number of the colour that lies under a control.
-unsigned backgroundUnder(const forms::Control& control) {
-    for (const forms::Control* at = control.container(); at != nullptr; at = at->container()) {
-        if (dynamic_cast<const forms::PictureBox*>(at) != nullptr) return backgroundOf(*at);
-    }
-    return forms::SystemColor::kButtonFace;
-}
-
 }  // namespace
 
 /// A user control's canvas: its place on the surface.
@@ -68,6 +60,13 @@ class Painter::Face final : public forms::Canvas {
 unsigned backgroundOf(const forms::Control& surface) {
     const auto* const box = dynamic_cast<const forms::PictureBox*>(&surface);
     return box == nullptr ? forms::SystemColor::kButtonFace : box->BackColor.get();
+}
+
+unsigned backgroundUnder(const forms::Control& control) {
+    for (const forms::Control* at = control.container(); at != nullptr; at = at->container()) {
+        if (dynamic_cast<const forms::PictureBox*>(at) != nullptr) return backgroundOf(*at);
+    }
+    return forms::SystemColor::kButtonFace;
 }
 
 void Painter::paint(forms::Control& surface, const Size& size) {

@@ -24,6 +24,9 @@ namespace huebrush::view {
 /// The number of the colour that a surface has where nothing lies on it.
 unsigned backgroundOf(const forms::Control& surface);
 
+/// The number of the colour that lies under a control.
+unsigned backgroundUnder(const forms::Control& control);
+
 /// Draws on a surface what has no native control there: labels, images, lines, frames, picture
 /// boxes that are no surfaces themselves, and the faces of user controls.
 class Painter {

@@ -64,6 +64,18 @@ class SceneTest : public ::testing::Test {
     std::shared_ptr<SceneForm> form = std::make_shared<SceneForm>();
 };
 
+TEST(ScaleTest, PixelsGiveTheTwipsThatTheyCameFrom) {
+    for (const double resolution : {96.0, 120.0, 144.0, 192.0}) {
+        const Scale scale(resolution);
+        const double twipsOfOne = 1440 / resolution;
+        for (std::int32_t pixels = 0; pixels < 3000; ++pixels) {
+            const double twips = pixels * twipsOfOne;
+            ASSERT_EQ(scale.toPixels(twips), pixels) << resolution;
+            ASSERT_EQ(scale.toTwips(pixels), twips) << resolution;
+        }
+    }
+}
+
 TEST_F(SceneTest, WhatWasMadeFirstLiesAbove) {
     EXPECT_EQ(namesOf(*form), (Names{"line", "box", "frame", "inside", "below", "above"}));
 }
