@@ -3,7 +3,7 @@
 # it; `make packages` and `make check-packages` do only that; nothing else installs anything.
 
 .PHONY: all packages check-packages build demo check unit long asan fuzz office lint format bench \
-  screenshots newer windows-packages windows windows-behind install clean
+  screenshots newer windows-packages windows windows-behind word word32 install clean
 
 CTEST := ctest --output-on-failure
 
@@ -71,6 +71,8 @@ format:
 	@tools/sources.sh | xargs clang-format-14 -i
 
 bench: build
+	@$(call configure,windows-x86_64,windows,make windows-packages)
+	@cmake --build --preset windows-x86_64 --target word_bench
 	@/usr/bin/python3 bench/run.py --json build/bench.json
 
 # The pictures of docs/manual.md and docs/manual.cs.md.
@@ -89,19 +91,40 @@ windows-packages:
 # Wine.
 windows:
 	@$(call configure,windows-i686,windows,make windows-packages)
-	@cmake --build --preset windows-i686
+	@$(gently) cmake --build --preset windows-i686
 	@$(call configure,windows-x86_64,windows,make windows-packages)
-	@cmake --build --preset windows-x86_64
+	@$(gently) cmake --build --preset windows-x86_64
 	$(CTEST) --test-dir build/windows-x86_64 -j2
 	@awk '/PASSED/ { tests += $$4 } END { print tests " tests passed under Wine" }' \
 	  build/windows-x86_64/Testing/Temporary/LastTest.log
 
-# The same behind other work; what it prints comes at its end, in full only where it failed.
+# The same behind other work, for which its compilers make room: tests with a screen have users that
+# wait. What it prints comes at its end, in full only where it failed.
 windows-behind:
 	@mkdir -p build
-	@$(MAKE) --no-print-directory windows >build/windows.log 2>&1 || \
+	@$(MAKE) --no-print-directory windows gently='nice -n 10' >build/windows.log 2>&1 || \
 	  { cat build/windows.log; exit 1; }
 	@tail -n 1 build/windows.log
+
+# The Word add-in for 32 and 64 bits, as a package, with a list of what its files need and offer.
+wine := tests/windows/wine.sh $(CURDIR)/build/windows-x86_64/wine
+word:
+	@$(call configure,windows-i686,windows,make windows-packages)
+	@cmake --build --preset windows-i686 --target huebrush_word_dll
+	@$(call configure,windows-x86_64,windows,make windows-packages)
+	@cmake --build --preset windows-x86_64 --target huebrush_word_dll huebrush_word_data
+	@$(wine) start && $(wine) run build/windows-x86_64/bin/huebrush_word_data.exe; \
+	  result=$$?; $(wine) end; exit $$result
+	@/usr/bin/python3 src/ports/word/package/make_package.py build/windows-i686 \
+	  build/windows-x86_64 build/windows-x86_64/bin/Data/fill.mdb LICENSE build/huebrush-word.zip
+
+# The tests of all that is built for 32 bits, in a 32-bit Debian of its own. As root.
+word32:
+	@$(call configure,windows-i686,windows,make windows-packages)
+	@cmake --build --preset windows-i686 --target all
+	@$(call configure,windows-x86_64,windows,make windows-packages)
+	@cmake --build --preset windows-x86_64 --target huebrush_word_dll
+	@tools/word32.sh
 
 # Below PREFIX, or the folder that the build was configured for (/usr/local).
 install: all

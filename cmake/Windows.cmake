@@ -54,5 +54,9 @@ function(huebrush_register_tests program)
       ENVIRONMENT "GTEST_TOTAL_SHARDS=${parts};GTEST_SHARD_INDEX=${index};GTEST_FILTER=${filter}"
       # A program without tests ends well, too.
       FAIL_REGULAR_EXPRESSION "PASSED  \\] 0 tests")
+    if(program MATCHES "^word_")
+      # They share one user's registry, clipboard and locale.
+      set_tests_properties(${name} PROPERTIES RESOURCE_LOCK windows_user)
+    endif()
   endforeach()
 endfunction()

@@ -46,6 +46,10 @@ check=(
 windows=(
   cmake ninja-build make nlohmann-json3-dev googletest
   g++-mingw-w64-x86-64-win32 g++-mingw-w64-i686-win32 wine wine64
+  # the icons and the package, and what reads its palettes
+  librsvg2-bin python3 zip mdbtools
+  # a screen, and a user at it
+  xvfb xauth x11-xkb-utils xdotool openbox wmctrl x11-utils imagemagick fonts-liberation
 )
 
 # The linters of C++: tools/lint.sh needs these very versions. Debian 13 has only later ones.

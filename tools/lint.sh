@@ -44,7 +44,7 @@ write_commands() { # FOLDER
 
 # What is compiled here.
 cpp_files() {
-  tools/sources.sh '*.cpp' | grep -vE '/win32/|^tests/windows/'
+  tools/sources.sh '*.cpp' | grep -vE '/win32/|^src/ports/word/|^tests/windows/'
 }
 readonly TESTS='^(tests|bench)/|_test(_support)?\.cpp$|Contract\.cpp$'
 

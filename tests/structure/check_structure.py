@@ -39,6 +39,7 @@ LIBRARIES = {
     "rtl/": {"ports/libreoffice"},
     "osl/": {"ports/libreoffice"},
     "sal/": {"ports/libreoffice"},
+    "windows.h": {"files", "ports/word"},
 }
 
 INCLUDE = re.compile(r'^\s*#\s*include\s+(["<])([^">]+)[">]', re.MULTILINE)
