@@ -1,7 +1,8 @@
 #!/usr/bin/python3
 # SPDX-License-Identifier: MPL-2.0
 """Measures Huebrush against a Basic macro and a PyUNO script that do the same job, the recolour
-dialog in its window, and the work on palette files against other readers, and prints tables.
+dialog in its window, the work on palette files against other readers, and the add-in for Word over
+a stand-in, and prints tables.
 
     bench/run.py [--json FILE] [--shapes 250,1000,4000,16000] [--runs 3] [--documents-only]
 
@@ -22,6 +23,7 @@ sys.path[:0] = [str(BENCH), str(ROOT / "tools")]
 
 import dialog  # noqa: E402
 import palettes  # noqa: E402
+import word  # noqa: E402
 from private_office import PrivateOffice  # noqa: E402
 from run_peers import PEERS, medians  # noqa: E402
 
@@ -236,8 +238,9 @@ def main():
     parser.add_argument("--shapes", default="250,1000,4000,16000")
     parser.add_argument("--runs", type=int, default=3)
     parser.add_argument("--build", type=Path, default=ROOT / "build" / "release")
+    parser.add_argument("--windows-build", type=Path, default=ROOT / "build" / "windows-x86_64")
     parser.add_argument("--documents-only", action="store_true",
-                        help="leave out the dialog, the logic alone and the palettes")
+                        help="leave out the dialog, the logic alone, the palettes and Word")
     arguments = parser.parse_args()
     sizes = [int(size) for size in arguments.shapes.split(",")]
     build, runs = arguments.build, arguments.runs
@@ -253,10 +256,12 @@ def main():
             dialogs = measure_dialogs(runs, extensions, folder)
             memory = measure_memory(build / "bin" / "memory_bench")
             palette_figures = measure_palettes(build, runs)
+            in_word = word.measure(arguments.windows_build, runs)
+            word.print_table(in_word)
             figures |= {"memory_ns_per_shape": memory, "dialog": dialogs,
-                        "palettes": palette_figures}
+                        "palettes": palette_figures, "word": in_word}
             verdicts += [*memory_goals(memory), *dialog_goals(dialogs),
-                         *palettes.verdicts(palette_figures)]
+                         *palettes.verdicts(palette_figures), *word.verdicts(in_word)]
     palettes.print_verdicts(verdicts)
     if arguments.json:
         arguments.json.write_text(json.dumps({**figures, "goals": verdicts}, indent=2))
