@@ -3,13 +3,17 @@
 #include "ports/libreoffice/bar/BarPlaces.h"
 
 #include <algorithm>
+#include <chrono>
 #include <com/sun/star/awt/Point.hpp>
 #include <com/sun/star/ui/DockingArea.hpp>
+#include <cstdlib>
 #include <utility>
 
+#include "base/Error.h"
 #include "ports/libreoffice/bar/TextWindows.h"
 #include "ports/libreoffice/uno/Errors.h"
 #include "ports/libreoffice/uno/Properties.h"
+#include "ports/libreoffice/uno/Repeater.h"
 
 namespace huebrush::libreoffice {
 
@@ -25,6 +29,10 @@ constexpr std::pair<Edge, css::ui::DockingArea> kDockingAreas[] = {
     {Edge::right, css::ui::DockingArea_DOCKINGAREA_RIGHT},
     {Edge::bottom, css::ui::DockingArea_DOCKINGAREA_BOTTOM},
 };
+
+constexpr std::chrono::milliseconds kBetweenLooks(100);
+constexpr int kLooksInPlace = 10;
+constexpr int kMostLooks = 100;
 
 /// The row after the standard and the formatting bar.
 constexpr std::int32_t kFirstFreeRow = 2;
@@ -85,7 +93,35 @@ void putInWindow(const LayoutManager& layout, const rtl::OUString& url, const Ba
     }
 }
 
+/// A window manager may count the edge and the title of a bar once more or once less.
+bool isNear(const css::awt::Point& point, const BarPlace& place) {
+    constexpr std::int32_t kEdge = 10;
+    constexpr std::int32_t kTitle = 40;
+    return std::abs(point.X - place.left) <= kEdge && std::abs(point.Y - place.top) <= kTitle;
+}
+
 }  // namespace
+
+/// Has the bars looked at again and again; its end ends that.
+class BarPlaces::Watch {
+ public:
+    static std::shared_ptr<Watch> start(BarPlaces& places) {
+        auto watch = std::make_shared<Watch>(places);
+        watch->repeater_ = std::make_unique<Repeater>(places.context_, kBetweenLooks,
+                                                      [weak = std::weak_ptr(watch)] {
+                                                          if (const auto running = weak.lock())
+                                                              running->places_.look();
+                                                      });
+        return watch;
+    }
+    explicit Watch(BarPlaces& places) : places_(places) {}
+
+ private:
+    BarPlaces& places_;
+    std::unique_ptr<Repeater> repeater_;
+};
+
+BarPlaces::~BarPlaces() = default;
 
 BarPlaces::BarPlaces(const ContextReference& context) : context_(context) {
     officeCalls([&] {
@@ -97,6 +133,11 @@ BarPlaces::BarPlaces(const ContextReference& context) : context_(context) {
 }
 
 BarPlace BarPlaces::of(const std::string& url) const {
+    const auto request = requests_.find(url);
+    return request == requests_.end() ? stored(url) : request->second.place;
+}
+
+BarPlace BarPlaces::stored(const std::string& url) const {
     return officeCalls([&] {
         PropertyValues state;
         if (states_->hasByName(toOffice(url))) states_->getByName(toOffice(url)) >>= state;
@@ -105,6 +146,14 @@ BarPlace BarPlaces::of(const std::string& url) const {
 }
 
 void BarPlaces::put(const std::string& url, const std::string& name, const BarPlace& place) {
+    requests_.erase(url);
+    ask(url, name, place);
+    if (!place.floating) return;
+    requests_[url] = {name, place};
+    if (watch_ == nullptr) watch_ = Watch::start(*this);
+}
+
+void BarPlaces::ask(const std::string& url, const std::string& name, const BarPlace& place) {
     write(url, name, place);
     for (const LayoutManager& layout : layoutsOfTextWindows(context_)) {
         officeCalls([&] { putInWindow(layout, toOffice(url), place); });
@@ -127,6 +176,39 @@ void BarPlaces::write(const std::string& url, const std::string& name, const Bar
             states_->insertByName(toOffice(url), state);
         }
     });
+}
+
+bool BarPlaces::isAt(const std::string& url, const BarPlace& place) const {
+    const BarPlace now = stored(url);
+    if (!now.floating || !isNear(css::awt::Point(now.left, now.top), place)) return false;
+    const std::vector<LayoutManager> layouts = layoutsOfTextWindows(context_);
+    return officeCalls([&] {
+        return std::ranges::all_of(layouts, [&](const LayoutManager& layout) {
+            return !layout->isElementVisible(toOffice(url)) ||
+                   (layout->isElementFloating(toOffice(url)) &&
+                    isNear(layout->getElementPos(toOffice(url)), place));
+        });
+    });
+}
+
+void BarPlaces::lookAt(const std::string& url, const Request& request) {
+    const bool inPlace = isAt(url, request.place);
+    if (!inPlace) ask(url, request.name, request.place);
+    // Another request may have been made meanwhile.
+    const auto now = requests_.find(url);
+    if (now == requests_.end() || now->second.place != request.place) return;
+    now->second.inPlace = inPlace ? request.inPlace + 1 : 0;
+}
+
+void BarPlaces::look() {
+    for (auto& [url, request] : requests_) ++request.looks;
+    for (const auto& known : std::map(requests_)) {
+        base::ignoring<base::Error>([&] { lookAt(known.first, known.second); });
+    }
+    std::erase_if(requests_, [](const auto& known) {
+        return known.second.inPlace >= kLooksInPlace || known.second.looks >= kMostLooks;
+    });
+    if (requests_.empty()) watch_.reset();
 }
 
 }  // namespace huebrush::libreoffice

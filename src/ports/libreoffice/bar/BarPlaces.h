@@ -4,6 +4,8 @@
 
 #include <com/sun/star/container/XNameContainer.hpp>
 #include <cstdint>
+#include <map>
+#include <memory>
 #include <string>
 
 #include "ports/libreoffice/uno/Services.h"
@@ -31,19 +33,43 @@ struct BarPlace {
 
 /// The places of the tool bars of text windows. The office keeps them beyond the removal of a bar,
 /// lays out each new window by them, and writes them when the user moves a bar.
+///
+/// A floating bar is a window of its own: while the office lays out its bars and the window manager
+/// places their windows, what is asked for is lost or overwritten. So it is asked for again until
+/// the bar has stayed there for a second, for ten seconds at most.
 class BarPlaces {
  public:
     explicit BarPlaces(const ContextReference& context);
+    BarPlaces(const BarPlaces&) = delete;
+    BarPlaces& operator=(const BarPlaces&) = delete;
+    ~BarPlaces();
 
-    /// The bar's place, or a default one: a row of its own below the two standard bars.
+    /// The bar's place, or a default one: a row of its own below the two standard bars. Of a
+    /// floating bar that is still on its way, where it is to be.
     BarPlace of(const std::string& url) const;
     /// Puts the bar there, in all open windows and in those to come.
     void put(const std::string& url, const std::string& name, const BarPlace& place);
 
  private:
+    class Watch;
+    struct Request {
+        std::string name;
+        BarPlace place;
+        int looks = 0;
+        /// The last so many looks found the bar in its place.
+        int inPlace = 0;
+    };
+
+    BarPlace stored(const std::string& url) const;
     void write(const std::string& url, const std::string& name, const BarPlace& place);
+    void ask(const std::string& url, const std::string& name, const BarPlace& place);
+    bool isAt(const std::string& url, const BarPlace& place) const;
+    void lookAt(const std::string& url, const Request& request);
+    void look();
 
     ContextReference context_;
+    std::map<std::string, Request> requests_;
+    std::shared_ptr<Watch> watch_;
     com::sun::star::uno::Reference<com::sun::star::container::XNameContainer> states_;
 };
 
