@@ -7,6 +7,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <chrono>
+#include <iostream>
 #include <memory>
 #include <string>
 #include <utility>
@@ -108,6 +110,25 @@ Lines linesOf(HANDLE file) {
     return lines;
 }
 
+/// Starts a program that inherits handles. Under load Wine has been seen to refuse that for a
+/// moment, before anything of the program had run, so it is asked again for some seconds.
+PROCESS_INFORMATION start(const std::string& command, STARTUPINFOW& settings) {
+    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(10);
+    PROCESS_INFORMATION process{};
+    std::wstring line = toWide(command);
+    while (::CreateProcessW(nullptr, line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr,
+                            &settings, &process) == FALSE) {
+        const DWORD reason = ::GetLastError();
+        if (std::chrono::steady_clock::now() > end) {
+            ADD_FAILURE() << command << " cannot be started: error " << reason;
+            break;
+        }
+        std::cerr << "asking again, after error " << reason << '\n';
+        ::Sleep(100);
+    }
+    return process;
+}
+
 /// Runs a program to its end. What it printed, into a file: a pipe would stay open for as long as
 /// the services that Wine starts with it.
 Lines runProgram(const std::string& command) {
@@ -116,26 +137,22 @@ Lines runProgram(const std::string& command) {
         ::CreateFileW(toWide(ownFolder() + "\\printed.txt").c_str(), GENERIC_READ | GENERIC_WRITE,
                       FILE_SHARE_READ | FILE_SHARE_WRITE, &inherited, CREATE_ALWAYS,
                       FILE_ATTRIBUTE_NORMAL, nullptr);
-    STARTUPINFOW start{};
-    start.cb = sizeof(start);
-    start.dwFlags = STARTF_USESTDHANDLES;
-    start.hStdOutput = printed;
-    start.hStdError = printed;
-    PROCESS_INFORMATION process{};
-    std::wstring line = toWide(command);
-    if (::CreateProcessW(nullptr, line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &start,
-                         &process) == FALSE) {
-        ADD_FAILURE() << command;
-        ::CloseHandle(printed);
-        return {};
+    STARTUPINFOW settings{};
+    settings.cb = sizeof(settings);
+    settings.dwFlags = STARTF_USESTDHANDLES;
+    settings.hStdOutput = printed;
+    settings.hStdError = printed;
+    const PROCESS_INFORMATION process = start(command, settings);
+    Lines lines;
+    if (process.hProcess != nullptr) {
+        ::WaitForSingleObject(process.hProcess, INFINITE);
+        DWORD result = 1;
+        ::GetExitCodeProcess(process.hProcess, &result);
+        EXPECT_EQ(result, 0U) << command;
+        ::CloseHandle(process.hThread);
+        ::CloseHandle(process.hProcess);
+        lines = linesOf(printed);
     }
-    ::WaitForSingleObject(process.hProcess, INFINITE);
-    DWORD result = 1;
-    ::GetExitCodeProcess(process.hProcess, &result);
-    EXPECT_EQ(result, 0U) << command;
-    ::CloseHandle(process.hThread);
-    ::CloseHandle(process.hProcess);
-    Lines lines = linesOf(printed);
     ::CloseHandle(printed);
     return lines;
 }
