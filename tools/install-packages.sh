@@ -49,7 +49,7 @@ windows=(
   # the icons and the package, and what reads its palettes
   librsvg2-bin python3 zip mdbtools
   # a screen, and a user at it
-  xvfb xauth x11-xkb-utils xdotool openbox wmctrl x11-utils imagemagick fonts-liberation
+  xvfb xauth x11-xkb-utils xdotool openbox wmctrl x11-utils imagemagick fonts-liberation fonts-wine
 )
 
 # The linters of C++: tools/lint.sh needs these very versions. Debian 13 has only later ones.

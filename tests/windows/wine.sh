@@ -35,6 +35,8 @@ case $what in
       WINEPREFIX=$first wineserver -w
       touch "$folder/made"
     fi
+    # Debian's Wine does not look where its own stand-in for this font is.
+    cp -n /usr/share/wine/fonts/tahoma*.ttf "$first/drive_c/windows/Fonts"
     if [ ! -f "$prefix/made" ] && [ "$prefix" != "$first" ]; then
       rm -rf "$prefix"
       mkdir "$prefix"
