@@ -72,7 +72,7 @@ format:
 
 bench: build
 	@$(call configure,windows-x86_64,windows,make windows-packages)
-	@cmake --build --preset windows-x86_64 --target word_bench
+	@cmake --build --preset windows-x86_64 --target word_bench word_window_bench
 	@/usr/bin/python3 bench/run.py --json build/bench.json
 
 # The pictures of docs/manual.md and docs/manual.cs.md.

@@ -18,7 +18,7 @@ open_system "${HUEBRUSH_WORD32:-${XDG_CACHE_HOME:-$HOME/.cache}/huebrush/word32}
 mount_tree "$PWD" "$PWD/build"
 
 packages=(
-  wine wine32 fonts-liberation
+  wine wine32 fonts-liberation fonts-wine
   # what runs the tests, and what makes and reads the package
   cmake python3 binutils-mingw-w64-i686 binutils-mingw-w64-x86-64 mdbtools
   # a screen, and a user at it
