@@ -3,7 +3,8 @@
 window_case.py says how it is started."""
 
 from window_case import WindowCase, run_tests, wait_until
-from stand_in import BY_FILL, BY_LINE
+from dialog import LOGO, Dialog
+from stand_in import BY_FILL, BY_LINE, CHANGE_FILLS
 
 RED, GREEN = 0x0000FF, 0x00FF00
 PICTURE = f"shapes={RED},{GREEN},{RED}"
@@ -30,6 +31,28 @@ class Window(WindowCase):
             self.assertEqual(word.fills(), [RED, GREEN, RED])
             self.close_by_return(box, title)
             self.assertEqual(word.selected(), ["#1", "#2", "#3"])
+        self.assertTrue(word.ended_well(), word.said[-20:])
+
+    def test_word_may_let_go_of_the_add_in_while_its_dialog_is_open(self):
+        with self.start(PICTURE) as word:
+            word.click_button(CHANGE_FILLS)
+            dialog = Dialog(self.screen)
+            word.step("disconnect")
+            wait_until(lambda: not dialog.is_open(), "the dialog goes with the add-in")
+            self.assertEqual(word.fills(), [RED, GREEN, RED])
+        self.assertTrue(word.ended_well(), word.said[-20:])
+
+    def test_word_may_let_go_of_the_add_in_while_a_modal_form_is_open(self):
+        title = " ?O doplňku Huebrush"
+        with self.start(PICTURE) as word:
+            word.click_button(CHANGE_FILLS)
+            dialog = Dialog(self.screen)
+            dialog.click(LOGO)
+            self.box(title)
+            word.step("disconnect")
+            wait_until(lambda: not self.screen.windows_named(title), "the about box goes, too")
+            wait_until(lambda: not dialog.is_open(), "the dialog goes with the add-in")
+            self.assertEqual(word.fills(), [RED, GREEN, RED])
         self.assertTrue(word.ended_well(), word.said[-20:])
 
 
