@@ -37,7 +37,7 @@ constexpr const char* kNoSystemInformation = "System Information Is Unavailable 
 
 // The component's own pictures.
 constexpr std::int32_t kLogoIcon = 401;
-constexpr std::int32_t kBrushIcon = 103;
+constexpr std::int32_t kBrushIcon = 403;
 
 /// Where the registry keeps the system information tool: its own path, or else its folder.
 constexpr const char* kToolKey = R"(SOFTWARE\Microsoft\Shared Tools\MSINFO)";

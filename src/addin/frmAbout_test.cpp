@@ -67,7 +67,7 @@ TEST_F(AboutTest, TakesItsPicturesAndItsTextsAndThenStaysOnTop) {
     test.startLog();
     box->Unload();
     box = frmAbout::create();
-    EXPECT_EQ(test.calls(), (Calls{"call frmAbout.Close", "read Icon 401", "read Icon 103",
+    EXPECT_EQ(test.calls(), (Calls{"call frmAbout.Close", "read Icon 401", "read Icon 403",
                                    "call frmAbout.Raise"}));
     EXPECT_FALSE(box->picIcon.Picture.get().empty());
     EXPECT_FALSE(box->Image1.Picture.get().empty());

@@ -20,10 +20,10 @@ function(huebrush_extension_resources target folder)
       list(APPEND pictures ${picture})
     endforeach()
   endforeach()
-  # Those of the dialog are scaled down to their place on the screen.
-  foreach(icon 200 201 300 301 400 401 402 410 411 412)
+  # Those of the dialogs are scaled down to their place on the screen. The last is a button's drawing.
+  foreach(icon 200 201 300 301 400 401 402 410 411 412 403)
     set(picture ${folder}/icons/${icon}_64.png)
-    set(drawing ${CMAKE_CURRENT_FUNCTION_LIST_DIR}/icons/${icon}.svg)
+    string(REPLACE /403.svg /103.svg drawing ${CMAKE_CURRENT_FUNCTION_LIST_DIR}/icons/${icon}.svg)
     add_custom_command(OUTPUT ${picture} DEPENDS ${drawing}
       COMMAND ${RSVG_CONVERT} --keep-aspect-ratio -h 64 ${drawing} -o ${picture} VERBATIM)
     list(APPEND pictures ${picture})

@@ -147,8 +147,9 @@ TEST_F(ModuleTest, ItHasThePicturesOfTheDialogs) {
     struct Size {
         std::int32_t number, width, height;
     };
-    for (const Size& each : {Size{400, 130, 56}, Size{401, 130, 56}, Size{402, 50, 50},
-                             Size{410, 8, 80}, Size{411, 24, 66}, Size{412, 48, 48}}) {
+    for (const Size& each :
+         {Size{400, 130, 56}, Size{401, 130, 56}, Size{402, 50, 50}, Size{403, 64, 64},
+          Size{410, 8, 80}, Size{411, 24, 66}, Size{412, 48, 48}}) {
         SCOPED_TRACE(each.number);
         const base::Picture picture = iconOf(module, each.number);
         ASSERT_EQ(picture.format(), base::PictureFormat::bitmap);
