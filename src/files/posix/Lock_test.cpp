@@ -69,23 +69,24 @@ class Opener {
 TEST_F(Locks, SendNoSignalToAnyThreadWhenSomebodyOpensTheFile) {
     const fs::path name = write("a", "content");
     const Descriptor file(name, O_RDONLY);
-    std::atomic<bool> over = false;
     const Handlers handlers;
-    // A thread that holds back nothing.
-    std::thread other([&] {
-        while (!over) std::this_thread::yield();
-    });
     {
+        // Before the thread: of a process with several, a copy may lack a lock's holder.
         const Opener opener(name);
+        std::atomic<bool> over = false;
+        // A thread that holds back nothing.
+        std::thread other([&] {
+            while (!over) std::this_thread::yield();
+        });
         for (int wanted = 0; wanted < 100;) {
             const Lease lease(file.get());
             if (lease.isRefused()) continue;
             while (!lease.isWanted()) std::this_thread::yield();
             ++wanted;
         }
+        over = true;
+        other.join();
     }
-    over = true;
-    other.join();
     EXPECT_EQ(handled, 0);
     // A signal of somebody else still arrives.
     { const Lease lease(file.get()); }
