@@ -22,6 +22,8 @@ class HostWindow {
     HostWindow& operator=(const HostWindow&) = delete;
     ~HostWindow();
 
+    /// Null once it has been closed.
+    HWND handle() const { return window_; }
     /// Shows the bar and the document as they are now.
     void refresh();
     /// Reads lines of the input from here on: each is passed to `use`, also while a box is open or

@@ -11,8 +11,9 @@
 //
 // With --window there is a window with the document and the add-in's bar, for a user at the screen,
 // who answers the boxes, too. After the steps given, more are read from standard input, a line
-// each, while the window stays; what happened is printed with a line with a full stop behind it. It
-// ends with the input, or when its window is closed.
+// each, while the window stays; what happened is printed with a line with a full stop behind it.
+// One more step, controls, prints what the add-in's windows show (see ShownControls). It ends with
+// the input, or when its window is closed.
 
 #include <windows.h>
 
@@ -40,6 +41,7 @@
 #include "ports/word/testhost/HostWindow.h"
 #include "ports/word/testhost/PaintedFill.h"
 #include "ports/word/testhost/Script.h"
+#include "ports/word/testhost/ShownControls.h"
 
 namespace huebrush::word {
 namespace {
@@ -192,7 +194,13 @@ class WindowedHost {
 
     void run(const Steps& steps) {
         for (const std::string& each : steps) step(each);
-        window_.readInput([this](const std::string& line) { step(line); });
+        window_.readInput([this](const std::string& line) {
+            if (line == kControls) {
+                printControls();
+            } else {
+                step(line);
+            }
+        });
         MSG message{};
         while (::GetMessageW(&message, nullptr, 0, 0) > 0) {
             ::TranslateMessage(&message);
@@ -212,9 +220,20 @@ class WindowedHost {
         const Lines& lines = script_.lines();
         print({lines.begin() + static_cast<std::ptrdiff_t>(printed_), lines.end()});
         printed_ = lines.size();
+        endAnswer();
+    }
+    /// Whatever else is shown stays as it is.
+    void printControls() const {
+        print({text("> ", kControls)});
+        print(shownControls(window_.handle()));
+        endAnswer();
+    }
+    static void endAnswer() {
         print({"."});
         std::fflush(stdout);
     }
+
+    static constexpr const char* kControls = "controls";
 
     memory::TestHost host_;
     LoadedAddIn addIn_;
