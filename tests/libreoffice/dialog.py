@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: MPL-2.0
 """The recolour dialog on the screen: where its parts are, and what their pixels say."""
 
-from screen import WindowIsGone, wait_until
+from screen import WindowIsGone, comes_soon, wait_until
 
 CAPTION = "Změna výplně grafických objektů..."
 DONE = "Zpracování je dokončeno..."
@@ -210,6 +210,17 @@ class Dialog:
     def park_mouse(self):
         """Puts the mouse where no tool tip opens that could cover something."""
         self.screen.move(*self.on_screen((5060, 3000)))
+
+    def resize(self, width, height, given=None):
+        """Gives the inside of the window a size, or has it take another one, in pixels. The window
+        may correct its width a moment after each change: another size that is requested in that
+        moment is lost."""
+        wanted = given or (width, height)
+        for _ in range(10):
+            self.screen.resize(self.window, width, height)
+            if comes_soon(lambda: self.screen.bounds_of(self.window)[2:] == wanted):
+                return
+        raise AssertionError(f"the window does not get the size {wanted}")
 
     def add(self):
         """Scans the selection, and closes the box that shows the number of fills."""

@@ -12,7 +12,7 @@ from case import run_tests
 from dialog import (ACTIVE, ADD, BOX, CLOSE, EVERY, HANDLE, LOGO, LOGO_BORDER, LOGO_TOP, REMOVE,
                     REMOVE_MENU, SELECT_ALL, SELECTED, SOURCE, TICKED, TWIPS_PER_PIXEL, UNTICKED)
 from dialog_case import BLUE, COLOURS, GREEN, GREY, RED, YELLOW, DialogCase
-from screen import comes_soon, wait_until
+from screen import wait_until
 
 ABOUT = "O doplňku Huebrush"
 FROM_BOTTOM = 505  # The middle of the strip of controls under the list.
@@ -126,20 +126,10 @@ class DialogPartsTest(DialogCase):
         dialog = self.open_filled()
         _, _, width, height = self.screen.bounds_of(dialog.window)
 
-        def resize(asked, given=None):
-            # The window corrects its width a moment after each change: another size that is
-            # requested in that moment is lost.
-            wanted = given or asked
-            for _ in range(10):
-                self.screen.resize(dialog.window, *asked)
-                if comes_soon(lambda: self.screen.bounds_of(dialog.window)[2:] == wanted):
-                    return
-            self.fail(f"the window does not get the size {wanted}")
-
         def click_select_all(now):
             dialog.click((SELECT_ALL[0], now * TWIPS_PER_PIXEL - FROM_BOTTOM))
 
-        resize((width - 300, 200), (width, 200))  # Room for three rows only.
+        dialog.resize(width - 300, 200, given=(width, 200))  # Room for three rows only.
         fourth = dialog.in_row(4, SOURCE)
         wait_until(lambda: dialog.colour_at(fourth) != YELLOW, "the fourth row is out of sight")
         dialog.wait_for_colours([RED, GREEN])
@@ -147,14 +137,14 @@ class DialogPartsTest(DialogCase):
         self.wait_for_ticked(5)
         self.screen.turn_wheel(*dialog.on_screen(dialog.in_row(1, SOURCE)), 2)
         wait_until(lambda: dialog.colours(1) != [RED], "the list scrolls")
-        resize((width, 20))
-        resize((width + 200, height + 100))
+        dialog.resize(width, 20)
+        dialog.resize(width + 200, height + 100)
         dialog.wait_for_colours(COLOURS)
         click_select_all(height + 100)
         self.wait_for_ticked(0)
         dialog.click_row(5, BOX)
         self.wait_for_ticked(1)
-        resize((width, height))
+        dialog.resize(width, height)
         dialog.wait_for_colours(COLOURS)
 
     # Dragging.

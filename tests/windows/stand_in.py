@@ -15,6 +15,11 @@ BUTTON_TOP, BUTTON_WIDTH, BUTTON_STEP = 17, 110, 114
 BY_FILL, BY_LINE, CHANGE_FILLS = range(3)
 
 
+def shown_colour(colour):
+    """A colour as the host has it, 0xBBGGRR, as a screen has it, 0xRRGGBB; and back."""
+    return (colour & 0xFF) << 16 | colour & 0xFF00 | colour >> 16
+
+
 class Wine:
     """Programs with windows on a screen. Leaving ends all of them."""
 
@@ -113,10 +118,20 @@ class StandIn:
         left, top, _, _ = self._screen.bounds_of(self.window)
         self._screen.click(left + index * BUTTON_STEP + BUTTON_WIDTH // 2, top + BUTTON_TOP)
 
+    def _fills(self):
+        """Of each shape whether its fill is visible, and its colour."""
+        for line in self.step("fills"):
+            if line.startswith("fill "):
+                visible, colour, _ = line.rpartition(": ")[2].split()
+                yield visible != "0", int(colour)
+
     def fills(self):
         """The colours of the shapes, 0xBBGGRR."""
-        return [int(line.split(": ")[1].split()[1]) for line in self.step("fills")
-                if line.startswith("fill ")]
+        return [colour for _, colour in self._fills()]
+
+    def visible_fills(self):
+        """The colours of the shapes, 0xRRGGBB; None for those without fill."""
+        return [shown_colour(colour) if visible else None for visible, colour in self._fills()]
 
     def selected(self):
         """The names of the selected shapes."""

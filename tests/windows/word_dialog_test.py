@@ -5,7 +5,7 @@ how it is started."""
 from window_case import WindowCase, run_tests, wait_until
 from dialog import (ALL, BOX, CLOSE, COLOUR, DESTINATION, DONE, FORMAT, LOGO, LOOK, NOT_SELECTED,
                     RECOLOUR, SELECTED, SOURCE, Dialog)
-from stand_in import CHANGE_FILLS
+from stand_in import CHANGE_FILLS, shown_colour
 
 # 0xBBGGRR, as the host has them.
 RED, GREEN, BLUE, ORANGE = 0x0000FF, 0x00FF00, 0xFF0000, 0x0080FF
@@ -26,7 +26,7 @@ def picture(colours):
 
 def seen(colours):
     """The colours as a screen has them, 0xRRGGBB."""
-    return [(colour & 0xFF) << 16 | colour & 0xFF00 | colour >> 16 for colour in colours]
+    return [shown_colour(colour) for colour in colours]
 
 
 class RecolourDialog(WindowCase):

@@ -434,6 +434,20 @@ TEST_F(FormWindowsTest, ABarScrollsByItsArrows) {
     EXPECT_EQ(form->bar.value(), 0);
 }
 
+TEST_F(FormWindowsTest, ABarThatIsDisabledStaysSoWhenItsRangeChanges) {
+    form->bar.Enabled = false;
+    show();
+    form->bar.Max = 500;
+    form->bar.Height = 1200;
+    port.settle();
+    const HWND bar = WindowsPort::nativeOf(form->bar);
+    EXPECT_EQ(::IsWindowEnabled(bar), FALSE);
+    form->bar.Enabled = true;
+    form->bar.Max = 700;
+    port.settle();
+    EXPECT_NE(::IsWindowEnabled(bar), FALSE);
+}
+
 TEST_F(FormWindowsTest, ATipShowsWhereTheMouseRests) {
     form->image.ToolTipText = std::string("Popisek č. 1");
     show();

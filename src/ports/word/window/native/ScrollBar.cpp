@@ -33,6 +33,8 @@ class ScrollBar final : public NativeOf<forms::VScrollBar> {
             return;
         }
         ::SetScrollInfo(handle(), SB_CTL, &wanted, TRUE);
+        // The system enables a bar of which it thinks that it can be scrolled.
+        ::EnableWindow(handle(), bar.isUsable() ? TRUE : FALSE);
     }
     /// Counted from where the control is when the action runs, since several may come before it.
     void acted(WORD code) override {
