@@ -20,12 +20,16 @@ class FileDialog:
         return self.window not in self._windows()
 
     def choose(self, path):
-        """Types a path and confirms it. One of the toolkits selects the field once more when it has
-        listed the folder, and what was typed before is overwritten: so it is typed twice."""
+        """Types a path and confirms it."""
+        self._type(path)
+        self._end_by_key("Return")
+
+    def _type(self, path):
+        """One of the toolkits selects the field once more when it has listed the folder, and what
+        was typed before is overwritten: so it is typed twice."""
         for _ in range(2):
             self.screen.key("ctrl+a")
             self.screen.type(str(path))
-        self._end_by_key("Return")
 
     def cancel(self):
         self._end_by_key("Escape")

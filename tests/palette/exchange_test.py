@@ -12,7 +12,8 @@ import subprocess
 import unittest
 from pathlib import Path
 
-from other_readers import NODE_FOLDER, NULL, export, exported_text, output_of
+from mdbtools import NULL, export, output_of
+from other_readers import NODE_FOLDER, exported_text
 from program import LIMIT, OnPaletteFiles, element, huebrush, palette
 
 FORMATS = ("gpl", "soc", "ase")

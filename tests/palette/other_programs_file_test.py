@@ -6,7 +6,8 @@ import os
 import subprocess
 import unittest
 
-from other_readers import NULL, OnOtherReaders, export
+from mdbtools import NULL, export
+from other_readers import OnOtherReaders
 from program import LIMIT, element, palette
 
 MAKER = os.environ["HUEBRUSH_OTHER_PROGRAMS_FILE"]

@@ -3,18 +3,14 @@
 mdb-reader read it, compared with our own dump."""
 
 import base64
-import csv
-import io
 import json
 import os
 import re
-import subprocess
-import sys
 
-from program import LIMIT, OnPaletteFiles
+from mdbtools import NULL, export, output_of
+from program import OnPaletteFiles
 
 NODE_FOLDER = os.environ["HUEBRUSH_READERS"]
-NULL = "\\N"
 LONG, TEXT, OLE = "long", "text", "ole"
 # Each column with its type, its size in characters, and whether a value is required.
 COLUMNS = {
@@ -30,19 +26,6 @@ COLUMNS = {
          ("PictureName", TEXT, 255, False), ("FillPreview", OLE, None, False)],
 }
 SCHEMA_TYPES = {LONG: "Long Integer", TEXT: "Text", OLE: "OLE"}
-
-
-def output_of(*command):
-    """What a reader prints. A reader that is missing or fails is an error."""
-    return subprocess.run(list(map(str, command)), check=True, timeout=LIMIT,
-                          stdout=subprocess.PIPE).stdout.decode()
-
-
-def export(file, table):
-    """The rows as mdb-export prints them, each as the texts of its columns."""
-    csv.field_size_limit(sys.maxsize)
-    printed = output_of("mdb-export", "-b", "hex", "-0", NULL, file, table)
-    return list(csv.reader(io.StringIO(printed, newline="")))
 
 
 def exported_text(value, column):

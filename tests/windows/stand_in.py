@@ -7,9 +7,11 @@ import pathlib
 import subprocess
 
 from screen import wait_until
+from shown import parts_of
 
 CAPTION = "Dokument1 - Word"
 END_LIMIT = 60.0
+SETTINGS = r"HKCU\Software\VB and VBA Program Settings\Huebrush"
 # The buttons of the bar, in pixels of the window.
 BUTTON_TOP, BUTTON_WIDTH, BUTTON_STEP = 17, 110, 114
 BY_FILL, BY_LINE, CHANGE_FILLS = range(3)
@@ -40,6 +42,12 @@ class Wine:
 
     def run(self, *command):
         self._do("run", *command)
+
+    def forget_settings(self):
+        """Removes what the add-in remembers of its user, if it does."""
+        subprocess.run([*self._wine, "run", "reg", "delete", SETTINGS, "/f"], check=False,
+                       env=self.environment, timeout=END_LIMIT, stdin=subprocess.DEVNULL,
+                       stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
 
     def start(self, *command):
         return subprocess.Popen([*self._wine, "run", *command], env=self.environment, text=True,
@@ -113,6 +121,10 @@ class StandIn:
         """Whether it has given back all that it had of Word, and could be unloaded."""
         return (self._process.returncode == 0 and self.said[-1] == "can be unloaded" and
                 "in use: 0 objects, 0 references, 0 listeners" in self.said)
+
+    def parts(self, title):
+        """What the windows with this title show."""
+        return parts_of(self.step("controls"), title)
 
     def click_button(self, index):
         left, top, _, _ = self._screen.bounds_of(self.window)

@@ -11,7 +11,8 @@ import pathlib
 import sys
 import unittest
 
-sys.path[:0] = [str(pathlib.Path(__file__).resolve().parents[1] / "libreoffice")]
+TESTS = pathlib.Path(__file__).resolve().parents[1]
+sys.path[:0] = [str(TESTS / each) for each in ("libreoffice", "dialogs", "palette")]
 
 from interruption import InterruptibleCase, interrupt_on_request  # noqa: E402
 from screen import Screen, wait_until  # noqa: E402

@@ -120,12 +120,33 @@ void readControl(Reading& reading, HWND control, const std::wstring& name) {
         place.right - place.left, "\t", place.bottom - place.top, "\t", captionOf(control)));
 }
 
+std::string itemOf(HWND list, WPARAM index) {
+    const LRESULT length = ::SendMessageW(list, LB_GETTEXTLEN, index, 0);
+    std::wstring item(static_cast<std::size_t>(length) + 1, L'\0');
+    ::SendMessageW(list, LB_GETTEXT, index, reinterpret_cast<LPARAM>(item.data()));
+    item.resize(static_cast<std::size_t>(length));
+    return toUtf8(item);
+}
+
+void readItems(Reading& reading, HWND list) {
+    const auto count = static_cast<WPARAM>(::SendMessageW(list, LB_GETCOUNT, 0, 0));
+    for (WPARAM index = 0; index < count; ++index) {
+        RECT place{};
+        ::SendMessageW(list, LB_GETITEMRECT, index, reinterpret_cast<LPARAM>(&place));
+        ::MapWindowPoints(list, reading.window, reinterpret_cast<POINT*>(&place), 2);
+        reading.lines.push_back(text("item\t", place.left, "\t", place.top, "\t",
+                                     place.right - place.left, "\t", place.bottom - place.top, "\t",
+                                     itemOf(list, index)));
+    }
+}
+
 BOOL CALLBACK readChild(HWND child, LPARAM target) {
     if (::IsWindowVisible(child) == FALSE) return TRUE;
     auto& reading = *reinterpret_cast<Reading*>(target);
     const std::wstring name = classOf(child);
     if (isControl(name)) {
         readControl(reading, child, name);
+        if (name == L"ListBox") readItems(reading, child);
     } else {
         readPainted(reading, child);
     }

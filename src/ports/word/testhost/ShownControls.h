@@ -14,6 +14,7 @@ namespace huebrush::word {
 ///
 ///   window   WIDTH HEIGHT  CAPTION
 ///   control  CLASS STYLE ENABLED VALUE LEFT TOP WIDTH HEIGHT  TEXT    for each of the system's
+///   item     LEFT TOP WIDTH HEIGHT  TEXT                              for each line of a list
 ///   text     LEFT TOP  TEXT                                          for each that is painted
 ///
 /// CLASS is that of the system's control and STYLE the kind of button; VALUE is the state of a
