@@ -77,6 +77,9 @@ bench: build
 
 # The pictures of docs/manual.md and docs/manual.cs.md.
 screenshots: all
+	@$(call configure,windows-x86_64,windows,make windows-packages)
+	@cmake --build --preset windows-x86_64 --target word_testhost huebrush_word_dll huebrush_word_data
+	@$(word_data)
 	@/usr/bin/python3 tools/screenshots.py
 
 # The build and the tests in a Debian 13 of its own, with the newer LibreOffice there, and what is
@@ -108,13 +111,15 @@ windows-behind:
 
 # The Word add-in for 32 and 64 bits, as a package, with a list of what its files need and offer.
 wine := tests/windows/wine.sh $(CURDIR)/build/windows-x86_64/wine
+# Makes the first palettes, beside the DLL.
+word_data = $(wine) start && $(wine) run build/windows-x86_64/bin/huebrush_word_data.exe; \
+  result=$$?; $(wine) end; exit $$result
 word:
 	@$(call configure,windows-i686,windows,make windows-packages)
 	@cmake --build --preset windows-i686 --target huebrush_word_dll
 	@$(call configure,windows-x86_64,windows,make windows-packages)
 	@cmake --build --preset windows-x86_64 --target huebrush_word_dll huebrush_word_data
-	@$(wine) start && $(wine) run build/windows-x86_64/bin/huebrush_word_data.exe; \
-	  result=$$?; $(wine) end; exit $$result
+	@$(word_data)
 	@/usr/bin/python3 src/ports/word/package/make_package.py build/windows-i686 \
 	  build/windows-x86_64 build/windows-x86_64/bin/Data/fill.mdb LICENSE build/huebrush-word.zip
 

@@ -2,13 +2,17 @@
 # SPDX-License-Identifier: MPL-2.0
 """Takes the manual's pictures of the dialogs, on a screen without a monitor.
 
-    tools/screenshots.py [--build build/release] [--out docs/images] [--only NAME]
+    tools/screenshots.py [--build build/release] [--windows build/windows-x86_64]
+                         [--out docs/images] [--only NAME]
 
-Each picture is made by mouse and keys on the example picture, in a Writer with a fresh profile.
+Each picture is made by mouse and keys: in Writer on the example picture, with a fresh profile; of
+the add-in for Word in the program that stands in for Word, under Wine.
 """
 
 import argparse
+import contextlib
 import os
+import re
 import shutil
 import subprocess
 import sys
@@ -16,17 +20,21 @@ import tempfile
 from pathlib import Path
 
 ROOT = Path(__file__).resolve().parent.parent
-sys.path[:0] = [str(ROOT / "tools"), str(ROOT / "tests" / "libreoffice")]
+sys.path[:0] = [str(ROOT / "tools"),
+                *(str(ROOT / "tests" / each) for each in ("libreoffice", "windows"))]
 
 from dialog import (  # noqa: E402
-    BOX, DESTINATION, HANDLE, LOGO, MENU, REMOVE, SELECTED, SOURCE, TWIPS_PER_PIXEL,
-    Dialog)
+    BOX, DESTINATION, HANDLE, LOGO, REMOVE, SELECTED, SOURCE, TWIPS_PER_PIXEL, Dialog)
+from dialog import CLOSE as CLOSE_DIALOG  # noqa: E402
 from office import end_cleanly_on_request  # noqa: E402
 from screen import Screen, wait_until  # noqa: E402
+from stand_in import BY_FILL, StandIn, Wine, shown_colour  # noqa: E402
+from stand_in import CHANGE_FILLS as THIRD_BUTTON  # noqa: E402
 from writer import Writer  # noqa: E402
 
 CHANGE_FILLS = "Změnit výplně"
 ABOUT = "O doplňku Huebrush"
+WRONG_SELECTION = "Nesprávný výběr"
 EXAMPLE = ROOT / "examples" / "town.odt"
 EDGE = 12
 NORMAL_DPI = 96
@@ -47,16 +55,19 @@ DESCRIPTION = "Střechy, stromy a obloha"
 PALETTE_LINE = 3
 
 
-class Stage:
-    """Writer with the example's shapes selected and the dialog open over it."""
+# The colours of a town, and how many shapes have each, for the stand-in for Word.
+TOWN = [0xC00000, 0xF4B183, 0x7F6000, 0x00B050, 0xA9D18E, 0x0070C0, 0x9DC3E6, 0xFFC000, 0x7030A0,
+        0x7F7F7F]
+SHAPES = 4
+# The upper left part of the stand-in's window, in which its bar is, with all shapes.
+BAR_SIZE = 440, 180
 
-    def __init__(self, screen, writer, scale):
+
+class Stage:
+    """A host with all shapes of a picture selected, and the dialog open over it."""
+
+    def __init__(self, screen, scale=1):
         self.screen = screen
-        self.writer = writer
-        frame = writer.frame()
-        page = frame.Controller.Model.DrawPage
-        writer.select(frame, *(page.getByIndex(i) for i in range(page.Count)))
-        writer.click_button(CHANGE_FILLS)
         self.dialog = Dialog(screen, scale)
 
     def fill(self):
@@ -98,13 +109,30 @@ class Stage:
         saving.type(DESCRIPTION)
         return saving
 
-    def picture(self, path, window=None, below=0):
-        """Saves what the screen shows of a window, including its frame, and `below` pixels more."""
-        wait_until_still(self.screen)
+    def picture(self, path, window=None):
+        """Saves what the screen shows of a window, including its frame."""
         left, top, width, height = self.screen.outline_of(window or self.dialog.window)
-        size = f"{width + 2 * EDGE}x{height + 2 * EDGE + below}+{left - EDGE}+{top - EDGE}"
+        self.picture_of(path, left - EDGE, top - EDGE, width + 2 * EDGE, height + 2 * EDGE)
+
+    def picture_of(self, path, left, top, width, height):
+        wait_until_still(self.screen)
+        size = f"{width}x{height}+{left}+{top}"
         subprocess.run(["import", "-window", "root", "-crop", size, "+repage", "-strip", str(path)],
                        env=self.screen.environment, check=True)
+
+
+class WordStage(Stage):
+    """The stand-in for Word."""
+
+    def __init__(self, screen, word):
+        screen.fill_with(word.window)
+        word.click_button(THIRD_BUTTON)
+        super().__init__(screen)
+        self.word = word
+
+    def close_dialog(self):
+        self.dialog.click(CLOSE_DIALOG)
+        wait_until(lambda: not self.dialog.is_open(), "the dialog closes")
 
 
 class PaletteDialog:
@@ -177,8 +205,9 @@ def dialog_selected(stage, path):
 
 def row_menu(stage, path):
     stage.fill()
-    stage.dialog.click_row(4, MENU)
+    menu = stage.dialog.open_row_menu(4)
     stage.picture(path)
+    menu.close()
 
 
 def remove_menu(stage, path):
@@ -225,6 +254,24 @@ def palette_loaded(stage, path):
     stage.picture(path)
 
 
+def bar(stage, path):
+    """With nothing else in the window."""
+    stage.close_dialog()
+    left, top, _, _ = stage.screen.bounds_of(stage.word.window)
+    stage.picture_of(path, left, top, *BAR_SIZE)
+
+
+def message(stage, path):
+    """About a selection with more than one sample."""
+    stage.close_dialog()
+    stage.word.click_button(BY_FILL)
+    box = wait_until(lambda: stage.screen.windows_named(WRONG_SELECTION), "the box is open")[0]
+    stage.picture(path, box)
+    stage.screen.focus(box)
+    stage.screen.key("Return")
+    wait_until(lambda: not stage.screen.windows_named(WRONG_SELECTION), "the box closes")
+
+
 DARK = {"GTK_THEME": "Adwaita:dark"}
 LARGE = {"SAL_FORCEDPI": "192"}
 
@@ -246,6 +293,16 @@ SCENES = {
     "palette-load-200-percent": (palette_load, LARGE),
     "palette-loaded": (palette_loaded, {}),
 }
+# Those of the add-in for Word.
+WORD_SCENES = {
+    "word-bar": bar,
+    "word-dialog": dialog_filled,
+    "word-row-menu": row_menu,
+    "word-message": message,
+    "word-palette-save": palette_save,
+    "word-palette-load": palette_load,
+    "word-about": about,
+}
 
 
 def take(name, build, out):
@@ -258,24 +315,72 @@ def take(name, build, out):
             document = shutil.copy(EXAMPLE, folder)
             with Writer(screen, "soffice", folder, build / "extension", "gtk3",
                         document=document) as writer:
-                stage = Stage(screen, writer, scale)
-                scene(stage, out / f"{name}.png")
+                frame = writer.frame()
+                page = frame.Controller.Model.DrawPage
+                writer.select(frame, *(page.getByIndex(i) for i in range(page.Count)))
+                writer.click_button(CHANGE_FILLS)
+                scene(Stage(screen, scale), out / f"{name}.png")
         finally:
             for key in settings:
                 del os.environ[key]
     print(out / f"{name}.png", flush=True)
 
 
+@contextlib.contextmanager
+def copied_add_in(build):
+    """The add-in's files in a folder that is the same each time, because its path is in pictures.
+    The palettes there may be changed."""
+    folder = build / "wine" / "prefix" / "drive_c" / "Huebrush"
+    shutil.rmtree(folder, ignore_errors=True)
+    try:
+        shutil.copytree(build / "bin" / "Data", folder / "Data")
+        for file in ("huebrush.dll", "word_testhost.exe"):
+            shutil.copy(build / "bin" / file, folder)
+        yield folder
+    finally:
+        shutil.rmtree(folder)
+
+
+def take_of_word(name, build, out):
+    shapes = ",".join(str(shown_colour(colour)) for colour in TOWN for _ in range(SHAPES))
+    with tempfile.TemporaryDirectory(prefix="huebrush-pictures-") as folder, \
+            Screen(manager_options=without_icons(Path(folder))) as screen, \
+            Wine(ROOT / "tests" / "windows" / "wine.sh", build / "wine", screen) as wine, \
+            copied_add_in(build) as programs:
+        wine.forget_settings()
+        try:
+            with StandIn(wine, programs, screen, f"shapes={shapes}") as word:
+                WORD_SCENES[name](WordStage(screen, word), out / f"{name}.png")
+        finally:
+            wine.forget_settings()
+    print(out / f"{name}.png", flush=True)
+
+
+def without_icons(folder):
+    """Options of the window manager that leave out the icons of windows: Wine gives one to windows
+    that have none."""
+    settings = Path("/etc/xdg/openbox/rc.xml").read_text(encoding="utf-8")
+    file = folder / "rc.xml"
+    file.write_text(re.sub("(<titleLayout>)N", r"\1", settings), encoding="utf-8")
+    return "--config-file", str(file)
+
+
 def main():
     parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
     parser.add_argument("--build", type=Path, default=ROOT / "build" / "release")
+    parser.add_argument("--windows", type=Path, default=ROOT / "build" / "windows-x86_64")
     parser.add_argument("--out", type=Path, default=ROOT / "docs" / "images")
-    parser.add_argument("--only", action="append", choices=SCENES)
+    parser.add_argument("--only", action="append", choices=[*SCENES, *WORD_SCENES])
     options = parser.parse_args()
     end_cleanly_on_request()
     options.out.mkdir(parents=True, exist_ok=True)
-    for name in options.only or SCENES:
-        take(name, options.build.resolve(), options.out)
+    # Titles with Czech letters are found only in such a locale.
+    os.environ["LC_ALL"] = "C.UTF-8"
+    for name in options.only or [*SCENES, *WORD_SCENES]:
+        if name in SCENES:
+            take(name, options.build.resolve(), options.out)
+        else:
+            take_of_word(name, options.windows.resolve(), options.out)
 
 
 if __name__ == "__main__":

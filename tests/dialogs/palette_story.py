@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: MPL-2.0
-"""The story of a palette, for every host: made, renamed, given up, erased, laid onto other rows. The
-file is read by another program."""
+"""The story of a palette, for every host: made, renamed, given up, erased, laid onto other rows.
+The file is read by another program."""
 
 import subprocess
 

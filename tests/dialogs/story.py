@@ -16,8 +16,8 @@ A host that plays it has
 from dataclasses import dataclass, replace
 
 from dialog import (ALL, BOX, CLOSE, DOWN, HANDLE, LIST_LEFT, LIST_TOP, NO_FILL, NOT_SELECTED,
-                    RECOLOUR, REMOVE_MENU, RESTORE, ROW_HEIGHT, SELECT_ALL, SELECTED, SOURCE, TICKED,
-                    TWIPS_PER_PIXEL, UP)
+                    RECOLOUR, REMOVE_MENU, RESTORE, ROW_HEIGHT, SELECT_ALL, SELECTED, SOURCE,
+                    TICKED, TWIPS_PER_PIXEL, UP)
 from screen import wait_until
 
 RED, GREEN, BLUE, YELLOW, GREY = COLOURS = [0xC00000, 0x00B050, 0x0070C0, 0xFFC000, 0x7F7F7F]

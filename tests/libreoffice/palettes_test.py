@@ -40,7 +40,8 @@ def parts_of(accessible):
 class WriterPaletteWindow(PaletteWindow):
     """By accessibility."""
 
-    # Fields have their tool tips as accessible names. One with several lines has no accessible text.
+    # Fields have their tool tips as accessible names. One with several lines has no accessible
+    # text.
     NAME_FIELD = "Název palety, nejvýše 30 znaků"
     FILE_FIELD = "Soubor, ve kterém jsou palety uloženy"
 

@@ -68,10 +68,12 @@ class WindowIsGone(Exception):
 
 
 class Screen:
-    """Entering starts the X server and the window manager; leaving ends both."""
+    """Entering starts the X server and the window manager, which may have options; leaving ends
+    both."""
 
-    def __init__(self, width=1280, height=1000):
+    def __init__(self, width=1280, height=1000, manager_options=()):
         self.WIDTH, self.HEIGHT = width, height
+        self._manager_options = manager_options
         self._processes = []
         self._pointer = None
         self.display = None
@@ -81,7 +83,7 @@ class Screen:
             self._start_server()
             subprocess.run(["setxkbmap", *KEYBOARD], env=self.environment, check=True,
                            timeout=TOOL_LIMIT)
-            self._start("openbox")
+            self._start("openbox", *self._manager_options)
             wait_until(self._window_manager_runs, "the window manager runs")
         except BaseException:
             self.__exit__()

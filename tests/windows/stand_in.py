@@ -5,6 +5,7 @@ there."""
 import os
 import pathlib
 import subprocess
+import threading
 
 from screen import wait_until
 from shown import parts_of
@@ -55,7 +56,9 @@ class Wine:
 
 
 def windows_path(path):
-    return "Z:" + str(pathlib.Path(path).resolve()).replace("/", "\\")
+    """How Windows' programs call a file, which may be on the disk of their own."""
+    outside, found, inside = str(pathlib.Path(path).resolve()).partition("/drive_c/")
+    return ("C:/" + inside if found else "Z:" + outside).replace("/", "\\")
 
 
 class StandIn:
@@ -85,11 +88,14 @@ class StandIn:
         return self
 
     def __exit__(self, *_):
+        watchdog = threading.Timer(END_LIMIT, self._process.kill)
+        watchdog.start()
         try:
             self._process.stdin.close()
             self.said += self._process.stdout.read().splitlines()
             self._process.wait(END_LIMIT)
         finally:
+            watchdog.cancel()
             self._process.kill()
             self._process.wait()
             self._process.stdout.close()

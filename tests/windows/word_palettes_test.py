@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: MPL-2.0
-"""The dialogs of palettes over the stand-in for Word, with a real mouse and keys; the file is read by
-another program. window_case.py says how it is started."""
+"""The dialogs of palettes over the stand-in for Word, with a real mouse and keys; the file is read
+by another program. window_case.py says how it is started."""
 
 import pathlib
 import tempfile

@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: MPL-2.0
-"""The story of the recolour dialog that all hosts play (tests/dialogs/story.py), in the stand-in for
-Word. window_case.py says how it is started. All that the windows show is read from them."""
+"""The story of the recolour dialog that all hosts play (tests/dialogs/story.py), in the stand-in
+for Word. window_case.py says how it is started. All that the windows show is read from them."""
 
 from window_case import WindowCase, run_tests
 from dialog import CAPTION, Dialog
