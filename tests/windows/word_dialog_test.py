@@ -129,6 +129,11 @@ class RecolourDialog(WindowCase):
                        "the shapes have the palette's fills")
         self.assertTrue(word.ended_well(), word.said[-20:])
 
+    def test_the_host_may_end_with_a_menu_open(self):
+        with self.start(picture(SHAPES)) as word:
+            self.filled(word).open_row_menu(1)
+        self.assertTrue(word.ended_well(), word.said[-20:])
+
     def test_the_dialog_may_be_closed_while_it_scans(self):
         # So many that the scan would go on for minutes.
         colours = list(range(4000))

@@ -120,6 +120,12 @@ LRESULT CALLBACK HostWindow::procedure(HWND window, UINT message, WPARAM wide, L
     return result;
 }
 
+/// An open menu would swallow the message under Wine.
+void HostWindow::quit() {
+    ::EndMenu();
+    ::PostQuitMessage(0);
+}
+
 LRESULT HostWindow::handle(UINT message, WPARAM wide, LPARAM longer) {
     switch (message) {
         case WM_COMMAND:
@@ -130,7 +136,7 @@ LRESULT HostWindow::handle(UINT message, WPARAM wide, LPARAM longer) {
         case kLine: {
             const std::unique_ptr<std::string> line(reinterpret_cast<std::string*>(longer));
             if (line) use_(*line);
-            if (!line) ::PostQuitMessage(0);
+            if (!line) quit();
             return 0;
         }
         case WM_PAINT:
@@ -138,7 +144,7 @@ LRESULT HostWindow::handle(UINT message, WPARAM wide, LPARAM longer) {
             return 0;
         case WM_DESTROY:
             window_ = nullptr;
-            ::PostQuitMessage(0);
+            quit();
             return 0;
         default:
             return ::DefWindowProcW(window_, message, wide, longer);

@@ -33,6 +33,7 @@ class HostWindow {
  private:
     static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wide, LPARAM longer);
     LRESULT handle(UINT message, WPARAM wide, LPARAM longer);
+    static void quit();
     void paint() const;
     void click(std::size_t button);
 
