@@ -163,6 +163,11 @@ class PaletteDialog:
         """Picks a palette below the one that is picked in the list."""
         self._see_change(lambda: self.screen.key(*["Down"] * lines))
 
+    def park_mouse(self):
+        """In a corner without anything, where no tool tip opens."""
+        left, top, _, height = self.screen.bounds_of(self.window)
+        self.screen.move(left + 3, top + height - 3)
+
     def close(self, button):
         self._press(button)
         wait_until(lambda: not self._windows(), f"{self.title!r} closes")
@@ -232,7 +237,9 @@ def about(stage, path):
 
 
 def palette_save(stage, path):
-    stage.picture(path, stage.begin_palette().window)
+    saving = stage.begin_palette()
+    saving.park_mouse()
+    stage.picture(path, saving.window)
 
 
 def palette_load(stage, path):
@@ -243,6 +250,7 @@ def palette_load(stage, path):
     loading.click(FIRST_PALETTE)
     loading.go_down(PALETTE_LINE)
     loading.click(PREVIEWS)
+    loading.park_mouse()
     stage.picture(path, loading.window)
 
 
