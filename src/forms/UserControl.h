@@ -29,6 +29,11 @@ class UserControl : public Control {
     virtual void ReadProperties(const PropertyBag& bag) = 0;
     /// Paints the control's face.
     virtual void paint(Canvas& canvas) { static_cast<void>(canvas); }
+    /// The caption of a control that is one button to the user, whatever it is made of; null for
+    /// any other.
+    virtual const std::string* buttonCaption() const { return nullptr; }
+    /// The user presses such a button without the mouse.
+    virtual void press() {}
     /// Asks for the face to be repainted.
     void Refresh();
 

@@ -56,6 +56,8 @@ class NoFocusButton final : public forms::UserControl {
     void WriteProperties(forms::PropertyBag& bag) const override;
     void ReadProperties(const forms::PropertyBag& bag) override;
     void paint(forms::Canvas& canvas) override;
+    const std::string* buttonCaption() const override { return &Caption.get(); }
+    void press() override { click(); }
     void propertyChanged(forms::PropertyId id) override;
 
  protected:

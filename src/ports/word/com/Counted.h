@@ -12,7 +12,8 @@ namespace huebrush::word {
 
 /// Base of the objects that we give to a host: they are deleted with their last reference, and keep
 /// the module loaded until then. `Final::answersTo` says which interfaces they have beside
-/// IUnknown. A new one has one reference.
+/// IUnknown; where those do not all begin with `Interface`, its `interfaceFor` says where each is.
+/// A new one has one reference.
 template <class Final, class Interface>
 class Counted : public Interface {
  public:
@@ -23,7 +24,7 @@ class Counted : public Interface {
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) final {
         if (object == nullptr) return E_POINTER;
         const bool known = id == IID_IUnknown || self().answersTo(id);
-        *object = known ? &self() : nullptr;
+        *object = known ? self().interfaceFor(id) : nullptr;
         if (!known) return E_NOINTERFACE;
         AddRef();
         return S_OK;
@@ -39,6 +40,7 @@ class Counted : public Interface {
 
  protected:
     ~Counted() = default;
+    void* interfaceFor(REFIID) { return &self(); }
 
  private:
     Final& self() { return static_cast<Final&>(*this); }

@@ -21,7 +21,8 @@ IMPORT = re.compile(r"^\t[0-9a-f]+\t *[0-9]+ +([A-Za-z_?@]\S*)")
 # A name by itself: nothing of it before, a zero behind.
 NAME = re.compile(rb"(?<![A-Za-z0-9_])[A-Za-z_][A-Za-z0-9_]{3,}(?=\0)")
 # The libraries whose functions a name could be one of.
-LIBRARIES = ("advapi32", "gdi32", "kernel32", "ntdll", "ole32", "oleaut32", "shell32", "user32")
+LIBRARIES = ("advapi32", "gdi32", "kernel32", "ntdll", "ole32", "oleacc", "oleaut32", "shell32",
+             "user32")
 
 
 def imports_of(prefix, dll):

@@ -19,7 +19,8 @@ MACHINES = {"x86": "i686-w64-mingw32-", "x64": "x86_64-w64-mingw32-"}
 EXPORTS = {"DllCanUnloadNow", "DllGetClassObject", "DllRegisterServer", "DllUnregisterServer"}
 # What is part of every Windows.
 LIBRARIES = {"advapi32.dll", "comctl32.dll", "comdlg32.dll", "gdi32.dll", "kernel32.dll",
-             "msimg32.dll", "msvcrt.dll", "ole32.dll", "oleaut32.dll", "shell32.dll", "user32.dll"}
+             "msimg32.dll", "msvcrt.dll", "ole32.dll", "oleacc.dll", "oleaut32.dll", "shell32.dll",
+             "user32.dll"}
 
 
 def stripped(prefix, dll):

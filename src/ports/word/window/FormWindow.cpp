@@ -117,6 +117,7 @@ FormWindow::FormWindow(Enter enter, forms::Form& form, HWND below)
     };
     site_->mouse = [this](const view::MouseInput& input) { view_->mouse(input); };
     site_->mouseLost = [this] { view_->post([this] { view_->cancelDrag(); }); };
+    site_->scale = [this] { return view_->scale(); };
     site_->post = [this](std::function<void()> action) { view_->post(std::move(action)); };
 }
 

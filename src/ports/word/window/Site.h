@@ -11,6 +11,7 @@
 #include "ports/word/window/Look.h"
 #include "ports/word/window/ToolTips.h"
 #include "ports/word/window/Window.h"
+#include "view/Geometry.h"
 #include "view/MouseInput.h"
 
 namespace huebrush::word {
@@ -27,6 +28,8 @@ struct Site {
     std::function<void(const view::MouseInput&)> mouse;
     /// The system has taken the mouse away while a button was down.
     std::function<void()> mouseLost;
+    /// Between the controls' twips and the pixels of the windows.
+    std::function<view::Scale()> scale;
     /// Runs what the user did soon, from the event loop.
     std::function<void(std::function<void()>)> post;
 };

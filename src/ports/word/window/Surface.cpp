@@ -18,6 +18,7 @@ Surface::Surface(std::shared_ptr<const Site> site, HWND parent, view::ControlRef
       control_(std::move(control)) {}
 
 Surface::~Surface() {
+    if (reading_ != nullptr) reading_->end();
     if (handle() != nullptr) site_->tips->forget(handle());
 }
 
@@ -70,6 +71,8 @@ LRESULT Surface::answer(const Message& message) {
                 }
             }
             return answerAsUsual(message);
+        case WM_GETOBJECT:
+            return describe(message);
         case WM_CAPTURECHANGED:
             site_->mouseLost();
             return 0;
@@ -77,6 +80,15 @@ LRESULT Surface::answer(const Message& message) {
             passOnMouse(message);
             return answerAsUsual(message);
     }
+}
+
+LRESULT Surface::describe(const Message& message) {
+    // The number has 32 bits wherever it comes from.
+    if (static_cast<LONG>(message.second) != OBJID_CLIENT) return answerAsUsual(message);
+    if (reading_ == nullptr) {
+        reading_ = std::make_shared<SurfaceReading>(site_, handle(), control_);
+    }
+    return accessibleResult(reading_, message.first);
 }
 
 void Surface::passOnMouse(const Message& message) {

@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 
+#include "ports/word/window/Accessible.h"
 #include "ports/word/window/Site.h"
 #include "ports/word/window/Window.h"
 #include "view/Native.h"
@@ -30,11 +31,14 @@ class Surface final : public view::NativeSurface, public Window {
     LRESULT answer(const Message& message) override;
     void passOnMouse(const Message& message);
     void followMouse(UINT number);
+    LRESULT describe(const Message& message);
     void paint();
     void paintOn(HDC context);
 
     std::shared_ptr<const Site> site_;
     view::ControlReference control_;
+    /// Made when a reader for the blind asks first.
+    std::shared_ptr<SurfaceReading> reading_;
     view::Rectangle bounds_;
     bool visible_ = false;
     /// Whether the system has been asked to say when the mouse leaves.
