@@ -6,6 +6,7 @@
 
 #include <commctrl.h>
 
+#include <algorithm>
 #include <memory>
 #include <string>
 #include <vector>
@@ -403,6 +404,23 @@ TEST_F(FormWindowsTest, ADragBeyondTheEdgeScrollsUntilItEnds) {
     port.waitUntil([&] { return form->bar.value() >= 20; }, "two steps");
     port.button(MOUSEEVENTF_LEFTUP);
     EXPECT_EQ(form->dragged(), nullptr);
+}
+
+TEST_F(FormWindowsTest, AnErrorInAStepOfScrollingIsReportedAndTheNextStepComes) {
+    constexpr std::int32_t kInHandler = 91;
+    show();
+    form->image.MouseDown.connect([this](const forms::MouseEvent&) { form->image.Drag(); });
+    form->bar.Change.connect([&] { throw base::Error(kInHandler, "x"); });
+    port.pointAt(form->image);
+    port.button(MOUSEEVENTF_LEFTDOWN);
+    const RECT view = port.placeOf(form->view);
+    port.pointAt({view.left + 20, view.bottom + 20});
+    port.waitUntil([&] { return unhandled.size() >= 2; }, "the errors of two steps");
+    port.button(MOUSEEVENTF_LEFTUP);
+    EXPECT_TRUE(std::ranges::all_of(unhandled, [](auto each) { return each == kInHandler; }));
+    EXPECT_GE(form->bar.value(), 20);
+    EXPECT_EQ(form->dragged(), nullptr);
+    unhandled.clear();
 }
 
 TEST_F(FormWindowsTest, TheWheelScrollsWhatIsUnderThePointerWhereverTheFocusIs) {
