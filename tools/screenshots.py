@@ -157,7 +157,8 @@ class PaletteDialog:
         self._see_change(lambda: self._press(place))
 
     def type(self, text):
-        self._see_change(lambda: self.screen.type(text))
+        self._see_change(lambda: self.screen.type_by_layouts(
+            text, lambda _: wait_until_still(self.screen)))
 
     def go_down(self, lines):
         """Picks a palette below the one that is picked in the list."""

@@ -6,7 +6,7 @@ import subprocess
 
 from dialog import BOX, DESTINATION, RECOLOUR, TWIPS_PER_PIXEL
 from mdbtools import export
-from screen import wait_until
+from screen import comes_soon, wait_until
 from story import GREEN, GREY, RED
 
 SAVE, LOAD = "Uložení a úprava palet výplní...", "Načtení palety výplní..."
@@ -23,6 +23,18 @@ FIRST_PALETTES = ["Okabe a Ito", "Paul Tol – jasné", "Paul Tol – tlumené",
                   "Stupně šedi"]
 
 
+def wait_until_same(ask, wanted):
+    """Waits until the answer is the wanted one; the last answer."""
+    last = [None]
+
+    def is_wanted():
+        last[0] = ask()
+        return last[0] == wanted
+
+    comes_soon(is_wanted, 30.0)
+    return last[0]
+
+
 class PaletteWindow:
     """A dialog of palettes that is open on a screen. A host's own knows what the toolkit's controls
     say:
@@ -30,10 +42,12 @@ class PaletteWindow:
         is_usable(name)     whether there is such a button, and it is enabled
         click_button(name), click_box(name), click_item(name)
         items()             the names of the palettes in the list
-        text_of(field)      what one of the fields NAME_FIELD and FILE_FIELD says
+        text_of(field)      what one of the fields says
+        type_into(field, text)
+                            types into a field that has the focus and all of its text selected
     """
 
-    NAME_FIELD, FILE_FIELD = "name", "file"
+    NAME_FIELD, FILE_FIELD, DESCRIPTION_FIELD = "name", "file", "description"
 
     def __init__(self, case, title):
         self.case, self.screen, self.title = case, case.screen, title
@@ -60,12 +74,12 @@ class PaletteWindow:
         wait_until(lambda: self.items() == names, f"the list has {names}")
 
     def type_name(self, text):
-        """Types into the field for the name, which has the focus and all of its text selected."""
-        self.screen.type(text)
+        self.type_into(self.NAME_FIELD, text)
         self.wait_for_text(self.NAME_FIELD, text)
 
     def wait_for_text(self, field, text):
-        wait_until(lambda: self.text_of(field) == text, f"{field!r} is {text!r}")
+        shown = wait_until_same(lambda: self.text_of(field), text)
+        self.case.assertEqual(shown, text, f"the text of {field!r}")
 
     def wait_for_previews(self, colours):
         def shown():
@@ -154,7 +168,7 @@ class PaletteStory:
         self.assertEqual(saving.items(), [])
         saving.type_name(NAME)
         self.screen.key("Return")
-        self.screen.type(DESCRIPTION)
+        saving.type_into(saving.DESCRIPTION_FIELD, DESCRIPTION)
         saving.press("Uložit")
         saving.wait_until_usable("Nová")
         saving.wait_for_items([NAME])

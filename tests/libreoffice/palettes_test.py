@@ -83,6 +83,9 @@ class WriterPaletteWindow(PaletteWindow):
     def text_of(self, field):
         return self.case.part(field, AccessibleRole.TEXT, self.title).getText()
 
+    def type_into(self, _field, text):
+        self.screen.type(text)
+
     def _list(self):
         root = next(top for top in self.case.writer.top_windows()
                     if top.getAccessibleName().strip() == self.title)

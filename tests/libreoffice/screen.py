@@ -2,6 +2,7 @@
 """A screen of one's own: an X server without a monitor, a window manager, and a user's hands."""
 
 import ctypes
+import itertools
 import os
 import select
 import string
@@ -176,6 +177,17 @@ class Screen:
 
     def key(self, *names):
         self._run("xdotool", "key", *names)
+
+    def type_by_layouts(self, text, wait_for):
+        """Types a text in parts of one layout each, and after each calls `wait_for` with all that
+        has been typed: Wine reads a key in the layout of the last key that has come, which may be a
+        later one."""
+        typed = ""
+        for _, part in itertools.groupby(text, str.isascii):
+            part = "".join(part)
+            typed += part
+            self.type(part)
+            wait_for(typed)
 
     def type(self, text):
         """A character without a key would be lost: it gets one only while it is typed, and that is

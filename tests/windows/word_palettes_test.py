@@ -18,6 +18,8 @@ from story import COLOURS, PICTURE
 class WordPaletteWindow(PaletteWindow):
     """By what the stand-in says of its windows."""
 
+    FIELDS = (PaletteWindow.FILE_FIELD, PaletteWindow.NAME_FIELD, PaletteWindow.DESCRIPTION_FIELD)
+
     def _parts(self, kind):
         return [part for part in self.case.word.parts(self.title) if part.kind == kind]
 
@@ -49,13 +51,26 @@ class WordPaletteWindow(PaletteWindow):
     def text_of(self, field):
         """The fields from the top to the bottom: the file, the name, the description."""
         fields = sorted(self._parts("field"), key=lambda part: part.place[1])
-        return fields[(self.FILE_FIELD, self.NAME_FIELD).index(field)].text
+        return fields[self.FIELDS.index(field)].text
+
+    def type_into(self, field, text):
+        self.screen.type_by_layouts(text, lambda typed: self.wait_for_text(field, typed))
 
 
 class SystemFileDialog(FileDialog):
+    def __init__(self, case, title):
+        super().__init__(case.screen, title)
+        self._word = case.word
+
     def _type(self, path):
         """Into the field, which is empty."""
-        self.screen.type(windows_path(path))
+        self.screen.type_by_layouts(windows_path(path), self._wait_for_text)
+
+    def _wait_for_text(self, text):
+        wait_until(lambda: text in self._texts(), f"the field says {text!r}")
+
+    def _texts(self):
+        return [part.text for part in self._word.parts(self.title) if part.kind == "field"]
 
 
 class Palettes(WindowCase, PaletteStory):
@@ -71,7 +86,7 @@ class Palettes(WindowCase, PaletteStory):
         return WordPaletteWindow(self, title)
 
     def file_dialog(self, title):
-        return SystemFileDialog(self.screen, title)
+        return SystemFileDialog(self, title)
 
     shown_path = staticmethod(windows_path)
 
