@@ -18,7 +18,7 @@
 
 #include "base/Color.h"
 #include "base/Text.h"
-#include "ports/libreoffice/fill/Textures.h"
+#include "mapping/Textures.h"
 
 namespace huebrush::tests {
 
@@ -66,7 +66,7 @@ ShapeReference groupShapes(const ModelReference& model, const std::vector<ShapeR
 PictureFile::PictureFile()
     : path_(base::text((std::filesystem::temp_directory_path() / "texture").string(), getpid(),
                        ".bmp")) {
-    const std::vector<std::uint8_t> bytes = libreoffice::bitmapFileOf(libreoffice::Image(16, 16));
+    const std::vector<std::uint8_t> bytes = mapping::bitmapFileOf(mapping::Image(16, 16));
     std::ofstream(path_, std::ios::binary)
         .write(reinterpret_cast<const char*>(bytes.data()),
                static_cast<std::streamsize>(bytes.size()));

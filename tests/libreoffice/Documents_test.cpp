@@ -31,9 +31,9 @@
 #include "base/Color.h"
 #include "base/Text.h"
 #include "forms/Runtime.h"
+#include "mapping/Patterns.h"
+#include "mapping/Textures.h"
 #include "ports/libreoffice/document/ShapePicture.h"
-#include "ports/libreoffice/fill/Patterns.h"
-#include "ports/libreoffice/fill/Textures.h"
 #include "ports/libreoffice/runtime/OfficeRuntime.h"
 #include "ports/libreoffice/uno/Graphics.h"
 
@@ -64,10 +64,10 @@ Reference<css::awt::XBitmap> graphicOf(const ShapeReference& shape) {
 }
 
 /// An image of width 0 from no bytes.
-libreoffice::Image pixelsOf(const css::uno::Sequence<sal_Int8>& file) {
+mapping::Image pixelsOf(const css::uno::Sequence<sal_Int8>& file) {
     std::vector<std::uint8_t> bytes(static_cast<std::size_t>(file.getLength()));
     std::copy(file.begin(), file.end(), bytes.begin());
-    return libreoffice::imageOfBitmapFile(bytes);
+    return mapping::imageOfBitmapFile(bytes);
 }
 
 /// An open document with what is needed to look at it.
@@ -327,8 +327,8 @@ TEST_F(DocumentsTest, APictureShowsTheTransparencyOfItsShape) {
     setProperty(rectangle, "LineStyle", css::drawing::LineStyle_NONE);
     setProperty(rectangle, "FillTransparence", sal_Int16(50));
     const Reference<css::awt::XBitmap> graphic = graphicOf(rectangle);
-    const libreoffice::Image colors = pixelsOf(graphic->getDIB());
-    const libreoffice::Image mask = pixelsOf(graphic->getMaskDIB());
+    const mapping::Image colors = pixelsOf(graphic->getDIB());
+    const mapping::Image mask = pixelsOf(graphic->getMaskDIB());
     const auto x = colors.width() / 2;
     const auto y = colors.height() / 2;
     // As it is seen on a white ground. At the half it doesn't matter which way the mask counts.
@@ -363,7 +363,7 @@ TEST_F(DocumentsTest, GradientsRunTheWayTheirVariantsSay) {
         one->Fill().setBackColorRGB(base::rgb(0, 0, 255));
         one->Fill().TwoColorGradient(place.style, place.variant);
         one->Fill().setVisible(MsoTriState::msoTrue);
-        const libreoffice::Image image = pixelsOf(graphicOf(rectangle)->getDIB());
+        const mapping::Image image = pixelsOf(graphicOf(rectangle)->getDIB());
         ASSERT_GT(image.width(), 20);
         const auto at = [](double part, std::int32_t size) {
             constexpr std::int32_t kMargin = 3;
@@ -862,7 +862,7 @@ TEST_F(DocumentsTest, AScratchDocumentGivesPreviews) {
     libreoffice::OfficeRuntime runtime(officeContext(), "", window, documents.snapshot());
     const forms::RuntimeScope scope(runtime);
     scratch->Selection()->Copy();
-    const libreoffice::Image image = pixelsOf(graphicOf(runtime.Clipboard().GetData())->getDIB());
+    const mapping::Image image = pixelsOf(graphicOf(runtime.Clipboard().GetData())->getDIB());
     ASSERT_EQ(image.width(), 81);
     ASSERT_EQ(image.height(), 25);
     EXPECT_EQ(image.at(40, 12), base::swapRedAndBlue(kBlue));

@@ -9,7 +9,7 @@
 #include <filesystem>
 
 #include "TestComponent.h"
-#include "ports/libreoffice/fill/Image.h"
+#include "mapping/Image.h"
 #include "ports/libreoffice/uno/Configuration.h"
 
 namespace huebrush::tests {
@@ -72,7 +72,7 @@ TEST(OfficeComponent, HasTheThreeIconsAndNoOther) {
         const base::Picture icon = component().icon(number);
         ASSERT_FALSE(icon.empty()) << number;
         EXPECT_EQ(icon.format(), base::PictureFormat::bitmap);
-        const libreoffice::Image pixels = libreoffice::imageOfBitmapFile(icon.bytes());
+        const mapping::Image pixels = mapping::imageOfBitmapFile(icon.bytes());
         EXPECT_EQ(std::pair(pixels.width(), pixels.height()), std::pair(32, 32));
     }
     EXPECT_TRUE(component().icon(104).empty());

@@ -27,7 +27,7 @@ std::string BufferedFill::TextureName() {
 }
 
 void BufferedFill::setVisible(MsoTriState visible) {
-    FillWrites& edit = gather().edit;
+    mapping::FillWrites& edit = gather().edit;
     const bool isFirst = edit.empty();
     edit.visible = visible == MsoTriState::msoFalse ? MsoTriState::msoFalse : MsoTriState::msoTrue;
     if (isFirst) return;
@@ -47,51 +47,52 @@ void BufferedFill::setBackColorRGB(std::int32_t color) {
 }
 
 void BufferedFill::setTransparency(float transparency) {
-    const float checked = checkedTransparency(transparency);
+    const float checked = mapping::checkedTransparency(transparency);
     gather().edit.transparency = checked;
 }
 
 void BufferedFill::Solid() {
-    build(solidBuild());
+    build(mapping::solidBuild());
 }
 
 void BufferedFill::Patterned(std::int32_t pattern) {
-    build(patternBuild(pattern));
+    build(mapping::patternBuild(pattern));
 }
 
 void BufferedFill::OneColorGradient(std::int32_t style, std::int32_t variant, float degree) {
-    build(oneColorBuild(style, variant, degree));
+    build(mapping::oneColorBuild(style, variant, degree));
 }
 
 void BufferedFill::TwoColorGradient(std::int32_t style, std::int32_t variant) {
-    build(twoColorBuild(style, variant));
+    build(mapping::twoColorBuild(style, variant));
 }
 
 void BufferedFill::PresetGradient(std::int32_t style, std::int32_t variant, std::int32_t type) {
-    build(presetGradientBuild(style, variant, type));
+    build(mapping::presetGradientBuild(style, variant, type));
 }
 
 void BufferedFill::PresetTextured(std::int32_t texture) {
-    build(presetTextureBuild(texture));
+    build(mapping::presetTextureBuild(texture));
 }
 
 void BufferedFill::UserTextured(const std::string& file) {
     const std::string picture =
         officeCalls([&] { return document_->shapes().tables().addFile(file); });
-    build(userTextureBuild(file));
+    build(mapping::userTextureBuild(file));
     gather().userPicture = picture;
 }
 
 void BufferedFill::refresh() {
     // Only after the answer: it carries out writes, which end what was current.
-    const HostFill answer = shapes_.size() == 1 ? document_->fillOf(*shapes_.front())
-                                                : document_->commonFillOf(nodesOf(shapes_));
+    const mapping::HostFill answer = shapes_.size() == 1
+                                         ? document_->fillOf(*shapes_.front())
+                                         : document_->commonFillOf(nodesOf(shapes_));
     answer_ = &document_->shapes().keep(answer);
     stamp_ = document_->shapes().stamp();
 }
 
-void BufferedFill::build(const FillBuild& build) {
-    FillWrites& edit = gather().edit;
+void BufferedFill::build(const mapping::FillBuild& build) {
+    mapping::FillWrites& edit = gather().edit;
     edit.build = build;
     if (!edit.foreColor) edit.foreColor = foreColor_;
     if (!edit.backColor) edit.backColor = backColor_;

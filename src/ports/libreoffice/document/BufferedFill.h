@@ -64,7 +64,7 @@ class BufferedFill final : public host::FillFormat {
     }
     void refresh();
     FillWriter::Gathered& gather() { return document_->fills().gather(*this, shapes_); }
-    void build(const FillBuild& build);
+    void build(const mapping::FillBuild& build);
 
     std::shared_ptr<OpenDocument> document_;
     ShapeHandles shapes_;

@@ -29,7 +29,7 @@ DocumentShapes::DocumentShapes(const ContextReference& context, const ModelRefer
             }),
       names_(tree_, snapshot_) {}
 
-const host::FillProperties& DocumentShapes::keep(const HostFill& fill) {
+const host::FillProperties& DocumentShapes::keep(const mapping::HostFill& fill) {
     if (stamp() == 0) pool_.clear();
     return pool_.keep(fill);
 }
@@ -72,21 +72,21 @@ void DocumentShapes::readFillOf(ShapeNode& node) {
     }
 }
 
-HostFill DocumentShapes::commonFillIn(ShapeNode& group) {
+mapping::HostFill DocumentShapes::commonFillIn(ShapeNode& group) {
     // What was written in this generation may be known of the nodes alone.
     if (tree_.isEntered(group) || snapshot_->isCurrent(group.memberFillWritten)) {
         return commonFillOf(leavesOf({group.shared_from_this()}));
     }
-    CommonFill common;
+    mapping::CommonFill common;
     tree_.visitLeaves(group, [&](const ShapeKind& kind, const ShapeReference& shape) {
         common.add(kind.canHaveFill ? knownFillOf(readFill(shape), shape, tables_).host
-                                    : HostFill());
+                                    : mapping::HostFill());
     });
     return common.value();
 }
 
-HostFill DocumentShapes::commonFillOf(const std::vector<NodePointer>& nodes) {
-    CommonFill common;
+mapping::HostFill DocumentShapes::commonFillOf(const std::vector<NodePointer>& nodes) {
+    mapping::CommonFill common;
     for (const NodePointer& node : nodes) common.add(fillOf(*node));
     return common.value();
 }

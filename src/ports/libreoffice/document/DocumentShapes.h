@@ -37,15 +37,15 @@ class DocumentShapes {
     /// A write is begun or carried out.
     void invalidateStamps() { ++stamp_; }
     /// The fill's properties as this document keeps them: good while the present stamp holds.
-    const host::FillProperties& keep(const HostFill& fill);
+    const host::FillProperties& keep(const mapping::HostFill& fill);
 
-    const HostFill& fillOf(ShapeNode& node) {
+    const mapping::HostFill& fillOf(ShapeNode& node) {
         if (!snapshot_->isCurrent(node.fillRead)) readFillOf(node);
         if (node.fillError) throw base::Error(*node.fillError);
         return node.fill.host;
     }
     /// The common answer of several shapes.
-    HostFill commonFillOf(const std::vector<NodePointer>& nodes);
+    mapping::HostFill commonFillOf(const std::vector<NodePointer>& nodes);
     const ShapeLine& lineOf(ShapeNode& node) {
         if (!snapshot_->isCurrent(node.lineRead)) readLineOf(node);
         if (node.lineError) throw base::Error(*node.lineError);
@@ -65,7 +65,7 @@ class DocumentShapes {
     void readLeaf(ShapeNode& node, const ShapeReference& shape);
     void readFillOf(ShapeNode& node);
     void readLineOf(ShapeNode& node);
-    HostFill commonFillIn(ShapeNode& group);
+    mapping::HostFill commonFillIn(ShapeNode& group);
     ShapeLine commonLineIn(ShapeNode& group);
     void collectLeaves(const NodePointer& node, std::vector<NodePointer>& leaves);
 

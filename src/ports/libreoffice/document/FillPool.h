@@ -6,7 +6,7 @@
 #include <functional>
 #include <unordered_map>
 
-#include "ports/libreoffice/fill/HostFill.h"
+#include "mapping/HostFill.h"
 
 namespace huebrush::libreoffice {
 
@@ -15,7 +15,7 @@ namespace huebrush::libreoffice {
 class FillPool {
  public:
     /// Good until clear().
-    const host::FillProperties& keep(const HostFill& fill) {
+    const host::FillProperties& keep(const mapping::HostFill& fill) {
         const auto [kept, isNew] = fills_.try_emplace(fill);
         if (isNew) kept->second = propertiesOf(fill);
         return kept->second;
@@ -24,7 +24,7 @@ class FillPool {
 
  private:
     struct Hash {
-        std::size_t operator()(const HostFill& fill) const {
+        std::size_t operator()(const mapping::HostFill& fill) const {
             auto hash = static_cast<std::size_t>(fill.type);
             const auto mix = [&hash](auto value) {
                 constexpr std::size_t kFactor = 1000003;
@@ -41,7 +41,7 @@ class FillPool {
         }
     };
 
-    std::unordered_map<HostFill, host::FillProperties, Hash> fills_;
+    std::unordered_map<mapping::HostFill, host::FillProperties, Hash> fills_;
 };
 
 }  // namespace huebrush::libreoffice

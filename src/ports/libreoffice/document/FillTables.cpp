@@ -12,8 +12,8 @@
 #include <iterator>
 
 #include "base/Text.h"
+#include "mapping/Textures.h"
 #include "ports/libreoffice/document/Gradients.h"
-#include "ports/libreoffice/fill/Textures.h"
 #include "ports/libreoffice/uno/Properties.h"
 
 namespace huebrush::libreoffice {
@@ -38,11 +38,11 @@ std::vector<std::uint8_t> bytesOf(const std::string& path) {
 }
 
 /// The pixels of a bitmap of the office's; an image of width 0 when they are not available.
-Image pixelsOf(const css::uno::Reference<css::awt::XBitmap>& bitmap) {
+mapping::Image pixelsOf(const css::uno::Reference<css::awt::XBitmap>& bitmap) {
     const css::uno::Sequence<sal_Int8> file = bitmap->getDIB();
     std::vector<std::uint8_t> bytes(static_cast<std::size_t>(file.getLength()));
     std::copy(file.begin(), file.end(), bytes.begin());
-    return imageOfBitmapFile(bytes);
+    return mapping::imageOfBitmapFile(bytes);
 }
 
 css::uno::Reference<css::container::XNameContainer> tableOf(const ModelReference& model,
@@ -59,15 +59,15 @@ FillTables::FillTables(const ContextReference& context, const ModelReference& mo
       bitmaps_(tableOf(model, "com.sun.star.drawing.BitmapTable")),
       transparences_(tableOf(model, "com.sun.star.drawing.TransparencyGradientTable")) {}
 
-void FillTables::ensure(const OwnPicture& picture) {
-    const std::string name = nameOf(picture);
-    if (!kept_.contains(name)) kept_[name] = graphicOf(bitmapFileOf(tileOf(picture)));
+void FillTables::ensure(const mapping::OwnPicture& picture) {
+    const std::string name = mapping::nameOf(picture);
+    if (!kept_.contains(name)) kept_[name] = graphicOf(mapping::bitmapFileOf(tileOf(picture)));
     restore(name);
 }
 
 std::string FillTables::addFile(const std::string& path) {
     const std::vector<std::uint8_t> bytes = bytesOf(path);
-    std::string name = nameOfFile(bytes);
+    std::string name = mapping::nameOfFile(bytes);
     if (!kept_.contains(name)) {
         css::uno::Any graphic;
         try {
@@ -107,18 +107,20 @@ rtl::OUString FillTables::addTransparence(const css::uno::Any& gradient) {
     }
 }
 
-std::optional<OwnPicture> FillTables::recognise(const std::string& name,
-                                                const css::uno::Any& bitmap) {
-    if (auto own = ownPictureNamed(name)) return own;
+std::optional<mapping::OwnPicture> FillTables::recognise(const std::string& name,
+                                                         const css::uno::Any& bitmap) {
+    if (auto own = mapping::ownPictureNamed(name)) return own;
     const auto found = recognised_.find(name);
     if (found != recognised_.end()) return found->second;
-    std::optional<OwnPicture> own;
+    std::optional<mapping::OwnPicture> own;
     const css::uno::Reference<css::awt::XBitmap> pixels(bitmap, css::uno::UNO_QUERY);
     if (pixels.is()) {
         const css::awt::Size size = pixels->getSize();
-        const bool maybePattern = size.Width == kPatternSize && size.Height == kPatternSize;
-        const bool maybeTexture = size.Width == kTextureSize && size.Height == kTextureSize;
-        if (maybePattern || maybeTexture) own = ownPictureOf(pixelsOf(pixels));
+        const bool maybePattern =
+            size.Width == mapping::kPatternSize && size.Height == mapping::kPatternSize;
+        const bool maybeTexture =
+            size.Width == mapping::kTextureSize && size.Height == mapping::kTextureSize;
+        if (maybePattern || maybeTexture) own = mapping::ownPictureOf(pixelsOf(pixels));
     }
     recognised_.emplace(name, own);
     return own;

@@ -9,9 +9,9 @@
 #include <string>
 #include <vector>
 
+#include "mapping/OwnPictures.h"
 #include "ports/libreoffice/document/DocumentModel.h"
 #include "ports/libreoffice/document/FillOrigin.h"
-#include "ports/libreoffice/fill/OwnPictures.h"
 #include "ports/libreoffice/uno/Services.h"
 
 namespace huebrush::libreoffice {
@@ -24,7 +24,7 @@ class FillTables {
     FillTables(const ContextReference& context, const ModelReference& model);
 
     /// Makes sure that the table has our picture under its name.
-    void ensure(const OwnPicture& picture);
+    void ensure(const mapping::OwnPicture& picture);
     /// Makes sure that the table has a user's picture file, and gives its name there. An error when
     /// the file cannot be read or is no picture.
     std::string addFile(const std::string& path);
@@ -38,8 +38,8 @@ class FillTables {
     rtl::OUString addTransparence(const com::sun::star::uno::Any& gradient);
 
     /// What a shape's bitmap is known as, by its name or its pixels.
-    std::optional<OwnPicture> recognise(const std::string& name,
-                                        const com::sun::star::uno::Any& bitmap);
+    std::optional<mapping::OwnPicture> recognise(const std::string& name,
+                                                 const com::sun::star::uno::Any& bitmap);
     /// The properties about a fill's origin that shapes of this one's type have.
     const OriginProperties& originProperties(
         const com::sun::star::uno::Reference<com::sun::star::drawing::XShape>& shape);
@@ -54,7 +54,7 @@ class FillTables {
     com::sun::star::uno::Reference<com::sun::star::container::XNameContainer> bitmaps_;
     com::sun::star::uno::Reference<com::sun::star::container::XNameContainer> transparences_;
     std::map<std::string, com::sun::star::uno::Any> kept_;
-    std::map<std::string, std::optional<OwnPicture>> recognised_;
+    std::map<std::string, std::optional<mapping::OwnPicture>> recognised_;
     /// By the types of shapes.
     std::map<rtl::OUString, OriginProperties> originProperties_;
 };

@@ -22,7 +22,7 @@ namespace {
 constexpr std::size_t kManyWrites = 512;
 
 /// As the comparison of their texts, which takes longer.
-bool differ(const OfficeFill& a, const OfficeFill& b) {
+bool differ(const mapping::OfficeFill& a, const mapping::OfficeFill& b) {
     return a.style != b.style || a.color != b.color || a.transparence != b.transparence ||
            toText(a) != toText(b);
 }
@@ -77,8 +77,8 @@ void FillWriter::changeFills(const Current& edit) {
 }
 
 void FillWriter::changeFill(const NodePointer& leaf, const Gathered& gathered) {
-    const HostFill wanted = edited(shapes_.fillOf(*leaf), gathered.edit);
-    const FillTarget target = targetFor(wanted, leaf->fill, gathered.userPicture);
+    const mapping::HostFill wanted = edited(shapes_.fillOf(*leaf), gathered.edit);
+    const mapping::FillTarget target = targetFor(wanted, leaf->fill, gathered.userPicture);
     std::string memory;
     if (target.remembered) memory = toText(*target.remembered);
     if (target.picture) shapes_.tables().ensure(*target.picture);

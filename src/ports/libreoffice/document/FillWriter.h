@@ -34,7 +34,7 @@ class FillWriter {
 
     /// What is gathered of one fill.
     struct Gathered {
-        FillWrites edit;
+        mapping::FillWrites edit;
         /// The name in the document's table of the picture of a user texture.
         std::string userPicture;
     };

@@ -59,19 +59,19 @@ double partOf(std::int32_t color, int shift) {
     return static_cast<double>((color >> shift) & 0xFF) / kLastPart;
 }
 
-OfficeColorStop stopOf(const newer::ColorStop& stop) {
+mapping::OfficeColorStop stopOf(const newer::ColorStop& stop) {
     return {static_cast<std::int32_t>(std::lround(std::clamp(stop.place, 0.0, 1.0) * kLastPlace)),
             partOf(stop.red, 16) | partOf(stop.green, 8) | partOf(stop.blue, 0)};
 }
 
-newer::ColorStop stopOf(const OfficeColorStop& stop) {
+newer::ColorStop stopOf(const mapping::OfficeColorStop& stop) {
     return {static_cast<double>(stop.place) / kLastPlace, partOf(stop.color, 16),
             partOf(stop.color, 8), partOf(stop.color, 0)};
 }
 
-OfficeGradient endsOf(const css::awt::Gradient& gradient) {
-    OfficeGradient result;
-    result.style = static_cast<OfficeGradientStyle>(gradient.Style);
+mapping::OfficeGradient endsOf(const css::awt::Gradient& gradient) {
+    mapping::OfficeGradient result;
+    result.style = static_cast<mapping::OfficeGradientStyle>(gradient.Style);
     result.startColor = gradient.StartColor;
     result.endColor = gradient.EndColor;
     result.angle = gradient.Angle;
@@ -84,7 +84,7 @@ OfficeGradient endsOf(const css::awt::Gradient& gradient) {
     return result;
 }
 
-void setEnds(css::awt::Gradient& result, const OfficeGradient& gradient) {
+void setEnds(css::awt::Gradient& result, const mapping::OfficeGradient& gradient) {
     const auto small = [](std::int32_t value) { return static_cast<sal_Int16>(value); };
     result.Style = static_cast<css::awt::GradientStyle>(gradient.style);
     result.StartColor = gradient.startColor;
@@ -99,29 +99,30 @@ void setEnds(css::awt::Gradient& result, const OfficeGradient& gradient) {
 }
 
 /// Whether the start and end colour alone make the same gradient.
-bool isMadeByEnds(const OfficeGradient& gradient, const std::vector<OfficeColorStop>& stops) {
-    const OfficeColorStop start{0, gradient.startColor};
-    const OfficeColorStop end{static_cast<std::int32_t>(kLastPlace), gradient.endColor};
+bool isMadeByEnds(const mapping::OfficeGradient& gradient,
+                  const std::vector<mapping::OfficeColorStop>& stops) {
+    const mapping::OfficeColorStop start{0, gradient.startColor};
+    const mapping::OfficeColorStop end{static_cast<std::int32_t>(kLastPlace), gradient.endColor};
     if (stops.size() == 2) return stops.front() == start && stops.back() == end;
     return stops.empty() || (stops.size() == 1 && start.color == end.color);
 }
 
 }  // namespace
 
-OfficeGradient gradientOf(const Any& value) {
+mapping::OfficeGradient gradientOf(const Any& value) {
     css::awt::Gradient ends;
     value >>= ends;
-    OfficeGradient gradient = endsOf(ends);
+    mapping::OfficeGradient gradient = endsOf(ends);
     if (value.getValueTypeName() != newer::kGradientName) return gradient;
     newer::Gradient whole;
     value >>= whole;
-    std::vector<OfficeColorStop> stops;
+    std::vector<mapping::OfficeColorStop> stops;
     for (const newer::ColorStop& stop : std::as_const(whole.stops)) stops.push_back(stopOf(stop));
     if (!isMadeByEnds(gradient, stops)) gradient.stops = std::move(stops);
     return gradient;
 }
 
-Any officeValueOf(const OfficeGradient& gradient) {
+Any officeValueOf(const mapping::OfficeGradient& gradient) {
     const auto isKnown = [] {
         return css::uno::TypeDescription(rtl::OUString(newer::kGradientName)).is();
     };
@@ -134,14 +135,14 @@ Any officeValueOf(const OfficeGradient& gradient) {
     setEnds(whole, gradient);
     whole.stops.realloc(static_cast<sal_Int32>(gradient.stops.size()));
     std::transform(gradient.stops.begin(), gradient.stops.end(), whole.stops.getArray(),
-                   [](const OfficeColorStop& stop) { return stopOf(stop); });
+                   [](const mapping::OfficeColorStop& stop) { return stopOf(stop); });
     return Any(whole);
 }
 
 bool isSameGradient(const Any& a, const Any& b) {
     if (a == b) return true;
     // The office gives even a gradient of two colours the newer type.
-    const OfficeGradient first = gradientOf(a);
+    const mapping::OfficeGradient first = gradientOf(a);
     return first.stops.empty() && first == gradientOf(b);
 }
 

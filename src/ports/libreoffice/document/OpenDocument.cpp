@@ -25,13 +25,13 @@ OpenDocument::OpenDocument(const ContextReference& context, const ModelReference
     officeCalls([&] { parts_.emplace(context, model, std::move(snapshot)); });
 }
 
-const HostFill& OpenDocument::fillOf(ShapeNode& node) {
+const mapping::HostFill& OpenDocument::fillOf(ShapeNode& node) {
     Parts& open = parts();
     open.fills.finishEdit();
     return open.shapes.fillOf(node);
 }
 
-HostFill OpenDocument::commonFillOf(const std::vector<NodePointer>& nodes) {
+mapping::HostFill OpenDocument::commonFillOf(const std::vector<NodePointer>& nodes) {
     Parts& open = parts();
     open.fills.finishEdit();
     return open.shapes.commonFillOf(nodes);

@@ -35,8 +35,8 @@ class OpenDocument : public std::enable_shared_from_this<OpenDocument> {
 
     using Stamp = DocumentShapes::Stamp;
     bool holds(Stamp stamp) const { return parts_ && parts_->shapes.holds(stamp); }
-    const HostFill& fillOf(ShapeNode& node);
-    HostFill commonFillOf(const std::vector<NodePointer>& nodes);
+    const mapping::HostFill& fillOf(ShapeNode& node);
+    mapping::HostFill commonFillOf(const std::vector<NodePointer>& nodes);
     /// Before the office's own objects are used: brings all writes to them.
     void finishWrites();
 

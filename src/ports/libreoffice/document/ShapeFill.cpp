@@ -52,47 +52,48 @@ const Names& names() {
     return kNames;
 }
 
-OfficeHatch hatchOf(const css::drawing::Hatch& hatch) {
-    return {static_cast<OfficeHatchStyle>(hatch.Style), hatch.Color, hatch.Distance, hatch.Angle};
+mapping::OfficeHatch hatchOf(const css::drawing::Hatch& hatch) {
+    return {static_cast<mapping::OfficeHatchStyle>(hatch.Style), hatch.Color, hatch.Distance,
+            hatch.Angle};
 }
 
-css::drawing::Hatch hatchOf(const OfficeHatch& hatch) {
+css::drawing::Hatch hatchOf(const mapping::OfficeHatch& hatch) {
     return {static_cast<css::drawing::HatchStyle>(hatch.style), hatch.color, hatch.distance,
             hatch.angle};
 }
 
-OfficeFillStyle styleOf(css::drawing::FillStyle style) {
+mapping::OfficeFillStyle styleOf(css::drawing::FillStyle style) {
     switch (style) {
         case css::drawing::FillStyle_SOLID:
-            return OfficeFillStyle::solid;
+            return mapping::OfficeFillStyle::solid;
         case css::drawing::FillStyle_GRADIENT:
-            return OfficeFillStyle::gradient;
+            return mapping::OfficeFillStyle::gradient;
         case css::drawing::FillStyle_HATCH:
-            return OfficeFillStyle::hatch;
+            return mapping::OfficeFillStyle::hatch;
         case css::drawing::FillStyle_BITMAP:
-            return OfficeFillStyle::bitmap;
+            return mapping::OfficeFillStyle::bitmap;
         default:
-            return OfficeFillStyle::none;
+            return mapping::OfficeFillStyle::none;
     }
 }
 
-void readBody(const Reference<css::beans::XPropertySet>& set, OfficeFill& fill) {
+void readBody(const Reference<css::beans::XPropertySet>& set, mapping::OfficeFill& fill) {
     switch (fill.style) {
-        case OfficeFillStyle::none:
-        case OfficeFillStyle::solid:
+        case mapping::OfficeFillStyle::none:
+        case mapping::OfficeFillStyle::solid:
             fill.color = propertyOf<sal_Int32>(set, names().color);
             break;
-        case OfficeFillStyle::gradient:
+        case mapping::OfficeFillStyle::gradient:
             fill.gradient = gradientOf(set->getPropertyValue(names().gradient));
             break;
-        case OfficeFillStyle::hatch:
+        case mapping::OfficeFillStyle::hatch:
             fill.hatch = hatchOf(propertyOf<css::drawing::Hatch>(set, names().hatch));
             fill.background = propertyOf<bool>(set, names().background);
             if (fill.background) fill.color = propertyOf<sal_Int32>(set, names().color);
             break;
-        case OfficeFillStyle::bitmap:
+        case mapping::OfficeFillStyle::bitmap:
             fill.bitmapName = fromOffice(propertyOf<OUString>(set, names().bitmapName));
-            fill.bitmapMode = static_cast<OfficeBitmapMode>(
+            fill.bitmapMode = static_cast<mapping::OfficeBitmapMode>(
                 propertyOf<css::drawing::BitmapMode>(set, names().bitmapMode));
             break;
     }
@@ -147,39 +148,39 @@ Any attributesWith(const Reference<css::beans::XPropertySet>& set, const std::st
 bool replacesNamed(const ShapeFill& now, const ShapeFill& wanted) {
     if (now.office.style != wanted.office.style) return false;
     switch (wanted.office.style) {
-        case OfficeFillStyle::gradient:
+        case mapping::OfficeFillStyle::gradient:
             return wanted.gradient.hasValue() ? wanted.gradient != now.gradient
                                               : !(wanted.office.gradient == now.office.gradient);
-        case OfficeFillStyle::hatch:
+        case mapping::OfficeFillStyle::hatch:
             return !(wanted.office.hatch == now.office.hatch);
         default:
             return false;
     }
 }
 
-void addBody(const OfficeFill& now, const ShapeFill& target, PropertyChanges& changes) {
-    const OfficeFill& wanted = target.office;
+void addBody(const mapping::OfficeFill& now, const ShapeFill& target, PropertyChanges& changes) {
+    const mapping::OfficeFill& wanted = target.office;
     // A change of the style drops what belongs to other styles, so all of the new one is written.
     const bool fresh = now.style != wanted.style;
     if (fresh) changes.add(names().style, Any(static_cast<css::drawing::FillStyle>(wanted.style)));
     switch (wanted.style) {
-        case OfficeFillStyle::none:
-        case OfficeFillStyle::solid:
+        case mapping::OfficeFillStyle::none:
+        case mapping::OfficeFillStyle::solid:
             if (fresh || now.color != wanted.color) changes.add(names().color, Any(wanted.color));
             break;
-        case OfficeFillStyle::gradient:
+        case mapping::OfficeFillStyle::gradient:
             if (fresh) {
                 changes.add(names().gradient, target.gradient.hasValue()
                                                   ? target.gradient
                                                   : officeValueOf(wanted.gradient));
             }
             break;
-        case OfficeFillStyle::hatch:
+        case mapping::OfficeFillStyle::hatch:
             if (fresh) changes.add(names().hatch, Any(hatchOf(wanted.hatch)));
             changes.add(names().background, Any(wanted.background));
             if (wanted.background) changes.add(names().color, Any(wanted.color));
             break;
-        case OfficeFillStyle::bitmap:
+        case mapping::OfficeFillStyle::bitmap:
             if (fresh || now.bitmapName != wanted.bitmapName) {
                 changes.add(names().bitmapName, Any(toOffice(wanted.bitmapName)));
             }
@@ -191,9 +192,9 @@ void addBody(const OfficeFill& now, const ShapeFill& target, PropertyChanges& ch
     }
 }
 
-void addTransparence(const OfficeFill& now, const ShapeFill& target, FillTables& tables,
+void addTransparence(const mapping::OfficeFill& now, const ShapeFill& target, FillTables& tables,
                      PropertyChanges& changes) {
-    const OfficeFill& wanted = target.office;
+    const mapping::OfficeFill& wanted = target.office;
     if (now.transparenceGradient && !wanted.transparenceGradient) {
         changes.add(names().transparenceGradientName, Any(OUString()));
     }
@@ -223,40 +224,41 @@ ShapeFill readFill(const ShapeReference& shape) {
 void prepareWrite(ShapeFill& now, const ShapeReference& shape, FillTables& tables) {
     const Reference<css::beans::XPropertySet> set(shape, UNO_QUERY_THROW);
     now.origin = tables.originProperties(shape).read(set);
-    if (now.office.style == OfficeFillStyle::gradient) {
+    if (now.office.style == mapping::OfficeFillStyle::gradient) {
         now.gradient = set->getPropertyValue(names().gradient);
     }
     if (now.office.transparenceGradient) {
         now.transparenceGradient = set->getPropertyValue(names().transparenceGradient);
     }
-    if (now.office.style != OfficeFillStyle::bitmap) return;
+    if (now.office.style != mapping::OfficeFillStyle::bitmap) return;
     if (!tables.keeps(now.office.bitmapName)) {
         tables.keep(now.office.bitmapName, readBitmap(shape));
     }
 }
 
-KnownFill knownFillOf(const ShapeFill& fill, const ShapeReference& shape, FillTables& tables) {
-    std::optional<OwnPicture> picture;
-    if (fill.office.style == OfficeFillStyle::bitmap) {
-        picture = ownPictureNamed(fill.office.bitmapName);
-        if (!picture && fill.office.bitmapMode == OfficeBitmapMode::repeat) {
+mapping::KnownFill knownFillOf(const ShapeFill& fill, const ShapeReference& shape,
+                               FillTables& tables) {
+    std::optional<mapping::OwnPicture> picture;
+    if (fill.office.style == mapping::OfficeFillStyle::bitmap) {
+        picture = mapping::ownPictureNamed(fill.office.bitmapName);
+        if (!picture && fill.office.bitmapMode == mapping::OfficeBitmapMode::repeat) {
             picture = tables.recognise(fill.office.bitmapName, readBitmap(shape));
         }
     }
-    std::optional<RememberedFill> remembered;
-    if (!fill.memory.empty()) remembered = rememberedFillOf(fill.memory);
+    std::optional<mapping::RememberedFill> remembered;
+    if (!fill.memory.empty()) remembered = mapping::rememberedFillOf(fill.memory);
     return knownFillOf(fill.office, picture, remembered);
 }
 
 void writeFill(const ShapeReference& shape, const ShapeFill& now, const ShapeFill& wanted,
                FillTables& tables) {
     const Reference<css::beans::XPropertySet> set(shape, UNO_QUERY_THROW);
-    OfficeFill from = now.office;
+    mapping::OfficeFill from = now.office;
     if (replacesNamed(now, wanted)) {
         // Newer offices may leave the new one under the old one's name, and store either for both.
         // Another style drops the old one.
         set->setPropertyValue(names().style, Any(css::drawing::FillStyle_SOLID));
-        from.style = OfficeFillStyle::solid;
+        from.style = mapping::OfficeFillStyle::solid;
     }
     PropertyChanges changes;
     addBody(from, wanted, changes);
@@ -266,7 +268,8 @@ void writeFill(const ShapeReference& shape, const ShapeFill& now, const ShapeFil
     }
     if (changes.empty()) return;
     addOriginChange(set, now.origin, wanted.origin, changes);
-    if (wanted.office.style == OfficeFillStyle::bitmap) tables.restore(wanted.office.bitmapName);
+    if (wanted.office.style == mapping::OfficeFillStyle::bitmap)
+        tables.restore(wanted.office.bitmapName);
     changes.apply(shape);
 }
 

@@ -5,16 +5,16 @@
 #include <com/sun/star/uno/Any.hxx>
 #include <string>
 
+#include "mapping/FillMapping.h"
 #include "ports/libreoffice/document/FillOrigin.h"
 #include "ports/libreoffice/document/FillTables.h"
 #include "ports/libreoffice/document/ShapeKind.h"
-#include "ports/libreoffice/fill/FillMapping.h"
 
 namespace huebrush::libreoffice {
 
 /// Everything about a shape's fill that a document holds.
 struct ShapeFill {
-    OfficeFill office;
+    mapping::OfficeFill office;
     /// The line of text beside the shape; empty without one.
     std::string memory;
     /// Known only where a write needs it.
@@ -35,7 +35,8 @@ ShapeFill readFill(const ShapeReference& shape);
 void prepareWrite(ShapeFill& now, const ShapeReference& shape, FillTables& tables);
 
 /// What a shape with this fill answers.
-KnownFill knownFillOf(const ShapeFill& fill, const ShapeReference& shape, FillTables& tables);
+mapping::KnownFill knownFillOf(const ShapeFill& fill, const ShapeReference& shape,
+                               FillTables& tables);
 
 /// Changes the shape's fill from `now` to `wanted`, in one call: what is equal is not written.
 /// REQUIRES: prepareWrite() of `now`. A bitmap that is missing in the table is put back there.

@@ -50,7 +50,7 @@ class ShapeNode : public std::enable_shared_from_this<ShapeNode> {
 
     /// What was read of its fill, or the error of reading it. A group has only the common answer.
     Snapshot::Generation fillRead = Snapshot::kNever;
-    KnownFill fill;
+    mapping::KnownFill fill;
     std::string memory;
     std::optional<base::Error> fillError;
     /// Of a group: when the fill of a member was last written; the office may not have it yet.

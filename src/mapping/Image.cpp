@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MPL-2.0
 
-#include "ports/libreoffice/fill/Image.h"
+#include "mapping/Image.h"
 
 #include "base/Bitmap.h"
 #include "base/Error.h"
 
-namespace huebrush::libreoffice {
+namespace huebrush::mapping {
 
 std::vector<std::uint8_t> bitmapFileOf(const Image& image) {
     constexpr int kBytesOfPixel = 3;
@@ -36,4 +36,4 @@ Image imageOfBitmapFile(const std::vector<std::uint8_t>& bytes) {
     return image;
 }
 
-}  // namespace huebrush::libreoffice
+}  // namespace huebrush::mapping

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MPL-2.0
 
-#include "ports/libreoffice/fill/Fields.h"
+#include "mapping/Fields.h"
 
 #include <array>
 #include <charconv>
 
-namespace huebrush::libreoffice {
+namespace huebrush::mapping {
 
 namespace {
 
@@ -104,4 +104,4 @@ bool FieldReader::read(std::string& value) {
     return true;
 }
 
-}  // namespace huebrush::libreoffice
+}  // namespace huebrush::mapping

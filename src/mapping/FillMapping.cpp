@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: MPL-2.0
 
-#include "ports/libreoffice/fill/FillMapping.h"
+#include "mapping/FillMapping.h"
 
 #include <algorithm>
 #include <array>
 #include <cmath>
 
 #include "base/Color.h"
-#include "ports/libreoffice/fill/Fields.h"
+#include "mapping/Fields.h"
 
-namespace huebrush::libreoffice {
+namespace huebrush::mapping {
 
 using host::MsoFillType;
 using host::MsoGradientColorType;
@@ -571,4 +571,4 @@ FillTarget targetFor(const HostFill& wanted, const KnownFill& now, const std::st
     return target;
 }
 
-}  // namespace huebrush::libreoffice
+}  // namespace huebrush::mapping

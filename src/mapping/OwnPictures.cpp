@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MPL-2.0
 
-#include "ports/libreoffice/fill/OwnPictures.h"
+#include "mapping/OwnPictures.h"
 
 #include "base/Text.h"
-#include "ports/libreoffice/fill/Fields.h"
-#include "ports/libreoffice/fill/Textures.h"
+#include "mapping/Fields.h"
+#include "mapping/Textures.h"
 
-namespace huebrush::libreoffice {
+namespace huebrush::mapping {
 
 namespace {
 
@@ -76,4 +76,4 @@ std::optional<OwnPicture> ownPictureOf(const Image& image) {
     return {};
 }
 
-}  // namespace huebrush::libreoffice
+}  // namespace huebrush::mapping

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MPL-2.0
 
-#include "ports/libreoffice/fill/HostFill.h"
+#include "mapping/HostFill.h"
 
 #include "base/Error.h"
 #include "base/Text.h"
 
-namespace huebrush::libreoffice {
+namespace huebrush::mapping {
 
 using host::MsoFillType;
 using host::MsoGradientColorType;
@@ -178,4 +178,4 @@ void CommonFill::add(const HostFill& fill) {
     join(common_.stopsMark, fill.stopsMark, host::kMixed);
 }
 
-}  // namespace huebrush::libreoffice
+}  // namespace huebrush::mapping

@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <vector>
 
-namespace huebrush::libreoffice {
+namespace huebrush::mapping {
 
 /// A small picture in memory, 0xRRGGBB a pixel, rows from the top.
 class Image {
@@ -40,4 +40,4 @@ std::vector<std::uint8_t> bitmapFileOf(const Image& image);
 /// Reads a BMP file; an image of width 0 from bytes that are none.
 Image imageOfBitmapFile(const std::vector<std::uint8_t>& bytes);
 
-}  // namespace huebrush::libreoffice
+}  // namespace huebrush::mapping

@@ -5,11 +5,11 @@
 #include <optional>
 #include <string>
 
-#include "ports/libreoffice/fill/HostFill.h"
-#include "ports/libreoffice/fill/OfficeFill.h"
-#include "ports/libreoffice/fill/OwnPictures.h"
+#include "mapping/HostFill.h"
+#include "mapping/OfficeFill.h"
+#include "mapping/OwnPictures.h"
 
-namespace huebrush::libreoffice {
+namespace huebrush::mapping {
 
 /// The office's fill in the object model's terms, approximated the same way every time where there
 /// is no equivalent. `picture` is what a bitmap fill's picture was recognised as.
@@ -61,4 +61,4 @@ FillTarget targetFor(const HostFill& wanted, const KnownFill& now, const std::st
 std::int32_t toOfficeColor(std::int32_t color);
 std::int32_t toHostColor(std::int32_t color);
 
-}  // namespace huebrush::libreoffice
+}  // namespace huebrush::mapping

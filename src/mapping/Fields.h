@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-namespace huebrush::libreoffice {
+namespace huebrush::mapping {
 
 /// Writes values as one line of text, a blank between them. Floats keep their exact value; in a
 /// text everything but letters, digits and a few signs is escaped.
@@ -46,4 +46,4 @@ class FieldReader {
     std::string_view rest_;
 };
 
-}  // namespace huebrush::libreoffice
+}  // namespace huebrush::mapping

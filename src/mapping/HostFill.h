@@ -9,7 +9,7 @@
 #include "host/Enumerations.h"
 #include "host/FillProperties.h"
 
-namespace huebrush::libreoffice {
+namespace huebrush::mapping {
 
 /// What a property answers that the fill's type does not use: always the same, so that fills that
 /// look equal are equal. (The host's own answers there are leftovers of earlier fills.)
@@ -97,4 +97,4 @@ class CommonFill {
     HostFill common_;
 };
 
-}  // namespace huebrush::libreoffice
+}  // namespace huebrush::mapping

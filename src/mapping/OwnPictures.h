@@ -6,10 +6,10 @@
 #include <string>
 #include <variant>
 
-#include "ports/libreoffice/fill/Image.h"
-#include "ports/libreoffice/fill/Patterns.h"
+#include "mapping/Image.h"
+#include "mapping/Patterns.h"
 
-namespace huebrush::libreoffice {
+namespace huebrush::mapping {
 
 /// The picture of a preset texture.
 struct TextureFill {
@@ -31,4 +31,4 @@ Image tileOf(const OwnPicture& picture);
 std::optional<OwnPicture> ownPictureNamed(const std::string& name);
 std::optional<OwnPicture> ownPictureOf(const Image& image);
 
-}  // namespace huebrush::libreoffice
+}  // namespace huebrush::mapping

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MPL-2.0
 
-#include "ports/libreoffice/fill/Textures.h"
+#include "mapping/Textures.h"
 
 #include <algorithm>
 #include <array>
 #include <cmath>
 #include <numbers>
 
-namespace huebrush::libreoffice {
+namespace huebrush::mapping {
 
 namespace {
 
@@ -202,4 +202,4 @@ std::optional<std::int32_t> textureOf(const Image& tile) {
     return {};
 }
 
-}  // namespace huebrush::libreoffice
+}  // namespace huebrush::mapping

@@ -5,9 +5,9 @@
 #include <cstdint>
 #include <optional>
 
-#include "ports/libreoffice/fill/Image.h"
+#include "mapping/Image.h"
 
-namespace huebrush::libreoffice {
+namespace huebrush::mapping {
 
 inline constexpr std::int32_t kPatternCount = 54;
 inline constexpr std::int32_t kPatternSize = 8;
@@ -28,4 +28,4 @@ Image patternTile(const PatternFill& fill);
 /// to no pattern.
 std::optional<PatternFill> patternOf(const Image& tile);
 
-}  // namespace huebrush::libreoffice
+}  // namespace huebrush::mapping

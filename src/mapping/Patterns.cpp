@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MPL-2.0
 
-#include "ports/libreoffice/fill/Patterns.h"
+#include "mapping/Patterns.h"
 
 #include <algorithm>
 #include <array>
 
-namespace huebrush::libreoffice {
+namespace huebrush::mapping {
 
 namespace {
 
@@ -138,4 +138,4 @@ std::optional<PatternFill> patternOf(const Image& tile) {
     return {};
 }
 
-}  // namespace huebrush::libreoffice
+}  // namespace huebrush::mapping

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-namespace huebrush::libreoffice {
+namespace huebrush::mapping {
 
 /// A fill in the office's terms: the properties that its drawing shapes have. Colours are 0xRRGGBB,
 /// angles 1/10 degree, transparence and offsets per cent, distances 1/100 mm; the enumerations have
@@ -79,4 +79,4 @@ bool isSameOfficeFill(const OfficeFill& a, const OfficeFill& b);
 std::string toText(const OfficeFill& fill);
 std::optional<OfficeFill> officeFillOf(const std::string& text);
 
-}  // namespace huebrush::libreoffice
+}  // namespace huebrush::mapping

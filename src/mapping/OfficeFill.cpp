@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MPL-2.0
 
-#include "ports/libreoffice/fill/OfficeFill.h"
+#include "mapping/OfficeFill.h"
 
-#include "ports/libreoffice/fill/Fields.h"
+#include "mapping/Fields.h"
 
-namespace huebrush::libreoffice {
+namespace huebrush::mapping {
 
 namespace {
 
@@ -154,4 +154,4 @@ std::optional<OfficeFill> officeFillOf(const std::string& text) {
     return fill;
 }
 
-}  // namespace huebrush::libreoffice
+}  // namespace huebrush::mapping

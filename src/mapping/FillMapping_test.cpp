@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MPL-2.0
 
-#include "ports/libreoffice/fill/FillMapping.h"
+#include "mapping/FillMapping.h"
 
 #include <gtest/gtest.h>
 
@@ -9,9 +9,9 @@
 
 #include "base/Color.h"
 #include "base/Error.h"
-#include "ports/libreoffice/fill/Textures.h"
+#include "mapping/Textures.h"
 
-namespace huebrush::libreoffice {
+namespace huebrush::mapping {
 
 using host::MsoFillType;
 using host::MsoTriState;
@@ -472,4 +472,4 @@ TEST(OwnPictures, AreKnownByTheirNames) {
 
 }  // namespace
 
-}  // namespace huebrush::libreoffice
+}  // namespace huebrush::mapping

@@ -5,9 +5,9 @@
 #include <cstdint>
 #include <optional>
 
-#include "ports/libreoffice/fill/Image.h"
+#include "mapping/Image.h"
 
-namespace huebrush::libreoffice {
+namespace huebrush::mapping {
 
 inline constexpr std::int32_t kTextureCount = 24;
 inline constexpr std::int32_t kTextureSize = 64;
@@ -19,4 +19,4 @@ Image textureTile(std::int32_t texture);
 /// The preset texture whose picture this is; nothing for any other.
 std::optional<std::int32_t> textureOf(const Image& tile);
 
-}  // namespace huebrush::libreoffice
+}  // namespace huebrush::mapping
