@@ -21,7 +21,7 @@ fi
 [ $# -gt 0 ] || set -- check
 
 build=(
-  g++ cmake ninja-build make nlohmann-json3-dev libcli11-dev libexpat1-dev libpng-dev
+  g++ cmake ninja-build make nlohmann-json3-dev libcli11-dev libexpat1-dev libpng-dev zlib1g-dev
   librsvg2-bin zip
   libreoffice-writer libreoffice-dev libreoffice-dev-common
 )

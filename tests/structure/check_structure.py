@@ -33,7 +33,8 @@ LEVELS = levels_in((ROOT / "src/README.md").read_text(encoding="utf-8"))
 LIBRARIES = {
     "nlohmann/": {"protocol", "ports/libreoffice", "cli"},
     "CLI/": {"cli"},
-    "expat": {"cli"},
+    "expat": {"documents/xml", "cli"},
+    "zlib": {"documents/package"},
     "com/sun/star/": {"ports/libreoffice"},
     "cppuhelper/": {"ports/libreoffice"},
     "rtl/": {"ports/libreoffice"},

@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: MPL-2.0
+
+#include "documents/xml/Splices.h"
+
+#include <algorithm>
+
+#include "base/Error.h"
+
+namespace huebrush::documents {
+
+std::string Splices::applied(std::string_view text) const {
+    std::vector<const Splice*> inOrder;
+    std::size_t size = text.size();
+    for (const Splice& each : splices_) {
+        inOrder.push_back(&each);
+        size += each.with.size();
+    }
+    std::stable_sort(inOrder.begin(), inOrder.end(), [](const Splice* a, const Splice* b) {
+        return a->range.begin < b->range.begin;
+    });
+    std::string out;
+    out.reserve(size);
+    std::size_t at = 0;
+    for (const Splice* each : inOrder) {
+        if (each->range.begin < at || each->range.end > text.size()) {
+            throw base::Error(base::ErrorNumber::kInternal, "Two changes of a document overlap.");
+        }
+        out += text.substr(at, each->range.begin - at);
+        out += each->with;
+        at = each->range.end;
+    }
+    out += text.substr(at);
+    return out;
+}
+
+}  // namespace huebrush::documents
