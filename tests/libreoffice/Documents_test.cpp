@@ -157,10 +157,10 @@ std::vector<Build> everyFill(const std::string& textureFile) {
     using host::FillFormat;
     std::vector<Build> builds = {[](FillFormat& fill) { fill.Solid(); },
                                  [=](FillFormat& fill) { fill.UserTextured(textureFile); }};
-    for (std::int32_t pattern = 1; pattern <= libreoffice::kPatternCount; ++pattern) {
+    for (std::int32_t pattern = 1; pattern <= mapping::kPatternCount; ++pattern) {
         builds.emplace_back([=](FillFormat& fill) { fill.Patterned(pattern); });
     }
-    for (std::int32_t texture = 1; texture <= libreoffice::kTextureCount; ++texture) {
+    for (std::int32_t texture = 1; texture <= mapping::kTextureCount; ++texture) {
         builds.emplace_back([=](FillFormat& fill) { fill.PresetTextured(texture); });
         builds.emplace_back([=](FillFormat& fill) { fill.PresetGradient(1, 3, texture); });
     }

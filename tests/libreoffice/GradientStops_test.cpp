@@ -332,8 +332,8 @@ TEST_F(GradientStopsTest, AHiddenFillIsShownAgainWithItsStops) {
             // A memory has whole parts of 255.
             return libreoffice::gradientOf(value(open.model(), index, name));
         };
-        const libreoffice::OfficeGradient colors = read("FillGradient");
-        const libreoffice::OfficeGradient clear = read("FillTransparenceGradient");
+        const mapping::OfficeGradient colors = read("FillGradient");
+        const mapping::OfficeGradient clear = read("FillTransparenceGradient");
         EXPECT_EQ(colors.stops.size(), officeKnowsStops() && index != kBothEnds ? 3U : 0U);
         for (int round = 0; round < 3; ++round) {
             show(*all[index], MsoTriState::msoFalse);

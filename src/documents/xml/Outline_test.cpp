@@ -161,6 +161,14 @@ TEST(Splices, ChangeNothingElse) {
     EXPECT_EQ(Splices().applied("abc"), "abc");
 }
 
+TEST(Splices, InsertBeforeWhatIsReplacedAtTheSamePlace) {
+    Splices splices;
+    splices.remove({2, 4});
+    splices.insert(2, "1");
+    splices.insert(4, "2");
+    EXPECT_EQ(splices.applied("abcdefgh"), "ab12efgh");
+}
+
 TEST(Splices, RefuseToOverlap) {
     Splices splices;
     splices.replace({2, 4}, "");

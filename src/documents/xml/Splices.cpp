@@ -15,8 +15,10 @@ std::string Splices::applied(std::string_view text) const {
         inOrder.push_back(&each);
         size += each.with.size();
     }
+    // What is inserted where something else begins comes before it.
     std::stable_sort(inOrder.begin(), inOrder.end(), [](const Splice* a, const Splice* b) {
-        return a->range.begin < b->range.begin;
+        if (a->range.begin != b->range.begin) return a->range.begin < b->range.begin;
+        return a->range.size() == 0 && b->range.size() != 0;
     });
     std::string out;
     out.reserve(size);

@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: MPL-2.0
+
+#include "documents/DocumentFile.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "documents/ooxml/WordFile.h"
+#include "documents/package/DocumentError.h"
+#include "documents/package/Package.h"
+
+namespace huebrush::documents {
+
+namespace {
+
+constexpr std::string_view kEndings[] = {".docx", ".docm", ".dotx", ".dotm"};
+
+}  // namespace
+
+bool isKnownFormat(std::string_view bytes, std::string_view ending) {
+    std::string lower(ending);
+    std::transform(lower.begin(), lower.end(), lower.begin(), [](char each) {
+        return each >= 'A' && each <= 'Z' ? static_cast<char>(each - 'A' + 'a') : each;
+    });
+    return isPackage(bytes) &&
+           std::find(std::begin(kEndings), std::end(kEndings), lower) != std::end(kEndings);
+}
+
+std::unique_ptr<ShapeFile> openDocument(std::string bytes) {
+    if (!isPackage(bytes)) throw DocumentError("is no package, as documents are");
+    Package package(std::move(bytes));
+    if (ooxml::isWordPackage(package)) return std::make_unique<ooxml::WordFile>(std::move(package));
+    throw DocumentError("is no document whose shapes can be read without an office");
+}
+
+}  // namespace huebrush::documents

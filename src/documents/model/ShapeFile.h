@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: MPL-2.0
+
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "host/Enumerations.h"
+#include "mapping/FillMapping.h"
+
+namespace huebrush::documents {
+
+/// A shape, or a group of them, as a document has it.
+struct ShapeRecord {
+    /// The name in the document; it may be empty, and others may have the same.
+    std::string name;
+    host::MsoShapeType type = host::MsoShapeType::msoAutoShape;
+    bool canHaveFill = true;
+    mapping::KnownFill fill;
+    bool lineVisible = false;
+    std::int32_t lineColor = 0;  ///< red in the low byte
+    /// Of a group, in the order from back to front.
+    std::vector<ShapeRecord> members;
+    /// The number by which a shape is given another fill; of a group it says nothing.
+    std::size_t number = 0;
+
+    bool isGroup() const { return type == host::MsoShapeType::msoGroup; }
+};
+
+/// A fill for a shape.
+struct NewFill {
+    mapping::HostFill fill;
+    /// The bytes of a user texture's file; empty for every other fill.
+    std::string picture = {};
+};
+
+/// By the shapes' numbers.
+using NewFills = std::map<std::size_t, NewFill>;
+
+/// A document file of one format: its shapes, and how their fills are changed.
+class ShapeFile {
+ public:
+    ShapeFile() = default;
+    ShapeFile(const ShapeFile&) = delete;
+    ShapeFile& operator=(const ShapeFile&) = delete;
+    virtual ~ShapeFile() = default;
+
+    /// The top-level shapes from back to front.
+    virtual const std::vector<ShapeRecord>& shapes() const = 0;
+
+    /// The bytes of the file with these fills; all else is as it is. DocumentError where that
+    /// cannot be.
+    virtual std::string with(const NewFills& fills) const = 0;
+};
+
+}  // namespace huebrush::documents

@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MPL-2.0
+
+#pragma once
+
+#include <optional>
+#include <string_view>
+
+#include "documents/ooxml/Changes.h"
+#include "documents/ooxml/Pictures.h"
+#include "documents/xml/Outline.h"
+#include "mapping/FillMapping.h"
+
+namespace huebrush::documents::ooxml {
+
+/// A shape of VML and the v:shapetype that it takes from; kNoElement without one.
+struct VmlShape {
+    ElementId element = kNoElement;
+    ElementId type = kNoElement;
+};
+
+mapping::KnownFill vmlFill(const Outline& outline, const VmlShape& shape, Pictures& pictures);
+
+/// The colour of a shape's line, 0xRRGGBB; nothing where it has none.
+std::optional<std::int32_t> vmlLine(const Outline& outline, const VmlShape& shape);
+
+/// Writes a fill of the shape's own, which overrides that of its type, and drops the copy of the
+/// former one in another format.
+void writeVmlFill(const PartChanges& part, const VmlShape& shape, const FillChange& change);
+
+/// 0xRRGGBB of a colour as VML writes it; nothing for what is none.
+std::optional<std::int32_t> vmlColor(std::string_view text);
+
+}  // namespace huebrush::documents::ooxml

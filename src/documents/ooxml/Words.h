@@ -1,0 +1,142 @@
+// SPDX-License-Identifier: MPL-2.0
+
+#pragma once
+
+#include "documents/xml/Vocabulary.h"
+
+namespace huebrush::documents::ooxml {
+
+/// The namespaces, whatever the version of the standard.
+enum Space : NamespaceId {
+    kWord = 1,
+    kDrawing,
+    kWordDrawing,
+    kWordShape,
+    kWordGroup,
+    kWord2010,
+    kWord2012,
+    kCompatibility,
+    kVml,
+    kOffice,
+    kPictureSpace,
+    kRelations,
+    kPackageRelations,
+    kContentTypes,
+    kLockedCanvas,
+};
+
+enum Word : NameId {
+    // compatibility
+    kAlternateContent = 1,
+    kChoice,
+    kFallback,
+    // text
+    kPict,
+    kObject,
+    kControl,
+    kTextBoxContent,
+    kDrawingElement,
+    kColorMapping,
+    kBackground,
+    kAnchor,
+    kInline,
+    kDocPr,
+    // shapes of DrawingML
+    kShape,
+    kGroup,
+    kConnectorShape,
+    kCanvasShape,
+    kCanvasGroup,
+    kCanvasConnector,
+    kNonVisual,
+    kNonVisualShape,
+    kNonVisualGroup,
+    kConnectorProperties,
+    kShapeProperties,
+    kGroupProperties,
+    kStyle,
+    kPicture,
+    kTransform,
+    kPresetGeometry,
+    kCustomGeometry,
+    kLine,
+    kLineReference,
+    kFillReference,
+    // fills
+    kNoFill,
+    kSolidFill,
+    kGradientFill,
+    kPatternFill,
+    kPictureFill,
+    kGroupFill,
+    kStops,
+    kStop,
+    kLinear,
+    kPath,
+    kFillToRect,
+    kForeColor,
+    kBackColor,
+    kBlip,
+    kTile,
+    kStretch,
+    kFixedAlpha,
+    // colours
+    kRgbColor,
+    kSchemeColor,
+    kSystemColor,
+    kPresetColor,
+    kHslColor,
+    kLinearColor,
+    kAlpha,
+    kLightMod,
+    kLightOff,
+    kLight,
+    kSaturationMod,
+    kSaturationOff,
+    kSaturation,
+    kHueMod,
+    kHueOff,
+    kHue,
+    kTint,
+    kShade,
+    kInverse,
+    kComplement,
+    kGray,
+    kRedOf,
+    kGreenOf,
+    kBlueOf,
+    kAlphaMod,
+    kAlphaOff,
+    // theme
+    kThemeElements,
+    kColorScheme,
+    kFormatScheme,
+    kFillStyles,
+    kLineStyles,
+    kBackgroundFillStyles,
+    // VML
+    kVmlShape,
+    kVmlRect,
+    kVmlRoundRect,
+    kVmlOval,
+    kVmlLine,
+    kVmlPolyline,
+    kVmlArc,
+    kVmlCurve,
+    kVmlGroup,
+    kVmlShapeType,
+    kVmlImage,
+    kVmlFill,
+    kOleObject,
+    // packages
+    kRelationship,
+    kDefault,
+    kOverride,
+    /// The first colour of a theme's scheme; the others follow in their order.
+    kSchemeFirst,
+    kSchemeLast = kSchemeFirst + 11,
+};
+
+const Vocabulary& words();
+
+}  // namespace huebrush::documents::ooxml
