@@ -10,6 +10,7 @@
 #include <optional>
 
 #include "base/Text.h"
+#include "cli/DocumentJob.h"
 #include "cli/Failure.h"
 #include "cli/FillText.h"
 #include "cli/InputFile.h"
@@ -119,10 +120,31 @@ protocol::Job jobOf(const RecolorOptions& options) {
     return job;
 }
 
+/// Each writes the result and returns what it did.
+json recolorByOffice(protocol::Job job, const fs::path& output, bool showProgress) {
+    OutputFile file(output);
+    OfficeJob office;
+    job.output = office.placeBeside(output);
+    job.outputUrl = fileUrl(output);
+    json result = office.run(job, showProgress);
+    file.commit(job.output);
+    return result;
+}
+
+json recolorByItself(protocol::Job job, const fs::path& output, bool showProgress) {
+    OutputFile file(output);
+    job.output = output;
+    std::string content;
+    json result = runDocumentJob(job, showProgress, content);
+    file.commit(std::span(reinterpret_cast<const std::uint8_t*>(content.data()), content.size()));
+    return result;
+}
+
 }  // namespace
 
 int runFills(const FillsOptions& options) {
-    const Listing found = listFills(options.document, !options.json);
+    const Listing found =
+        listFills(options.document, throughFromText(options.through), !options.json);
     if (options.json) {
         std::cout << printed(found.listing) << '\n';
     } else {
@@ -136,12 +158,9 @@ int runRecolor(const RecolorOptions& options) {
     const fs::path output = outputOf(options);
     protocol::Job job = jobOf(options);
     job.filter = filterOf(output);
-    OutputFile file(output);
-    OfficeJob office;
-    job.output = office.placeBeside(output);
-    job.outputUrl = fileUrl(output);
-    json result = office.run(job, !options.json);
-    file.commit(job.output);
+    json result = isDocumentJob(throughFromText(options.through), options.document, output)
+                      ? recolorByItself(std::move(job), output, !options.json)
+                      : recolorByOffice(std::move(job), output, !options.json);
     result["document"] = options.document;
     result["output"] = output.string();
     const bool failed = printBoxes(result);

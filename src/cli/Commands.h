@@ -9,6 +9,7 @@ namespace huebrush::cli {
 
 struct FillsOptions {
     std::string document;
+    std::string through;  ///< see throughFromText
     bool json = false;
 };
 
@@ -20,7 +21,8 @@ struct RecolorOptions {
     std::vector<std::string> rows;
     std::string plan;
     std::string palette;  ///< FILE:NAME
-    bool yes = false;     ///< the palette may have fewer fills than there are rows
+    std::string through;
+    bool yes = false;  ///< the palette may have fewer fills than there are rows
     bool json = false;
 };
 

@@ -90,9 +90,14 @@ nlohmann::json readJson(const char* what, const fs::path& file) {
     return value;
 }
 
+std::string documentStart(const fs::path& file) {
+    constexpr std::size_t kStart = 512;
+    return bytesOf(file, 0, kStart);
+}
+
 void requireDocument(const fs::path& file) {
     requireReadable(file);
-    const std::string bytes = bytesOf(file, 0, 512);
+    const std::string bytes = documentStart(file);
     if (!beginsLikeADocument(bytes)) {
         throw Failure(file.string() + " is not a document that LibreOffice can open");
     }

@@ -15,6 +15,9 @@ void requireReadable(const std::filesystem::path& file);
 /// be able to open, or are those of one that is encrypted.
 void requireDocument(const std::filesystem::path& file);
 
+/// The first bytes of a file, by which its format is recognised; fewer where it has no more.
+std::string documentStart(const std::filesystem::path& file);
+
 /// Reads a whole file. Failure when it has more than `most` bytes.
 std::string readBytes(const std::filesystem::path& file, std::size_t most);
 

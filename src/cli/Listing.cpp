@@ -22,11 +22,14 @@ bool printBoxes(const json& result) {
     return failed;
 }
 
-Listing listFills(const std::string& document, bool showProgress) {
+Listing listFills(const std::string& document, Through through, bool showProgress) {
     requireDocument(document);
     protocol::Job job;
     job.input = document;
-    json result = OfficeJob().run(job, showProgress);
+    std::string unchanged;
+    json result = isDocumentJob(through, document, {})
+                      ? runDocumentJob(job, showProgress, unchanged)
+                      : OfficeJob().run(job, showProgress);
     const bool failed = printBoxes(result);
     return {std::move(result.at("listing")), failed};
 }

@@ -22,6 +22,16 @@ using namespace huebrush::cli;
 /// What the command line asks for; its result is the exit code.
 using Chosen = std::function<int()>;
 
+void addThrough(CLI::App& command, std::string& through) {
+    command
+        .add_option(
+            "--through", through,
+            "What works on the document: \"documents\" is the program itself, which changes "
+            "nothing but fills, and knows .docx and its kin; \"office\" is LibreOffice. "
+            "Without it, whichever suffices")
+        ->check(CLI::IsMember({"documents", "office"}));
+}
+
 void addFills(CLI::App& program, FillsOptions& options, Chosen& chosen) {
     CLI::App* const command =
         program.add_subcommand("fills", "List the distinct fills of the shapes in a document");
@@ -29,6 +39,7 @@ void addFills(CLI::App& program, FillsOptions& options, Chosen& chosen) {
         ->add_option("DOCUMENT", options.document, "A text document, such as .odt, .docx or .doc")
         ->required();
     command->add_flag("--json", options.json, "Print the listing as JSON, to edit as a plan");
+    addThrough(*command, options.through);
     command->callback([&] { chosen = [&options] { return runFills(options); }; });
 }
 
@@ -66,6 +77,7 @@ void addRecolor(CLI::App& program, RecolorOptions& options, Chosen& chosen) {
                    "Recolour as many rows as the palette has fills, if there are more")
         ->needs(palette);
     command->add_flag("--json", options.json, "Print the result as JSON");
+    addThrough(*command, options.through);
     command->callback([&] {
         if (options.output.empty() && !options.inPlace) {
             throw CLI::ValidationError("recolor", "specify -o FILE or --in-place");

@@ -33,7 +33,13 @@ ROOFS, BLUE = "#c00000", "#0070c0"
 MAP = {ROOFS: BLUE}
 
 
-def huebrush(*arguments, **options):
+def huebrush(command, *arguments, **options):
+    """Runs the program; what works on a document is an office."""
+    if command in ("fills", "recolor"):
+        command = (command, "--through", "office")
+    else:
+        command = (command,)
+    arguments = (*command, *arguments)
     return subprocess.run([PROGRAM, *map(str, arguments)], stdin=subprocess.DEVNULL,
                           stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True,
                           timeout=LIMIT, **options)

@@ -203,8 +203,7 @@ mapping::KnownFill patternFill(const Outline& outline, ElementId fill, const The
         found == kPatterns.end() ? 1 : static_cast<std::int32_t>(found - kPatterns.begin()) + 1;
     const Color fore = color(kForeColor, 0x000000);
     const Color back = color(kBackColor, 0xFFFFFF);
-    return ownPictureFill(mapping::PatternFill{number, fore.rgb, back.rgb},
-                          std::min(fore.alpha, back.alpha));
+    return ownPictureFill(mapping::PatternFill{number, fore.rgb, back.rgb}, fore.alpha);
 }
 
 mapping::KnownFill pictureFill(const Outline& outline, ElementId fill, Pictures& pictures) {

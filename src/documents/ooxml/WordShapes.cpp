@@ -270,8 +270,13 @@ class Finder {
         inControl_ = false;
     }
 
+    /// A floating shape that does not say how high it is comes in front of those that do.
     double vmlHeight(ElementId element) const {
-        return numberOf(styleValue(outline_.attribute(element, "style").value_or(""), "z-index"));
+        const std::string style = outline_.attribute(element, "style").value_or("");
+        const std::string_view height = styleValue(style, "z-index");
+        if (!height.empty()) return numberOf(height);
+        constexpr double kFront = 1e18;
+        return styleValue(style, "position") == "absolute" ? kFront : 0;
     }
 
     ElementId typeOf(ElementId element) const {

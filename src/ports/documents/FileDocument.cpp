@@ -195,7 +195,8 @@ class FileSelection final : public host::Selection {
         return std::make_shared<Range>(document_->tree(), document_->tree()->selected);
     }
     std::shared_ptr<host::Document> Document() override { return document_; }
-    void Copy() override { throwNotAvailable(); }
+    /// There is nothing that could draw a picture of a shape: the clipboard stays as it is.
+    void Copy() override {}
 
  private:
     std::shared_ptr<FileDocument> document_;
