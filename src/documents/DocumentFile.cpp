@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "documents/odf/OdfFile.h"
 #include "documents/ooxml/WordFile.h"
 #include "documents/package/DocumentError.h"
 #include "documents/package/Package.h"
@@ -13,7 +14,8 @@ namespace huebrush::documents {
 
 namespace {
 
-constexpr std::string_view kEndings[] = {".docx", ".docm", ".dotx", ".dotm"};
+constexpr std::string_view kPackageEndings[] = {".docx", ".docm", ".dotx", ".dotm", ".odt", ".ott"};
+constexpr std::string_view kFlatEnding = ".fodt";
 
 }  // namespace
 
@@ -22,14 +24,17 @@ bool isKnownFormat(std::string_view bytes, std::string_view ending) {
     std::transform(lower.begin(), lower.end(), lower.begin(), [](char each) {
         return each >= 'A' && each <= 'Z' ? static_cast<char>(each - 'A' + 'a') : each;
     });
-    return isPackage(bytes) &&
-           std::find(std::begin(kEndings), std::end(kEndings), lower) != std::end(kEndings);
+    if (lower == kFlatEnding) return odf::isFlatOdf(bytes);
+    return isPackage(bytes) && std::find(std::begin(kPackageEndings), std::end(kPackageEndings),
+                                         lower) != std::end(kPackageEndings);
 }
 
 std::unique_ptr<ShapeFile> openDocument(std::string bytes) {
+    if (odf::isFlatOdf(bytes)) return std::make_unique<odf::OdfFile>(std::move(bytes));
     if (!isPackage(bytes)) throw DocumentError("is no package, as documents are");
     Package package(std::move(bytes));
     if (ooxml::isWordPackage(package)) return std::make_unique<ooxml::WordFile>(std::move(package));
+    if (odf::isOdfPackage(package)) return std::make_unique<odf::OdfFile>(std::move(package));
     throw DocumentError("is no document whose shapes can be read without an office");
 }
 

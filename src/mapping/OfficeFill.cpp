@@ -97,7 +97,11 @@ bool readBody(FieldReader& fields, OfficeFill& fill) {
 }  // namespace
 
 bool isSameOfficeFill(const OfficeFill& a, const OfficeFill& b) {
-    if (a.style != b.style || !isSameTransparence(a, b)) return false;
+    return isSameTransparence(a, b) && isSameBody(a, b);
+}
+
+bool isSameBody(const OfficeFill& a, const OfficeFill& b) {
+    if (a.style != b.style) return false;
     switch (a.style) {
         case OfficeFillStyle::none:
         case OfficeFillStyle::solid:

@@ -74,6 +74,8 @@ struct OfficeFill {
 /// Whether both paint the same way. What the style does not use is not looked at: the office keeps
 /// leftovers there, and drops some of them on saving.
 bool isSameOfficeFill(const OfficeFill& a, const OfficeFill& b);
+/// The same, whatever their transparency.
+bool isSameBody(const OfficeFill& a, const OfficeFill& b);
 
 /// One line of text without ';', and back; nothing when the text is not one of these.
 std::string toText(const OfficeFill& fill);

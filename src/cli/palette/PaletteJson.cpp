@@ -7,8 +7,8 @@
 #include <functional>
 #include <utility>
 
+#include "base/Base64.h"
 #include "base/Text.h"
-#include "cli/Base64.h"
 #include "cli/Failure.h"
 #include "cli/Interrupt.h"
 #include "protocol/JsonNumber.h"
@@ -33,7 +33,7 @@ struct ValueToJson {
     ordered_json operator()(jet::Money value) const {
         return static_cast<double>(value.tenThousandths) / kMoneyUnits;
     }
-    ordered_json operator()(const jet::Bytes& value) const { return toBase64(value); }
+    ordered_json operator()(const jet::Bytes& value) const { return base::toBase64(value); }
     ordered_json operator()(const auto& value) const { return value; }
 };
 
@@ -98,7 +98,7 @@ Value valueFromJson(ColumnType type, const nlohmann::json& value, const ColumnPl
             return value.get<std::string>();
         default: {
             const auto* encoded = value.get_ptr<const std::string*>();
-            auto bytes = encoded == nullptr ? std::nullopt : fromBase64(*encoded);
+            auto bytes = encoded == nullptr ? std::nullopt : base::fromBase64(*encoded);
             if (!bytes) place.fail("a string in base64");
             return std::move(*bytes);
         }

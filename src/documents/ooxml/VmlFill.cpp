@@ -14,6 +14,7 @@
 #include "documents/ooxml/NamedColors.h"
 #include "documents/ooxml/Words.h"
 #include "documents/package/DocumentError.h"
+#include "documents/xml/Edits.h"
 
 namespace huebrush::documents::ooxml {
 
@@ -363,30 +364,9 @@ class VmlText {
     HostFill fill_;
 };
 
-/// Removes an attribute with the blank before it.
-void removeAttribute(const PartChanges& part, const Attribute& attribute) {
-    std::size_t begin = attribute.whole.begin;
-    const std::string_view all = part.outline.text();
-    while (begin > 0 &&
-           std::string_view(" \t\r\n").find(all[begin - 1]) != std::string_view::npos) {
-        --begin;
-    }
-    part.splices.remove({begin, attribute.whole.end});
-}
-
-/// Gives an element an attribute a value, or removes it.
 void setAttribute(const PartChanges& part, ElementId element, std::string_view name,
                   const std::optional<std::string>& value) {
-    const auto former = part.outline.findAttribute(element, kOtherNamespace, name);
-    if (former && value) {
-        part.splices.replace(former->value, *value);
-    } else if (former) {
-        removeAttribute(part, *former);
-    } else if (value) {
-        const std::size_t at =
-            part.outline.startTagOf(element).begin + 1 + part.outline.writtenName(element).size();
-        part.splices.insert(at, text(" ", name, "=\"", *value, "\""));
-    }
+    documents::setAttribute(part.outline, part.splices, element, kOtherNamespace, name, value);
 }
 
 bool isPlainSolid(const Outline& outline, ElementId fill) {
@@ -405,21 +385,6 @@ void recolorElement(const PartChanges& part, ElementId fill, const FillChange& c
     if (transparency == change.before.transparency && change.before.shown()) return;
     setAttribute(part, fill, "opacity",
                  transparency > 0 ? std::optional(opacityOf(transparency)) : std::nullopt);
-}
-
-void insertElement(const PartChanges& part, ElementId shape, const std::string& element) {
-    const Outline& outline = part.outline;
-    if (!outline.isEmptyTag(shape)) {
-        part.splices.insert(outline.contentOf(shape).begin, element);
-        return;
-    }
-    const std::size_t end = outline.startTagOf(shape).end;
-    part.splices.replace({end - 2, end}, text(">", element, "</", outline.writtenName(shape), ">"));
-}
-
-std::string_view prefixOf(std::string_view name) {
-    const std::size_t colon = name.find(':');
-    return colon == std::string_view::npos ? std::string_view() : name.substr(0, colon);
 }
 
 /// Whether the type says something that the shape has to contradict.
@@ -451,7 +416,7 @@ void writeShown(const PartChanges& part, const VmlShape& shape, const FillChange
     if (former != kNoElement) {
         part.splices.replace(outline.rangeOf(former), element);
     } else if (!element.empty()) {
-        insertElement(part, shape.element, element);
+        insertFirst(outline, part.splices, shape.element, element);
     }
 }
 
@@ -517,7 +482,7 @@ void writeVmlFill(const PartChanges& part, const VmlShape& shape, const FillChan
         writeShown(part, shape, change);
     }
     if (const auto copy = part.outline.findAttribute(shape.element, kOffice, "gfxdata")) {
-        removeAttribute(part, *copy);
+        removeAttribute(part.outline, part.splices, *copy);
     }
 }
 

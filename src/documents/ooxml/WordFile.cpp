@@ -10,6 +10,7 @@
 #include "base/Text.h"
 #include "documents/ooxml/Words.h"
 #include "documents/package/DocumentError.h"
+#include "documents/xml/Edits.h"
 #include "mapping/Image.h"
 
 namespace huebrush::documents::ooxml {
@@ -74,21 +75,13 @@ std::string pictureNameOf(const std::string& bytes) {
 /// Adds elements before the end tag of the root.
 std::string withChildren(const Outline& outline, const std::string& children) {
     Splices splices;
-    if (outline.isEmptyTag(Outline::root())) {
-        const std::size_t end = outline.startTagOf(Outline::root()).end;
-        splices.replace({end - 2, end},
-                        text(">", children, "</", outline.writtenName(Outline::root()), ">"));
-    } else {
-        splices.insert(outline.contentOf(Outline::root()).end, children);
-    }
+    insertLast(outline, splices, Outline::root(), children);
     return splices.applied(outline.text());
 }
 
+/// The name as the root has it, with its prefix.
 std::string prefixed(const Outline& outline, std::string_view local) {
-    const std::string_view root = outline.writtenName(Outline::root());
-    const std::size_t colon = root.find(':');
-    return colon == std::string_view::npos ? std::string(local)
-                                           : text(root.substr(0, colon + 1), local);
+    return withPrefix(prefixOf(outline.writtenName(Outline::root())), local);
 }
 
 }  // namespace

@@ -8,9 +8,9 @@
 
 namespace huebrush::documents {
 
-std::string Splices::applied(std::string_view text) const {
+std::string Splices::applied(std::string_view text, const ByteRange& part) const {
     std::vector<const Splice*> inOrder;
-    std::size_t size = text.size();
+    std::size_t size = part.size();
     for (const Splice& each : splices_) {
         inOrder.push_back(&each);
         size += each.with.size();
@@ -22,16 +22,16 @@ std::string Splices::applied(std::string_view text) const {
     });
     std::string out;
     out.reserve(size);
-    std::size_t at = 0;
+    std::size_t at = part.begin;
     for (const Splice* each : inOrder) {
-        if (each->range.begin < at || each->range.end > text.size()) {
+        if (each->range.begin < at || each->range.end > part.end) {
             throw base::Error(base::ErrorNumber::kInternal, "Two changes of a document overlap.");
         }
         out += text.substr(at, each->range.begin - at);
         out += each->with;
         at = each->range.end;
     }
-    out += text.substr(at);
+    out += text.substr(at, part.end - at);
     return out;
 }
 

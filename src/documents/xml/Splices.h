@@ -24,7 +24,9 @@ class Splices {
 
     /// The changed text. Several insertions at one place come in the order in which they were asked
     /// for. A base::Error (51) when two changes overlap.
-    std::string applied(std::string_view text) const;
+    std::string applied(std::string_view text) const { return applied(text, {0, text.size()}); }
+    /// The same of a part of the text, which all changes are inside of.
+    std::string applied(std::string_view text, const ByteRange& part) const;
 
  private:
     struct Splice {

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MPL-2.0
 
-#include "cli/Base64.h"
+#include "base/Base64.h"
 
 #include <algorithm>
 
-namespace huebrush::cli {
+namespace huebrush::base {
 
 namespace {
 
@@ -61,4 +61,4 @@ std::optional<std::vector<std::uint8_t>> fromBase64(std::string_view text) {
     return out;
 }
 
-}  // namespace huebrush::cli
+}  // namespace huebrush::base

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MPL-2.0
 
-#include "cli/Base64.h"
+#include "base/Base64.h"
 
 #include <gtest/gtest.h>
 
-namespace huebrush::cli {
+namespace huebrush::base {
 namespace {
 
 std::string encoded(std::string_view text) {
@@ -37,4 +37,4 @@ TEST(Base64, RefusesWhatItNeverWrites) {
 }
 
 }  // namespace
-}  // namespace huebrush::cli
+}  // namespace huebrush::base

@@ -9,11 +9,11 @@
 #include <string_view>
 #include <vector>
 
-namespace huebrush::cli {
+namespace huebrush::base {
 
 /// Bytes as text of the alphabet A–Z a–z 0–9 + /, padded with = to a multiple of four.
 std::string toBase64(std::span<const std::uint8_t> bytes);
 /// The reverse; none for a text that toBase64 never returns.
 std::optional<std::vector<std::uint8_t>> fromBase64(std::string_view text);
 
-}  // namespace huebrush::cli
+}  // namespace huebrush::base

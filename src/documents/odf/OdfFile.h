@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: MPL-2.0
+
+#pragma once
+
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "documents/model/ShapeFile.h"
+#include "documents/odf/FillReader.h"
+#include "documents/odf/OdfShapes.h"
+#include "documents/odf/Styles.h"
+#include "documents/package/Package.h"
+#include "documents/xml/Outline.h"
+
+namespace huebrush::documents::odf {
+
+/// A text document of the OpenDocument format: .odt, .ott, .fodt.
+class OdfFile final : public ShapeFile {
+ public:
+    /// DocumentError when it is none, or damaged.
+    explicit OdfFile(Package package);
+    /// One whose parts are all in one XML document.
+    explicit OdfFile(std::string flat);
+    ~OdfFile() override;
+
+    const std::vector<ShapeRecord>& shapes() const override { return shapes_; }
+    std::string with(const NewFills& fills) const override;
+
+ private:
+    struct Shape {
+        ElementId element;
+        StyleNames styles;
+        mapping::KnownFill fill;
+    };
+    struct Look {
+        mapping::KnownFill fill;
+        Line line;
+    };
+    class Pictures;
+    class PackagePictures;
+    class FlatPictures;
+
+    void read();
+    const Outline& common() const { return package_ ? *common_ : *content_; }
+    bool hasOldAngles() const;
+    const Look& lookOf(const StyleNames& names);
+    ShapeRecord recordOf(const FoundShape& found);
+
+    /// Nothing for a flat document.
+    std::optional<Package> package_;
+    std::unique_ptr<Outline> content_;
+    std::unique_ptr<Outline> common_;
+    std::unique_ptr<Styles> styles_;
+    std::unique_ptr<Pictures> pictures_;
+    std::unique_ptr<FillReader> reader_;
+    std::map<StyleNames, Look> looks_;
+    std::vector<ShapeRecord> shapes_;
+    std::vector<Shape> byNumber_;
+};
+
+/// Whether the package is one of such a document.
+bool isOdfPackage(const Package& package);
+/// Whether the bytes may be those of a flat one.
+bool isFlatOdf(std::string_view bytes);
+
+}  // namespace huebrush::documents::odf
