@@ -27,7 +27,7 @@ void addThrough(CLI::App& command, std::string& through) {
         .add_option(
             "--through", through,
             "What works on the document: \"documents\" is the program itself, which changes "
-            "nothing but fills, and knows .docx and its kin; \"office\" is LibreOffice. "
+            "nothing but fills, of .docx, .odt, .fodt and templates; \"office\" is LibreOffice. "
             "Without it, whichever suffices")
         ->check(CLI::IsMember({"documents", "office"}));
 }

@@ -315,7 +315,8 @@ bool isOdfPackage(const Package& package) {
 
 bool isFlatOdf(std::string_view bytes) {
     constexpr std::size_t kBeginning = 65536;
-    return bytes.substr(0, kBeginning).find(kOfficeAddress) != std::string_view::npos;
+    return !isPackage(bytes) &&
+           bytes.substr(0, kBeginning).find(kOfficeAddress) != std::string_view::npos;
 }
 
 }  // namespace huebrush::documents::odf

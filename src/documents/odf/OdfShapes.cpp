@@ -87,9 +87,11 @@ class Finder {
         if (!group.members.empty()) shapes.push_back(std::move(group));
     }
 
-    /// There a frame with text is a shape; any other is a picture.
+    /// There a frame with text is a shape; any other is a picture, also one that has a text for
+    /// programs that show no pictures.
     void frameOfGroup(ElementId element, std::vector<FoundShape>& shapes) {
         if (content_.child(element, kTextBox) == kNoElement) return;
+        if (content_.child(element, kImage) != kNoElement) return;
         shapes.push_back({element, MsoShapeType::msoTextBox, true, {}});
     }
 

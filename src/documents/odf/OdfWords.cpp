@@ -53,6 +53,7 @@ const Vocabulary& words() {
          {kScene, kScene3d, "scene"},
          {kFrame, kDraw, "frame"},
          {kTextBox, kDraw, "text-box"},
+         {kImage, kDraw, "image"},
          {kObject, kDraw, "object"},
          {kFileEntry, kManifest, "file-entry"}});
     return vocabulary;

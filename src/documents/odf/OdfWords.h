@@ -61,6 +61,7 @@ enum Word : NameId {
     kScene,
     kFrame,
     kTextBox,
+    kImage,
     kObject,
     // the list of files
     kFileEntry,
