@@ -238,6 +238,9 @@ void Package::findDirectory() {
     if (numberAt(bytes_, at + 4, 2) != numberAt(bytes_, at + 6, 2)) {
         throw DocumentError("is split over several files");
     }
+    if (numberAt(bytes_, at + 8, 2) != numberAt(bytes_, at + 10, 2)) {
+        throwDamaged("the directory of the package contradicts itself");
+    }
     directory_.count = numberAt(bytes_, at + 10, 2);
     directory_.size = numberAt(bytes_, at + 12, 4);
     directory_.at = numberAt(bytes_, at + 16, 4);
@@ -256,10 +259,20 @@ void Package::readDirectory64(std::size_t locatorAt) {
     if (at > locatorAt || !hasSignature(bytes_, at, kEnd64Size, kEnd64Signature)) {
         throwDamaged("the directory of the package cannot be found");
     }
+    const Directory narrow = directory_;
     directory_.end64At = at;
     directory_.count = numberAt(bytes_, at + 32, 8);
     directory_.size = numberAt(bytes_, at + 40, 8);
     directory_.at = numberAt(bytes_, at + 48, 8);
+    // A narrow field has the same number, or the one that stands for "look in the wide one".
+    const auto agrees = [](std::uint64_t narrowNumber, std::uint64_t most, std::uint64_t wide) {
+        return narrowNumber == wide || narrowNumber == most;
+    };
+    if (numberAt(bytes_, at + 24, 8) != directory_.count ||
+        !agrees(narrow.count, 0xFFFF, directory_.count) ||
+        !agrees(narrow.size, kIn64, directory_.size) || !agrees(narrow.at, kIn64, directory_.at)) {
+        throwDamaged("the directory of the package contradicts itself");
+    }
 }
 
 void Package::readRecords() {

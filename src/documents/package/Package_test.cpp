@@ -106,6 +106,31 @@ TEST(Package, NewPartsComeLast) {
     }
 }
 
+TEST(Package, ADirectoryThatContradictsItselfIsRefused) {
+    const std::string bytes = writtenPackage(mixedEntries());
+    const std::size_t end = bytes.rfind("PK\x05\x06");
+    for (const std::size_t field : {8U, 10U}) {
+        std::string damaged = bytes;
+        setNumberAt(damaged, end + field, 2, 4);
+        EXPECT_NE(messageOf(damaged), "") << field;
+    }
+    // The numbers of 64 bits, and then those that repeat them.
+    const std::string wide = writtenPackage(mixedEntries(), {}, true);
+    ASSERT_EQ(messageOf(wide), "");
+    const std::size_t end64 = wide.rfind("PK\x06\x06");
+    for (const std::size_t field : {24U, 32U}) {
+        std::string damaged = wide;
+        setNumberAt(damaged, end64 + field, 8, 4);
+        EXPECT_NE(messageOf(damaged), "") << field;
+    }
+    const std::size_t narrow = wide.rfind("PK\x05\x06");
+    for (const std::size_t field : {12U, 16U}) {
+        std::string damaged = wide;
+        setNumberAt(damaged, narrow + field, 4, 7);
+        EXPECT_NE(messageOf(damaged), "") << field;
+    }
+}
+
 TEST(Package, WhatIsNoPackageIsRefused) {
     EXPECT_NE(messageOf(""), "");
     EXPECT_NE(messageOf("PK\x03\x04"), "");
