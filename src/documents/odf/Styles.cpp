@@ -63,6 +63,8 @@ void Styles::readCommon(const Outline& common) {
 
 void Styles::readStyle(const Place& style, bool isAutomatic) {
     const std::string name = textOf(style, kStyleSpace, "name");
+    // Nothing can refer to it.
+    if (name.empty()) return;
     const std::string family = textOf(style, kStyleSpace, "family");
     taken_.insert(name);
     if (family == "graphic") (isAutomatic ? graphics_ : commonGraphics_).emplace(name, style);
