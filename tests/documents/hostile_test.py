@@ -189,7 +189,8 @@ class Parts:
                        .replace(f"<{prefix}:", f"<{other}:").replace(f"</{prefix}:", f"</{other}:")
                        .replace(f' {prefix}:', f' {other}:')
                        .replace(f'Requires="{prefix}"', f'Requires="{other}"'))
-        self.assertEqual(self.rows(self.replaced(self.main, renamed.encode())), self.rows(self.bytes))
+        changed = self.replaced(self.main, renamed.encode())
+        self.assertEqual(self.rows(changed), self.rows(self.bytes))
 
     def test_another_namespace_has_no_shapes(self):
         known, other = self.namespaces
