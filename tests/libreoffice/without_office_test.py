@@ -25,7 +25,7 @@ EXAMPLES = [ROOT / "examples" / "town.odt", ROOT / "examples" / "town.docx"]
 LIMIT = 240
 # One of each kind, by the rows that get them.
 NEW_FILLS = {
-    1: "#0070C0", 2: "#123456@25%", 3: "none",
+    1: "#0070C0", 2: "#123456@25%", 3: "#0000FE",
     4: '{"Type": 3, "GradientStyle": 1, "GradientVariant": 2, "GradientColorType": 2,'
        ' "ForeColorRGB": 255, "BackColorRGB": 65280}',
     5: '{"Type": 2, "Pattern": 41, "ForeColorRGB": 255, "BackColorRGB": 65280}',
@@ -34,8 +34,8 @@ NEW_FILLS = {
 # Writer paints patterns of .docx by hatches, of which it has fewer.
 KNOWN_DIFFERENCES = {"town.docx": {"Pattern"}}
 # What may stand in other bytes of a part: what a fill is made of, and names of styles.
-FILL_WORDS = re.compile(rb"fill|opacity|style|Pict|gradient|solid|Clr|noFill|pattern|blip|bmp|"
-                        rb"Relationship|gfxdata|color|Default")
+FILL_WORDS = re.compile(rb"(?i:fill|opacity|style|pict|gradient|clr|pattern|blip|bmp|color)|"
+                        rb"a:(gs|lin|tile|srcRect|stretch|alpha)|Relationship|gfxdata|Default")
 
 
 def huebrush(*arguments, office):
