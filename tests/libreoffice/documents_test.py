@@ -239,7 +239,7 @@ class Recolouring(OnDocuments):
                     shutil.copy(self.town, document)
                     output = os.fsencode(self.folder) + b"/out " + name
                     done = subprocess.run(
-                        [PROGRAM, "recolor", document, "-o", output, "--json", "--map",
+                        [PROGRAM, "recolor", "--through", "office", document, "-o", output, "--json", "--map",
                          f"{ROOFS}={BLUE}"], stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
                         stderr=subprocess.PIPE, timeout=LIMIT,
                         env=dict(self.environment, LC_ALL=locale))
@@ -534,7 +534,8 @@ class Interruption(OnDocuments):
 
     def start(self, output):
         return subprocess.Popen(
-            [PROGRAM, "recolor", str(self.town), "-o", str(output), "--map", f"{ROOFS}={BLUE}"],
+            [PROGRAM, "recolor", "--through", "office", str(self.town), "-o", str(output),
+             "--map", f"{ROOFS}={BLUE}"],
             stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True,
             env=self.environment)
 

@@ -43,8 +43,9 @@ KNOWS_STOPS = office_version() >= (7, 6)
 A, WPS, V, R = (f"{{{handmade.NAMESPACES[prefix]}}}" for prefix in ("a", "wps", "v", "r"))
 
 
-def huebrush(*arguments):
-    return subprocess.run([PROGRAM, *map(str, arguments)], stdin=subprocess.DEVNULL,
+def huebrush(command, *arguments):
+    """What works on the document is an office."""
+    return subprocess.run([PROGRAM, command, "--through", "office", *map(str, arguments)], stdin=subprocess.DEVNULL,
                           stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True, timeout=LIMIT)
 
 

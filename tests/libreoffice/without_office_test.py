@@ -9,6 +9,7 @@ import json
 import os
 import re
 import subprocess
+import sys
 import tempfile
 import unittest
 import zipfile
@@ -19,6 +20,10 @@ import docx
 from odf.opendocument import load as load_odf
 
 ROOT = Path(__file__).resolve().parents[2]
+sys.path.insert(0, str(ROOT / "tests" / "libreoffice"))
+
+import generated_documents  # noqa: E402
+
 PROGRAM = os.environ["HUEBRUSH_PROGRAM"]
 SAMPLES = os.environ.get("HUEBRUSH_SAMPLES")
 EXAMPLES = [ROOT / "examples" / "town.odt", ROOT / "examples" / "town.docx"]
@@ -33,6 +38,8 @@ NEW_FILLS = {
 }
 # Writer paints patterns of .docx by hatches, of which it has fewer.
 KNOWN_DIFFERENCES = {"town.docx": {"Pattern"}}
+# A shape that names a common style itself: Writer does not look there.
+OTHER_ROWS = {"odf-by_inherited_styles.odt"}
 # What may stand in other bytes of a part: what a fill is made of, and names of styles.
 FILL_WORDS = re.compile(rb"(?i:fill|opacity|style|pict|gradient|clr|pattern|blip|bmp|color)|"
                         rb"a:(gs|lin|tile|srcRect|stretch|alpha)|Relationship|gfxdata|Default")
@@ -58,6 +65,24 @@ def differing(one, other):
         return None
     return {name for a, b in zip(one, other) for name in a["fill"]
             if a["fill"][name] != b["fill"][name]}
+
+
+def look(row):
+    """What a user sees of a row, but for its colour."""
+    return row["shapes"], row["fill"]["Visible"], row["fill"]["Type"]
+
+
+def channels(row):
+    """The colour of a row that has one."""
+    color = row["fill"]["ForeColorRGB"] if row["fill"]["Visible"] else 0
+    return color & 0xFF, color >> 8 & 0xFF, color >> 16
+
+
+def look_alike(ours, office):
+    """Writer rounds the colours of a theme at each step."""
+    return (list(map(look, ours)) == list(map(look, office)) and
+            all(abs(one - other) <= 1 for pair in zip(map(channels, ours), map(channels, office))
+                for one, other in zip(*pair)))
 
 
 def parts_of(document):
@@ -93,6 +118,20 @@ class WithoutOffice(unittest.TestCase):
                 found = differing(rows(document, False), rows(document, True))
                 self.assertIsNotNone(found)
                 self.assertLessEqual(found, KNOWN_DIFFERENCES.get(document.name, set()))
+
+    def test_rows_of_other_programs_documents(self):
+        documents = [each for each in generated_documents.write_all(self.folder)
+                     if each.suffix in (".docx", ".odt")]
+
+        def listed(document):
+            return [rows(document, office) for office in (False, True)]
+
+        with ThreadPoolExecutor(2) as pool:
+            answers = list(pool.map(listed, documents))
+        for document, (ours, office) in zip(documents, answers):
+            with self.subTest(document.name):
+                self.assertEqual(look_alike(ours, office), document.name not in OTHER_ROWS,
+                                 (ours, office))
 
     def test_only_fills_change(self):
         for document in EXAMPLES:

@@ -17,7 +17,6 @@ namespace huebrush::documents::odf {
 namespace {
 
 using base::text;
-using host::MsoFillType;
 using host::MsoShapeType;
 using host::MsoTriState;
 
@@ -35,11 +34,11 @@ struct Parts {
 
 std::string flat(const Parts& parts) {
     return text("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<office:document xmlns:office=\"",
-                kOfficeAddress, "\" xmlns:style=\"", kStyleAddress, "\" xmlns:draw=\"",
-                kDrawAddress, "\" xmlns:text=\"", kTextAddress, "\" xmlns:svg=\"", kSvgAddress,
-                "\" xmlns:loext=\"", kExtensionAddress,
-                "\" xmlns:meta=\"urn:oasis:names:tc:opendocument:xmlns:meta:1.0\" "
-                "office:mimetype=\"application/vnd.oasis.opendocument.text\">"
+                kOfficeAddress, R"(" xmlns:style=")", kStyleAddress, R"(" xmlns:draw=")",
+                kDrawAddress, R"(" xmlns:text=")", kTextAddress, R"(" xmlns:svg=")", kSvgAddress,
+                R"(" xmlns:loext=")", kExtensionAddress,
+                R"(" xmlns:meta="urn:oasis:names:tc:opendocument:xmlns:meta:1.0" )"
+                R"(office:mimetype="application/vnd.oasis.opendocument.text">)"
                 "<office:meta><meta:generator>",
                 parts.generator, "</meta:generator></office:meta><office:styles>", parts.common,
                 "</office:styles><office:automatic-styles>", parts.automatic,
@@ -49,7 +48,7 @@ std::string flat(const Parts& parts) {
 
 std::string style(const std::string& name, const std::string& properties,
                   const std::string& others = {}) {
-    return text("<style:style style:name=\"", name, "\" style:family=\"graphic\"", others,
+    return text(R"(<style:style style:name=")", name, R"(" style:family="graphic")", others,
                 "><style:graphic-properties ", properties, "/></style:style>");
 }
 
@@ -115,39 +114,39 @@ TEST(OdfValues, ComeBackAsTheyWere) {
 // Where a fill is said.
 
 TEST(OdfFills, ComeFromTheAutomaticStyleOrItsParentsOrTheDefault) {
-    const std::string shape = rectangle("draw:style-name=\"gr1\"");
-    EXPECT_EQ(fillOf({{}, style("gr1", "draw:fill=\"solid\" draw:fill-color=\"#ff0000\""), shape}),
+    const std::string shape = rectangle(R"(draw:style-name="gr1")");
+    EXPECT_EQ(fillOf({{}, style("gr1", R"(draw:fill="solid" draw:fill-color="#ff0000")"), shape}),
               solid(kRed));
-    const std::string parent = style("Frame", "draw:fill-color=\"#0000ff\"");
-    EXPECT_EQ(
-        fillOf({parent, style("gr1", "draw:stroke=\"none\"", " style:parent-style-name=\"Frame\""),
-                shape}),
-        solid(kBlue));
+    const std::string parent = style("Frame", R"(draw:fill-color="#0000ff")");
+    EXPECT_EQ(fillOf({parent,
+                      style("gr1", R"(draw:stroke="none")", R"( style:parent-style-name="Frame")"),
+                      shape}),
+              solid(kBlue));
     EXPECT_EQ(fillOf({{}, {}, shape}), solid(0xCF9F72)) << "as no style says anything";
-    const std::string ring = style("A", "", " style:parent-style-name=\"B\"") +
-                             style("B", "", " style:parent-style-name=\"A\"");
-    EXPECT_EQ(fillOf({ring, style("gr1", "", " style:parent-style-name=\"A\""), shape}),
+    const std::string ring = style("A", "", R"( style:parent-style-name="B")") +
+                             style("B", "", R"( style:parent-style-name="A")");
+    EXPECT_EQ(fillOf({ring, style("gr1", "", R"( style:parent-style-name="A")"), shape}),
               solid(0xCF9F72))
         << "parents in a circle";
 }
 
 TEST(OdfFills, OfTheTextsStyleCountFirst) {
     const std::string text =
-        "<style:style style:name=\"P1\" style:family=\"paragraph\"><loext:graphic-properties "
-        "draw:fill=\"solid\" draw:fill-color=\"#0000ff\"/></style:style>";
+        R"(<style:style style:name="P1" style:family="paragraph"><loext:graphic-properties )"
+        R"(draw:fill="solid" draw:fill-color="#0000ff"/></style:style>)";
     EXPECT_EQ(fillOf({{},
-                      style("gr1", "draw:fill=\"solid\" draw:fill-color=\"#ff0000\"") + text,
-                      rectangle("draw:style-name=\"gr1\" draw:text-style-name=\"P1\"")}),
+                      style("gr1", R"(draw:fill="solid" draw:fill-color="#ff0000")") + text,
+                      rectangle(R"(draw:style-name="gr1" draw:text-style-name="P1")")}),
               solid(kBlue));
 }
 
 TEST(OdfFills, OfGradientsTakeAnglesAsTheirWriterMeantThem) {
     const auto angleIn = [](const std::string& angle, const std::string& generator) {
         const OdfFile file(
-            flat({text("<draw:gradient draw:name=\"G\" draw:style=\"linear\" draw:angle=\"", angle,
-                       "\"/>"),
-                  style("gr1", "draw:fill=\"gradient\" draw:fill-gradient-name=\"G\""),
-                  rectangle("draw:style-name=\"gr1\""), generator}));
+            flat({text(R"(<draw:gradient draw:name="G" draw:style="linear" draw:angle=")", angle,
+                       R"("/>)"),
+                  style("gr1", R"(draw:fill="gradient" draw:fill-gradient-name="G")"),
+                  rectangle(R"(draw:style-name="gr1")"), generator}));
         return onlyShape(file).fill.office.gradient.angle;
     };
     EXPECT_EQ(angleIn("90deg", "LibreOffice/7.4"), 900);
@@ -162,15 +161,15 @@ TEST(OdfShapes, AreThoseOfTheTextFromBackToFront) {
     const OdfFile file(flat(
         {{},
          {},
-         "<text:p><draw:rect draw:name=\"front\" draw:z-index=\"2\"><text:p><draw:rect "
-         "draw:name=\"in a shape\"/></text:p></draw:rect>"
-         "<draw:frame><draw:text-box><text:p><draw:ellipse draw:name=\"in a frame\" "
-         "draw:z-index=\"1\"/></text:p></draw:text-box></draw:frame>"
-         "<draw:path draw:name=\"open\" draw:z-index=\"0\" svg:d=\"M0 0L1 1\"/>"
-         "<office:annotation><draw:rect draw:name=\"in a comment\"/></office:annotation></text:p>"
-         "<draw:g draw:name=\"group\"><draw:frame draw:name=\"text\"><draw:text-box/></draw:frame>"
+         R"(<text:p><draw:rect draw:name="front" draw:z-index="2"><text:p><draw:rect )"
+         R"(draw:name="in a shape"/></text:p></draw:rect>)"
+         R"(<draw:frame><draw:text-box><text:p><draw:ellipse draw:name="in a frame" )"
+         R"(draw:z-index="1"/></text:p></draw:text-box></draw:frame>)"
+         R"(<draw:path draw:name="open" draw:z-index="0" svg:d="M0 0L1 1"/>)"
+         R"(<office:annotation><draw:rect draw:name="in a comment"/></office:annotation></text:p>)"
+         R"(<draw:g draw:name="group"><draw:frame draw:name="text"><draw:text-box/></draw:frame>)"
          "<draw:frame><draw:image/><draw:text-box/></draw:frame>"
-         "<draw:line draw:name=\"line\"/></draw:g>"
+         R"(<draw:line draw:name="line"/></draw:g>)"
          "<draw:g><draw:frame><draw:image/></draw:frame></draw:g>"}));
     std::vector<std::string> names;
     for (const ShapeRecord& each : file.shapes()) names.push_back(each.name);
@@ -188,8 +187,8 @@ TEST(OdfShapes, AreThoseOfTheTextFromBackToFront) {
 TEST(OdfChanges, OfOneShapeLeaveAllThatOthersUse) {
     const std::string document =
         flat({{},
-              style("gr1", "draw:stroke=\"none\" draw:fill=\"solid\" draw:fill-color=\"#ff0000\""),
-              rectangle("draw:style-name=\"gr1\"") + rectangle("draw:style-name=\"gr1\"")});
+              style("gr1", R"(draw:stroke="none" draw:fill="solid" draw:fill-color="#ff0000")"),
+              rectangle(R"(draw:style-name="gr1")") + rectangle(R"(draw:style-name="gr1")")});
     const OdfFile file(document);
     const std::string changed = file.with({{0, {solid(kBlue)}}});
     const OdfFile again(changed);
@@ -198,22 +197,22 @@ TEST(OdfChanges, OfOneShapeLeaveAllThatOthersUse) {
     // What was added and what replaced a name, and nothing else.
     std::string expected = document;
     const std::string added =
-        style("gr1hb1", "draw:stroke=\"none\" draw:fill=\"solid\" draw:fill-color=\"#0000ff\"");
+        style("gr1hb1", R"(draw:stroke="none" draw:fill="solid" draw:fill-color="#0000ff")");
     expected.insert(expected.find("</office:automatic-styles>"), added);
-    const std::size_t shape = expected.find("draw:rect draw:style-name=\"gr1\"");
-    expected.replace(expected.find("\"gr1\"", shape), 5, "\"gr1hb1\"");
+    const std::size_t shape = expected.find(R"(draw:rect draw:style-name="gr1")");
+    expected.replace(expected.find(R"("gr1")", shape), 5, R"("gr1hb1")");
     EXPECT_EQ(changed, expected);
 }
 
 TEST(OdfChanges, ReachTheTextsStyleAndShapesWithoutAny) {
     const std::string text =
-        "<style:style style:name=\"P1\" style:family=\"paragraph\"><loext:graphic-properties "
-        "draw:fill=\"none\"/></style:style>";
-    for (const std::string shape : {"draw:style-name=\"gr1\" draw:text-style-name=\"P1\"",
-                                    "draw:name=\"plain\"", "draw:style-name=\"Common\""}) {
+        R"(<style:style style:name="P1" style:family="paragraph"><loext:graphic-properties )"
+        R"(draw:fill="none"/></style:style>)";
+    for (const std::string shape : {R"(draw:style-name="gr1" draw:text-style-name="P1")",
+                                    R"(draw:name="plain")", R"(draw:style-name="Common")"}) {
         const std::string document =
-            flat({style("Common", "draw:fill=\"none\""), style("gr1", "draw:fill=\"none\"") + text,
-                  rectangle(shape)});
+            flat({style("Common", R"(draw:fill="none")"),
+                  style("gr1", R"(draw:fill="none")") + text, rectangle(shape)});
         const OdfFile again(recoloured(document, solid(kBlue)));
         EXPECT_EQ(onlyShape(again).fill.host, solid(kBlue)) << shape;
     }
@@ -239,7 +238,7 @@ TEST(OdfChanges, OfEveryKindComeBack) {
     fills.emplace_back();
     for (const mapping::HostFill& before : fills) {
         const std::string document =
-            recoloured(flat({{}, {}, rectangle("draw:name=\"a\"")}), before);
+            recoloured(flat({{}, {}, rectangle(R"(draw:name="a")")}), before);
         for (const mapping::HostFill& fill : fills) {
             const OdfFile again(recoloured(document, fill));
             EXPECT_EQ(propertiesOf(onlyShape(again).fill.host), propertiesOf(fill))
@@ -253,7 +252,7 @@ TEST(OdfChanges, UseADefinitionAgainThatIsThere) {
     fill.backColor = kBlue;
     static_cast<mapping::FillBuild&>(fill) = mapping::twoColorBuild(7, 1);
     const std::string once = recoloured(
-        flat({{}, {}, rectangle("draw:name=\"a\"") + rectangle("draw:name=\"b\"")}), fill);
+        flat({{}, {}, rectangle(R"(draw:name="a")") + rectangle(R"(draw:name="b")")}), fill);
     const std::string twice = recoloured(recoloured(once, solid(kRed)), fill);
     const auto count = [](const std::string& document) {
         std::size_t found = 0;
@@ -270,12 +269,12 @@ TEST(OdfChanges, UseADefinitionAgainThatIsThere) {
 // Packages.
 
 constexpr const char* kManifest =
-    "<manifest:manifest xmlns:manifest=\"urn:oasis:names:tc:opendocument:xmlns:manifest:1.0\">"
+    R"(<manifest:manifest xmlns:manifest="urn:oasis:names:tc:opendocument:xmlns:manifest:1.0">)"
     "</manifest:manifest>";
 
 std::vector<WrittenEntry> packed(const std::string& manifest = kManifest) {
     const std::string names =
-        text("xmlns:office=\"", kOfficeAddress, "\" xmlns:draw=\"", kDrawAddress, "\"");
+        text(R"(xmlns:office=")", kOfficeAddress, R"(" xmlns:draw=")", kDrawAddress, R"(")");
     return {{"mimetype", "application/vnd.oasis.opendocument.text", true},
             {"content.xml", text("<office:document-content ", names,
                                  "><office:body><office:text><draw:rect/></office:text>"
@@ -300,7 +299,7 @@ TEST(OdfPackages, GetTheirPicturesAndTheList) {
 }
 
 TEST(OdfPackages, AreRefusedWhenTheyAreEncryptedOrSigned) {
-    const std::string encrypted = "<a><manifest:encryption-data xmlns:manifest=\"b\"/></a>";
+    const std::string encrypted = R"(<a><manifest:encryption-data xmlns:manifest="b"/></a>)";
     EXPECT_THROW(OdfFile{Package(writtenPackage(packed(encrypted)))}, DocumentError);
     auto entries = packed();
     entries.push_back({"META-INF/documentsignatures.xml", "<a/>"});

@@ -19,7 +19,6 @@ namespace huebrush::documents::ooxml {
 
 using base::text;
 using host::MsoFillType;
-using host::MsoTextureType;
 using mapping::OfficeFill;
 using mapping::OfficeFillStyle;
 using mapping::OfficeGradient;
@@ -364,7 +363,7 @@ class FillText {
         if (isStraight) {
             const std::int32_t angle = (8100 - gradient.angle) % kFullTurn * (kDegree / 10);
             return holder("gradFill", " rotWithShape=\"1\"",
-                          list + empty("lin", base::text(" ang=\"", angle, "\" scaled=\"0\"")));
+                          list + empty("lin", base::text(" ang=\"", angle, R"(" scaled="0")")));
         }
         const bool isRound = gradient.style == OfficeGradientStyle::radial ||
                              gradient.style == OfficeGradientStyle::elliptical;
@@ -402,7 +401,7 @@ class FillText {
         const std::string clear = alpha_ >= kOpaque
                                       ? std::string()
                                       : empty("alphaModFix", base::text(" amt=\"", alpha_, "\""));
-        return holder("blipFill", " dpi=\"0\" rotWithShape=\"1\"",
+        return holder("blipFill", R"( dpi="0" rotWithShape="1")",
                       holder("blip", attributes, clear, false) + empty("srcRect", {}) +
                           empty("tile",
                                 " tx=\"0\" ty=\"0\" sx=\"100000\" sy=\"100000\" flip=\"none\" "

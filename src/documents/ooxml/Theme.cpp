@@ -115,12 +115,12 @@ constexpr double kGamma = 2.3;
 
 std::int32_t toLinear(std::int32_t byte) {
     const std::int32_t part = byte * 100'000 / 255;
-    return static_cast<std::int32_t>(std::pow(part / kWhole, kGamma) * kWhole + 0.5);
+    return static_cast<std::int32_t>(std::lround(std::pow(part / kWhole, kGamma) * kWhole));
 }
 
 std::int32_t fromLinear(std::int32_t linear) {
     const auto part = static_cast<std::int32_t>(
-        std::pow(std::clamp(linear, 0, 100'000) / kWhole, 1 / kGamma) * kWhole + 0.5);
+        std::lround(std::pow(std::clamp(linear, 0, 100'000) / kWhole, 1 / kGamma) * kWhole));
     return static_cast<std::int32_t>(std::int64_t{part} * 255 / 100'000);
 }
 
@@ -298,13 +298,7 @@ std::optional<Color> colorIn(const Outline& outline, ElementId holder, const The
     return color;
 }
 
-Theme::Theme()
-    : colors_{0x000000, 0xFFFFFF, 0x1F497D, 0xEEECE1, 0x4F81BD, 0xC0504D,
-              0x9BBB59, 0x8064A2, 0x4BACC6, 0xF79646, 0x0000FF, 0x800080},
-      mapped_{{"bg1", 1}, {"tx1", 0}, {"bg2", 3}, {"tx2", 2}} {}
-
-Theme::Theme(std::unique_ptr<Outline> part) : Theme() {
-    part_ = std::move(part);
+Theme::Theme(std::unique_ptr<Outline> part) : part_(std::move(part)) {
     const ElementId elements = part_->child(Outline::root(), kThemeElements);
     if (elements == kNoElement) return;
     const ElementId scheme = part_->child(elements, kColorScheme);

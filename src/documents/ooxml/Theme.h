@@ -33,7 +33,7 @@ struct ThemeStyle {
 /// colours that programs begin with, and no styles.
 class Theme {
  public:
-    Theme();
+    Theme() = default;
     explicit Theme(std::unique_ptr<Outline> part);
 
     /// `mapped` is a name such as "bg1", and `name` the theme's own name of its colour, as the
@@ -54,8 +54,11 @@ class Theme {
     std::optional<ThemeStyle> styleIn(NameId list, std::size_t index) const;
 
     std::unique_ptr<Outline> part_;
-    std::array<std::int32_t, kColors> colors_;
-    std::map<std::string, std::size_t, std::less<>> mapped_;
+    std::array<std::int32_t, kColors> colors_ = {0x000000, 0xFFFFFF, 0x1F497D, 0xEEECE1,
+                                                 0x4F81BD, 0xC0504D, 0x9BBB59, 0x8064A2,
+                                                 0x4BACC6, 0xF79646, 0x0000FF, 0x800080};
+    std::map<std::string, std::size_t, std::less<>> mapped_ = {
+        {"bg1", 1}, {"tx1", 0}, {"bg2", 3}, {"tx2", 2}};
 };
 
 /// The colour that an element such as a:solidFill holds as its child, its changes carried out in

@@ -84,8 +84,8 @@ std::optional<double> fractionOf(std::string_view text) {
 /// What a fill is made of, by the names of the attributes: the shape's own come first.
 class Attributes {
  public:
-    Attributes(const Outline& outline, const VmlShape& shape) : outline_(outline), shape_(shape) {
-        fill_ = outline.child(shape.element, kVmlFill);
+    Attributes(const Outline& outline, const VmlShape& shape)
+        : outline_(outline), shape_(shape), fill_(outline.child(shape.element, kVmlFill)) {
         if (shape.type != kNoElement) typeFill_ = outline.child(shape.type, kVmlFill);
     }
 
@@ -233,7 +233,8 @@ void readPicture(const Attributes& attributes, std::string_view type, Pictures& 
     if (own) {
         mapping::OfficeFill office;
         office.style = mapping::OfficeFillStyle::bitmap;
-        static_cast<mapping::FillBuild&>(fill) = hostFillOf(office, own);
+        const HostFill known = hostFillOf(office, own);
+        static_cast<mapping::FillBuild&>(fill) = static_cast<const mapping::FillBuild&>(known);
         if (const auto* pattern = std::get_if<mapping::PatternFill>(&*own)) {
             fill.foreColor = mapping::toHostColor(pattern->foreColor);
             fill.backColor = mapping::toHostColor(pattern->backColor);
@@ -410,8 +411,8 @@ void writeShown(const PartChanges& part, const VmlShape& shape, const FillChange
     const std::string_view prefix = prefixOf(outline.writtenName(shape.element));
     std::string element = fill.element(prefix);
     if (element.empty() && contradicts) {
-        element = text("<", prefix, prefix.empty() ? "" : ":", "fill on=\"t\" color=\"", color,
-                       "\" opacity=\"1\" type=\"solid\"/>");
+        element = text("<", prefix, prefix.empty() ? "" : ":", R"(fill on="t" color=")", color,
+                       R"(" opacity="1" type="solid"/>)");
     }
     if (former != kNoElement) {
         part.splices.replace(outline.rangeOf(former), element);

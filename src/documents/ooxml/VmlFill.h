@@ -28,6 +28,6 @@ std::optional<std::int32_t> vmlLine(const Outline& outline, const VmlShape& shap
 void writeVmlFill(const PartChanges& part, const VmlShape& shape, const FillChange& change);
 
 /// 0xRRGGBB of a colour as VML writes it; nothing for what is none.
-std::optional<std::int32_t> vmlColor(std::string_view text);
+std::optional<std::int32_t> vmlColor(std::string_view value);
 
 }  // namespace huebrush::documents::ooxml

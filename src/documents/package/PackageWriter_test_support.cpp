@@ -56,7 +56,9 @@ std::string writtenPackage(const std::vector<WrittenEntry>& entries, const std::
         const std::string headerExtra = extra64(entry, {entry.content.size(), data.size()});
         addNumber(out, 4, 0x04034B50);
         addCommon(out, entry, data, headerExtra.size(), true);
-        out += entry.name + headerExtra + data;
+        out += entry.name;
+        out += headerExtra;
+        out += data;
         addDescriptor(out, entry, data.size());
 
         const std::string recordExtra = extra64(entry, {entry.content.size(), data.size(), at});

@@ -126,6 +126,6 @@ class Outline {
 std::string resolved(std::string_view value);
 /// The text as it may stand in an attribute's value between double quotation marks, in any encoding
 /// that agrees with ASCII.
-std::string escaped(std::string_view text);
+std::string escaped(std::string_view value);
 
 }  // namespace huebrush::documents

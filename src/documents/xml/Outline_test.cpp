@@ -26,7 +26,7 @@ const Vocabulary& vocabulary() {
 }
 
 Outline outlineOf(const std::string& text) {
-    return Outline(text, vocabulary(), "part.xml");
+    return {text, vocabulary(), "part.xml"};
 }
 
 std::string messageOf(const std::string& text) {
