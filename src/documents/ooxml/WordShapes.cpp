@@ -116,6 +116,11 @@ class Finder {
                 break;
             case kVmlShapeType:
             case kBackground:
+            // What says how a shape looks holds no shapes, and may be replaced as a whole.
+            case kShapeProperties:
+            case kGroupProperties:
+            case kStyle:
+            case kVmlFill:
                 break;
             case kTextBoxContent:
                 // Shapes in the text of a shape are not in its group.

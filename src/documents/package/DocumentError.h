@@ -2,7 +2,10 @@
 
 #pragma once
 
+#include <algorithm>
 #include <stdexcept>
+#include <string>
+#include <utility>
 
 namespace huebrush::documents {
 
@@ -10,7 +13,17 @@ namespace huebrush::documents {
 /// document's name ("is damaged: …").
 class DocumentError : public std::runtime_error {
  public:
-    using std::runtime_error::runtime_error;
+    /// Names that documents have may hold any bytes: control characters become question marks.
+    explicit DocumentError(std::string line) : std::runtime_error(inOneLine(std::move(line))) {}
+
+ private:
+    static std::string inOneLine(std::string line) {
+        constexpr char kDelete = 0x7F;
+        std::replace_if(
+            line.begin(), line.end(),
+            [](char each) { return (each >= 0 && each < ' ') || each == kDelete; }, '?');
+        return line;
+    }
 };
 
 }  // namespace huebrush::documents
