@@ -47,11 +47,12 @@ asan:
 	@cmake --build --preset asan
 	$(CTEST) --test-dir build/asan -j2 -LE long
 
-# Of these, only the random inputs for the database engine and for the pictures, for
+# Of these, only the random inputs for the database engine, the pictures and the documents, for
 # HUEBRUSH_FUZZ_SECONDS each.
 fuzz:
 	@$(call configure,asan,check,make check-packages)
-	@cmake --build --preset asan --target damage_fuzz edit_fuzz picture_fuzz
+	@cmake --build --preset asan --target damage_fuzz edit_fuzz \
+	  picture_fuzz document_fuzz
 	$(CTEST) --test-dir build/asan -L fuzz
 
 unit: build

@@ -45,8 +45,9 @@ A, WPS, V, R = (f"{{{handmade.NAMESPACES[prefix]}}}" for prefix in ("a", "wps", 
 
 def huebrush(command, *arguments):
     """What works on the document is an office."""
-    return subprocess.run([PROGRAM, command, "--through", "office", *map(str, arguments)], stdin=subprocess.DEVNULL,
-                          stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True, timeout=LIMIT)
+    return subprocess.run([PROGRAM, command, "--through", "office", *map(str, arguments)],
+                          stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
+                          stderr=subprocess.PIPE, text=True, timeout=LIMIT)
 
 
 def load_and_store(sources, folder):
