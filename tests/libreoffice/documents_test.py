@@ -240,7 +240,8 @@ class Recolouring(OnDocuments):
                     output = os.fsencode(self.folder) + b"/out " + name
                     done = subprocess.run(
                         [PROGRAM, "recolor", "--through", "office", document, "-o", output,
-                         "--json", "--map", f"{ROOFS}={BLUE}"], stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
+                         "--json", "--map", f"{ROOFS}={BLUE}"],
+                        stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
                         stderr=subprocess.PIPE, timeout=LIMIT,
                         env=dict(self.environment, LC_ALL=locale))
                     self.assertEqual((done.returncode, done.stderr), (0, b""))
