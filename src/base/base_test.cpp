@@ -8,6 +8,7 @@
 #include "base/Bitmap.h"
 #include "base/Color.h"
 #include "base/Count16.h"
+#include "base/CssColor.h"
 #include "base/Error.h"
 #include "base/NonNegative.h"
 #include "base/Picture.h"
@@ -78,6 +79,19 @@ TEST(Color, KeepsRedInTheLowByte) {
     EXPECT_FALSE(fromHex("#c0100g"));
     EXPECT_FALSE(fromHex("#-c0100"));
     EXPECT_EQ(swapRedAndBlue(0xC01002), 0x0210C0);
+}
+
+TEST(CssColor, IsKnownByItsNameInEitherCase) {
+    EXPECT_EQ(fromCssName("aliceblue"), rgb(0xF0, 0xF8, 0xFF));
+    EXPECT_EQ(fromCssName("RebeccaPurple"), rgb(0x66, 0x33, 0x99));
+    EXPECT_EQ(fromCssName("YELLOWGREEN"), rgb(0x9A, 0xCD, 0x32));
+    // Not what the X Window System calls so.
+    EXPECT_EQ(fromCssName("gray"), rgb(0x80, 0x80, 0x80));
+    EXPECT_EQ(fromCssName("green"), rgb(0, 0x80, 0));
+    for (const char* const name : {"", "a", "aliceblu", "aliceblues", "alice blue", "zinc",
+                                   "transparent", "currentcolor", "canvas", "none"}) {
+        EXPECT_FALSE(fromCssName(name)) << name;
+    }
 }
 
 TEST(NonNegative, OfANegativeWidthComputedInAResizeIsZero) {

@@ -57,7 +57,7 @@ void addRecolor(CLI::App& program, RecolorOptions& options, Chosen& chosen) {
     command
         ->add_option("--map", options.maps,
                      "FROM=TO: change all solid fills of one colour to another, such as "
-                     "'#C00000=#0070C0'")
+                     "'#C00000=#0070C0' or red=steelblue")
         ->allow_extra_args(false);
     command
         ->add_option("--row", options.rows,

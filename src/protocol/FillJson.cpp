@@ -10,6 +10,7 @@
 #include <type_traits>
 
 #include "base/Color.h"
+#include "base/CssColor.h"
 #include "base/Text.h"
 #include "protocol/JsonNumber.h"
 
@@ -114,9 +115,10 @@ float transparencyFromText(std::string_view value) {
 }
 
 base::Rgb colorFromText(std::string_view value) {
-    const auto color = base::fromHex(value);
-    if (!color) throw ParseError(text("\"", value, "\" is not a colour; write #RRGGBB"));
-    return *color;
+    if (const auto color = base::fromHex(value)) return *color;
+    if (const auto color = base::fromCssName(value)) return *color;
+    throw ParseError(
+        text("\"", value, "\" is not a colour; write #RRGGBB or a colour's name in CSS"));
 }
 
 batch::FillEdit editFromWord(std::string_view value) {
@@ -176,7 +178,7 @@ batch::FillEdit editFromText(const std::string& value) {
 }
 
 batch::ColorMapping mappingFromText(const std::string& value) {
-    const auto [from, to] = splitPair(value, "FROM=TO with two colours as #RRGGBB");
+    const auto [from, to] = splitPair(value, "FROM=TO with two colours as #RRGGBB or by name");
     return {colorFromText(from), colorFromText(to)};
 }
 

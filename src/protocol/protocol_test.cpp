@@ -89,11 +89,24 @@ TEST(FillJson, ReadsTheWordsOfTheCommandLine) {
     EXPECT_EQ(pattern.ForeColorRGB, 192);
 }
 
+TEST(FillJson, ReadsTheNamesOfCss) {
+    const auto half = editFromText("SteelBlue@50%")(gradient());
+    EXPECT_EQ(half.ForeColorRGB, base::rgb(0x46, 0x82, 0xB4));
+    EXPECT_EQ(half.Transparency, 0.5F);
+    const batch::ColorMapping mapping = mappingFromText("red=#0070C0");
+    EXPECT_EQ(mapping.from, base::rgb(0xFF, 0, 0));
+    EXPECT_EQ(mapping.to, base::rgb(0, 0x70, 0xC0));
+    EXPECT_EQ(mappingFromText("#0070C0=rebeccapurple").to, base::rgb(0x66, 0x33, 0x99));
+}
+
 TEST(FillJson, SaysInOneLineWhatIsWrong) {
     EXPECT_EQ(problemOf("x=none"), "\"x\" is not a row number; rows are counted from 1");
     EXPECT_EQ(problemOf("0=none"), "\"0\" is not a row number; rows are counted from 1");
     EXPECT_EQ(problemOf("3"), "\"3\" must have the form ROW=FILL");
-    EXPECT_EQ(problemOf("3=red"), "\"red\" is not a colour; write #RRGGBB");
+    EXPECT_EQ(problemOf("3=rot"),
+              "\"rot\" is not a colour; write #RRGGBB or a colour's name in CSS");
+    EXPECT_EQ(problemOf("3=#red"),
+              "\"#red\" is not a colour; write #RRGGBB or a colour's name in CSS");
     EXPECT_EQ(problemOf("3=#0070C0@2"), "a transparency must be between 0 and 1, or 0% and 100%");
     EXPECT_EQ(problemOf("3=#0070C0@-1%"), "a transparency must be between 0 and 1, or 0% and 100%");
     EXPECT_EQ(problemOf("3={bad"), "not valid JSON for a fill: {bad");
