@@ -29,6 +29,15 @@ bool isKnownFormat(std::string_view bytes, std::string_view ending) {
                                          lower) != std::end(kPackageEndings);
 }
 
+bool isEncrypted(std::string bytes) {
+    try {
+        return isPackage(bytes) && odf::isEncrypted(Package(std::move(bytes)));
+    } catch (const DocumentError&) {
+        // Whoever opens it says what is wrong with it.
+        return false;
+    }
+}
+
 std::unique_ptr<ShapeFile> openDocument(std::string bytes) {
     if (odf::isFlatOdf(bytes)) return std::make_unique<odf::OdfFile>(std::move(bytes));
     if (!isPackage(bytes)) throw DocumentError("is no package, as documents are");

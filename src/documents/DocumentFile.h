@@ -14,6 +14,9 @@ namespace huebrush::documents {
 /// that can be worked on here. It may still be damaged.
 bool isKnownFormat(std::string_view bytes, std::string_view ending);
 
+/// Whether these are the bytes of a package whose parts are encrypted, as OpenDocument does it.
+bool isEncrypted(std::string bytes);
+
 /// Reads a document. DocumentError when it is none of a known format, or damaged.
 std::unique_ptr<ShapeFile> openDocument(std::string bytes);
 

@@ -25,7 +25,6 @@ constexpr const char* kContentName = "content.xml";
 constexpr const char* kStylesName = "styles.xml";
 constexpr const char* kMetaName = "meta.xml";
 constexpr const char* kManifestName = "META-INF/manifest.xml";
-constexpr const char* kSignatureName = "META-INF/documentsignatures.xml";
 constexpr std::string_view kTextType = "application/vnd.oasis.opendocument.text";
 constexpr std::string_view kTemplateType = "application/vnd.oasis.opendocument.text-template";
 /// Pictures of ours are small.
@@ -192,10 +191,7 @@ class OdfFile::FlatPictures final : public Pictures, public NewPictures {
 };
 
 OdfFile::OdfFile(Package package) : package_(std::move(package)) {
-    const std::string manifest = package_->has(kManifestName) ? package_->read(kManifestName) : "";
-    if (manifest.find("encryption-data") != std::string::npos) {
-        throw DocumentError("is encrypted");
-    }
+    if (isEncrypted(*package_)) throw DocumentError("is protected by a password");
     content_ = outlineOf(*package_, kContentName);
     if (package_->has(kStylesName)) common_ = outlineOf(*package_, kStylesName);
     styles_ = std::make_unique<Styles>(*content_, common_.get());
@@ -257,7 +253,7 @@ ShapeRecord OdfFile::recordOf(const FoundShape& found) {
 }
 
 std::string OdfFile::with(const NewFills& fills) const {
-    if (package_ && package_->has(kSignatureName)) {
+    if (package_ && !signaturesIn(*package_).empty()) {
         throw DocumentError("is signed: any change would make its signature invalid");
     }
     Splices content;
@@ -297,6 +293,11 @@ std::string OdfFile::with(const NewFills& fills) const {
     if (!common.empty()) changes[kStylesName] = common.applied(common_->text());
     inPackage->finish(changes);
     return package_->with(changes);
+}
+
+bool isEncrypted(const Package& package) {
+    return package.has(kManifestName) &&
+           package.read(kManifestName).find("encryption-data") != std::string::npos;
 }
 
 bool isOdfPackage(const Package& package) {

@@ -61,6 +61,9 @@ class OdfFile final : public ShapeFile {
     std::vector<Shape> byNumber_;
 };
 
+/// Whether parts of a package are encrypted, as its manifest says.
+bool isEncrypted(const Package& package);
+
 /// Whether the package is one of such a document.
 bool isOdfPackage(const Package& package);
 /// Whether the bytes may be those of a flat one.

@@ -28,13 +28,6 @@ std::string mainPartOf(const Package& package) {
     throw DocumentError("is no document of Word: it has no main part");
 }
 
-bool isSigned(const Package& package) {
-    const auto& entries = package.entries();
-    return std::any_of(entries.begin(), entries.end(), [](const PackageEntry& each) {
-        return each.name.starts_with("_xmlsignatures/");
-    });
-}
-
 /// The ending and the type of a picture's file, by its first bytes.
 struct PictureKind {
     std::string_view begin;
@@ -302,7 +295,7 @@ ShapeRecord WordFile::recordOf(Part& part, const FoundNode& node) {
 }
 
 std::string WordFile::with(const NewFills& fills) const {
-    if (isSigned(package_)) {
+    if (!signaturesIn(package_).empty()) {
         throw DocumentError("is signed: any change would make its signature invalid");
     }
     PackageChanges changes;

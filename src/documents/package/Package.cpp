@@ -377,7 +377,8 @@ std::string Package::read(const std::string& name) const {
     return content;
 }
 
-std::string Package::with(const PackageChanges& changes) const {
+std::string Package::with(const PackageChanges& changes,
+                          const std::set<std::string>& removed) const {
     std::vector<std::size_t> inOrder(entries_.size());
     for (std::size_t i = 0; i < inOrder.size(); ++i) inOrder[i] = i;
     std::sort(inOrder.begin(), inOrder.end(), [this](std::size_t a, std::size_t b) {
@@ -390,6 +391,7 @@ std::string Package::with(const PackageChanges& changes) const {
         bytes.substr(0, inOrder.empty() ? directory_.at : entries_[inOrder.front()].headerAt));
     for (const std::size_t place : inOrder) {
         const PackageEntry& entry = entries_[place];
+        if (removed.contains(entry.name)) continue;
         const std::size_t headerAt = out.size();
         const auto change = changes.find(entry.name);
         if (change == changes.end()) {
@@ -402,7 +404,7 @@ std::string Package::with(const PackageChanges& changes) const {
             records[place] = changedRecord(bytes, entry, part, headerAt);
         }
     }
-    std::uint64_t count = entries_.size();
+    std::uint64_t count = entries_.size() - removed.size();
     for (const auto& [name, content] : changes) {
         if (has(name)) continue;
         const Packed part = packed(content, kDeflated);
@@ -440,6 +442,17 @@ std::string Package::with(const PackageChanges& changes) const {
         set(endAt - kLocator64Size + 8, 8, end64At);
     }
     return out;
+}
+
+std::set<std::string> signaturesIn(const Package& package) {
+    std::set<std::string> signatures;
+    for (const PackageEntry& each : package.entries()) {
+        if (each.name.starts_with("_xmlsignatures/") ||
+            each.name == "META-INF/documentsignatures.xml") {
+            signatures.insert(each.name);
+        }
+    }
+    return signatures;
 }
 
 bool isPackage(std::string_view bytes) {

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -55,9 +56,10 @@ class Package {
     /// The content of a part; DocumentError where there is none, or it is damaged or too large.
     std::string read(const std::string& name) const;
 
-    /// The package with these parts. A part of a known name takes the place of the former one, and
-    /// is compressed if that was; a new one comes last.
-    std::string with(const PackageChanges& changes) const;
+    /// The package with these parts, and without the `removed` ones. A part of a known name takes
+    /// the place of the former one, and is compressed if that was; a new one comes last.
+    std::string with(const PackageChanges& changes,
+                     const std::set<std::string>& removed = {}) const;
 
     const std::string& bytes() const { return bytes_; }
 
@@ -83,6 +85,10 @@ class Package {
     std::vector<PackageEntry> entries_;  ///< in the directory's order
     std::unordered_map<std::string, std::size_t> places_;
 };
+
+/// The parts that hold the signatures of a document, by the names that Office Open XML and
+/// OpenDocument have for them.
+std::set<std::string> signaturesIn(const Package& package);
 
 /// Whether the bytes begin as those of a package do.
 bool isPackage(std::string_view bytes);
