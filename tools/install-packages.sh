@@ -38,6 +38,8 @@ check=(
   mdbtools mdbtools-dev pkg-config
   # other writers of documents, to be read
   pandoc python3-docx python3-odf
+  # the checks of what is printed as JSON, and of the completions
+  python3-jsonschema zsh fish
   # the sanitizers
   clang libclang-rt-dev
   # the linters of Python and of the manual page

@@ -21,10 +21,6 @@ constexpr const char* kUnchanged = "unchanged";
 constexpr const char* kNoFillPossible = "these shapes cannot have a fill";
 constexpr const char* kNotReached = "recolouring stopped before this row";
 
-bool isSolid(const fill::FillProperties& fill) {
-    return fill.Visible != MsoTriState::msoFalse && fill.Type == MsoFillType::msoFillSolid;
-}
-
 /// Whether a shape has no fill although its row was given one.
 bool isUnfillable(const ColorElement& row, host::Shape& shape) {
     return row.FillObject().original().Visible != MsoTriState::msoFalse &&
@@ -35,6 +31,13 @@ std::size_t countUnfillable(const ColorElement& row) {
     return static_cast<std::size_t>(
         std::count_if(row.ElementsGroup->begin(), row.ElementsGroup->end(),
                       [&](const host::ShapePointer& shape) { return isUnfillable(row, *shape); }));
+}
+
+/// What the mappings look at, for a message.
+const char* kindsOf(const MappingScope& scope) {
+    if (scope.gradients)
+        return scope.patterns ? "solid fill, gradient or pattern" : "solid fill or gradient";
+    return scope.patterns ? "solid fill or pattern" : "solid fill";
 }
 
 }  // namespace
@@ -77,11 +80,10 @@ Session::~Session() {
 }
 
 std::vector<FillRow> Session::scan() {
+    // With nothing selected, the dialog would complain.
+    if (document_->Shapes()->enumerate()->next() == nullptr) return {};
     dialog_->cmdAdd.press();
     if (!error_.empty()) throw base::Error(base::ErrorNumber::kInternal, error_);
-    if (dialog_->Element.ubound() == 0) {
-        throw RequestError("the document has no drawing shapes");
-    }
     for (std::int16_t i = 1; i <= dialog_->Element.ubound(); ++i) {
         dialog_->Element[i].Discoloured.connect([this, i](const recolor::RowOutcome& outcome) {
             // A fill that fails after its row has the last word; the row's first error stays.
@@ -103,6 +105,7 @@ std::vector<FillRow> Session::rows() const {
 
 RecolorResult Session::recolor(const RecolorRequest& request) {
     edit(request);
+    if (dialog_->Element.ubound() == 0) return {};
     dialog_->chkSelAll.toggle();
     outcomes_.clear();
     dialog_->cmdDiscolour.press();
@@ -110,27 +113,27 @@ RecolorResult Session::recolor(const RecolorRequest& request) {
 }
 
 void Session::edit(const RecolorRequest& request) {
-    for (const ColorMapping& mapping : request.mappings) map(mapping);
+    map(request);
     for (const RowEdit& rowEdit : request.rows) editRow(rowEdit);
     if (request.palette) take(*request.palette);
 }
 
-void Session::map(const ColorMapping& mapping) {
-    bool found = false;
+void Session::map(const RecolorRequest& request) {
+    ColorMaps maps(request.mappings, request.scope);
     for (std::int16_t i = 1; i <= dialog_->Element.ubound(); ++i) {
         fill::CFill& fill = dialog_->Element[i].FillObject();
-        if (!isSolid(fill.original()) || fill.original().ForeColorRGB != mapping.from) continue;
-        found = true;
-        if (mapping.to == mapping.from) continue;
-        fill.setDestination(solid(mapping.to, fill.original().Transparency)(fill.original()));
+        if (const auto mapped = maps.mapped(fill.original())) fill.setDestination(*mapped);
     }
-    if (!found) {
-        throw RequestError(
-            text("no solid fill in the document has the colour ", base::toHex(mapping.from)));
+    if (const auto missing = maps.missing()) {
+        throw RequestError(text("no ", kindsOf(request.scope), " in the document has the colour ",
+                                base::toHex(*missing)));
     }
 }
 
 void Session::editRow(const RowEdit& rowEdit) {
+    if (dialog_->Element.ubound() == 0) {
+        throw RequestError(text("there is no row ", rowEdit.row, "; the document has no shapes"));
+    }
     if (rowEdit.row < 1 || rowEdit.row > dialog_->Element.ubound()) {
         throw RequestError(text("there is no row ", rowEdit.row, "; the document has rows 1 to ",
                                 dialog_->Element.ubound()));

@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "base/Color.h"
+#include "batch/ColorMaps.h"
 #include "batch/StoredFills.h"
 #include "batch/WholeDocument.h"
 #include "fill/FillProperties.h"
@@ -44,12 +45,6 @@ FillEdit noFill();
 /// A solid fill of a colour; transparency from 0.0 to 1.0.
 FillEdit solid(base::Rgb color, float transparency);
 
-/// All solid fills of one colour get another; their transparency stays.
-struct ColorMapping {
-    base::Rgb from = 0;
-    base::Rgb to = 0;
-};
-
 /// One row gets a fill.
 struct RowEdit {
     std::int32_t row = 0;
@@ -70,6 +65,7 @@ struct RecolorRequest {
     std::vector<ColorMapping> mappings;
     std::vector<RowEdit> rows;
     std::optional<PaletteFills> palette = std::nullopt;
+    MappingScope scope = {};
 };
 
 /// Shapes that kept their fill, and why.
@@ -100,8 +96,8 @@ class Session {
     Session& operator=(const Session&) = delete;
     ~Session();
 
-    /// Finds the distinct fills of all shapes. A RequestError for a document without shapes, a
-    /// base::Error with the dialog's own message when the scan fails.
+    /// Finds the distinct fills of all shapes. A base::Error with the dialog's own message when the
+    /// scan fails.
     std::vector<FillRow> scan();
 
     /// Gives new fills to the shapes of the scanned rows. RequestError before anything is written;
@@ -115,7 +111,7 @@ class Session {
  private:
     std::vector<FillRow> rows() const;
     void edit(const RecolorRequest& request);
-    void map(const ColorMapping& mapping);
+    void map(const RecolorRequest& request);
     void editRow(const RowEdit& edit);
     void take(const PaletteFills& palette);
     RecolorResult result() const;

@@ -144,9 +144,27 @@ TEST_F(BatchSession, RefusesAnUnknownColourOrRowBeforeAnythingIsWritten) {
     EXPECT_TRUE(host.log.beginningWith("write ").empty());
 }
 
-TEST_F(BatchSession, RefusesADocumentWithoutShapes) {
+TEST_F(BatchSession, FindsNothingInADocumentWithoutShapes) {
     Session session(host, document);
-    EXPECT_THROW(session.scan(), RequestError);
+    EXPECT_TRUE(session.scan().empty());
+    EXPECT_TRUE(runtime.messages().empty());
+    RecolorRequest request{{{kRed, kBlue}}, {}};
+    EXPECT_THROW(session.recolor(request), RequestError);
+    EXPECT_THROW(session.recolor({{}, {{1, noFill(), std::nullopt}}}), RequestError);
+    request.scope.mayBeMissing = true;
+    EXPECT_EQ(session.recolor(request).shapes, 0U);
+    EXPECT_TRUE(session.givenFills().compare(*document).differences.empty());
+    EXPECT_TRUE(runtime.messages().empty());
+}
+
+TEST_F(BatchSession, LeavesOutColoursThatTheDocumentDoesNotHaveOnRequest) {
+    addThreeRows();
+    Session session(host, document);
+    session.scan();
+    RecolorRequest request{{{0x123456, kGreen}, {kRed, kBlue}}, {}};
+    request.scope.mayBeMissing = true;
+    EXPECT_EQ(session.recolor(request).changed, 3U);
+    EXPECT_EQ(document->find("Roof")->fill.ForeColorRGB, kBlue);
 }
 
 TEST_F(BatchSession, ReportsTheFailureOfARowAndGoesOnWithTheNext) {

@@ -35,6 +35,13 @@ std::optional<std::string> Channel::takeLine() {
     return line;
 }
 
+void Channel::writeLine(const std::string& line) {
+    const std::string sent = line + '\n';
+    if (write(file_, sent.data(), sent.size()) != static_cast<ssize_t>(sent.size())) {
+        throw Failure("cannot reach LibreOffice");
+    }
+}
+
 std::optional<std::string> Channel::readLine() {
     if (auto line = takeLine()) return line;
     pollfd waiting{file_, POLLIN, 0};

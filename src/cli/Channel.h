@@ -8,7 +8,7 @@
 
 namespace huebrush::cli {
 
-/// A named pipe on which the office sends lines to the program.
+/// A named pipe on which the program and its office send each other lines.
 class Channel {
  public:
     /// Creates the pipe. Failure when it cannot be created.
@@ -19,6 +19,9 @@ class Channel {
 
     /// The next line, waiting for it for a moment only; nothing when none has come.
     std::optional<std::string> readLine();
+
+    /// Sends a line, which must be shorter than what a pipe takes at once (PIPE_BUF).
+    void writeLine(const std::string& line);
 
  private:
     std::optional<std::string> takeLine();

@@ -5,6 +5,8 @@
 #include <filesystem>
 #include <iostream>
 #include <memory>
+#include <optional>
+#include <span>
 #include <utility>
 
 #include "base/Error.h"
@@ -16,8 +18,11 @@
 #include "cli/FillText.h"
 #include "cli/InputFile.h"
 #include "cli/Interrupt.h"
+#include "cli/OfficeCommand.h"
+#include "cli/OutputFile.h"
 #include "cli/ProgressBar.h"
 #include "documents/DocumentFile.h"
+#include "documents/Signatures.h"
 #include "documents/package/DocumentError.h"
 #include "error/mError.h"
 #include "files/Error.h"
@@ -52,32 +57,36 @@ std::string endingOf(const std::string& file) {
 }
 
 /// Whether a result with that name has the format of the input: one without an ending does.
-bool hasFormatOf(const std::string& input, const std::string& output) {
-    const std::string ending = endingOf(output);
-    if (ending.empty()) return true;
-    const auto* const format = protocol::formatOfName(output);
+bool hasFormatOf(const std::string& input, const fs::path& output) {
+    if (!output.has_extension()) return true;
+    const auto* const format = protocol::formatOfName(output.string());
     return format != nullptr && format == protocol::formatOfName(input);
 }
 
-std::string firstBytes(const std::string& file) {
-    requireDocument(file);
-    return documentStart(file);
+/// The office's name of the format that the output's ending stands for; empty for the document's
+/// own format. Failure for what cannot be stored.
+std::string filterOf(const fs::path& output) {
+    if (!output.has_extension()) return {};
+    const protocol::DocumentFormat* const format = protocol::formatOfName(output.string());
+    if (format != nullptr && format->isStored) return std::string(format->filter);
+    throw Failure(text("cannot write ", output.string(), ": the name must end in one of ",
+                       protocol::storedEndings()));
+}
+
+/// Runs a body, turning what is wrong with a document into Failure.
+template <class Body>
+auto orFailure(const std::string& name, const Body& body) {
+    try {
+        return body();
+    } catch (const documents::DocumentError& error) {
+        throw Failure(text(name, " ", error.what()));
+    }
 }
 
 std::shared_ptr<documents::FileDocument> open(const std::string& name, std::string bytes) {
-    try {
+    return orFailure(name, [&] {
         return documents::FileDocument::of(documents::openDocument(std::move(bytes)));
-    } catch (const documents::DocumentError& error) {
-        throw Failure(text(name, " ", error.what()));
-    }
-}
-
-std::string contentOf(const std::string& name, const documents::FileDocument& document) {
-    try {
-        return document.content();
-    } catch (const documents::DocumentError& error) {
-        throw Failure(text(name, " ", error.what()));
-    }
+    });
 }
 
 /// The program as the dialog's component: without icons, as nobody sees them.
@@ -117,7 +126,7 @@ class Watch {
 
 json work(const protocol::Job& job, batch::BatchRuntime& runtime, bool showProgress,
           std::string& content) {
-    const auto document = open(job.input, readDocument(job.input));
+    const auto document = open(job.input, std::move(content));
     documents::FileApplication application(document);
     Watch watch(showProgress);
     batch::Session session(application, document, std::ref(watch));
@@ -128,12 +137,60 @@ json work(const protocol::Job& job, batch::BatchRuntime& runtime, bool showProgr
         result["listing"] = protocol::toJson(rows);
     } else {
         result = protocol::toJson(session.recolor(protocol::requestOf(job)));
-        content = contentOf(job.input, *document);
+        content = orFailure(job.input, [&] { return document->content(); });
         throwIfInterrupted();
         const auto stored = open(job.input, content);
         result["stored"] = protocol::toJson(session.givenFills().compare(*stored));
     }
     return protocol::message::result(std::move(result), runtime.messages()).at("result");
+}
+
+/// Does a job without an office. The result is the one that an office would have sent; `content`,
+/// which is that of the document, becomes that of the changed one.
+json runWithoutOffice(const protocol::Job& job, bool showProgress, std::string& content) {
+    ConsoleRuntime console(std::cin, std::cerr, false);
+    UnseenDialogs platform(console);
+    batch::BatchRuntime runtime(platform);
+    const forms::RuntimeScope scope(runtime);
+    runtime.UnhandledError.connect(&error::reportUnhandled);
+    try {
+        return work(job, runtime, showProgress, content);
+    } catch (const base::Error& error) {
+        // The dialog takes an interruption for an error like any other.
+        throwIfInterrupted();
+        throw Failure(oneLine(error.description()));
+    } catch (const batch::RequestError& error) {
+        throw Failure(error.what());
+    }
+}
+
+bool isToBeWritten(const json& result, Writing writing) {
+    return writing == Writing::always ||
+           (writing == Writing::ifChanged && result.at("changed") != 0);
+}
+
+/// Where a result is to be written, refused at once if that cannot be.
+std::optional<OutputFile> outputFile(const fs::path& output, Writing writing) {
+    if (writing == Writing::never) return std::nullopt;
+    return std::optional<OutputFile>(std::in_place, output);
+}
+
+json recolorWithoutOffice(const protocol::Job& job, const fs::path& output, Writing writing,
+                          bool dropSignature, bool showProgress) {
+    std::optional<OutputFile> file = outputFile(output, writing);
+    std::string content = readDocument(job.input);
+    if (dropSignature) {
+        content =
+            orFailure(job.input, [&] { return documents::withoutSignatures(std::move(content)); });
+    }
+    json result = runWithoutOffice(job, showProgress, content);
+    const bool isWritten = isToBeWritten(result, writing);
+    if (isWritten) {
+        file->commit(
+            std::span(reinterpret_cast<const std::uint8_t*>(content.data()), content.size()));
+    }
+    result["written"] = isWritten;
+    return result;
 }
 
 }  // namespace
@@ -145,32 +202,63 @@ Through throughFromText(const std::string& text) {
     throw Failure(base::text("--through must be office or documents, not ", text));
 }
 
-bool isDocumentJob(Through through, const std::string& input, const std::string& output) {
-    if (through == Through::office) return false;
-    const bool isKnown = documents::isKnownFormat(firstBytes(input), endingOf(input));
-    const bool keepsFormat = output.empty() || hasFormatOf(input, output);
-    if (through == Through::documents && !isKnown) {
-        throw Failure(text(input, " is of a format that only an office can read"));
+DocumentJobs::DocumentJobs(Through through, std::string password, bool dropSignature)
+    : through_(through), password_(std::move(password)), dropSignature_(dropSignature) {}
+
+bool DocumentJobs::needOffice(const std::string& document, const fs::path& output) const {
+    const bool isEncrypted = requireDocument(document, !password_.empty());
+    if (through_ == Through::office) return true;
+    const bool isKnown =
+        !isEncrypted && documents::isKnownFormat(documentStart(document), endingOf(document));
+    const bool keepsFormat = output.empty() || hasFormatOf(document, output);
+    if (through_ == Through::documents && isEncrypted) {
+        throw Failure(text("only an office can open ", document, " with its password"));
     }
-    if (through == Through::documents && !keepsFormat) {
-        throw Failure(text("only an office can convert ", input, " to the format of ", output));
+    if (through_ == Through::documents && !isKnown) {
+        throw Failure(text(document, " is of a format that only an office can read"));
     }
-    return isKnown && keepsFormat;
+    if (through_ == Through::documents && !keepsFormat) {
+        throw Failure(
+            text("only an office can convert ", document, " to the format of ", output.string()));
+    }
+    return !isKnown || !keepsFormat;
 }
 
-json runDocumentJob(const protocol::Job& job, bool showProgress, std::string& content) {
-    ConsoleRuntime console(std::cin, std::cerr, false);
-    UnseenDialogs platform(console);
-    batch::BatchRuntime runtime(platform);
-    const forms::RuntimeScope scope(runtime);
-    runtime.UnhandledError.connect(&error::reportUnhandled);
-    try {
-        return work(job, runtime, showProgress, content);
-    } catch (const base::Error& error) {
-        throw Failure(oneLine(error.description()));
-    } catch (const batch::RequestError& error) {
-        throw Failure(error.what());
-    }
+json DocumentJobs::list(const std::string& document, bool showProgress) {
+    protocol::Job job;
+    job.input = document;
+    job.password = password_;
+    if (needOffice(document, {})) return office_.run(job, showProgress);
+    std::string content = readDocument(document);
+    return runWithoutOffice(job, showProgress, content);
+}
+
+json DocumentJobs::recolor(protocol::Job edits, const std::string& document, const fs::path& output,
+                           Writing writing, bool showProgress) {
+    edits.input = document;
+    edits.password = password_;
+    edits.output = output;
+    json result = needOffice(document, output)
+                      ? recolorByOffice(std::move(edits), output, writing, showProgress)
+                      : recolorWithoutOffice(edits, output, writing, dropSignature_, showProgress);
+    result["document"] = document;
+    result["output"] = output.string();
+    return result;
+}
+
+json DocumentJobs::recolorByOffice(protocol::Job job, const fs::path& output, Writing writing,
+                                   bool showProgress) {
+    job.filter = filterOf(output);
+    std::optional<OutputFile> file = outputFile(output, writing);
+    job.output = writing == Writing::never ? office_.placeAside() : office_.placeBeside(output);
+    job.outputUrl = fileUrl(output);
+    json result = office_.run(job, showProgress);
+    const bool isWritten = isToBeWritten(result, writing);
+    if (isWritten) file->commit(job.output);
+    std::error_code ignored;
+    fs::remove(job.output, ignored);
+    result["written"] = isWritten;
+    return result;
 }
 
 }  // namespace huebrush::cli

@@ -12,12 +12,16 @@
 
 #include "base/Text.h"
 #include "cli/Failure.h"
+#include "documents/DocumentFile.h"
+#include "documents/package/Package.h"
 
 namespace huebrush::cli {
 
 namespace fs = std::filesystem;
 
 namespace {
+
+constexpr std::size_t kLargestPackage = 2'000'000'000;
 
 std::string bytesOf(const fs::path& file, std::streamoff at, std::size_t count) {
     std::string bytes(count, '\0');
@@ -50,7 +54,7 @@ std::uint32_t numberAt(std::string_view bytes, std::size_t at) {
 }
 
 /// Whether a compound file wraps an encrypted package: its list of parts names one.
-bool isEncrypted(const fs::path& file, std::string_view header) {
+bool wrapsEncryptedPackage(const fs::path& file, std::string_view header) {
     constexpr std::size_t kHeader = 512;
     constexpr std::size_t kSectorShift = 30;
     constexpr std::size_t kListSector = 48;
@@ -95,13 +99,18 @@ std::string documentStart(const fs::path& file) {
     return bytesOf(file, 0, kStart);
 }
 
-void requireDocument(const fs::path& file) {
+bool requireDocument(const fs::path& file, bool hasPassword) {
     requireReadable(file);
     const std::string bytes = documentStart(file);
     if (!beginsLikeADocument(bytes)) {
         throw Failure(file.string() + " is not a document that LibreOffice can open");
     }
-    if (isEncrypted(file, bytes)) throw Failure(file.string() + " is protected by a password");
+    if (wrapsEncryptedPackage(file, bytes)) {
+        if (!hasPassword) throw Failure(file.string() + " is protected by a password");
+        return true;
+    }
+    return hasPassword && documents::isPackage(bytes) &&
+           documents::isEncrypted(readBytes(file, kLargestPackage));
 }
 
 }  // namespace huebrush::cli

@@ -12,8 +12,9 @@ namespace huebrush::cli {
 void requireReadable(const std::filesystem::path& file);
 
 /// The same, and Failure when the first bytes are not those of a text document that LibreOffice may
-/// be able to open, or are those of one that is encrypted.
-void requireDocument(const std::filesystem::path& file);
+/// be able to open. Whether it is encrypted; without a password that is a Failure, too. Nothing is
+/// known of old Word documents.
+bool requireDocument(const std::filesystem::path& file, bool hasPassword = false);
 
 /// The first bytes of a file, by which its format is recognised; fewer where it has no more.
 std::string documentStart(const std::filesystem::path& file);

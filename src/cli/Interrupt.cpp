@@ -2,8 +2,6 @@
 
 #include "cli/Interrupt.h"
 
-#include <poll.h>
-
 #include <array>
 #include <cerrno>
 #include <csignal>
@@ -51,14 +49,20 @@ void catchInterrupts() {
     for (const int signal : kInterrupts) sigaction(signal, &action, nullptr);
 }
 
-bool waitForInput(int descriptor) {
+bool waitForAny(std::span<pollfd> awaited) {
     const InterruptsHeldBack held;
-    pollfd awaited{descriptor, POLLIN, 0};
     while (interruptSeen == 0) {
         // The signals get through while it waits, and only then.
-        if (ppoll(&awaited, 1, nullptr, &held.former()) >= 0 || errno != EINTR) return true;
+        if (ppoll(awaited.data(), awaited.size(), nullptr, &held.former()) >= 0 || errno != EINTR) {
+            return true;
+        }
     }
     return false;
+}
+
+bool waitForInput(int descriptor) {
+    pollfd awaited{descriptor, POLLIN, 0};
+    return waitForAny(std::span(&awaited, 1));
 }
 
 void throwIfInterrupted() {

@@ -5,31 +5,23 @@
 #include <iostream>
 
 #include "cli/FillText.h"
-#include "cli/InputFile.h"
-#include "cli/OfficeJob.h"
 
 namespace huebrush::cli {
 
 using json = nlohmann::ordered_json;
 
-bool printBoxes(const json& result) {
+bool printBoxes(const json& result, const std::string& about) {
     bool failed = false;
     for (const json& box : result.at("messages")) {
         if (box.at("kind") == "information") continue;
         failed |= box.at("kind") == "error";
-        std::cerr << "huebrush: " << oneLine(box.at("text").get<std::string>()) << '\n';
+        std::cerr << "huebrush: " << about << oneLine(box.at("text").get<std::string>()) << '\n';
     }
     return failed;
 }
 
-Listing listFills(const std::string& document, Through through, bool showProgress) {
-    requireDocument(document);
-    protocol::Job job;
-    job.input = document;
-    std::string unchanged;
-    json result = isDocumentJob(through, document, {})
-                      ? runDocumentJob(job, showProgress, unchanged)
-                      : OfficeJob().run(job, showProgress);
+Listing listFills(const std::string& document, DocumentJobs& jobs, bool showProgress) {
+    json result = jobs.list(document, showProgress);
     const bool failed = printBoxes(result);
     return {std::move(result.at("listing")), failed};
 }

@@ -2,14 +2,17 @@
 
 #pragma once
 
-#include <chrono>
 #include <cstddef>
 #include <string>
 
 namespace huebrush::cli {
 
-/// A bar on standard error that shows the progress of the work; silent where that is not a
-/// terminal.
+/// What the bar says in a terminal of that width; it becomes shorter down to the numbers, and to
+/// nothing. REQUIRES: `total` is not 0.
+std::string progressLine(std::size_t done, std::size_t total, std::size_t width);
+
+/// A bar on standard error that shows the progress of the work, no wider than the terminal; silent
+/// where there is none.
 class ProgressBar {
  public:
     explicit ProgressBar(bool enabled);
@@ -19,6 +22,8 @@ class ProgressBar {
     ~ProgressBar();
 
     void show(std::size_t done, std::size_t total);
+    /// Erases the bar, to make room for a line; the next show() brings it back.
+    void clear();
 
  private:
     bool enabled_;

@@ -4,6 +4,8 @@
 
 #include <limits>
 
+#include "protocol/JsonNumber.h"
+
 namespace huebrush::protocol {
 
 namespace {
@@ -42,8 +44,20 @@ void addPlanRow(const json& line, std::vector<batch::RowEdit>& rows) {
     rows.push_back(std::move(edit));
 }
 
+/// Plans of the first versions have none.
+void requireKnownVersion(const json& plan) {
+    const auto version = plan.is_object() ? plan.find("version") : plan.end();
+    if (!plan.is_object() || version == plan.end()) return;
+    const auto number = int32FromJson(*version);
+    if (!number || *number < 1) throw ParseError("the plan's version must be a whole number");
+    if (*number > kListingVersion) {
+        throw ParseError("the plan was made by a newer version of Huebrush");
+    }
+}
+
 void addPlan(const json& plan, std::vector<batch::RowEdit>& rows) {
     if (plan.is_null()) return;
+    requireKnownVersion(plan);
     const auto lines = plan.is_object() ? plan.find("rows") : plan.end();
     if (!plan.is_object() || lines == plan.end() || !lines->is_array()) {
         throw ParseError("the plan has no rows; it must be what \"huebrush fills --json\" prints");
@@ -54,10 +68,22 @@ void addPlan(const json& plan, std::vector<batch::RowEdit>& rows) {
 }  // namespace
 
 json toJson(const Job& job) {
-    return {{"input", job.input},     {"name", job.name},           {"inputUrl", job.inputUrl},
-            {"output", job.output},   {"outputUrl", job.outputUrl}, {"filter", job.filter},
-            {"channel", job.channel}, {"maps", job.maps},           {"rows", job.rows},
-            {"plan", job.plan},       {"palette", job.palette},     {"mayBeFewer", job.mayBeFewer}};
+    return {{"input", job.input},
+            {"name", job.name},
+            {"inputUrl", job.inputUrl},
+            {"output", job.output},
+            {"outputUrl", job.outputUrl},
+            {"filter", job.filter},
+            {"password", job.password},
+            {"maps", job.maps},
+            {"rows", job.rows},
+            {"plan", job.plan},
+            {"palette", job.palette},
+            {"mayBeFewer", job.mayBeFewer},
+            {"tolerance", job.scope.tolerance},
+            {"gradients", job.scope.gradients},
+            {"patterns", job.scope.patterns},
+            {"mayBeMissing", job.scope.mayBeMissing}};
 }
 
 Job jobFromJson(const json& value) {
@@ -67,16 +93,19 @@ Job jobFromJson(const json& value) {
             value.at("output").get<std::string>(),
             value.at("outputUrl").get<std::string>(),
             value.at("filter").get<std::string>(),
-            value.at("channel").get<std::string>(),
+            value.at("password").get<std::string>(),
             value.at("maps").get<std::vector<std::string>>(),
             value.at("rows").get<std::vector<std::string>>(),
             value.at("plan"),
             value.at("palette"),
-            value.at("mayBeFewer").get<bool>()};
+            value.at("mayBeFewer").get<bool>(),
+            {value.at("tolerance").get<double>(), value.at("gradients").get<bool>(),
+             value.at("patterns").get<bool>(), value.at("mayBeMissing").get<bool>()}};
 }
 
 batch::RecolorRequest requestOf(const Job& job) {
     batch::RecolorRequest request;
+    request.scope = job.scope;
     addPlan(job.plan, request.rows);
     for (const std::string& map : job.maps) request.mappings.push_back(mappingFromText(map));
     for (const std::string& row : job.rows) request.rows.push_back(rowEditFromText(row));
@@ -95,7 +124,7 @@ ordered_json toJson(const std::vector<batch::FillRow>& rows) {
                          {"fill", toJson(row.fill)},
                          {"new", nullptr}});
     }
-    return {{"rows", std::move(lines)}};
+    return {{"version", kListingVersion}, {"rows", std::move(lines)}};
 }
 
 ordered_json toJson(const batch::RecolorResult& result) {

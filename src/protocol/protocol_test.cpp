@@ -157,6 +157,34 @@ TEST(Plan, TakesTheRowsWhoseNewFillWasEdited) {
     EXPECT_EQ(request.rows[0].edit(gradient()).ForeColorRGB, 0x332211);
 }
 
+TEST(Job, CarriesWhatTheMapsChange) {
+    Job job;
+    job.maps = {"#C00000=#0070C0"};
+    job.password = "heslo";
+    job.scope.tolerance = 2.5;
+    job.scope.gradients = true;
+    job.scope.mayBeMissing = true;
+    const Job read = jobFromJson(toJson(job));
+    EXPECT_EQ(read.password, "heslo");
+    const batch::MappingScope scope = requestOf(read).scope;
+    EXPECT_EQ(scope.tolerance, 2.5);
+    EXPECT_TRUE(scope.gradients);
+    EXPECT_FALSE(scope.patterns);
+    EXPECT_TRUE(scope.mayBeMissing);
+}
+
+TEST(Plan, IsReadInEveryVersionThatIsKnown) {
+    Job job;
+    job.plan = json::parse(toJson({{1, 12, gradient()}}).dump());
+    EXPECT_EQ(job.plan.at("version"), kListingVersion);
+    job.plan.erase("version");
+    EXPECT_NO_THROW(requestOf(job));
+    for (const json& version : {json(kListingVersion + 1), json(0), json("1"), json(1.5)}) {
+        job.plan["version"] = version;
+        EXPECT_THROW(requestOf(job), ParseError) << version;
+    }
+}
+
 TEST(Plan, RefusesWhatIsNotAPlan) {
     for (const char* const plan :
          {"[]", "{}", R"({"rows":3})", R"({"rows":[3]})", R"({"rows":[{"new":"none"}]})",

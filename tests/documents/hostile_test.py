@@ -215,6 +215,19 @@ class Parts:
             self.assertEqual([each.name for each in self.folder.iterdir()], [self.file.name])
             self.assertEqual(self.file.read_bytes(), signed)
 
+    def test_a_signature_is_dropped_on_request(self):
+        signed = package_of([*self.entries, (self.signature, b"<a/>")])
+        self.file.write_bytes(signed)
+        results = []
+        for content in (signed, self.bytes):
+            self.file.write_bytes(content)
+            output = self.folder / f"new{self.file.suffix}"
+            done = huebrush("recolor", self.file, "-o", output, "--row", "1=#123456",
+                            "--through", "documents", "--drop-signature")
+            self.assertEqual((done.returncode, done.stderr), (0, ""))
+            results.append(dict(entries_of(output)))
+        self.assertEqual(results[0], results[1])
+
 
 class Word(Document):
     example = "town.docx"
@@ -255,7 +268,8 @@ class PackagesOfOdf(Packages, Odf, unittest.TestCase):
             b"<manifest:file-entry manifest:full-path='x' manifest:media-type=''>"
             b"<manifest:encryption-data/></manifest:file-entry></manifest:manifest>")
         self.assertIn(b"encryption-data", manifest)
-        self.assert_refused(self.replaced("META-INF/manifest.xml", manifest), "is encrypted")
+        self.assert_refused(self.replaced("META-INF/manifest.xml", manifest),
+                            "is protected by a password")
 
 
 class PartsOfOdf(Parts, Odf, unittest.TestCase):

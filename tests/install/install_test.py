@@ -6,12 +6,17 @@ import os
 import pathlib
 import re
 import subprocess
+import sys
 import tempfile
 import unittest
 import zipfile
 from xml.etree import ElementTree
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
+sys.path.insert(0, str(ROOT / "tests"))
+
+from command_help import every_command, options_in  # noqa: E402
+
 CMAKE = os.environ["HUEBRUSH_CMAKE"]
 BUILD = os.environ["HUEBRUSH_BUILD"]
 EXTENSION = f"{os.environ['HUEBRUSH_LIBDIR']}/huebrush/extension/huebrush"
@@ -52,8 +57,12 @@ class Installed(unittest.TestCase):
                         "icon.png", "icons/101_16.png", "META-INF/manifest.xml"},
             "share/huebrush": {"huebrush.oxt"},
             "share/man/man1": {"huebrush.1"},
+            "share/bash-completion/completions": {"huebrush"},
+            "share/zsh/site-functions": {"_huebrush"},
+            "share/fish/vendor_completions.d": {"huebrush.fish"},
             documents: {"LICENSE", "CHANGELOG.md", "docs/manual.md", "docs/manual.cs.md",
-                        "docs/images/about.png", "docs/images/palette-load.png"},
+                        "docs/huebrush.schema.json", "docs/images/about.png",
+                        "docs/images/palette-load.png"},
         }
         for folder, files in parts.items():
             self.assertLessEqual(files, self.files_in(folder), folder)
@@ -62,7 +71,8 @@ class Installed(unittest.TestCase):
         self.assertEqual(outside, [])
 
     def test_the_program_finds_the_extension_that_was_installed_with_it(self):
-        listing = json.loads(self.program("fills", str(ROOT / "examples/town.odt"), "--json"))
+        listing = json.loads(self.program("fills", str(ROOT / "examples/town.odt"), "--json",
+                                          "--through", "office"))
         self.assertGreater(len(listing["rows"]), 5)
 
     def test_program_extension_manual_page_and_changelog_are_of_one_version(self):
@@ -75,20 +85,12 @@ class Installed(unittest.TestCase):
         self.assertEqual(re.search(r"^## (\S+)", changes, re.MULTILINE)[1], version)
 
     def test_the_manual_page_has_every_command_and_option_and_no_other(self):
-        def options_in(text):
-            return set(re.findall(r"(?<![\w-])--[a-z][a-z-]*", text))
-
         page = (self.prefix / "share/man/man1/huebrush.1").read_text(encoding="utf-8")
         page = page.replace("\\-", "-")
-        known, commands = set(), [[]]
-        while commands:
-            command = commands.pop()
-            text = self.program(*command, "--help")
+        known = set()
+        for path, text, _ in every_command(lambda path: self.program(*path, "--help")):
             known |= options_in(text)
-            _, _, listed = text.partition("\nSubcommands:\n")
-            for name in re.findall(r"^  (\w+)", listed, re.MULTILINE):
-                commands.append([*command, name])
-                self.assertRegex(page, rf'{" ".join(commands[-1])}\b')
+            self.assertRegex(page, rf'{" ".join(path)}\b')
         self.assertIn("--map", known)
         self.assertEqual(options_in(page), known)
 

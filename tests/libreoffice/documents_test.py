@@ -22,6 +22,8 @@ ROOT = Path(__file__).resolve().parents[2]
 sys.path.insert(0, str(ROOT / "tools"))
 sys.path.insert(0, str(ROOT / "tests" / "libreoffice"))
 
+import uno  # noqa: E402
+from com.sun.star.beans import NamedValue  # noqa: E402
 from office import store_anew  # noqa: E402
 from private_office import FILTERS, PrivateOffice, file_url, properties  # noqa: E402
 import normal_form  # noqa: E402
@@ -384,6 +386,136 @@ class ListingAndPlans(OnDocuments):
             self.assertEqual([r["shapes"] for r in matching], [row["shapes"]], kind)
 
 
+class Passwords(OnDocuments):
+    """Encrypted documents are opened with their password, and what is written has it, too."""
+
+    @classmethod
+    def setUpClass(cls):
+        super().setUpClass()
+        cls.odt, cls.docx = cls.folder / "secret.odt", cls.folder / "secret.docx"
+        with PrivateOffice() as office:
+            document = office.load(cls.town)
+            document.storeToURL(file_url(cls.odt),
+                                properties(FilterName="writer8", Password="heslo"))
+            encryption = tuple(NamedValue(*each) for each in (("CryptoType", "Standard"),
+                                                              ("OOXPassword", "heslo")))
+            document.storeToURL(file_url(cls.docx), properties(
+                FilterName=FILTERS[".docx"],
+                EncryptionData=uno.Any("[]com.sun.star.beans.NamedValue", encryption)))
+            document.close(True)
+        cls.password = cls.folder / "password"
+        cls.password.write_text("heslo\n")
+        cls.wrong = cls.folder / "wrong"
+        cls.wrong.write_text("jiné")
+
+    def run_without_an_office(self, *arguments):
+        return subprocess.run([PROGRAM, *map(str, arguments)], capture_output=True, text=True,
+                              env=dict(self.environment, HUEBRUSH_OFFICE="/nowhere"))
+
+    def test_without_it_nothing_is_opened(self):
+        self.assert_refused("is protected by a password", "fills", self.odt)
+        for document in (self.odt, self.docx):
+            done = self.run_without_an_office("fills", document)
+            self.assertEqual((done.returncode, done.stderr),
+                             (1, f"huebrush: {document} is protected by a password\n"))
+
+    def test_another_one_is_refused(self):
+        done = self.run_program("fills", self.odt, self.docx, "--password-file", self.wrong)
+        self.assertEqual(done.returncode, 1)
+        self.assertEqual(done.stderr.splitlines(),
+                         [f"huebrush: {document} is protected by another password"
+                          for document in (self.odt, self.docx)])
+
+    def test_a_file_without_one(self):
+        empty = self.folder / "empty"
+        empty.write_text("\n")
+        self.assert_refused("holds no password", "fills", self.odt, "--password-file", empty)
+        self.assert_refused("does not exist", "fills", self.odt, "--password-file",
+                            self.folder / "none")
+
+    def test_what_is_written_has_it(self):
+        results = self.folder / "results"
+        done = self.run_program("recolor", self.odt, self.docx, "--output-dir", results, "--map",
+                                f"{ROOFS}={BLUE}", "--password-file", self.password)
+        self.assertEqual((done.returncode, done.stderr), (0, ""))
+        written = (results / self.odt.name, results / self.docx.name)
+        for document in written:
+            done = self.run_without_an_office("fills", document)
+            self.assertIn("is protected by a password", done.stderr)
+        listed = self.run_program("fills", *written, "--password-file", self.password, "--json")
+        for document in json.loads(listed.stdout)["documents"]:
+            self.assertIn(0xC07000, [row["fill"]["ForeColorRGB"] for row in document["rows"]])
+
+    def test_a_format_that_cannot_have_one(self):
+        output = self.folder / "new.doc"
+        self.assert_refused("cannot store a .doc file with a password", "recolor", self.odt, "-o",
+                            output, "--map", f"{ROOFS}={BLUE}", "--password-file", self.password)
+        self.assertFalse(output.exists())
+
+    def test_documents_without_one_are_not_given_one(self):
+        output = self.folder / "open.odt"
+        done = subprocess.run([PROGRAM, "recolor", self.town, "-o", output, "--map",
+                               f"{ROOFS}={BLUE}", "--password-file", self.password],
+                              capture_output=True, text=True, env=self.environment)
+        self.assertEqual((done.returncode, done.stderr), (0, ""))
+        self.assertEqual(huebrush("fills", output, env=self.environment).returncode, 0)
+
+
+class ManyDocuments(OnDocuments):
+    """A call over many documents has one office for those that need one."""
+
+    def test_one_office_does_all(self):
+        documents = self.folder / "documents"
+        documents.mkdir()
+        with PrivateOffice() as office:
+            office.convert(self.town, documents / "a.doc")
+        shutil.copy(documents / "a.doc", documents / "c.doc")
+        shutil.copy(self.town, documents / "d.odt")
+        (documents / "b.doc").write_bytes(b"PK\x03\x04 and nothing else")
+        starts = self.folder / "starts"
+        office = self.folder / "office"
+        office.write_text(f"#!/bin/sh\necho started >>'{starts}'\nexec "
+                          f"'{shutil.which('soffice')}' \"$@\"\n")
+        office.chmod(0o755)
+        results = self.folder / "results"
+        done = subprocess.run(
+            [PROGRAM, "recolor", "-r", documents, "--output-dir", results, "--map",
+             f"{ROOFS}={BLUE}"], capture_output=True, text=True, timeout=LIMIT,
+            env=dict(self.environment, HUEBRUSH_OFFICE=str(office)))
+        self.assertEqual(done.returncode, 1)
+        self.assertEqual(done.stderr.splitlines(),
+                         [f"huebrush: LibreOffice cannot open the document {documents}/b.doc"])
+        self.assertEqual(done.stdout.splitlines(), [
+            *(f"{documents}/{name}: 14 of 428 shapes recoloured; wrote {results}/{name}"
+              for name in ("a.doc", "c.doc", "d.odt")), "3 documents done, 1 failed"])
+        self.assertEqual(starts.read_text(), "started\n")
+        self.assert_nothing_left()
+        self.assertEqual(sorted(each.name for each in results.iterdir()),
+                         ["a.doc", "c.doc", "d.odt"])
+        for name in ("a.doc", "c.doc"):
+            self.assertIn(BLUE.upper(), self.run_program("fills", results / name).stdout)
+
+    def test_a_dry_run_through_the_office_writes_nothing(self):
+        before = sorted(each.name for each in self.folder.iterdir())
+        done = self.run_program("recolor", self.town, "--dry-run", "--map", f"{ROOFS}={BLUE}")
+        self.assertEqual((done.returncode, done.stderr), (0, ""))
+        self.assertIn("14 of 428 shapes would be recoloured", done.stdout)
+        self.assertEqual(sorted(each.name for each in self.folder.iterdir()), before)
+        self.assert_nothing_left()
+
+    def test_what_the_maps_change_is_the_same_as_without_an_office(self):
+        more = ("--map", "#C10101=#0070C0", "--tolerance", "1", "--map", "#4C7A3A=#112233",
+                "--map", "#F0C75E=#445566", "--also", "gradients,patterns",
+                "--map", "#010203=#445566", "--ignore-missing")
+        by_office = self.run_program("recolor", self.town, "--dry-run", "--json", *more)
+        self.assertEqual(by_office.returncode, 0, by_office.stderr)
+        alone = subprocess.run([PROGRAM, "recolor", self.town, "--dry-run", "--json", *more],
+                               capture_output=True, text=True)
+        self.assertEqual(json.loads(by_office.stdout)["changed"],
+                         json.loads(alone.stdout)["changed"])
+        self.assertGreater(json.loads(alone.stdout)["changed"], 14)
+
+
 class BadInput(OnDocuments):
     def test_a_missing_file(self):
         self.assert_refused("does not exist", "fills", self.folder / "none.odt")
@@ -398,15 +530,6 @@ class BadInput(OnDocuments):
             path.write_bytes(data)
             with self.subTest(name):
                 self.assert_refused("document", "fills", path)
-
-    def test_a_password(self):
-        path = self.folder / "secret.odt"
-        with PrivateOffice() as office:
-            document = office.load(self.town)
-            document.storeToURL(file_url(path),
-                                properties(FilterName="writer8", Password="heslo"))
-            document.close(True)
-        self.assert_refused("password", "fills", path)
 
     def test_an_encrypted_package_of_word(self):
         path = self.folder / "secret.docx"
@@ -448,10 +571,12 @@ class BadInput(OnDocuments):
             document.Text.String = "Bez tvarů"
             office.store(document, path)
             document.close(True)
-        self.assert_refused("no drawing shapes", "fills", path)
+        done = self.run_program("fills", path)
+        self.assertEqual((done.returncode, done.stdout, done.stderr),
+                         (0, "no drawing shapes\n", ""))
         output = self.folder / "bare-out.odt"
-        self.assert_refused("no drawing shapes", "recolor", path, "-o", output, "--map",
-                            f"{ROOFS}={BLUE}")
+        self.assert_refused("no solid fill in the document has the colour", "recolor", path, "-o",
+                            output, "--map", f"{ROOFS}={BLUE}")
         self.assertFalse(output.exists())
 
     def test_an_output_that_cannot_be_written(self):

@@ -7,11 +7,16 @@ import os
 import re
 import shlex
 import subprocess
+import sys
 import tempfile
 import unittest
 from pathlib import Path
 
 ROOT = Path(__file__).resolve().parents[2]
+sys.path.insert(0, str(ROOT / "tests"))
+
+from command_help import every_command, options_in  # noqa: E402
+
 PROGRAM = os.environ["HUEBRUSH_PROGRAM"]
 LIMIT = 60
 NOT_UNDERSTOOD = 2
@@ -120,10 +125,6 @@ def commands_in(text):
         yield words[1:] if words[0] == "huebrush" else words
 
 
-def options_in(text):
-    return set(re.findall(r"(?<![\w-])--[a-z][a-z-]*", text))
-
-
 class Program:
     """The program, in an empty folder and without an office."""
 
@@ -150,14 +151,8 @@ class Program:
 
     def options(self):
         """The options of all commands."""
-        known, commands = set(), [[]]
-        while commands:
-            command = commands.pop()
-            text = self.run(*command, "--help").stdout
-            known |= options_in(text)
-            _, _, listed = text.partition("\nSubcommands:\n")
-            commands += [[*command, name] for name in re.findall(r"^  (\w+)", listed, re.MULTILINE)]
-        return known
+        commands = every_command(lambda path: self.run(*path, "--help").stdout)
+        return set().union(*(options_in(text) for _, text, _ in commands))
 
 
 class InAFolder(unittest.TestCase):

@@ -132,7 +132,8 @@ int runPaletteSave(const PaletteOptions& options) {
         files.create(target);
     }
 
-    const Listing listing = listFills(options.document, Through::whicheverSuffices, !options.json);
+    DocumentJobs jobs(Through::whicheverSuffices);
+    const Listing listing = listFills(options.document, jobs, !options.json);
     if (listing.failed) return ExitCode::kFailed;
     const Saved saved = savedFrom(listing.listing.at("rows"));
     if (saved.fills.empty()) throw Failure(options.document + " has no fill that can be kept");

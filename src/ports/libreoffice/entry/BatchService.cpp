@@ -57,10 +57,12 @@ class ChannelWriter {
 
 /// Reads the stored file and compares it with what was to be stored.
 batch::StoredResult readBack(const ContextReference& context, Application& application,
-                             const batch::StoredFills& given, const protocol::Job& job) {
+                             const batch::StoredFills& given, const DocumentSource& place,
+                             bool isEncrypted) {
+    if (isEncrypted) requireEncrypted(context, place);
     std::optional<TextDocumentFile> stored;
     try {
-        stored.emplace(context, job.output, job.name, job.outputUrl);
+        stored.emplace(context, place);
     } catch (const FileError&) {
         throw FileError("LibreOffice cannot read back the result that it has stored");
     }
@@ -76,7 +78,7 @@ ordered_json work(const ContextReference& context, const protocol::Job& job,
     const forms::RuntimeScope scope(runtime);
     runtime.UnhandledError.connect(&error::reportUnhandled);
 
-    const TextDocumentFile file(context, job.input, job.name, job.inputUrl);
+    const TextDocumentFile file(context, {job.input, job.name, job.inputUrl, job.password});
     const HandlerScope handler(application.snapshot());
     batch::Session session(
         application, application.Documents().documentOf(file.model()),
@@ -89,30 +91,39 @@ ordered_json work(const ContextReference& context, const protocol::Job& job,
         result = protocol::toJson(session.recolor(protocol::requestOf(job)));
         const batch::StoredFills given = session.givenFills();
         application.snapshot()->invalidate();
-        file.storeTo(job.output, job.filter, job.outputUrl);
-        result["stored"] = protocol::toJson(readBack(context, application, given, job));
+        file.storeTo({job.output, job.filter, job.outputUrl});
+        result["stored"] = protocol::toJson(
+            readBack(context, application, given,
+                     {job.output, job.name, job.outputUrl, job.password}, file.isEncrypted()));
     }
     return protocol::message::result(std::move(result), runtime.messages());
 }
 
-void doJob(const ContextReference& context, const std::string& jobFile) {
-    std::ifstream stream(jobFile);
-    const protocol::Job job = protocol::jobFromJson(nlohmann::json::parse(stream));
-    ChannelWriter channel(job.channel);
-    channel.send(protocol::message::started());
-    ordered_json last;
+ordered_json answerTo(const ContextReference& context, const std::string& jobFile,
+                      ChannelWriter& channel) {
     try {
-        last = work(context, job, channel);
+        std::ifstream stream(jobFile);
+        const protocol::Job job = protocol::jobFromJson(nlohmann::json::parse(stream));
+        return work(context, job, channel);
     } catch (...) {
-        last = protocol::message::failure(currentFailure().description());
+        return protocol::message::failure(currentFailure().description());
     }
-    channel.send(last);
+}
+
+/// Does the jobs whose files the program names, until it closes the pipe.
+void doJobs(const ContextReference& context, const std::string& folder) {
+    std::ifstream jobs(folder + "/" + protocol::pipe::kJobs);
+    ChannelWriter channel(folder + "/" + protocol::pipe::kMessages);
+    channel.send(protocol::message::started());
+    for (std::string jobFile; std::getline(jobs, jobFile);) {
+        channel.send(answerTo(context, jobFile, channel));
+    }
 }
 
 }  // namespace
 
-void SAL_CALL BatchService::trigger(const rtl::OUString& jobFile) {
-    error::ignoring([&] { doJob(context_, fromOffice(jobFile)); });
+void SAL_CALL BatchService::trigger(const rtl::OUString& folder) {
+    error::ignoring([&] { doJobs(context_, fromOffice(folder)); });
     error::ignoring([&] {
         // Not from within the call: the office is still starting.
         postToMainThread(context_, [context = context_] {

@@ -8,6 +8,7 @@
 #include <com/sun/star/uno/Sequence.hxx>
 #include <initializer_list>
 #include <string_view>
+#include <vector>
 
 #include "ports/libreoffice/uno/Text.h"
 
@@ -24,6 +25,10 @@ inline com::sun::star::beans::PropertyValue property(std::string_view name,
 inline PropertyValues properties(
     std::initializer_list<com::sun::star::beans::PropertyValue> values) {
     return {values.begin(), static_cast<sal_Int32>(values.size())};
+}
+
+inline PropertyValues properties(const std::vector<com::sun::star::beans::PropertyValue>& values) {
+    return {values.data(), static_cast<sal_Int32>(values.size())};
 }
 
 /// The value named `name`, or an empty Any.
