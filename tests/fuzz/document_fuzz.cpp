@@ -118,7 +118,7 @@ void recolour(const std::string& bytes, std::uint8_t choice) {
     for (std::size_t i = 0; i < before.size(); ++i) {
         if (before[i]->name != after[i]->name) fail("another name");
         if (before[i]->canHaveFill != after[i]->canHaveFill) fail("another kind of shape");
-        if (before[i]->canHaveFill && !isAsWanted(fill, after[i]->fill.host)) fail("another fill");
+        if (before[i]->canHaveFill && !isAsWanted(fill, after[i]->fill->host)) fail("another fill");
     }
     if (documents::isPackage(bytes)) requireOthersKept(bytes, changed);
 }

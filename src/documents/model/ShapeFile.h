@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <map>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -13,13 +14,16 @@
 
 namespace huebrush::documents {
 
+/// A fill as many shapes of a document may have it: it is kept once.
+using SharedFill = std::shared_ptr<const mapping::KnownFill>;
+
 /// A shape, or a group of them, as a document has it.
 struct ShapeRecord {
     /// The name in the document; it may be empty, and others may have the same.
     std::string name;
     host::MsoShapeType type = host::MsoShapeType::msoAutoShape;
     bool canHaveFill = true;
-    mapping::KnownFill fill;
+    SharedFill fill;  ///< nothing where it cannot have one
     bool lineVisible = false;
     std::int32_t lineColor = 0;  ///< red in the low byte
     /// Of a group, in the order from back to front.

@@ -227,7 +227,8 @@ const OdfFile::Look& OdfFile::lookOf(const StyleNames& names) {
     const auto known = looks_.find(names);
     if (known != looks_.end()) return known->second;
     const Properties properties = styles_->propertiesOf(names);
-    return looks_[names] = {reader_->fillOf(properties), lineOf(properties)};
+    return looks_[names] = {std::make_shared<const mapping::KnownFill>(reader_->fillOf(properties)),
+                            lineOf(properties)};
 }
 
 ShapeRecord OdfFile::recordOf(const FoundShape& found) {
@@ -267,16 +268,17 @@ std::string OdfFile::with(const NewFills& fills) const {
     StyleChanges styles(*styles_, definitions);
     for (const auto& [number, wanted] : fills) {
         const Shape& shape = byNumber_.at(number);
+        if (!shape.fill) continue;
         const std::string texture = wanted.picture.empty()
-                                        ? shape.fill.office.bitmapName
+                                        ? shape.fill->office.bitmapName
                                         : mapping::nameOfFile(bytesOf(wanted.picture));
-        const auto target = targetFor(wanted.fill, shape.fill, texture);
+        const auto target = targetFor(wanted.fill, *shape.fill, texture);
         std::string picture = wanted.picture;
         if (target.picture) {
             const auto tile = mapping::bitmapFileOf(tileOf(*target.picture));
             picture.assign(tile.begin(), tile.end());
         }
-        const StyleNames names = styles.with(shape.styles, shape.fill, target, picture);
+        const StyleNames names = styles.with(shape.styles, *shape.fill, target, picture);
         const std::string_view prefix = prefixOf(content_->writtenName(shape.element));
         setAttribute(*content_, content, shape.element, kDraw, withPrefix(prefix, "style-name"),
                      names.graphic);

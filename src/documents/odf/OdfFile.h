@@ -33,10 +33,10 @@ class OdfFile final : public ShapeFile {
     struct Shape {
         ElementId element;
         StyleNames styles;
-        mapping::KnownFill fill;
+        SharedFill fill;
     };
     struct Look {
-        mapping::KnownFill fill;
+        SharedFill fill;
         Line line;
     };
     class Pictures;

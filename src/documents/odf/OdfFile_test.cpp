@@ -63,7 +63,7 @@ const ShapeRecord& onlyShape(const OdfFile& file) {
 
 mapping::HostFill fillOf(const Parts& parts) {
     const OdfFile file(flat(parts));
-    return onlyShape(file).fill.host;
+    return onlyShape(file).fill->host;
 }
 
 mapping::HostFill solid(std::int32_t color) {
@@ -147,7 +147,7 @@ TEST(OdfFills, OfGradientsTakeAnglesAsTheirWriterMeantThem) {
                        R"("/>)"),
                   style("gr1", R"(draw:fill="gradient" draw:fill-gradient-name="G")"),
                   rectangle(R"(draw:style-name="gr1")"), generator}));
-        return onlyShape(file).fill.office.gradient.angle;
+        return onlyShape(file).fill->office.gradient.angle;
     };
     EXPECT_EQ(angleIn("90deg", "LibreOffice/7.4"), 900);
     EXPECT_EQ(angleIn("90", "LibreOffice/7.4"), 900);
@@ -192,8 +192,8 @@ TEST(OdfChanges, OfOneShapeLeaveAllThatOthersUse) {
     const OdfFile file(document);
     const std::string changed = file.with({{0, {solid(kBlue)}}});
     const OdfFile again(changed);
-    EXPECT_EQ(again.shapes()[0].fill.host, solid(kBlue));
-    EXPECT_EQ(again.shapes()[1].fill.host, solid(kRed));
+    EXPECT_EQ(again.shapes()[0].fill->host, solid(kBlue));
+    EXPECT_EQ(again.shapes()[1].fill->host, solid(kRed));
     // What was added and what replaced a name, and nothing else.
     std::string expected = document;
     const std::string added =
@@ -214,7 +214,7 @@ TEST(OdfChanges, ReachTheTextsStyleAndShapesWithoutAny) {
             flat({style("Common", R"(draw:fill="none")"),
                   style("gr1", R"(draw:fill="none")") + text, rectangle(shape)});
         const OdfFile again(recoloured(document, solid(kBlue)));
-        EXPECT_EQ(onlyShape(again).fill.host, solid(kBlue)) << shape;
+        EXPECT_EQ(onlyShape(again).fill->host, solid(kBlue)) << shape;
     }
 }
 
@@ -241,7 +241,7 @@ TEST(OdfChanges, OfEveryKindComeBack) {
             recoloured(flat({{}, {}, rectangle(R"(draw:name="a")")}), before);
         for (const mapping::HostFill& fill : fills) {
             const OdfFile again(recoloured(document, fill));
-            EXPECT_EQ(propertiesOf(onlyShape(again).fill.host), propertiesOf(fill))
+            EXPECT_EQ(propertiesOf(onlyShape(again).fill->host), propertiesOf(fill))
                 << static_cast<int>(before.type) << " to " << static_cast<int>(fill.type);
         }
     }
@@ -295,7 +295,7 @@ TEST(OdfPackages, GetTheirPicturesAndTheList) {
     EXPECT_TRUE(picture.starts_with("Pictures/") && picture.ends_with(".bmp")) << picture;
     EXPECT_NE(changed.read("META-INF/manifest.xml").find(picture), std::string::npos);
     const OdfFile again{Package(changed.bytes())};
-    EXPECT_EQ(onlyShape(again).fill.host.pattern, 41);
+    EXPECT_EQ(onlyShape(again).fill->host.pattern, 41);
 }
 
 TEST(OdfPackages, AreRefusedWhenTheyAreEncryptedOrSigned) {

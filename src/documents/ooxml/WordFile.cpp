@@ -276,9 +276,9 @@ ShapeRecord WordFile::recordOf(Part& part, const FoundNode& node) {
     record.canHaveFill = shape.canHaveFill;
     if (shape.isControl) record.type = host::MsoShapeType::msoFormControl;
     if (shape.canHaveFill) {
-        record.fill = shape.place.isVml
-                          ? vmlFill(outline, shape.place.vml, pictures)
-                          : drawingFill(outline, shape.place.drawing, theme_, pictures);
+        record.fill = std::make_shared<const mapping::KnownFill>(
+            shape.place.isVml ? vmlFill(outline, shape.place.vml, pictures)
+                              : drawingFill(outline, shape.place.drawing, theme_, pictures));
     }
     std::optional<std::int32_t> line;
     if (shape.place.isVml) {
@@ -317,8 +317,8 @@ void WordFile::write(Part& part, const NewFills& fills, AddedPictures& pictures,
     const PartChanges context{*part.outline, splices, pictures, isStrict};
     for (const Part::Shape& shape : part.shapes) {
         const auto wanted = fills.find(shape.number);
-        if (wanted == fills.end()) continue;
-        const FillChange change = changeTo(wanted->second, fills_[shape.number]);
+        if (wanted == fills.end() || !fills_[shape.number]) continue;
+        const FillChange change = changeTo(wanted->second, *fills_[shape.number]);
         const auto writeAt = [&](const FillPlace& place) {
             if (place.isVml) {
                 writeVmlFill(context, place.vml, change);

@@ -44,7 +44,7 @@ class WordFile final : public ShapeFile {
     std::vector<std::unique_ptr<Part>> parts_;
     std::vector<ShapeRecord> shapes_;
     /// By number: what is known of a shape's fill.
-    std::vector<mapping::KnownFill> fills_;
+    std::vector<SharedFill> fills_;
 };
 
 /// Whether the package is one of such a document.

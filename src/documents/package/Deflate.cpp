@@ -5,6 +5,7 @@
 #include <zlib.h>
 
 #include <algorithm>
+#include <array>
 #include <limits>
 
 #include "documents/package/DocumentError.h"
@@ -17,6 +18,7 @@ namespace {
 constexpr int kRaw = -MAX_WBITS;
 constexpr int kLevel = 6;
 constexpr int kMemory = 8;
+constexpr uInt kPiece = 1U << 16U;
 
 /// zlib reads through a pointer that is not const, and writes nothing there.
 Bytef* input(std::string_view bytes) {
@@ -49,22 +51,21 @@ std::string deflated(std::string_view bytes) {
     if (deflateInit2(stream.get(), kLevel, Z_DEFLATED, kRaw, kMemory, Z_DEFAULT_STRATEGY) != Z_OK) {
         throw DocumentError("cannot be compressed: there is not enough memory");
     }
-    std::string out(deflateBound(stream.get(), static_cast<uLong>(bytes.size())), '\0');
+    // As large as the bytes is far too large for what documents become.
+    std::string out;
+    std::array<char, kPiece> piece{};
     std::size_t read = 0;
-    std::size_t written = 0;
     int state = Z_OK;
     while (state != Z_STREAM_END) {
         stream->next_in = input(bytes.substr(read));
         stream->avail_in = pieceOf(bytes.size() - read);
-        stream->next_out = reinterpret_cast<Bytef*>(out.data() + written);
-        stream->avail_out = pieceOf(out.size() - written);
+        stream->next_out = reinterpret_cast<Bytef*>(piece.data());
+        stream->avail_out = kPiece;
         const uInt given = stream->avail_in;
-        const uInt room = stream->avail_out;
         state = deflate(stream.get(), read + given == bytes.size() ? Z_FINISH : Z_NO_FLUSH);
         read += given - stream->avail_in;
-        written += room - stream->avail_out;
+        out.append(piece.data(), kPiece - stream->avail_out);
     }
-    out.resize(written);
     return out;
 }
 

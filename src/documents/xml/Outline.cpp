@@ -5,6 +5,7 @@
 #include <expat.h>
 
 #include <algorithm>
+#include <cstring>
 #include <limits>
 #include <memory>
 #include <unordered_map>
@@ -19,7 +20,9 @@ using base::text;
 
 namespace {
 
-constexpr std::string_view kBlanks = " \t\r\n";
+bool isBlank(char each) {
+    return each == ' ' || each == '\t' || each == '\r' || each == '\n';
+}
 
 /// The parts of a name with or without prefix.
 std::pair<std::string_view, std::string_view> split(std::string_view name) {
@@ -88,7 +91,7 @@ std::string resolved(std::string_view value) {
             value.remove_prefix(end + 1);
             continue;
         }
-        out += kBlanks.find(first) == std::string_view::npos ? first : ' ';
+        out += isBlank(first) ? ' ' : first;
         value.remove_prefix(1);
     }
     return out;
@@ -135,8 +138,8 @@ class OutlineParser {
             refuse("is in an encoding of two bytes a character");
         }
         if (text.size() >= std::numeric_limits<std::int32_t>::max()) refuse("is too large");
-        const XML_Status status =
-            XML_Parse(parser_.get(), text.data(), static_cast<int>(text.size()), XML_TRUE);
+        outline_.elements_.reserve(text.size() / kBytesPerElement);
+        const XML_Status status = parsePieces(text);
         if (!problem_.empty()) refuse(problem_);
         if (status != XML_STATUS_OK) {
             refuse(base::text("is not well-formed XML in line ",
@@ -148,6 +151,25 @@ class OutlineParser {
 
  private:
     static constexpr std::size_t kEncodingSeen = 4;
+    /// Less than most documents have, so that their elements are seldom moved.
+    static constexpr std::size_t kBytesPerElement = 48;
+
+    /// expat copies what it is given: in pieces it needs less room, and they stay in the cache.
+    /// There are few of them, because it reads a tag again that goes over several.
+    XML_Status parsePieces(std::string_view text) {
+        constexpr std::size_t kSmallest = std::size_t{1} << 18U;
+        constexpr std::size_t kMost = 16;
+        const std::size_t most = std::max(kSmallest, text.size() / kMost + 1);
+        for (;;) {
+            const std::string_view piece = text.substr(0, most);
+            const bool isLast = piece.size() == text.size();
+            const XML_Status status =
+                XML_Parse(parser_.get(), piece.data(), static_cast<int>(piece.size()),
+                          isLast ? XML_TRUE : XML_FALSE);
+            if (isLast || status != XML_STATUS_OK) return status;
+            text.remove_prefix(piece.size());
+        }
+    }
 
     [[noreturn]] void refuse(std::string_view what) const {
         throw DocumentError(base::text("is damaged: ", outline_.name_, " ", what));
@@ -205,8 +227,9 @@ class OutlineParser {
     bool declare(ElementId id, const XML_Char** attributes) {
         bool declares = false;
         for (; *attributes != nullptr; attributes += 2) {
+            constexpr std::string_view kStart = "xmlns";
+            if (std::strncmp(attributes[0], kStart.data(), kStart.size()) != 0) continue;
             const std::string_view name(attributes[0]);
-            if (!name.starts_with("xmlns")) continue;
             const auto [prefix, local] = split(name);
             if (!prefix.empty() ? prefix != "xmlns" : local != "xmlns") continue;
             const std::string declared(prefix.empty() ? std::string_view() : local);
@@ -219,8 +242,9 @@ class OutlineParser {
     }
 
     void forget(ElementId id) {
-        for (auto& [prefix, bound] : prefixes_) {
-            while (!bound.empty() && bound.back().first == id) bound.pop_back();
+        for (const auto& each : outline_.declarationsOf(id)) {
+            auto& bound = prefixes_.at(each.prefix);
+            if (!bound.empty() && bound.back().first == id) bound.pop_back();
         }
     }
 
@@ -284,43 +308,62 @@ ByteRange Outline::contentOf(ElementId element) const {
 
 std::string_view Outline::writtenName(ElementId element) const {
     const std::string_view tag = textOf(startTagOf(element)).substr(1);
-    return tag.substr(0, tag.find_first_of(" \t\r\n/>"));
+    const auto* const end = std::find_if(tag.begin(), tag.end(),
+                                         [](char c) { return isBlank(c) || c == '/' || c == '>'; });
+    return tag.substr(0, static_cast<std::size_t>(end - tag.begin()));
 }
 
-std::vector<Attribute> Outline::attributesOf(ElementId element) const {
+template <class Found>
+void Outline::eachAttribute(ElementId element, const Found& found) const {
     const ByteRange tag = startTagOf(element);
     const std::string_view all(text_);
-    std::vector<Attribute> found;
     std::size_t at = tag.begin + 1 + writtenName(element).size();
     for (;;) {
-        at = all.find_first_not_of(kBlanks, at);
-        if (at >= tag.end || all[at] == '/' || all[at] == '>') return found;
-        const std::size_t nameEnd = all.find_first_of(" \t\r\n=", at);
-        const std::size_t quote = all.find_first_of("'\"", nameEnd);
+        while (at < tag.end && isBlank(all[at])) ++at;
+        if (at >= tag.end || all[at] == '/' || all[at] == '>') return;
+        std::size_t nameEnd = at;
+        while (all[nameEnd] != '=' && !isBlank(all[nameEnd])) ++nameEnd;
+        std::size_t quote = nameEnd;
+        while (all[quote] != '"' && all[quote] != '\'') ++quote;
         const std::size_t end = all.find(all[quote], quote + 1);
         const auto [prefix, local] = split(all.substr(at, nameEnd - at));
-        found.push_back({{at, end + 1}, {quote + 1, end}, prefix, local});
+        if (found(Attribute{{at, end + 1}, {quote + 1, end}, prefix, local})) return;
         at = end + 1;
     }
 }
 
+std::vector<Attribute> Outline::attributesOf(ElementId element) const {
+    std::vector<Attribute> all;
+    eachAttribute(element, [&](const Attribute& each) {
+        all.push_back(each);
+        return false;
+    });
+    return all;
+}
+
 std::optional<std::string> Outline::attribute(ElementId element, std::string_view local) const {
-    for (const Attribute& each : attributesOf(element)) {
-        if (each.prefix.empty() && each.local == local) return resolved(textOf(each.value));
-    }
-    return {};
+    std::optional<std::string> value;
+    eachAttribute(element, [&](const Attribute& each) {
+        if (!each.prefix.empty() || each.local != local) return false;
+        value = resolved(textOf(each.value));
+        return true;
+    });
+    return value;
 }
 
 std::optional<Attribute> Outline::findAttribute(ElementId element, NamespaceId space,
                                                 std::string_view local) const {
-    for (const Attribute& each : attributesOf(element)) {
-        if (each.local != local) continue;
+    std::optional<Attribute> attribute;
+    eachAttribute(element, [&](const Attribute& each) {
+        if (each.local != local) return false;
         // An attribute without prefix is in no namespace.
         const NamespaceId own =
             each.prefix.empty() ? kOtherNamespace : spaceOfPrefix(element, each.prefix);
-        if (own == space && each.prefix.empty() == (space == kOtherNamespace)) return each;
-    }
-    return {};
+        if (own != space || each.prefix.empty() != (space == kOtherNamespace)) return false;
+        attribute = each;
+        return true;
+    });
+    return attribute;
 }
 
 std::optional<std::string> Outline::attribute(ElementId element, NamespaceId space,
@@ -330,15 +373,22 @@ std::optional<std::string> Outline::attribute(ElementId element, NamespaceId spa
     return resolved(textOf(found->value));
 }
 
+std::span<const Outline::Declaration> Outline::declarationsOf(ElementId element) const {
+    const auto first =
+        std::lower_bound(declarations_.begin(), declarations_.end(), element,
+                         [](const Declaration& one, ElementId id) { return one.element < id; });
+    const auto last = std::find_if(first, declarations_.end(), [&](const Declaration& each) {
+        return each.element != element;
+    });
+    return {first, last};
+}
+
 template <class Found>
 void Outline::eachDeclaration(ElementId element, const Found& found) const {
     for (ElementId each = element; each != kNoElement; each = elements_[each].parent) {
         if (!elements_[each].declares) continue;
-        auto declaration =
-            std::lower_bound(declarations_.begin(), declarations_.end(), each,
-                             [](const Declaration& one, ElementId id) { return one.element < id; });
-        for (; declaration != declarations_.end() && declaration->element == each; ++declaration) {
-            if (found(*declaration)) return;
+        for (const Declaration& declaration : declarationsOf(each)) {
+            if (found(declaration)) return;
         }
     }
 }

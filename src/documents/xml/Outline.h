@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -110,6 +111,10 @@ class Outline {
         NamespaceId space;
     };
 
+    std::span<const Declaration> declarationsOf(ElementId element) const;
+    /// Calls `found` for the attributes of an element until it returns true.
+    template <class Found>
+    void eachAttribute(ElementId element, const Found& found) const;
     /// Calls `found` for the declarations in force in an element, the innermost first, until it
     /// returns true.
     template <class Found>

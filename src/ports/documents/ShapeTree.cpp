@@ -51,7 +51,7 @@ NodePointer ShapeTree::nodeOf(const ShapeRecord& record, NodePointer node) {
     }
     node->type = record.type;
     node->canHaveFill = record.canHaveFill;
-    node->fill = record.fill.host;
+    if (record.fill) node->fill = record.fill->host;
     node->lineVisible = record.lineVisible;
     node->lineColor = record.lineColor;
     if (!record.isGroup()) node->number = record.number;
