@@ -204,6 +204,32 @@ TEST(OdfChanges, OfOneShapeLeaveAllThatOthersUse) {
     EXPECT_EQ(changed, expected);
 }
 
+TEST(OdfChanges, DeclareAPrefixThatMeansSomethingElseThereUnderAnotherName) {
+    const std::string document = flat({{},
+                                       "<style:style style:name=\"gr1\" style:family=\"graphic\">"
+                                       "<style:graphic-properties xmlns:draw=\"urn:other\" "
+                                       "draw:fill=\"x\"/></style:style>",
+                                       rectangle(R"(draw:style-name="gr1")")});
+    const std::string changed = recoloured(document, solid(kBlue));
+    EXPECT_NE(changed.find("xmlns:draw1=\""), std::string::npos);
+    EXPECT_NE(changed.find(R"(draw:fill="x")"), std::string::npos);
+    EXPECT_EQ(onlyShape(OdfFile(changed)).fill->host, solid(kBlue));
+}
+
+TEST(OdfChanges, DeclareAPrefixOnceInADefinition) {
+    std::string document = flat({{}, {}, rectangle(R"(draw:name="plain")")});
+    const std::string styles = "<office:styles";
+    document.insert(document.find(styles) + styles.size(), " xmlns:draw=\"urn:other\"");
+    mapping::FillWrites writes;
+    writes.visible = MsoTriState::msoTrue;
+    writes.foreColor = kBlue;
+    writes.backColor = kRed;
+    writes.build = mapping::twoColorBuild(1, 2);
+    const mapping::HostFill gradient = edited(mapping::HostFill(), writes);
+    const OdfFile again(recoloured(document, gradient));
+    EXPECT_EQ(propertiesOf(onlyShape(again).fill->host), propertiesOf(gradient));
+}
+
 TEST(OdfChanges, ReachTheTextsStyleAndShapesWithoutAny) {
     const std::string text =
         R"(<style:style style:name="P1" style:family="paragraph"><loext:graphic-properties )"

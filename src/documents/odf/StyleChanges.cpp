@@ -3,6 +3,7 @@
 #include "documents/odf/StyleChanges.h"
 
 #include <array>
+#include <map>
 
 #include "base/Text.h"
 #include "documents/odf/Values.h"
@@ -35,6 +36,8 @@ constexpr UsualPrefix kUsual[] = {
     {kMemory, "huebrush", kMemoryAddress},
 };
 
+}  // namespace
+
 /// Names as they are written in some place, and the declarations that they need there.
 class Prefixes {
  public:
@@ -45,11 +48,7 @@ class Prefixes {
         // Attributes of a namespace need a prefix.
         if (known && !known->empty()) return withPrefix(*known, local);
         for (const UsualPrefix& each : kUsual) {
-            if (each.space != space) continue;
-            if (declared_.insert(space).second) {
-                declarations_ += text(" xmlns:", each.prefix, "=\"", each.address, "\"");
-            }
-            return withPrefix(each.prefix, local);
+            if (each.space == space) return withPrefix(declared(each), local);
         }
         return std::string(local);
     }
@@ -57,10 +56,24 @@ class Prefixes {
     const std::string& declarations() const { return declarations_; }
 
  private:
+    const std::string& declared(const UsualPrefix& usual) {
+        std::string& prefix = declared_[usual.space];
+        if (!prefix.empty()) return prefix;
+        prefix = usual.prefix;
+        // The document may have the usual one for something else, even in the same element.
+        for (int number = 1; at_.outline->isDeclared(at_.element, prefix); ++number) {
+            prefix = text(usual.prefix, number);
+        }
+        declarations_ += text(" xmlns:", prefix, "=\"", usual.address, "\"");
+        return prefix;
+    }
+
     Place at_;
-    std::set<NamespaceId> declared_;
+    std::map<NamespaceId, std::string> declared_;
     std::string declarations_;
 };
+
+namespace {
 
 std::string attribute(const std::string& name, std::string_view value) {
     return text(" ", name, "=\"", escaped(value), "\"");
@@ -219,9 +232,8 @@ std::string Definitions::freeName(std::string_view kind) const {
     }
 }
 
-std::string Definitions::add(std::string_view element, std::string_view name,
+std::string Definitions::add(Prefixes& prefixes, std::string_view element, std::string_view name,
                              const std::string& attributes, const std::string& content) {
-    Prefixes prefixes(styles_.commonStyles());
     std::string identifier = identifierOf(name);
     taken_.insert(identifier);
     std::string names = attribute(prefixes.name(kDraw, "name"), identifier);
@@ -247,9 +259,10 @@ std::string Definitions::gradient(const OfficeGradient& gradient) {
                                     draw("start-intensity", percentText(gradient.startIntensity)),
                                     draw("end-intensity", percentText(gradient.endIntensity)));
     const std::string stops = stopsOf(prefixes, gradient);
-    const std::string attributes = text(prefixes.declarations(), shape, colors);
+    const std::string attributes = shape + colors;
     std::string& identifier = added_[attributes + stops];
-    if (identifier.empty()) identifier = add("gradient", freeName("gradient"), attributes, stops);
+    if (identifier.empty())
+        identifier = add(prefixes, "gradient", freeName("gradient"), attributes, stops);
     return identifier;
 }
 
@@ -262,11 +275,11 @@ std::string Definitions::transparence(const OfficeGradient& gradient) {
     Prefixes prefixes(styles_.commonStyles());
     const std::string shape = shapeOf(prefixes, gradient);
     const std::string attributes =
-        text(prefixes.declarations(), shape,
-             attribute(prefixes.name(kDraw, "start"), opacityOf(gradient.startColor)),
+        text(shape, attribute(prefixes.name(kDraw, "start"), opacityOf(gradient.startColor)),
              attribute(prefixes.name(kDraw, "end"), opacityOf(gradient.endColor)));
     std::string& identifier = added_[text("opacity", attributes)];
-    if (identifier.empty()) identifier = add("opacity", freeName("transparency"), attributes, {});
+    if (identifier.empty())
+        identifier = add(prefixes, "opacity", freeName("transparency"), attributes, {});
     return identifier;
 }
 
@@ -276,14 +289,13 @@ std::string Definitions::hatch(const mapping::OfficeHatch& hatch) {
         return *same;
     }
     Prefixes prefixes(styles_.commonStyles());
-    const std::string shape =
+    const std::string attributes =
         text(attribute(prefixes.name(kDraw, "style"), nameOf(hatch.style)),
              attribute(prefixes.name(kDraw, "color"), colorText(hatch.color)),
              attribute(prefixes.name(kDraw, "distance"), lengthText(hatch.distance)),
              attribute(prefixes.name(kDraw, "rotation"), text(hatch.angle)));
-    const std::string attributes = text(prefixes.declarations(), shape);
     std::string& identifier = added_[text("hatch", attributes)];
-    if (identifier.empty()) identifier = add("hatch", freeName("hatch"), attributes, {});
+    if (identifier.empty()) identifier = add(prefixes, "hatch", freeName("hatch"), attributes, {});
     return identifier;
 }
 
@@ -297,7 +309,8 @@ std::string Definitions::image(const std::string& name, const std::string& bytes
     std::string& identifier = added_[text("image", name)];
     if (identifier.empty() && !bytes.empty()) {
         const NewPictures::Element element = pictures_.add(name, bytes);
-        identifier = add("fill-image", name, element.attributes, element.content);
+        Prefixes prefixes(styles_.commonStyles());
+        identifier = add(prefixes, "fill-image", name, element.attributes, element.content);
     }
     return identifier;
 }

@@ -14,6 +14,8 @@
 
 namespace huebrush::documents::odf {
 
+class Prefixes;
+
 /// Takes a picture into a document.
 class NewPictures {
  public:
@@ -58,8 +60,8 @@ class Definitions {
  private:
     template <class IsSame>
     std::optional<std::string> known(NameId kind, const IsSame& isSame) const;
-    std::string add(std::string_view element, std::string_view name, const std::string& attributes,
-                    const std::string& content);
+    std::string add(Prefixes& prefixes, std::string_view element, std::string_view name,
+                    const std::string& attributes, const std::string& content);
     std::string freeName(std::string_view kind) const;
 
     const Styles& styles_;

@@ -403,6 +403,15 @@ NamespaceId Outline::spaceOfPrefix(ElementId element, std::string_view prefix) c
     return space;
 }
 
+bool Outline::isDeclared(ElementId element, std::string_view prefix) const {
+    bool isDeclared = false;
+    eachDeclaration(element, [&](const Declaration& each) {
+        isDeclared = each.prefix == prefix;
+        return isDeclared;
+    });
+    return isDeclared;
+}
+
 std::optional<std::string> Outline::prefixFor(ElementId element, NamespaceId space) const {
     std::optional<std::string> prefix;
     eachDeclaration(element, [&](const Declaration& each) {

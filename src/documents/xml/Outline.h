@@ -89,6 +89,8 @@ class Outline {
 
     /// The namespace that a prefix stands for in an element.
     NamespaceId spaceOfPrefix(ElementId element, std::string_view prefix) const;
+    /// Whether a prefix stands for any namespace in an element.
+    bool isDeclared(ElementId element, std::string_view prefix) const;
     /// A prefix that stands for the namespace inside an element; nothing where there is none. An
     /// empty one stands for the namespace of names without prefix.
     std::optional<std::string> prefixFor(ElementId element, NamespaceId space) const;
