@@ -1,8 +1,8 @@
 #!/usr/bin/python3
 # SPDX-License-Identifier: MPL-2.0
 """Measures Huebrush against a Basic macro and a PyUNO script that do the same job, the recolour
-dialog in its window, the work on palette files against other readers, and the add-in for Word over
-a stand-in, and prints tables.
+dialog in its window, the work on palette files against other readers, the add-in for Word over a
+stand-in, and document files without an office, and prints tables.
 
     bench/run.py [--json FILE] [--shapes 250,1000,4000,16000] [--runs 3] [--documents-only]
 
@@ -22,6 +22,7 @@ ROOT = BENCH.parent
 sys.path[:0] = [str(BENCH), str(ROOT / "tools")]
 
 import dialog  # noqa: E402
+import documents  # noqa: E402
 import palettes  # noqa: E402
 import word  # noqa: E402
 from private_office import PrivateOffice  # noqa: E402
@@ -240,7 +241,7 @@ def main():
     parser.add_argument("--build", type=Path, default=ROOT / "build" / "release")
     parser.add_argument("--windows-build", type=Path, default=ROOT / "build" / "windows-x86_64")
     parser.add_argument("--documents-only", action="store_true",
-                        help="leave out the dialog, the logic alone, the palettes and Word")
+                        help="measure only documents in the office")
     arguments = parser.parse_args()
     sizes = [int(size) for size in arguments.shapes.split(",")]
     build, runs = arguments.build, arguments.runs
@@ -258,10 +259,14 @@ def main():
             palette_figures = measure_palettes(build, runs)
             in_word = word.measure(arguments.windows_build, runs)
             word.print_table(in_word)
+            files = documents.measure_all(build, documents.MAKERS, documents.SIZES, runs)
+            documents.print_table(files)
             figures |= {"memory_ns_per_shape": memory, "dialog": dialogs,
-                        "palettes": palette_figures, "word": in_word}
+                        "palettes": palette_figures, "word": in_word,
+                        "document_files": files}
             verdicts += [*memory_goals(memory), *dialog_goals(dialogs),
-                         *palettes.verdicts(palette_figures), *word.verdicts(in_word)]
+                         *palettes.verdicts(palette_figures), *word.verdicts(in_word),
+                         *documents.verdicts(files)]
     palettes.print_verdicts(verdicts)
     if arguments.json:
         arguments.json.write_text(json.dumps({**figures, "goals": verdicts}, indent=2))
