@@ -7,6 +7,8 @@
 #include <cstdint>
 #include <string>
 
+#include "base/Text.h"
+
 namespace huebrush::base {
 
 namespace {
@@ -171,17 +173,10 @@ constexpr std::array kNamedColors{
 static_assert(kNamedColors.size() == 148);
 static_assert(std::ranges::is_sorted(kNamedColors, {}, &NamedColor::name));
 
-/// Whatever the locale is: these names are ASCII.
-char lowerCase(char character) {
-    return character >= 'A' && character <= 'Z' ? static_cast<char>(character - 'A' + 'a')
-                                                : character;
-}
-
 }  // namespace
 
 std::optional<Rgb> fromCssName(std::string_view name) {
-    std::string lower(name);
-    std::ranges::transform(lower, lower.begin(), lowerCase);
+    const std::string lower = lowerCase(name);
     const auto* const found =
         std::ranges::lower_bound(kNamedColors, std::string_view(lower), {}, &NamedColor::name);
     if (found == kNamedColors.end() || found->name != lower) return std::nullopt;

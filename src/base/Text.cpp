@@ -164,4 +164,12 @@ std::size_t lengthInCharacters(std::string_view utf8) {
     return toUtf16(utf8).size();
 }
 
+std::string lowerCase(std::string_view text) {
+    std::string lower(text);
+    for (char& each : lower) {
+        if (each >= 'A' && each <= 'Z') each = static_cast<char>(each - 'A' + 'a');
+    }
+    return lower;
+}
+
 }  // namespace huebrush::base

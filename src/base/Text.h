@@ -57,4 +57,7 @@ std::string percentEncoded(std::string_view text, std::string_view plain = "-_")
 /// The number of UTF-16 units of a text, which is what the forms runtime calls its length.
 std::size_t lengthInCharacters(std::string_view utf8);
 
+/// The text with small letters for the capital ones of ASCII, whatever the locale is.
+std::string lowerCase(std::string_view text);
+
 }  // namespace huebrush::base

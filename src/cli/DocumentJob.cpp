@@ -58,9 +58,8 @@ std::string endingOf(const std::string& file) {
 
 /// Whether a result with that name has the format of the input: one without an ending does.
 bool hasFormatOf(const std::string& input, const fs::path& output) {
-    if (!output.has_extension()) return true;
-    const auto* const format = protocol::formatOfName(output.string());
-    return format != nullptr && format == protocol::formatOfName(input);
+    return !output.has_extension() ||
+           base::lowerCase(endingOf(output)) == base::lowerCase(endingOf(input));
 }
 
 /// The office's name of the format that the output's ending stands for; empty for the document's

@@ -95,7 +95,7 @@ nlohmann::json readJson(const char* what, const fs::path& file) {
 }
 
 std::string documentStart(const fs::path& file) {
-    constexpr std::size_t kStart = 512;
+    constexpr std::size_t kStart = 65536;
     return bytesOf(file, 0, kStart);
 }
 

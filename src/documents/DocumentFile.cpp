@@ -3,8 +3,10 @@
 #include "documents/DocumentFile.h"
 
 #include <algorithm>
+#include <span>
 #include <utility>
 
+#include "base/Text.h"
 #include "documents/odf/OdfFile.h"
 #include "documents/ooxml/WordFile.h"
 #include "documents/package/DocumentError.h"
@@ -14,19 +16,23 @@ namespace huebrush::documents {
 
 namespace {
 
-constexpr std::string_view kPackageEndings[] = {".docx", ".docm", ".dotx", ".dotm", ".odt", ".ott"};
-constexpr std::string_view kFlatEnding = ".fodt";
+constexpr std::string_view kPackageEndings[] = {".docx", ".docm", ".dotx", ".dotm", ".odt",
+                                                ".ott",  ".odg",  ".otg",  ".odp",  ".otp"};
+constexpr std::string_view kFlatEndings[] = {".fodt", ".fodg", ".fodp"};
+
+bool isOneOf(std::span<const std::string_view> endings, std::string_view ending) {
+    return std::find(endings.begin(), endings.end(), base::lowerCase(ending)) != endings.end();
+}
 
 }  // namespace
 
+bool isKnownEnding(std::string_view ending) {
+    return isOneOf(kFlatEndings, ending) || isOneOf(kPackageEndings, ending);
+}
+
 bool isKnownFormat(std::string_view bytes, std::string_view ending) {
-    std::string lower(ending);
-    std::transform(lower.begin(), lower.end(), lower.begin(), [](char each) {
-        return each >= 'A' && each <= 'Z' ? static_cast<char>(each - 'A' + 'a') : each;
-    });
-    if (lower == kFlatEnding) return odf::isFlatOdf(bytes);
-    return isPackage(bytes) && std::find(std::begin(kPackageEndings), std::end(kPackageEndings),
-                                         lower) != std::end(kPackageEndings);
+    if (isOneOf(kFlatEndings, ending)) return odf::isFlatOdf(bytes);
+    return isPackage(bytes) && isOneOf(kPackageEndings, ending);
 }
 
 bool isEncrypted(std::string bytes) {

@@ -10,6 +10,10 @@
 
 namespace huebrush::documents {
 
+/// Whether files with this ending (with its dot, in any case) are of a format that can be worked on
+/// here.
+bool isKnownEnding(std::string_view ending);
+
 /// Whether a file with these bytes and this ending (with its dot, in any case) is one of a format
 /// that can be worked on here. It may still be damaged.
 bool isKnownFormat(std::string_view bytes, std::string_view ending);

@@ -4,7 +4,9 @@
 
 #include <algorithm>
 #include <array>
-#include <cctype>
+#include <string>
+
+#include "base/Text.h"
 
 namespace huebrush::protocol {
 
@@ -28,11 +30,6 @@ constexpr std::array kFormats{
     DocumentFormat{".rtf", "Rich Text Format", false},
 };
 
-bool isSameInAnyCase(char a, char b) {
-    return std::tolower(static_cast<unsigned char>(a)) ==
-           std::tolower(static_cast<unsigned char>(b));
-}
-
 template <class Test>
 const DocumentFormat* find(const Test& test) {
     const auto* const found = std::find_if(kFormats.begin(), kFormats.end(), test);
@@ -45,11 +42,8 @@ const DocumentFormat* formatOfName(std::string_view fileName) {
     const std::string_view name = fileName.substr(fileName.rfind('/') + 1);
     const std::size_t dot = name.rfind('.');
     if (dot == std::string_view::npos || dot == 0) return nullptr;
-    const std::string_view ending = name.substr(dot);
-    return find([&](const DocumentFormat& format) {
-        return std::equal(ending.begin(), ending.end(), format.ending.begin(), format.ending.end(),
-                          isSameInAnyCase);
-    });
+    const std::string ending = base::lowerCase(name.substr(dot));
+    return find([&](const DocumentFormat& format) { return format.ending == ending; });
 }
 
 const DocumentFormat* formatOfFilter(std::string_view filter) {

@@ -15,14 +15,8 @@ namespace huebrush::cli {
 
 namespace {
 
-char lowered(char character) {
-    return character >= 'A' && character <= 'Z' ? static_cast<char>(character + ('a' - 'A'))
-                                                : character;
-}
-
 bool isSame(std::string_view one, std::string_view other) {
-    return std::equal(one.begin(), one.end(), other.begin(), other.end(),
-                      [](char a, char b) { return lowered(a) == lowered(b); });
+    return base::lowerCase(one) == base::lowerCase(other);
 }
 
 }  // namespace

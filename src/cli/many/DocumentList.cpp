@@ -7,6 +7,7 @@
 
 #include "base/Text.h"
 #include "cli/Failure.h"
+#include "documents/DocumentFile.h"
 #include "protocol/DocumentFormat.h"
 
 namespace huebrush::cli {
@@ -21,7 +22,8 @@ bool isOfAnEditor(const std::string& name) {
 }
 
 bool isDocumentName(const std::string& name) {
-    return !isOfAnEditor(name) && protocol::formatOfName(name) != nullptr;
+    return !isOfAnEditor(name) && (protocol::formatOfName(name) != nullptr ||
+                                   documents::isKnownEnding(fs::path(name).extension().string()));
 }
 
 /// Adds to a list what is found in folders.

@@ -25,8 +25,11 @@ constexpr const char* kContentName = "content.xml";
 constexpr const char* kStylesName = "styles.xml";
 constexpr const char* kMetaName = "meta.xml";
 constexpr const char* kManifestName = "META-INF/manifest.xml";
-constexpr std::string_view kTextType = "application/vnd.oasis.opendocument.text";
-constexpr std::string_view kTemplateType = "application/vnd.oasis.opendocument.text-template";
+/// What follows in the type of a document that can be read here.
+constexpr std::string_view kTypes = "application/vnd.oasis.opendocument.";
+constexpr std::string_view kKnownTypes[] = {"text",         "text-template",
+                                            "graphics",     "graphics-template",
+                                            "presentation", "presentation-template"};
 /// Pictures of ours are small.
 constexpr std::size_t kLargestOwnPicture = 20'000;
 
@@ -38,8 +41,10 @@ std::unique_ptr<Outline> outlineOf(const Package& package, const char* name) {
     return std::make_unique<Outline>(package.read(name), words(), name);
 }
 
-bool isTextType(std::string_view type) {
-    return type == kTextType || type == kTemplateType;
+bool isKnownType(std::string_view type) {
+    if (!type.starts_with(kTypes)) return false;
+    type.remove_prefix(kTypes.size());
+    return std::find(std::begin(kKnownTypes), std::end(kKnownTypes), type) != std::end(kKnownTypes);
 }
 
 /// The ending and the type of a picture's file, by its first bytes.
@@ -202,8 +207,8 @@ OdfFile::OdfFile(Package package) : package_(std::move(package)) {
 OdfFile::OdfFile(std::string flat)
     : content_(std::make_unique<Outline>(std::move(flat), words(), "the document")) {
     const auto type = content_->attribute(Outline::root(), kOffice, "mimetype");
-    if (!type || !isTextType(*type)) {
-        throw DocumentError("is no text document whose shapes can be read without an office");
+    if (!type || !isKnownType(*type)) {
+        throw DocumentError("is no text, drawing or presentation");
     }
     styles_ = std::make_unique<Styles>(*content_, content_.get());
     pictures_ = std::make_unique<FlatPictures>(*content_);
@@ -304,13 +309,13 @@ bool isEncrypted(const Package& package) {
 
 bool isOdfPackage(const Package& package) {
     if (!package.has(kContentName)) return false;
-    if (package.has("mimetype")) return isTextType(package.read("mimetype"));
+    if (package.has("mimetype")) return isKnownType(package.read("mimetype"));
     if (!package.has(kManifestName)) return false;
     const auto manifest = outlineOf(package, kManifestName);
     for (ElementId each = manifest->firstChild(Outline::root()); each != kNoElement;
          each = manifest->nextSibling(each)) {
         if (manifest->attribute(each, kManifest, "full-path") == "/") {
-            return isTextType(manifest->attribute(each, kManifest, "media-type").value_or(""));
+            return isKnownType(manifest->attribute(each, kManifest, "media-type").value_or(""));
         }
     }
     return false;

@@ -17,7 +17,8 @@
 
 namespace huebrush::documents::odf {
 
-/// A text document of the OpenDocument format: .odt, .ott, .fodt.
+/// A text, a drawing or a presentation of the OpenDocument format, or a template of one: .odt,
+/// .odg, .odp, .ott, .otg, .otp; flat ones, too: .fodt, .fodg, .fodp.
 class OdfFile final : public ShapeFile {
  public:
     /// DocumentError when it is none, or damaged.

@@ -44,9 +44,15 @@ class Finder {
     std::vector<FoundShape> find() {
         const ElementId body = content_.child(Outline::root(), kBody);
         if (body == kNoElement) return {};
+        std::vector<FoundShape> shapes;
+        for (const NameId name : {kDrawingBody, kPresentationBody}) {
+            const ElementId pages = content_.child(body, name);
+            if (pages == kNoElement) continue;
+            walk(pages, shapes, true);
+            return shapes;
+        }
         const ElementId text = content_.child(body, kTextBody);
         if (text == kNoElement) return {};
-        std::vector<FoundShape> shapes;
         walk(text, shapes, false);
         std::vector<std::pair<long, FoundShape>> byHeight;
         byHeight.reserve(shapes.size());
@@ -59,23 +65,25 @@ class Finder {
     }
 
  private:
-    void walk(ElementId parent, std::vector<FoundShape>& shapes, bool isInGroup) {
+    /// `areFramesShapes`: in groups and on pages frames with text are shapes.
+    void walk(ElementId parent, std::vector<FoundShape>& shapes, bool areFramesShapes) {
         for (ElementId each = content_.firstChild(parent); each != kNoElement;
              each = content_.nextSibling(each)) {
-            visit(each, shapes, isInGroup);
+            visit(each, shapes, areFramesShapes);
         }
     }
 
-    void visit(ElementId element, std::vector<FoundShape>& shapes, bool isInGroup) {
+    void visit(ElementId element, std::vector<FoundShape>& shapes, bool areFramesShapes) {
         const NameId name = content_.nameOf(element);
-        if (name == kForms || name == kAnnotation || name == kObject) return;
+        if (name == kForms || name == kAnnotation || name == kObject || name == kNotes) return;
         if (name == kGroup) return group(element, shapes);
-        if (name == kFrame && isInGroup) return frameOfGroup(element, shapes);
+        if (name == kFrame && areFramesShapes) return textFrame(element, shapes);
         const auto* const kind =
             std::find_if(std::begin(kKinds), std::end(kKinds),
                          [&](const Kind& known) { return known.name == name; });
-        if (kind == std::end(kKinds)) return walk(element, shapes, isInGroup && name != kFrame);
-        FoundShape shape{element, kind->type, kind->canHaveFill, {}};
+        if (kind == std::end(kKinds))
+            return walk(element, shapes, areFramesShapes && name != kFrame);
+        FoundShape shape{element, kind->type, kind->canHaveFill && !isPlaceholder(element), {}};
         if (name == kPath) shape.canHaveFill = isClosed(element);
         shapes.push_back(std::move(shape));
     }
@@ -87,12 +95,16 @@ class Finder {
         if (!group.members.empty()) shapes.push_back(std::move(group));
     }
 
-    /// There a frame with text is a shape; any other is a picture, also one that has a text for
-    /// programs that show no pictures.
-    void frameOfGroup(ElementId element, std::vector<FoundShape>& shapes) {
+    /// A frame with text is a shape; any other is a picture, also one that has a text for programs
+    /// that show no pictures.
+    void textFrame(ElementId element, std::vector<FoundShape>& shapes) {
         if (content_.child(element, kTextBox) == kNoElement) return;
         if (content_.child(element, kImage) != kNoElement) return;
-        shapes.push_back({element, MsoShapeType::msoTextBox, true, {}});
+        shapes.push_back({element, MsoShapeType::msoTextBox, !isPlaceholder(element), {}});
+    }
+
+    bool isPlaceholder(ElementId element) const {
+        return content_.findAttribute(element, kPresentation, "class").has_value();
     }
 
     /// Whether its outline is said to be closed; that it returns to its start is not enough.

@@ -18,12 +18,17 @@ enum Space : NamespaceId {
     kMeta,
     kExtension,
     kMemory,
+    kPresentation,
 };
 
 enum Word : NameId {
     // the parts of a document
     kBody = 1,
     kTextBody,
+    kDrawingBody,
+    kPresentationBody,
+    kPage,
+    kNotes,
     kStyles,
     kAutomaticStyles,
     kForms,

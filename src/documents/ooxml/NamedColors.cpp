@@ -73,10 +73,7 @@ std::string inFull(std::string name) {
 }  // namespace
 
 std::optional<std::int32_t> namedColor(std::string_view name) {
-    std::string lower(name);
-    std::transform(lower.begin(), lower.end(), lower.begin(), [](char each) {
-        return each >= 'A' && each <= 'Z' ? static_cast<char>(each - 'A' + 'a') : each;
-    });
+    const std::string lower = base::lowerCase(name);
     if (const auto color = base::fromCssName(inFull(lower))) return base::swapRedAndBlue(*color);
     return systemColor(lower);
 }

@@ -270,11 +270,7 @@ mapping::OfficeFill officeFillOf(const HostFill& fill) {
 // Writing.
 
 std::string hexOf(std::int32_t hostColor) {
-    std::string hex = base::toHex(hostColor);
-    std::transform(hex.begin(), hex.end(), hex.begin(), [](char each) {
-        return each >= 'A' && each <= 'F' ? static_cast<char>(each - 'A' + 'a') : each;
-    });
-    return hex;
+    return base::lowerCase(base::toHex(hostColor));
 }
 
 std::string opacityOf(float transparency) {

@@ -57,11 +57,8 @@ std::vector<std::uint8_t> bytesOf(const std::string& content) {
 
 /// A name that nobody else gives.
 std::string pictureNameOf(const std::string& bytes) {
-    std::string name = mapping::nameOfFile(bytesOf(bytes));
-    std::transform(name.begin(), name.end(), name.begin(), [](char each) {
-        if (each == ' ') return '_';
-        return each >= 'A' && each <= 'Z' ? static_cast<char>(each - 'A' + 'a') : each;
-    });
+    std::string name = base::lowerCase(mapping::nameOfFile(bytesOf(bytes)));
+    std::replace(name.begin(), name.end(), ' ', '_');
     return name;
 }
 
