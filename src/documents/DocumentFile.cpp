@@ -8,7 +8,7 @@
 
 #include "base/Text.h"
 #include "documents/odf/OdfFile.h"
-#include "documents/ooxml/WordFile.h"
+#include "documents/ooxml/OoxmlFile.h"
 #include "documents/package/DocumentError.h"
 #include "documents/package/Package.h"
 
@@ -16,8 +16,9 @@ namespace huebrush::documents {
 
 namespace {
 
-constexpr std::string_view kPackageEndings[] = {".docx", ".docm", ".dotx", ".dotm", ".odt",
-                                                ".ott",  ".odg",  ".otg",  ".odp",  ".otp"};
+constexpr std::string_view kPackageEndings[] = {
+    ".docx", ".docm", ".dotx", ".dotm", ".pptx", ".pptm", ".potx", ".potm", ".ppsx", ".ppsm",
+    ".xlsx", ".xlsm", ".xltx", ".xltm", ".odt",  ".ott",  ".odg",  ".otg",  ".odp",  ".otp"};
 constexpr std::string_view kFlatEndings[] = {".fodt", ".fodg", ".fodp"};
 
 bool isOneOf(std::span<const std::string_view> endings, std::string_view ending) {
@@ -48,7 +49,8 @@ std::unique_ptr<ShapeFile> openDocument(std::string bytes) {
     if (odf::isFlatOdf(bytes)) return std::make_unique<odf::OdfFile>(std::move(bytes));
     if (!isPackage(bytes)) throw DocumentError("is no package, as documents are");
     Package package(std::move(bytes));
-    if (ooxml::isWordPackage(package)) return std::make_unique<ooxml::WordFile>(std::move(package));
+    if (ooxml::isOoxmlPackage(package))
+        return std::make_unique<ooxml::OoxmlFile>(std::move(package));
     if (odf::isOdfPackage(package)) return std::make_unique<odf::OdfFile>(std::move(package));
     throw DocumentError("is no document whose shapes can be read without an office");
 }

@@ -23,6 +23,11 @@ enum Space : NamespaceId {
     kPackageRelations,
     kContentTypes,
     kLockedCanvas,
+    kPresentation,
+    kPresentation2010,
+    kDrawing2010,
+    kSheetDrawing,
+    kSheet,
 };
 
 enum Word : NameId {
@@ -128,6 +133,15 @@ enum Word : NameId {
     kVmlImage,
     kVmlFill,
     kOleObject,
+    // presentations and workbooks
+    kSlides,
+    kColorMap,
+    kColorMapOverride,
+    kOverridingColorMap,
+    kSheets,
+    kGraphicFrame,
+    kNonVisualOfPage,
+    kPlaceholder,
     // packages
     kRelationship,
     kDefault,

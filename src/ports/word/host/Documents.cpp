@@ -45,7 +45,7 @@ class ActiveAgain {
 }  // namespace
 
 std::shared_ptr<host::Shapes> WordDocument::Shapes() {
-    return std::make_shared<WordShapes>(document_.object("Shapes", "Shapes"));
+    return std::make_shared<PartShapes>(document_.object("Shapes", "Shapes"));
 }
 
 std::shared_ptr<host::Selection> WordDocument::Selection() {

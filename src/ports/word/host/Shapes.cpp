@@ -56,16 +56,16 @@ host::ShapePointer WordShapeRange::Item(std::int32_t index) {
     return std::make_shared<WordShape>(range_.object(kShape, "Item", {index}));
 }
 
-std::unique_ptr<host::ShapeEnumerator> WordShapes::enumerate() {
+std::unique_ptr<host::ShapeEnumerator> PartShapes::enumerate() {
     return std::make_unique<WordShapeEnumerator>(shapes_.enumerate(kShape));
 }
 
-std::shared_ptr<host::ShapeRange> WordShapes::Range(const std::vector<std::string>& names) {
+std::shared_ptr<host::ShapeRange> PartShapes::Range(const std::vector<std::string>& names) {
     return std::make_shared<WordShapeRange>(
         shapes_.object("ShapeRange", "Range", {Variant(names)}));
 }
 
-host::ShapePointer WordShapes::AddShape(host::MsoAutoShapeType type, float left, float top,
+host::ShapePointer PartShapes::AddShape(host::MsoAutoShapeType type, float left, float top,
                                         float width, float height) {
     return std::make_shared<WordShape>(shapes_.object(
         kShape, "AddShape", {static_cast<std::int32_t>(type), left, top, width, height}));

@@ -42,9 +42,9 @@ class WordShapeRange final : public host::ShapeRange {
 };
 
 /// The floating shapes of one of Word's documents.
-class WordShapes final : public host::Shapes {
+class PartShapes final : public host::Shapes {
  public:
-    explicit WordShapes(Object shapes) : shapes_(std::move(shapes)) {}
+    explicit PartShapes(Object shapes) : shapes_(std::move(shapes)) {}
 
     std::int32_t Count() override { return shapes_.get("Count").toInteger(); }
     std::unique_ptr<host::ShapeEnumerator> enumerate() override;

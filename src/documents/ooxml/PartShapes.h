@@ -46,8 +46,15 @@ struct FoundShapes {
     std::vector<FoundNode> nodes;
 };
 
-/// Finds the shapes of a part of a text: those of text boxes, tables, fields and deletions, too.
-/// Pictures, charts, diagrams and embedded objects are none.
-FoundShapes findShapes(const Outline& outline);
+/// Where shapes stand.
+enum class Surface {
+    text,  ///< at some place of a text; the place has the name of the shape
+    page,  ///< a slide, or the drawing of a sheet
+};
+
+/// Finds the shapes of a part: those of text boxes, tables, fields and deletions, too. Pictures,
+/// charts, diagrams and embedded objects are none. A placeholder without a fill of its own takes
+/// the one of its layout, and can have no other.
+FoundShapes findShapes(const Outline& outline, Surface surface);
 
 }  // namespace huebrush::documents::ooxml

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MPL-2.0
 
-#include "documents/ooxml/WordFile.h"
+#include "documents/ooxml/OoxmlFile.h"
 
 #include <algorithm>
 #include <string_view>
@@ -25,7 +25,71 @@ std::string mainPartOf(const Package& package) {
     for (const Relation& each : relationsOf(package, {})) {
         if (each.type == "officeDocument" && package.has(each.target)) return each.target;
     }
-    throw DocumentError("is no document of Word: it has no main part");
+    throw DocumentError("is no document: it has no main part");
+}
+
+enum class DocumentKind { none, text, presentation, workbook };
+
+/// By what the package says of its main part.
+DocumentKind kindOf(const Package& package) {
+    if (!package.has(std::string(kContentTypesName))) return DocumentKind::none;
+    struct Name {
+        std::string_view in;
+        DocumentKind kind;
+    };
+    static constexpr Name kNames[] = {
+        {"wordprocessingml", DocumentKind::text},
+        {"application/vnd.ms-word.", DocumentKind::text},
+        {"presentationml", DocumentKind::presentation},
+        {"application/vnd.ms-powerpoint.", DocumentKind::presentation},
+        {"spreadsheetml", DocumentKind::workbook},
+        {"application/vnd.ms-excel.", DocumentKind::workbook},
+    };
+    const auto outline = outlineOf(package, std::string(kContentTypesName));
+    for (ElementId each = outline->firstChild(Outline::root()); each != kNoElement;
+         each = outline->nextSibling(each)) {
+        const std::string type = outline->attribute(each, "ContentType").value_or("");
+        if (!type.ends_with(".main+xml")) continue;
+        for (const Name& name : kNames) {
+            if (type.find(name.in) != std::string::npos) return name.kind;
+        }
+    }
+    return DocumentKind::none;
+}
+
+/// The part of that kind of relation; empty where there is none.
+std::string targetOfType(const std::vector<Relation>& relations, std::string_view type) {
+    for (const Relation& each : relations) {
+        if (each.type == type) return each.target;
+    }
+    return {};
+}
+
+/// The parts that a list of a main part refers to, in its order.
+std::vector<std::string> listedParts(const Outline& main, NameId listName,
+                                     const std::vector<Relation>& relations) {
+    std::vector<std::string> parts;
+    const ElementId list = main.child(Outline::root(), listName);
+    if (list == kNoElement) return parts;
+    for (ElementId each = main.firstChild(list); each != kNoElement;
+         each = main.nextSibling(each)) {
+        const std::string id = main.attribute(each, kRelations, "id").value_or("");
+        for (const Relation& relation : relations) {
+            if (relation.id == id) parts.push_back(relation.target);
+        }
+    }
+    return parts;
+}
+
+/// The names that an element's attributes map to others; none of kNoElement.
+std::vector<std::pair<std::string, std::string>> mappingIn(const Outline& outline,
+                                                           ElementId element) {
+    std::vector<std::pair<std::string, std::string>> mapping;
+    if (element == kNoElement) return mapping;
+    for (const Attribute& each : outline.attributesOf(element)) {
+        mapping.emplace_back(each.local, outline.textOf(each.value));
+    }
+    return mapping;
 }
 
 /// The ending and the type of a picture's file, by its first bytes.
@@ -77,7 +141,7 @@ std::string prefixed(const Outline& outline, std::string_view local) {
 }  // namespace
 
 /// A part with shapes.
-struct WordFile::Part {
+struct OoxmlFile::Part {
     struct Shape {
         std::size_t number;
         FillPlace place;
@@ -87,13 +151,14 @@ struct WordFile::Part {
     std::string name;
     std::unique_ptr<Outline> outline;
     std::vector<Relation> relations;
+    const Theme* theme = nullptr;
     FoundShapes found;
     /// Those that have a number.
     std::vector<Shape> shapes;
 };
 
 /// The pictures that a part has.
-class WordFile::PartPictures final : public Pictures {
+class OoxmlFile::PartPictures final : public Pictures {
  public:
     PartPictures(const Package& package, const Part& part) : package_(package), part_(part) {}
 
@@ -123,7 +188,7 @@ class WordFile::PartPictures final : public Pictures {
 };
 
 /// Takes pictures into the package, one part for each content.
-class WordFile::AddedPictures final : public NewPictures {
+class OoxmlFile::AddedPictures final : public NewPictures {
  public:
     AddedPictures(const Package& package, std::string folder, PackageChanges& changes)
         : package_(package), folder_(std::move(folder)), changes_(changes) {}
@@ -207,20 +272,24 @@ class WordFile::AddedPictures final : public NewPictures {
     int last_ = 0;
 };
 
-WordFile::WordFile(Package package)
-    : package_(std::move(package)), mainName_(mainPartOf(package_)) {
-    std::vector<std::string> notes;
-    std::string settings;
-    for (const Relation& each : relationsOf(package_, mainName_)) {
-        if (!package_.has(each.target)) continue;
-        if (each.type == "theme") theme_ = Theme(outlineOf(package_, each.target));
-        if (each.type == "settings") settings = each.target;
-        if (each.type == "footnotes" || each.type == "endnotes") notes.push_back(each.target);
-    }
-    if (!settings.empty()) readSettings(settings);
-    addPart(mainName_);
-    for (const std::string& each : notes) addPart(each);
+/// The theme of a master, and how it maps the names of colours.
+struct OoxmlFile::PageTheme {
+    std::string theme;
+    std::vector<std::pair<std::string, std::string>> mapping;
+};
 
+OoxmlFile::OoxmlFile(Package package)
+    : package_(std::move(package)), mainName_(mainPartOf(package_)) {
+    switch (kindOf(package_)) {
+        case DocumentKind::presentation:
+            readSlides();
+            break;
+        case DocumentKind::workbook:
+            readSheets();
+            break;
+        default:
+            readText();
+    }
     std::vector<std::pair<double, ShapeRecord>> records;
     for (const auto& part : parts_) {
         for (const FoundNode& node : part->found.nodes) {
@@ -232,9 +301,40 @@ WordFile::WordFile(Package package)
     for (auto& [height, record] : records) shapes_.push_back(std::move(record));
 }
 
-WordFile::~WordFile() = default;
+OoxmlFile::~OoxmlFile() = default;
 
-void WordFile::readSettings(const std::string& name) {
+OoxmlFile::Part& OoxmlFile::addPart(const std::string& name, Surface surface) {
+    auto part = std::make_unique<Part>();
+    part->name = name;
+    part->outline = outlineOf(package_, name);
+    part->relations = relationsOf(package_, name);
+    part->found = findShapes(*part->outline, surface);
+    parts_.push_back(std::move(part));
+    return *parts_.back();
+}
+
+Theme& OoxmlFile::themeOfRelations(const std::vector<Relation>& relations) {
+    const std::string name = targetOfType(relations, "theme");
+    Theme& theme = themes_[name];
+    if (package_.has(name)) theme = Theme(outlineOf(package_, name));
+    return theme;
+}
+
+// Texts.
+
+void OoxmlFile::readText() {
+    const std::vector<Relation> relations = relationsOf(package_, mainName_);
+    Theme& theme = themeOfRelations(relations);
+    std::vector<std::string> parts{mainName_};
+    for (const Relation& each : relations) {
+        if (!package_.has(each.target)) continue;
+        if (each.type == "settings") readSettings(each.target, theme);
+        if (each.type == "footnotes" || each.type == "endnotes") parts.push_back(each.target);
+    }
+    for (const std::string& each : parts) addPart(each, Surface::text).theme = &theme;
+}
+
+void OoxmlFile::readSettings(const std::string& name, Theme& theme) {
     const auto outline = outlineOf(package_, name);
     const ElementId mapping = outline->child(Outline::root(), kColorMapping);
     if (mapping == kNoElement) return;
@@ -243,21 +343,70 @@ void WordFile::readSettings(const std::string& name) {
         static constexpr std::pair<std::string_view, std::string_view> kNames[] = {
             {"bg1", "bg1"}, {"t1", "tx1"}, {"bg2", "bg2"}, {"t2", "tx2"}};
         for (const auto& [written, used] : kNames) {
-            if (each.local == written) theme_.map(used, outline->textOf(each.value));
+            if (each.local == written) theme.map(used, outline->textOf(each.value));
         }
     }
 }
 
-void WordFile::addPart(const std::string& name) {
-    auto part = std::make_unique<Part>();
-    part->name = name;
-    part->outline = outlineOf(package_, name);
-    part->relations = relationsOf(package_, name);
-    part->found = findShapes(*part->outline);
-    parts_.push_back(std::move(part));
+// Presentations.
+
+void OoxmlFile::readSlides() {
+    const auto main = outlineOf(package_, mainName_);
+    const std::vector<Relation> relations = relationsOf(package_, mainName_);
+    for (const std::string& each : listedParts(*main, kSlides, relations)) {
+        if (!package_.has(each) || isRead(each)) continue;
+        Part& slide = addPart(each, Surface::page);
+        slide.theme = &themeOfSlide(slide);
+    }
 }
 
-ShapeRecord WordFile::recordOf(Part& part, const FoundNode& node) {
+const OoxmlFile::PageTheme& OoxmlFile::themeOfMaster(const std::string& master) {
+    const auto known = masters_.find(master);
+    if (known != masters_.end()) return known->second;
+    PageTheme& page = masters_[master];
+    if (!package_.has(master)) return page;
+    page.theme = targetOfType(relationsOf(package_, master), "theme");
+    const auto outline = outlineOf(package_, master);
+    page.mapping = mappingIn(*outline, outline->child(Outline::root(), kColorMap));
+    return page;
+}
+
+const Theme& OoxmlFile::themeOfSlide(const Part& slide) {
+    const std::string layout = targetOfType(slide.relations, "slideLayout");
+    const PageTheme& page =
+        themeOfMaster(targetOfType(relationsOf(package_, layout), "slideMaster"));
+    const Outline& outline = *slide.outline;
+    ElementId own = outline.child(Outline::root(), kColorMapOverride);
+    if (own != kNoElement) own = outline.child(own, kOverridingColorMap);
+    const auto mapping = own == kNoElement ? page.mapping : mappingIn(outline, own);
+    std::string key = page.theme;
+    for (const auto& [name, color] : mapping) key += text("|", name, "=", color);
+    const auto [found, isNew] = themes_.try_emplace(key);
+    if (!isNew) return found->second;
+    if (package_.has(page.theme)) found->second = Theme(outlineOf(package_, page.theme));
+    for (const auto& [name, color] : mapping) found->second.map(name, color);
+    return found->second;
+}
+
+// Workbooks.
+
+void OoxmlFile::readSheets() {
+    const auto main = outlineOf(package_, mainName_);
+    const std::vector<Relation> relations = relationsOf(package_, mainName_);
+    const Theme& theme = themeOfRelations(relations);
+    for (const std::string& each : listedParts(*main, kSheets, relations)) {
+        const std::string drawing = targetOfType(relationsOf(package_, each), "drawing");
+        if (!package_.has(drawing) || isRead(drawing)) continue;
+        addPart(drawing, Surface::page).theme = &theme;
+    }
+}
+
+bool OoxmlFile::isRead(const std::string& part) const {
+    return std::any_of(parts_.begin(), parts_.end(),
+                       [&](const auto& known) { return known->name == part; });
+}
+
+ShapeRecord OoxmlFile::recordOf(Part& part, const FoundNode& node) {
     ShapeRecord record;
     record.name = node.name;
     if (node.shape == FoundNode::kGroup) {
@@ -275,12 +424,12 @@ ShapeRecord WordFile::recordOf(Part& part, const FoundNode& node) {
     if (shape.canHaveFill) {
         record.fill = std::make_shared<const mapping::KnownFill>(
             shape.place.isVml ? vmlFill(outline, shape.place.vml, pictures)
-                              : drawingFill(outline, shape.place.drawing, theme_, pictures));
+                              : drawingFill(outline, shape.place.drawing, *part.theme, pictures));
     }
     std::optional<std::int32_t> line;
     if (shape.place.isVml) {
         line = vmlLine(outline, shape.place.vml);
-    } else if (const auto color = drawingLine(outline, shape.place.drawing, theme_)) {
+    } else if (const auto color = drawingLine(outline, shape.place.drawing, *part.theme)) {
         line = color->rgb;
     }
     record.lineVisible = line.has_value();
@@ -291,7 +440,7 @@ ShapeRecord WordFile::recordOf(Part& part, const FoundNode& node) {
     return record;
 }
 
-std::string WordFile::with(const NewFills& fills) const {
+std::string OoxmlFile::with(const NewFills& fills) const {
     if (!signaturesIn(package_).empty()) {
         throw DocumentError("is signed: any change would make its signature invalid");
     }
@@ -305,8 +454,8 @@ std::string WordFile::with(const NewFills& fills) const {
     return package_.with(changes);
 }
 
-void WordFile::write(Part& part, const NewFills& fills, AddedPictures& pictures,
-                     PackageChanges& changes) const {
+void OoxmlFile::write(Part& part, const NewFills& fills, AddedPictures& pictures,
+                      PackageChanges& changes) const {
     pictures.select(part);
     Splices splices;
     const bool isStrict =
@@ -331,19 +480,8 @@ void WordFile::write(Part& part, const NewFills& fills, AddedPictures& pictures,
     pictures.finishPart();
 }
 
-bool isWordPackage(const Package& package) {
-    if (!package.has(std::string(kContentTypesName))) return false;
-    const auto outline = outlineOf(package, std::string(kContentTypesName));
-    for (ElementId each = outline->firstChild(Outline::root()); each != kNoElement;
-         each = outline->nextSibling(each)) {
-        const std::string type = outline->attribute(each, "ContentType").value_or("");
-        const bool isMain = type.ends_with(".main+xml");
-        if (isMain && (type.find("wordprocessingml") != std::string::npos ||
-                       type.find("application/vnd.ms-word.") == 0)) {
-            return true;
-        }
-    }
-    return false;
+bool isOoxmlPackage(const Package& package) {
+    return kindOf(package) != DocumentKind::none;
 }
 
 }  // namespace huebrush::documents::ooxml

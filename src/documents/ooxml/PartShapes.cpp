@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MPL-2.0
 
-#include "documents/ooxml/WordShapes.h"
+#include "documents/ooxml/PartShapes.h"
 
 #include <algorithm>
 #include <charconv>
@@ -54,10 +54,10 @@ class Finder {
  public:
     explicit Finder(const Outline& outline) : outline_(outline) { collectTypes(); }
 
-    FoundShapes find(ElementId from) {
+    FoundShapes find(ElementId from, bool isInGroup) {
         FoundShapes found;
         std::swap(found_, found);
-        walk(from, {&found_.nodes});
+        walk(from, {&found_.nodes, isInGroup});
         std::swap(found_, found);
         return found;
     }
@@ -116,6 +116,7 @@ class Finder {
                 break;
             case kVmlShapeType:
             case kBackground:
+            case kGraphicFrame:
             // What says how a shape looks holds no shapes, and may be replaced as a whole.
             case kShapeProperties:
             case kGroupProperties:
@@ -144,7 +145,7 @@ class Finder {
                 any = true;
                 const NamespaceId space = outline_.spaceOfPrefix(choice, rest.substr(0, end));
                 if (space != kWordShape && space != kWordGroup && space != kWord2010 &&
-                    space != kWord2012) {
+                    space != kWord2012 && space != kPresentation2010 && space != kDrawing2010) {
                     return false;
                 }
             }
@@ -168,7 +169,7 @@ class Finder {
         walk(chosen, place);
         for (ElementId each = outline_.firstChild(element); each != kNoElement;
              each = outline_.nextSibling(each)) {
-            if (each != chosen) addTwins(first, find(each).shapes);
+            if (each != chosen) addTwins(first, find(each, place.isInGroup).shapes);
         }
     }
 
@@ -213,6 +214,12 @@ class Finder {
                geometry.find("Connector") != std::string_view::npos;
     }
 
+    bool isPlaceholder(ElementId element) const {
+        ElementId holder = outline_.child(element, kNonVisualShape);
+        if (holder != kNoElement) holder = outline_.child(holder, kNonVisualOfPage);
+        return holder != kNoElement && outline_.child(holder, kPlaceholder) != kNoElement;
+    }
+
     bool canHaveFill(ElementId element, ElementId properties) const {
         if (properties == kNoElement || outline_.nameOf(element) == kCanvasConnector) return false;
         if (outline_.child(element, kConnectorProperties) != kNoElement) return false;
@@ -224,7 +231,9 @@ class Finder {
         FoundShape shape;
         shape.place.drawing = {outline_.child(element, kShapeProperties),
                                outline_.child(element, kStyle), place.groupFill};
-        shape.canHaveFill = canHaveFill(element, shape.place.drawing.properties);
+        shape.canHaveFill = canHaveFill(element, shape.place.drawing.properties) &&
+                            (!isPlaceholder(element) ||
+                             fillElementIn(outline_, shape.place.drawing.properties) != kNoElement);
         shape.name = place.isInGroup ? ownName(element) : place.name;
         add(std::move(shape), place);
         walk(element, {&found_.nodes});
@@ -323,8 +332,9 @@ class Finder {
 
 }  // namespace
 
-FoundShapes findShapes(const Outline& outline) {
-    return Finder(outline).find(Outline::root());
+FoundShapes findShapes(const Outline& outline, Surface surface) {
+    // Those on pages have their own names, as members of groups do.
+    return Finder(outline).find(Outline::root(), surface == Surface::page);
 }
 
 }  // namespace huebrush::documents::ooxml
