@@ -37,6 +37,7 @@ check=(
   # another reader of database files, to compare with
   mdbtools mdbtools-dev pkg-config
   # other writers of documents, to be read
+  libreoffice-calc libreoffice-draw libreoffice-impress
   pandoc python3-docx python3-lxml python3-odf
   # the checks of what is printed as JSON, and of the completions
   python3-jsonschema zsh fish

@@ -26,7 +26,7 @@ using Chosen = std::function<int()>;
 void addDocuments(CLI::App& command, DocumentOptions& options) {
     command
         .add_option("DOCUMENT", options.documents,
-                    "Text documents, such as .odt, .docx or .doc, or folders with --recursive")
+                    "Documents, such as .odt, .docx, .pptx or .doc, or folders with --recursive")
         ->type_name("FILE")
         ->required();
     command.add_flag("-r,--recursive", options.recursive,
@@ -41,7 +41,7 @@ void addDocuments(CLI::App& command, DocumentOptions& options) {
         .add_option(
             "--through", options.through,
             "What works on the documents: \"documents\" is the program itself, which changes "
-            "nothing but fills, of .docx, .odt, .fodt and templates; \"office\" is LibreOffice. "
+            "nothing but fills, of Office Open XML and OpenDocument; \"office\" is LibreOffice. "
             "Without it, whichever suffices")
         ->type_name("documents|office")
         ->check(CLI::IsMember({"documents", "office"}).description(""));

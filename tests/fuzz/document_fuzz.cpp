@@ -24,22 +24,46 @@ using documents::ShapeRecord;
     std::abort();
 }
 
-/// The first byte says what the others are: a whole file, or the text of a document of Word.
-std::string fileOf(std::string_view input) {
-    const bool isWhole = input.empty() || input.front() % 2 == 0;
-    input.remove_prefix(input.empty() ? 0 : 1);
-    if (isWhole) return std::string(input);
+/// A package with the input as its main part, or as a part that the main one refers to.
+std::string packageWith(const std::string& mainType, const std::string& main,
+                        const std::string& relations, std::string_view input) {
     return documents::writtenPackage(
         {{"[Content_Types].xml",
           "<Types xmlns=\"http://schemas.openxmlformats.org/package/2006/content-types\"><Override "
-          "PartName=\"/d.xml\" ContentType=\"application/vnd.openxmlformats-officedocument."
-          "wordprocessingml.document.main+xml\"/></Types>"},
+          "PartName=\"/d.xml\" ContentType=\"application/vnd.openxmlformats-officedocument." +
+              mainType + ".main+xml\"/></Types>"},
          {"_rels/.rels",
           "<Relationships xmlns=\"http://schemas.openxmlformats.org/package/2006/relationships\">"
           "<Relationship Id=\"r\" Type=\"http://schemas.openxmlformats.org/officeDocument/2006/"
           "relationships/officeDocument\" Target=\"d.xml\"/></Relationships>"},
-         {"d.xml", std::string(input)},
+         {"d.xml", main.empty() ? std::string(input) : main},
+         {"_rels/d.xml.rels", relations},
+         {"slide.xml", main.empty() ? "<none/>" : std::string(input)},
          {"other.xml", "<other/>"}});
+}
+
+/// The first byte says what the others are: a whole file, the text of a slide, or that of a
+/// document of Word.
+std::string fileOf(std::string_view input) {
+    constexpr char kSlide = 'S';
+    const char kind = input.empty() ? '\0' : input.front();
+    input.remove_prefix(input.empty() ? 0 : 1);
+    const std::string none =
+        "<Relationships xmlns=\"http://schemas.openxmlformats.org/package/2006/relationships\"/>";
+    if (kind == kSlide) {
+        return packageWith(
+            "presentationml.presentation",
+            "<p:presentation "
+            "xmlns:p=\"http://schemas.openxmlformats.org/presentationml/2006/main\" "
+            "xmlns:r=\"http://schemas.openxmlformats.org/officeDocument/2006/relationships\">"
+            "<p:sldIdLst><p:sldId r:id=\"s\"/></p:sldIdLst></p:presentation>",
+            "<Relationships xmlns=\"http://schemas.openxmlformats.org/package/2006/relationships\">"
+            "<Relationship Id=\"s\" Type=\"http://schemas.openxmlformats.org/officeDocument/2006/"
+            "relationships/slide\" Target=\"slide.xml\"/></Relationships>",
+            input);
+    }
+    if (kind % 2 == 0) return std::string(input);
+    return packageWith("wordprocessingml.document", {}, none, input);
 }
 
 using Leaves = std::vector<const ShapeRecord*>;
