@@ -31,8 +31,8 @@ std::string themeOf(const std::string& digits) {
     std::size_t at = 0;
     for (const char* const name : {"dk1", "lt1", "dk2", "lt2", "accent1", "accent2", "accent3",
                                    "accent4", "accent5", "accent6", "hlink", "folHlink"}) {
-        colors += text("<a:", name, "><a:srgbClr val=\"", std::string(6, digits[at++]),
-                       "\"/></a:", name, ">");
+        colors += text("<a:", name, R"(><a:srgbClr val=")", std::string(6, digits[at++]),
+                       R"("/></a:)", name, ">");
     }
     return text("<a:theme", kNamespaces, "><a:themeElements><a:clrScheme>", colors,
                 "</a:clrScheme></a:themeElements></a:theme>");
@@ -43,8 +43,8 @@ std::string relations(const std::vector<std::pair<std::string, std::string>>& ta
         R"(<Relationships xmlns="http://schemas.openxmlformats.org/package/2006/relationships">)";
     int number = 0;
     for (const auto& [type, target] : targets) {
-        all += text("<Relationship Id=\"r", ++number, "\" Type=\"http://x/", type, "\" Target=\"",
-                    target, "\"/>");
+        all += text(R"(<Relationship Id="r)", ++number, R"(" Type="http://x/)", type,
+                    R"(" Target=")", target, R"("/>)");
     }
     return all + "</Relationships>";
 }
@@ -58,13 +58,13 @@ std::string typesOf(const std::string& main) {
 const std::string kRgb = R"(<a:solidFill><a:srgbClr val="C00000"/></a:solidFill>)";
 
 std::string schemeFill(const std::string& name) {
-    return text("<a:solidFill><a:schemeClr val=\"", name, "\"/></a:solidFill>");
+    return text(R"(<a:solidFill><a:schemeClr val=")", name, R"("/></a:solidFill>)");
 }
 
 /// A shape of a slide; `own` are its own properties of the slide: a placeholder, or nothing.
 std::string shape(const std::string& name, const std::string& fill, const std::string& own = {}) {
-    return text("<p:sp><p:nvSpPr><p:cNvPr id=\"1\" name=\"", name, "\"/><p:nvPr>", own,
-                "</p:nvPr></p:nvSpPr><p:spPr><a:prstGeom prst=\"rect\"/>", fill,
+    return text(R"(<p:sp><p:nvSpPr><p:cNvPr id="1" name=")", name, R"("/><p:nvPr>)", own,
+                R"(</p:nvPr></p:nvSpPr><p:spPr><a:prstGeom prst="rect"/>)", fill,
                 "</p:spPr></p:sp>");
 }
 
@@ -79,7 +79,7 @@ std::vector<WrittenEntry> presentation(const std::string& first, const std::stri
              typesOf("vnd.openxmlformats-officedocument.presentationml.presentation")},
             {"_rels/.rels", relations({{"officeDocument", "main.xml"}})},
             {"main.xml", text("<p:presentation", kNamespaces,
-                              "><p:sldIdLst><p:sldId r:id=\"r2\"/><p:sldId r:id=\"r1\"/>",
+                              R"(><p:sldIdLst><p:sldId r:id="r2"/><p:sldId r:id="r1"/>)",
                               "</p:sldIdLst></p:presentation>")},
             {"_rels/main.xml.rels", relations({{"slide", "one.xml"}, {"slide", "two.xml"}})},
             {"one.xml", first},
@@ -88,10 +88,10 @@ std::vector<WrittenEntry> presentation(const std::string& first, const std::stri
             {"_rels/two.xml.rels", relations({{"slideLayout", "layout.xml"}})},
             {"layout.xml", slide(shape("of the layout", kRgb))},
             {"_rels/layout.xml.rels", relations({{"slideMaster", "master.xml"}})},
-            {"master.xml", text("<p:sldMaster", kNamespaces, "><p:cSld><p:spTree>",
-                                shape("of the master", kRgb), "</p:spTree></p:cSld>",
-                                "<p:clrMap bg1=\"dk1\" tx1=\"lt1\" bg2=\"lt2\" tx2=\"dk2\"",
-                                " accent1=\"accent6\"/></p:sldMaster>")},
+            {"master.xml",
+             text("<p:sldMaster", kNamespaces, "><p:cSld><p:spTree>", shape("of the master", kRgb),
+                  "</p:spTree></p:cSld>", R"(<p:clrMap bg1="dk1" tx1="lt1" bg2="lt2" tx2="dk2")",
+                  R"( accent1="accent6"/></p:sldMaster>)")},
             {"_rels/master.xml.rels", relations({{"theme", "theme.xml"}})},
             {"theme.xml", themeOf("0123456789AB")}};
 }
@@ -145,8 +145,8 @@ TEST(Presentations, MapTheColoursOfThemesAsTheMasterOrTheSlideSays) {
 
 TEST(Presentations, GivePlaceholdersAFillOnlyWhereTheyHaveOneOfTheirOwn) {
     const OoxmlFile file =
-        fileOf(presentation(slide(shape("title", "", "<p:ph type=\"title\"/>") +
-                                  shape("body", kRgb, "<p:ph idx=\"1\"/>") + shape("plain", "")),
+        fileOf(presentation(slide(shape("title", "", R"(<p:ph type="title"/>)") +
+                                  shape("body", kRgb, R"(<p:ph idx="1"/>)") + shape("plain", "")),
                             slide("")));
     ASSERT_EQ(namesOf(file), (Names{"title", "body", "plain"}));
     EXPECT_FALSE(file.shapes()[0].canHaveFill);
@@ -159,8 +159,8 @@ TEST(Presentations, CountNoPicturesFramesAndConnectors) {
         slide(text("<p:pic><p:spPr>", kRgb, "</p:spPr></p:pic>",
                    "<p:graphicFrame><a:graphic><a:graphicData>", shape("in a chart", kRgb),
                    "</a:graphicData></a:graphic></p:graphicFrame>",
-                   "<p:cxnSp><p:nvCxnSpPr><p:cNvPr id=\"1\" name=\"line\"/></p:nvCxnSpPr><p:spPr/>",
-                   "</p:cxnSp><p:grpSp><p:nvGrpSpPr><p:cNvPr id=\"1\" name=\"group\"/>",
+                   R"(<p:cxnSp><p:nvCxnSpPr><p:cNvPr id="1" name="line"/></p:nvCxnSpPr><p:spPr/>)",
+                   R"(</p:cxnSp><p:grpSp><p:nvGrpSpPr><p:cNvPr id="1" name="group"/>)",
                    "</p:nvGrpSpPr><p:grpSpPr>", kRgb, "</p:grpSpPr>",
                    shape("member", "<a:grpFill/>"), "</p:grpSp>")),
         slide("")));
@@ -172,7 +172,7 @@ TEST(Presentations, CountNoPicturesFramesAndConnectors) {
 }
 
 TEST(Presentations, ChangeBothBranchesOfAlternatives) {
-    const std::string both = text("<mc:AlternateContent><mc:Choice Requires=\"a14\">",
+    const std::string both = text(R"(<mc:AlternateContent><mc:Choice Requires="a14">)",
                                   shape("new", kRgb), "</mc:Choice><mc:Fallback>",
                                   shape("old", kRgb), "</mc:Fallback></mc:AlternateContent>");
     const OoxmlFile file = fileOf(presentation(slide(both), slide("")));
@@ -196,16 +196,16 @@ TEST(Presentations, ChangeNoOtherPartThanTheSlide) {
 TEST(Workbooks, HaveTheShapesOfTheirSheetsInTheOrderOfTheSheets) {
     const auto drawing = [](const std::string& name) {
         return text("<xdr:wsDr", kNamespaces, "><xdr:twoCellAnchor><xdr:sp><xdr:nvSpPr>",
-                    "<xdr:cNvPr id=\"1\" name=\"", name, "\"/></xdr:nvSpPr><xdr:spPr>",
+                    R"(<xdr:cNvPr id="1" name=")", name, R"("/></xdr:nvSpPr><xdr:spPr>)",
                     schemeFill("accent1"), "</xdr:spPr></xdr:sp><xdr:clientData/>",
                     "</xdr:twoCellAnchor></xdr:wsDr>");
     };
     const OoxmlFile file = fileOf(
         {{"[Content_Types].xml", typesOf("vnd.openxmlformats-officedocument.spreadsheetml.sheet")},
          {"_rels/.rels", relations({{"officeDocument", "main.xml"}})},
-         {"main.xml", text("<x:workbook", kNamespaces,
-                           "><x:sheets><x:sheet r:id=\"r3\"/><x:sheet r:id=\"r1\"/>",
-                           "<x:sheet r:id=\"r9\"/></x:sheets></x:workbook>")},
+         {"main.xml",
+          text("<x:workbook", kNamespaces, R"(><x:sheets><x:sheet r:id="r3"/><x:sheet r:id="r1"/>)",
+               R"(<x:sheet r:id="r9"/></x:sheets></x:workbook>)")},
          {"_rels/main.xml.rels",
           relations({{"worksheet", "one.xml"}, {"theme", "theme.xml"}, {"worksheet", "two.xml"}})},
          {"one.xml", "<a/>"},
