@@ -85,11 +85,11 @@ void ManyCall::report(std::size_t index, const Outcome& outcome, const Print& pr
     const std::string name = documents_[index].file.string();
     if (!outcome.failure.empty()) {
         ++failed_;
-        std::cerr << "huebrush: " << withName(name, outcome.failure) << '\n';
+        std::cerr << "huebrush: " << withName(oneLine(name), outcome.failure) << '\n';
         results_.push_back({{"document", name}, {"error", outcome.failure}});
         return;
     }
-    const int code = print(name + ": ", outcome.result);
+    const int code = print(oneLine(name) + ": ", outcome.result);
     ++(code == ExitCode::kFailed ? failed_ : done_);
     code_ = std::max(code_, code);
     if (options_.json) results_.push_back(outcome.result);

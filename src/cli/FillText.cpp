@@ -60,6 +60,17 @@ std::string describeType(const fill::FillProperties& fill) {
     }
 }
 
+/// How many bytes the control character has that stands there in UTF-8; 0 for any other.
+std::size_t controlAt(const std::string& text, std::size_t at) {
+    const auto byteAt = [&](std::size_t place) { return static_cast<unsigned char>(text[place]); };
+    constexpr unsigned char kDelete = 0x7F;
+    if (byteAt(at) < ' ' || byteAt(at) == kDelete) return 1;
+    // U+0080 to U+009F, some of which terminals take for commands, too.
+    const bool isSecondSet = byteAt(at) == 0xC2 && at + 1 < text.size() && byteAt(at + 1) >= 0x80 &&
+                             byteAt(at + 1) < 0xA0;
+    return isSecondSet ? 2 : 0;
+}
+
 }  // namespace
 
 std::string percentText(float fraction) {
@@ -82,13 +93,17 @@ std::string describe(const fill::FillProperties& fill) {
 }
 
 std::string oneLine(const std::string& text) {
+    constexpr const char* kReplacement = "\xEF\xBF\xBD";
     std::string line;
-    for (const char character : text) {
-        const bool isBreak = character == '\r' || character == '\n';
-        if (!isBreak) {
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        const char character = text[at];
+        if (character == '\r' || character == '\n') {
+            if (!line.empty() && line.back() != ' ') line += ' ';
+        } else if (const std::size_t size = controlAt(text, at); size > 0) {
+            line += kReplacement;
+            at += size - 1;
+        } else {
             line += character;
-        } else if (!line.empty() && line.back() != ' ') {
-            line += ' ';
         }
     }
     return line;

@@ -37,7 +37,7 @@ std::string changesOf(const json& result, const RecolorOptions& options) {
 
 std::string placeOf(const json& result) {
     if (!result.at("written").get<bool>()) return "nothing written";
-    return text("wrote ", result.at("output").get<std::string>());
+    return text("wrote ", oneLine(result.at("output").get<std::string>()));
 }
 
 /// Prints which shapes kept their fill although they were to get another one.

@@ -101,6 +101,15 @@ class Listing(Case):
         self.assertRegex(lines[1], rf"^{self.documents}/sub/b\.docx: \d+ shapes, \d+ distinct")
         self.assertEqual(lines[2:], ["2 documents listed"])
 
+    def test_names_cannot_command_a_terminal(self):
+        odd = self.documents / "a\x1b[31m.odt"
+        shutil.copy(EXAMPLES / "town.odt", odd)
+        done = huebrush("fills", odd, self.documents / "no\x1b]0;x.odt")
+        self.assertEqual(done.returncode, 1)
+        self.assertIn("a\ufffd[31m.odt: 428 shapes", done.stdout)
+        self.assertIn("no\ufffd]0;x.odt does not exist", done.stderr)
+        self.assertNotIn("\x1b", done.stdout + done.stderr)
+
     def test_one_that_fails_does_not_stop_the_others(self):
         bad = self.documents / "bad.odt"
         bad.write_bytes(b"no document")
