@@ -11,6 +11,8 @@ namespace {
 
 constexpr double kFullTurn = 360;
 constexpr double kHalfTurn = 180;
+/// Opposite hues are no further apart than that, however the processor rounds.
+constexpr double kMostlyHalfTurn = kHalfTurn + 1e-9;
 
 double radians(double degrees) {
     return degrees * std::numbers::pi / kHalfTurn;
@@ -54,14 +56,14 @@ double weightOfChroma(double chroma) {
 double hueDifference(const Polar& first, const Polar& second) {
     if (first.chroma * second.chroma == 0) return 0;
     const double difference = second.hue - first.hue;
-    if (difference > kHalfTurn) return difference - kFullTurn;
-    return difference < -kHalfTurn ? difference + kFullTurn : difference;
+    if (difference > kMostlyHalfTurn) return difference - kFullTurn;
+    return difference < -kMostlyHalfTurn ? difference + kFullTurn : difference;
 }
 
 double meanHue(const Polar& first, const Polar& second) {
     const double sum = first.hue + second.hue;
     if (first.chroma * second.chroma == 0) return sum;
-    if (std::abs(first.hue - second.hue) <= kHalfTurn) return sum / 2;
+    if (std::abs(first.hue - second.hue) <= kMostlyHalfTurn) return sum / 2;
     return (sum < kFullTurn ? sum + kFullTurn : sum - kFullTurn) / 2;
 }
 

@@ -16,8 +16,8 @@ std::string describe(const fill::FillProperties& fill);
 /// be 0.
 std::string percentText(float fraction);
 
-/// A text of several lines as one, for a place with room for only one. Every other control character
-/// becomes U+FFFD: a terminal might take it for a command.
+/// A text of several lines as one, for a place with room for only one. Every other control
+/// character becomes U+FFFD: a terminal might take it for a command.
 std::string oneLine(const std::string& text);
 
 /// "1 fill", "2 fills".
