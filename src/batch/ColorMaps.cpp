@@ -51,6 +51,13 @@ std::optional<fill::FillProperties> ColorMaps::mapped(const fill::FillProperties
     return result;
 }
 
+std::optional<std::vector<base::Rgb>> ColorMaps::mapped(std::vector<base::Rgb> colors) {
+    bool isMapped = false;
+    for (base::Rgb& each : colors) isMapped |= map(each);
+    if (!isMapped) return std::nullopt;
+    return colors;
+}
+
 std::optional<base::Rgb> ColorMaps::missing() const {
     for (const Entry& each : entries_) {
         if (!each.found && !scope_.mayBeMissing) return each.mapping.from;

@@ -20,9 +20,10 @@ struct ColorMapping {
 struct MappingScope {
     /// Colours that are that near to `from`, by CIEDE2000, are taken for it.
     double tolerance = 0;
-    /// The colours of gradients and of patterns, too, beside those of solid fills.
+    /// The colours of gradients, of patterns and of lines, too, beside those of solid fills.
     bool gradients = false;
     bool patterns = false;
+    bool lines = false;
     /// Whether a colour that the document does not have is no error.
     bool mayBeMissing = false;
 };
@@ -35,8 +36,10 @@ class ColorMaps {
 
     /// The fill with its colours mapped; nothing where none of them is.
     std::optional<fill::FillProperties> mapped(const fill::FillProperties& fill);
+    /// Other colours, mapped; nothing where none of them is.
+    std::optional<std::vector<base::Rgb>> mapped(std::vector<base::Rgb> colors);
 
-    /// The first mapping's colour that none of the fills has had.
+    /// The first mapping's colour that nothing has had.
     std::optional<base::Rgb> missing() const;
 
  private:

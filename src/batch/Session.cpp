@@ -34,10 +34,22 @@ std::size_t countUnfillable(const ColorElement& row) {
 }
 
 /// What the mappings look at, for a message.
-const char* kindsOf(const MappingScope& scope) {
-    if (scope.gradients)
-        return scope.patterns ? "solid fill, gradient or pattern" : "solid fill or gradient";
-    return scope.patterns ? "solid fill or pattern" : "solid fill";
+std::string kindsOf(const MappingScope& scope) {
+    std::vector<std::string> kinds = {"solid fill"};
+    if (scope.gradients) kinds.emplace_back("gradient");
+    if (scope.patterns) kinds.emplace_back("pattern");
+    if (scope.lines) kinds.emplace_back("line");
+    std::string list = kinds.front();
+    for (std::size_t i = 1; i < kinds.size(); ++i) {
+        list += text(i + 1 == kinds.size() ? " or " : ", ", kinds[i]);
+    }
+    return list;
+}
+
+/// The colours of the stops that all shapes of a row have; none where it has no such gradient.
+std::vector<base::Rgb> stopsOf(const ColorElement& row) {
+    if (row.FillObject().original().Type != MsoFillType::msoFillGradient) return {};
+    return row.ElementsGroup->begin()->get()->Fill().GradientStops();
 }
 
 }  // namespace
@@ -109,7 +121,10 @@ RecolorResult Session::recolor(const RecolorRequest& request) {
     dialog_->chkSelAll.toggle();
     outcomes_.clear();
     dialog_->cmdDiscolour.press();
-    return result();
+    writeStops();
+    RecolorResult result = this->result();
+    writeLines(result);
+    return result;
 }
 
 void Session::edit(const RecolorRequest& request) {
@@ -121,12 +136,58 @@ void Session::edit(const RecolorRequest& request) {
 void Session::map(const RecolorRequest& request) {
     ColorMaps maps(request.mappings, request.scope);
     for (std::int16_t i = 1; i <= dialog_->Element.ubound(); ++i) {
-        fill::CFill& fill = dialog_->Element[i].FillObject();
-        if (const auto mapped = maps.mapped(fill.original())) fill.setDestination(*mapped);
+        mapFill(i, request.scope, maps);
+        if (request.scope.lines) mapLines(i, maps);
     }
     if (const auto missing = maps.missing()) {
         throw RequestError(text("no ", kindsOf(request.scope), " in the document has the colour ",
                                 base::toHex(*missing)));
+    }
+}
+
+void Session::mapFill(std::int16_t index, const MappingScope& scope, ColorMaps& maps) {
+    const ColorElement& row = dialog_->Element[index];
+    const std::vector<base::Rgb> stops = scope.gradients ? stopsOf(row) : std::vector<base::Rgb>();
+    if (!stops.empty()) {
+        if (auto mapped = maps.mapped(stops)) stops_[index] = std::move(*mapped);
+    } else if (const auto mapped = maps.mapped(row.FillObject().original())) {
+        row.FillObject().setDestination(*mapped);
+    }
+}
+
+void Session::mapLines(std::int16_t index, ColorMaps& maps) {
+    for (const host::ShapePointer& shape : *dialog_->Element[index].ElementsGroup) {
+        host::LineFormat& line = shape->Line();
+        if (line.Visible() == MsoTriState::msoFalse) continue;
+        const auto mapped = maps.mapped({line.ForeColorRGB()});
+        if (mapped) lines_.push_back({index, shape, mapped->front()});
+    }
+}
+
+/// Reports of the rows as the dialog does for its own.
+void Session::writeStops() {
+    for (const auto& [index, colors] : stops_) {
+        recolor::RowOutcome& outcome = outcomes_[index];
+        for (const host::ShapePointer& shape : *dialog_->Element[index].ElementsGroup) {
+            try {
+                shape->Fill().setGradientStops(colors);
+                ++outcome.shapes;
+            } catch (const base::Error& error) {
+                if (outcome.error.empty()) outcome.error = error.description();
+            }
+        }
+    }
+}
+
+void Session::writeLines(RecolorResult& result) {
+    for (NewLine& each : lines_) {
+        try {
+            each.shape->Line().setForeColorRGB(each.color);
+            each.isWritten = true;
+            ++result.lines;
+        } catch (const base::Error& error) {
+            result.skipped.push_back({each.row, 1, text("its line: ", error.description())});
+        }
     }
 }
 
@@ -144,7 +205,9 @@ void Session::editRow(const RowEdit& rowEdit) {
                                 " has a different fill"));
     }
     const fill::FillProperties edited = rowEdit.edit(fill.original());
-    if (!(edited == fill.original())) fill.setDestination(edited);
+    if (edited == fill.original()) return;
+    fill.setDestination(edited);
+    stops_.erase(static_cast<std::int16_t>(rowEdit.row));
 }
 
 void Session::take(const PaletteFills& palette) {
@@ -201,10 +264,18 @@ StoredFills Session::givenFills() const {
     for (std::int16_t i = 1; i <= dialog_->Element.ubound(); ++i) {
         const ColorElement& row = dialog_->Element[i];
         const bool isNew = isRecoloured(i);
+        const bool hasNewStops = isNew && stops_.contains(i);
         for (const host::ShapePointer& shape : *row.ElementsGroup) {
             if (isNew && isUnfillable(row, *shape)) continue;
-            given[shape->Name()] = {isNew ? i : std::int32_t{0}, row.FillObject().original()};
+            GivenFill& fill = given[shape->Name()];
+            fill = {isNew ? i : std::int32_t{0}, row.FillObject().original()};
+            if (!hasNewStops) continue;
+            fill.fill = fillOf(shape->Fill());
+            fill.stops = stops_.at(i);
         }
+    }
+    for (const NewLine& each : lines_) {
+        if (each.isWritten) given[each.shape->Name()].line = each.color;
     }
     return {*document_, std::move(given)};
 }

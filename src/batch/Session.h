@@ -79,6 +79,8 @@ struct RecolorResult {
     std::size_t shapes = 0;
     std::size_t groups = 0;
     std::size_t changed = 0;
+    /// How many lines got another colour.
+    std::size_t lines = 0;
     std::vector<Skipped> skipped;
 };
 
@@ -109,11 +111,23 @@ class Session {
     StoredFills givenFills() const;
 
  private:
+    /// A line that is to get another colour.
+    struct NewLine {
+        std::int16_t row;
+        host::ShapePointer shape;
+        base::Rgb color;
+        bool isWritten = false;
+    };
+
     std::vector<FillRow> rows() const;
     void edit(const RecolorRequest& request);
     void map(const RecolorRequest& request);
+    void mapFill(std::int16_t index, const MappingScope& scope, ColorMaps& maps);
+    void mapLines(std::int16_t index, ColorMaps& maps);
     void editRow(const RowEdit& edit);
     void take(const PaletteFills& palette);
+    void writeStops();
+    void writeLines(RecolorResult& result);
     RecolorResult result() const;
     void account(std::int16_t index, RecolorResult& result) const;
     bool isRecoloured(std::int16_t index) const;
@@ -121,6 +135,10 @@ class Session {
     std::shared_ptr<host::Document> document_;
     WholeDocument host_;
     std::shared_ptr<recolor::frmEditGraphic> dialog_;
+    /// What is to change beside the rows' fills: the colours of gradients' stops, by rows, and
+    /// those of lines.
+    std::map<std::int16_t, std::vector<base::Rgb>> stops_;
+    std::vector<NewLine> lines_;
     /// What became of each row that the recolour came to, by their numbers.
     std::map<std::int16_t, recolor::RowOutcome> outcomes_;
     /// What the dialog reported of the last scan or recolour as a whole; empty where it went well.

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "base/Text.h"
 #include "batch/BatchRuntime.h"
 #include "batch/Session.h"
 #include "error/mError.h"
@@ -155,6 +156,97 @@ TEST_F(BatchSession, FindsNothingInADocumentWithoutShapes) {
     EXPECT_EQ(session.recolor(request).shapes, 0U);
     EXPECT_TRUE(session.givenFills().compare(*document).differences.empty());
     EXPECT_TRUE(runtime.messages().empty());
+}
+
+TEST_F(BatchSession, MapsTheColoursOfLinesOnRequest) {
+    addThreeRows();
+    const auto wall = document->find("Wall");
+    const auto door = document->find("Door");
+    wall->lineColor = door->lineColor = kGreen;
+    document->find("Roof")->lineColor = kGreen;
+    document->find("Roof")->lineVisible = host::MsoTriState::msoFalse;
+    Session session(host, document);
+    session.scan();
+    RecolorRequest request{{{kGreen, kBlue}}, {}};
+    request.scope.lines = true;
+    const RecolorResult result = session.recolor(request);
+    EXPECT_EQ(result.changed, 1U) << "the fill of the grass";
+    EXPECT_EQ(result.lines, 2U);
+    EXPECT_EQ(wall->lineColor, kBlue);
+    EXPECT_EQ(door->lineColor, kBlue);
+    EXPECT_EQ(wall->fill.ForeColorRGB, kRed);
+    EXPECT_EQ(document->find("Roof")->lineColor, kGreen) << "it has no line";
+    StoredResult stored = session.givenFills().compare(*document);
+    EXPECT_EQ(stored.linesConfirmed, 2U);
+    EXPECT_TRUE(stored.isAsAsked());
+    door->lineColor = kGreen;
+    wall->lineVisible = host::MsoTriState::msoFalse;
+    stored = session.givenFills().compare(*document);
+    EXPECT_EQ(stored.linesOtherwise, 2U);
+    EXPECT_FALSE(stored.isAsAsked());
+}
+
+TEST_F(BatchSession, AColourThatOnlyLinesHaveIsThereWhereLinesAreMapped) {
+    addThreeRows();
+    document->find("Grass")->lineColor = 0x123456;
+    Session session(host, document);
+    session.scan();
+    RecolorRequest request{{{0x123456, kBlue}}, {}};
+    EXPECT_THROW(session.recolor(request), RequestError);
+    request.scope.lines = true;
+    EXPECT_EQ(session.recolor(request).lines, 1U);
+}
+
+TEST_F(BatchSession, ALineThatFailsIsReportedAndTheOthersChange) {
+    addThreeRows();
+    for (const char* const name : {"Roof", "Grass", "Wall"})
+        document->find(name)->lineColor = kGreen;
+    host.log.failAt(base::text("write Roof.Line.ForeColor.RGB ", kBlue), base::Error(7, "locked"));
+    Session session(host, document);
+    session.scan();
+    RecolorRequest request{{{kGreen, kBlue}}, {}};
+    request.scope.lines = true;
+    const RecolorResult result = session.recolor(request);
+    EXPECT_EQ(result.lines, 2U);
+    const auto& last = result.skipped.back();
+    EXPECT_EQ(last.row, 1);
+    EXPECT_EQ(last.shapes, 1U);
+    EXPECT_EQ(last.reason, "its line: locked");
+    EXPECT_EQ(session.givenFills().compare(*document).linesConfirmed, 2U);
+}
+
+TEST_F(BatchSession, MapsAllColoursOfAGradient) {
+    addThreeRows();
+    const auto sky = add("Sky", kRed);
+    sky->fill.Type = host::MsoFillType::msoFillGradient;
+    sky->fill.stops = {kRed, kGreen, kBlue};
+    Session session(host, document);
+    session.scan();
+    RecolorRequest request{{{kGreen, 0x123456}}, {}};
+    request.scope.gradients = true;
+    const RecolorResult result = session.recolor(request);
+    EXPECT_EQ(result.changed, 2U);
+    EXPECT_EQ(sky->fill.stops, (std::vector<std::int32_t>{kRed, 0x123456, kBlue}));
+    EXPECT_EQ(session.givenFills().compare(*document).confirmed, 2U);
+    sky->fill.stops[1] = kGreen;
+    const StoredResult stored = session.givenFills().compare(*document);
+    EXPECT_EQ(stored.confirmed, 1U);
+    ASSERT_EQ(stored.differences.size(), 1U);
+    EXPECT_EQ(stored.differences[0].row, 4);
+}
+
+TEST_F(BatchSession, ARowThatIsEditedBesideAMapHasTheEditsFill) {
+    const auto sky = add("Sky", kRed);
+    sky->fill.Type = host::MsoFillType::msoFillGradient;
+    sky->fill.stops = {kRed, kGreen, kBlue};
+    Session session(host, document);
+    session.scan();
+    RecolorRequest request{{{kGreen, 0x123456}}, {{1, solid(kBlue, 0), std::nullopt}}};
+    request.scope.gradients = true;
+    EXPECT_EQ(session.recolor(request).changed, 1U);
+    EXPECT_EQ(sky->fill.Type, host::MsoFillType::msoFillSolid);
+    EXPECT_EQ(sky->fill.ForeColorRGB, kBlue);
+    EXPECT_EQ(sky->fill.stops[1], kGreen) << "the edit alone was carried out";
 }
 
 TEST_F(BatchSession, LeavesOutColoursThatTheDocumentDoesNotHaveOnRequest) {

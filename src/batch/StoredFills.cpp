@@ -20,21 +20,6 @@ using host::MsoTriState;
 
 namespace {
 
-/// A fill read from a host. A texture whose name is refused is one without a name.
-FillProperties fillOf(host::FillFormat& fill) {
-    if (const FillProperties* known = fill.known()) return *known;
-    FillProperties result;
-    fill::forEveryProperty([&](const auto& property) {
-        if (property.read == nullptr) return;
-        try {
-            result.*property.member = (fill.*property.read)();
-        } catch (const base::Error&) {
-            result.UnknownTexture = true;
-        }
-    });
-    return result;
-}
-
 bool isShown(const FillProperties& fill) {
     return fill.Visible != MsoTriState::msoFalse;
 }
@@ -121,6 +106,20 @@ std::string reasonOf(const FillProperties& asked, const FillProperties& stored) 
 
 }  // namespace
 
+FillProperties fillOf(host::FillFormat& fill) {
+    if (const FillProperties* known = fill.known()) return *known;
+    FillProperties result;
+    fill::forEveryProperty([&](const auto& property) {
+        if (property.read == nullptr) return;
+        try {
+            result.*property.member = (fill.*property.read)();
+        } catch (const base::Error&) {
+            result.UnknownTexture = true;
+        }
+    });
+    return result;
+}
+
 bool hasArrived(const FillProperties& asked, const FillProperties& stored) {
     if (!isShown(asked) || !isShown(stored)) return isShown(asked) == isShown(stored);
     return asked.Transparency == stored.Transparency && hasSameBody(asked, stored);
@@ -174,7 +173,7 @@ void giveFills(Nodes& nodes, GivenFills& given) {
 }
 
 std::size_t countGiven(const Node& node) {
-    std::size_t count = node.given && node.given->isNew() ? 1 : 0;
+    std::size_t count = node.given && (node.given->isNew() || node.given->line) ? 1 : 0;
     for (const Node& member : node.members) count += countGiven(member);
     return count;
 }
@@ -279,6 +278,8 @@ void addDifference(const GivenFill& given, const FillProperties& stored, StoredR
 void add(StoredResult& result, const StoredResult& more) {
     result.confirmed += more.confirmed;
     result.notFound += more.notFound;
+    result.linesConfirmed += more.linesConfirmed;
+    result.linesOtherwise += more.linesOtherwise;
     for (const StoredDifference& each : more.differences) {
         for (std::size_t i = 0; i < each.shapes; ++i) {
             addDifference({each.row, each.asked}, each.stored, result);
@@ -288,19 +289,30 @@ void add(StoredResult& result, const StoredResult& more) {
 
 StoredResult compareNodes(const Nodes& nodes, const Nodes& stored);
 
+void compareShape(const GivenFill& given, host::Shape& stored, StoredResult& result) {
+    if (given.isNew()) {
+        const FillProperties fill = fillOf(stored.Fill());
+        const bool hasStops = given.stops.empty() || stored.Fill().GradientStops() == given.stops;
+        if (hasArrived(given.fill, fill) && hasStops) {
+            ++result.confirmed;
+        } else {
+            addDifference(given, fill, result);
+        }
+    }
+    if (!given.line) return;
+    const bool hasLine = stored.Line().Visible() != MsoTriState::msoFalse &&
+                         stored.Line().ForeColorRGB() == *given.line;
+    ++(hasLine ? result.linesConfirmed : result.linesOtherwise);
+}
+
 StoredResult comparePair(const Node& node, const Node* stored) {
     StoredResult result;
     if (stored == nullptr) {
         result.notFound = countGiven(node);
     } else if (node.isGroup) {
         result = compareNodes(node.members, stored->members);
-    } else if (node.given && node.given->isNew()) {
-        const FillProperties fill = fillOf(stored->shape->Fill());
-        if (hasArrived(node.given->fill, fill)) {
-            ++result.confirmed;
-        } else {
-            addDifference(*node.given, fill, result);
-        }
+    } else if (node.given) {
+        compareShape(*node.given, *stored->shape, result);
     }
     return result;
 }
@@ -315,7 +327,10 @@ StoredResult compareNodes(const Nodes& nodes, const Nodes& stored) {
     StoredResult ordered = compareAs(byOrder(nodes, stored), nodes);
     if (ordered.isAsAsked()) return ordered;
     StoredResult named = compareAs(byName(nodes, stored), nodes);
-    return named.confirmed > ordered.confirmed ? named : ordered;
+    const auto explained = [](const StoredResult& each) {
+        return each.confirmed + each.linesConfirmed;
+    };
+    return explained(named) > explained(ordered) ? named : ordered;
 }
 
 }  // namespace

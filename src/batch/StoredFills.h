@@ -10,6 +10,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "base/Color.h"
 #include "fill/FillProperties.h"
 #include "host/Document.h"
 
@@ -19,6 +20,10 @@ namespace huebrush::batch {
 struct GivenFill {
     std::int32_t row = 0;
     fill::FillProperties fill;
+    /// The colours of its stops, where those were given.
+    std::vector<base::Rgb> stops = {};
+    /// The colour that its line was given.
+    std::optional<base::Rgb> line = std::nullopt;
 
     bool isNew() const { return row != 0; }
 };
@@ -39,10 +44,13 @@ struct StoredResult {
     /// Shapes that have their new fill in the stored file.
     std::size_t confirmed = 0;
     std::vector<StoredDifference> differences;
+    /// Lines that have their new colour there, and those that have another one.
+    std::size_t linesConfirmed = 0;
+    std::size_t linesOtherwise = 0;
     /// Shapes that could not be found again.
     std::size_t notFound = 0;
 
-    bool isAsAsked() const { return differences.empty() && notFound == 0; }
+    bool isAsAsked() const { return differences.empty() && linesOtherwise == 0 && notFound == 0; }
 };
 
 /// The fills that a recolour gave to the shapes of a document, to be compared with those in the
@@ -67,6 +75,9 @@ class StoredFills {
  private:
     std::vector<Node> tree_;
 };
+
+/// A fill as a host has it now. A texture whose name is refused is one without a name.
+fill::FillProperties fillOf(host::FillFormat& fill);
 
 /// Whether a shape that reads as `stored` has the fill `asked`: what the asked fill does not use
 /// does not count.

@@ -72,12 +72,12 @@ void addEdits(CLI::App& command, RecolorOptions& options) {
             ->allow_extra_args(false);
     command
         .add_option("--also", options.also,
-                    "What else --map changes: the colours of \"gradients\" and of \"patterns\", "
-                    "separated by a comma")
-        ->type_name("gradients|patterns")
+                    "What else --map changes: the colours of \"gradients\", of \"patterns\" and of "
+                    "\"lines\", separated by commas")
+        ->type_name("gradients|patterns|lines")
         ->delimiter(',')
         ->allow_extra_args(false)
-        ->check(CLI::IsMember({"gradients", "patterns"}).description(""))
+        ->check(CLI::IsMember({"gradients", "patterns", "lines"}).description(""))
         ->needs(map);
     command
         .add_option(

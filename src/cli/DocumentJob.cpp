@@ -164,8 +164,8 @@ json runWithoutOffice(const protocol::Job& job, bool showProgress, std::string& 
 }
 
 bool isToBeWritten(const json& result, Writing writing) {
-    return writing == Writing::always ||
-           (writing == Writing::ifChanged && result.at("changed") != 0);
+    return writing == Writing::always || (writing == Writing::ifChanged &&
+                                          (result.at("changed") != 0 || result.at("lines") != 0));
 }
 
 /// Where a result is to be written, refused at once if that cannot be.

@@ -28,10 +28,17 @@ std::string shapesText(std::size_t count) {
     return countOf(count, "shape", "shapes");
 }
 
-/// What became of a document's shapes: "96 of 428 shapes recoloured".
+bool has(const std::vector<std::string>& list, const char* word) {
+    return std::find(list.begin(), list.end(), word) != list.end();
+}
+
+/// What became of a document's shapes: "96 of 428 shapes and 12 lines recoloured".
 std::string changesOf(const json& result, const RecolorOptions& options) {
+    const std::string lines =
+        text(" and ", countOf(result.at("lines").get<std::size_t>(), "line", "lines"));
     return text(result.at("changed").get<std::size_t>(), " of ",
                 shapesText(result.at("shapes").get<std::size_t>()),
+                has(options.also, "lines") ? lines : "",
                 options.dryRun ? " would be recoloured" : " recoloured");
 }
 
@@ -71,11 +78,12 @@ bool printStored(const json& result, const std::string& about) {
                           notFound == 1 ? " was" : " were",
                           " not found in the stored file; the fill there is unknown\n");
     }
-    return notFound > 0 || !stored.at("differences").empty();
-}
-
-bool has(const std::vector<std::string>& list, const char* word) {
-    return std::find(list.begin(), list.end(), word) != list.end();
+    const auto lines = stored.at("linesOtherwise").get<std::size_t>();
+    if (lines > 0) {
+        std::cerr << text("huebrush: ", about, countOf(lines, "line", "lines"),
+                          " stored in another colour than asked for\n");
+    }
+    return notFound > 0 || lines > 0 || !stored.at("differences").empty();
 }
 
 /// The edits that the options ask for, without a document.
@@ -85,6 +93,7 @@ protocol::Job editsOf(const RecolorOptions& options) {
     job.scope.tolerance = options.tolerance;
     job.scope.gradients = has(options.also, "gradients");
     job.scope.patterns = has(options.also, "patterns");
+    job.scope.lines = has(options.also, "lines");
     job.scope.mayBeMissing = options.ignoreMissing;
     job.rows = options.rows;
     if (!options.plan.empty()) job.plan = readJson("the plan", options.plan);

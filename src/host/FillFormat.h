@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "host/Enumerations.h"
 #include "host/FillProperties.h"
@@ -56,6 +57,14 @@ class FillFormat {
     virtual void PresetGradient(std::int32_t style, std::int32_t variant, std::int32_t type) = 0;
     virtual void PresetTextured(std::int32_t texture) = 0;
     virtual void UserTextured(const std::string& file) = 0;
+
+    /// The colours of all stops of a gradient that has more than its two ends, in their order;
+    /// empty for every other fill, and in a host that has no such gradients.
+    virtual std::vector<std::int32_t> GradientStops() { return {}; }
+    /// Gives the stops other colours: as many as there are. All else of the fill stays.
+    virtual void setGradientStops(const std::vector<std::int32_t>& colors) {
+        static_cast<void>(colors);
+    }
 };
 
 }  // namespace huebrush::host

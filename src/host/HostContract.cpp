@@ -410,6 +410,29 @@ TEST_P(HostContract, AGroupsLineIsItsMembersLine) {
     EXPECT_EQ(group->Line().Visible(), MsoTriState::msoTriStateMixed);
 }
 
+TEST_P(HostContract, ALinesColourIsWrittenAlone) {
+    host().addRectangle("a", kRed);
+    const ShapePointer shape = first();
+    shape->Line().setVisible(MsoTriState::msoTrue);
+    shape->Line().setForeColorRGB(kBlue);
+    EXPECT_EQ(shape->Line().ForeColorRGB(), kBlue);
+    EXPECT_EQ(shape->Line().Visible(), MsoTriState::msoTrue);
+    EXPECT_EQ(shape->Fill().ForeColorRGB(), kRed);
+    EXPECT_EQ(first()->Line().ForeColorRGB(), kBlue);
+}
+
+TEST_P(HostContract, WritingAGroupsLineWritesAllMembers) {
+    const auto inner = host().group("inner", {host().addLine("a"), host().addRectangle("b", kRed)});
+    host().group("outer", {inner, host().addRectangle("c", kRed)});
+    const ShapePointer outer = first();
+    outer->Line().setVisible(MsoTriState::msoTrue);
+    outer->Line().setForeColorRGB(kGreen);
+    EXPECT_EQ(outer->Line().ForeColorRGB(), kGreen);
+    EXPECT_EQ(outer->GroupItems()->Item(1)->GroupItems()->Item(1)->Line().ForeColorRGB(), kGreen);
+    outer->GroupItems()->Item(2)->Line().setForeColorRGB(kBlue);
+    EXPECT_EQ(outer->Line().ForeColorRGB(), kMixed);
+}
+
 TEST_P(HostContract, WritingAGroupsFillWritesAllMembers) {
     const auto inner =
         host().group("inner", {host().addRectangle("a", kRed), host().addRectangle("b", kBlue)});
@@ -431,6 +454,7 @@ TEST_P(HostContract, ADeletedShapeIsAnErrorOfItsUse) {
     EXPECT_THROW(shape->Fill().Visible(), base::Error);
     EXPECT_THROW(shape->Fill().setForeColorRGB(kBlue), base::Error);
     EXPECT_THROW(shape->Line().Visible(), base::Error);
+    EXPECT_THROW(shape->Line().setForeColorRGB(kBlue), base::Error);
     EXPECT_THROW(shapes()->Range({name}), base::Error);
     EXPECT_EQ(shapes()->Count(), 1);
     EXPECT_EQ(colorOf(first()), kGreen);

@@ -23,6 +23,7 @@ class LineFormat {
     virtual void setVisible(MsoTriState visible) = 0;
     /// `ForeColor.RGB` of the host, red in the low byte.
     virtual std::int32_t ForeColorRGB() = 0;
+    virtual void setForeColorRGB(std::int32_t color) = 0;
 };
 
 class Shape;

@@ -571,4 +571,28 @@ FillTarget targetFor(const HostFill& wanted, const KnownFill& now, const std::st
     return target;
 }
 
+std::vector<std::int32_t> stopColorsOf(const OfficeFill& office) {
+    std::vector<std::int32_t> colors;
+    if (office.style != OfficeFillStyle::gradient) return colors;
+    for (const OfficeColorStop& each : office.gradient.stops) {
+        colors.push_back(toHostColor(each.color));
+    }
+    return colors;
+}
+
+KnownFill withStopColors(const KnownFill& fill, const std::vector<std::int32_t>& colors) {
+    KnownFill result = fill;
+    OfficeGradient& gradient = result.office.gradient;
+    if (colors.empty() || colors.size() != gradient.stops.size()) return result;
+    const bool startsWithFirst = gradient.startColor == gradient.stops.front().color;
+    for (std::size_t i = 0; i < colors.size(); ++i) {
+        gradient.stops[i].color = toOfficeColor(colors[i]);
+    }
+    gradient.startColor = (startsWithFirst ? gradient.stops.front() : gradient.stops.back()).color;
+    gradient.endColor = (startsWithFirst ? gradient.stops.back() : gradient.stops.front()).color;
+    result.host = hostFillOf(result.office, {});
+    result.host.transparency = fill.host.transparency;
+    return result;
+}
+
 }  // namespace huebrush::mapping

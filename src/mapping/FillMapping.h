@@ -4,6 +4,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "mapping/HostFill.h"
 #include "mapping/OfficeFill.h"
@@ -56,6 +57,11 @@ struct FillTarget {
 /// is kept as it is (a gradient that only changes its colours keeps its angle). `userPicture` is
 /// the name in the document's table of the picture of a user texture.
 FillTarget targetFor(const HostFill& wanted, const KnownFill& now, const std::string& userPicture);
+
+/// The colours of a gradient's stops in the object model's terms; empty for a fill without any.
+std::vector<std::int32_t> stopColorsOf(const OfficeFill& office);
+/// The same fill with other colours of its stops: as many as it has.
+KnownFill withStopColors(const KnownFill& fill, const std::vector<std::int32_t>& colors);
 
 /// "0xRRGGBB" of the office from the object model's colour, and back.
 std::int32_t toOfficeColor(std::int32_t color);

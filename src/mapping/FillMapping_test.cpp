@@ -253,6 +253,29 @@ KnownFill shapeWith(const OfficeGradient& gradient) {
     return knownFillOf(office, {}, {});
 }
 
+TEST(GradientStops, GetOtherColoursAndKeepTheirPlaces) {
+    KnownFill now = shapeWith(gradientOver(0x00FF00, 3000));
+    now.host.transparency = 0.25F;
+    EXPECT_EQ(stopColorsOf(now.office), (std::vector<std::int32_t>{0x0000FF, 0x00FF00, 0xFF0000}));
+    const KnownFill changed = withStopColors(now, {0x010203, 0x040506, 0x070809});
+    EXPECT_EQ(stopColorsOf(changed.office),
+              (std::vector<std::int32_t>{0x010203, 0x040506, 0x070809}));
+    EXPECT_EQ(changed.office.gradient.stops[1].place, 3000);
+    EXPECT_EQ(changed.office.gradient.startColor, 0x030201);
+    EXPECT_EQ(changed.office.gradient.endColor, 0x090807);
+    EXPECT_EQ(changed.host.transparency, 0.25F);
+    EXPECT_NE(changed.host.stopsMark, now.host.stopsMark);
+    EXPECT_EQ(withStopColors(now, {1, 2}).host, now.host) << "another number of colours";
+}
+
+TEST(GradientStops, OfAGradientThatBeginsAtTheirEndStayTurned) {
+    OfficeGradient turned = gradientOver(0x00FF00);
+    std::swap(turned.startColor, turned.endColor);
+    const KnownFill changed = withStopColors(shapeWith(turned), {0x010203, 0x040506, 0x070809});
+    EXPECT_EQ(changed.office.gradient.startColor, 0x090807);
+    EXPECT_EQ(changed.office.gradient.endColor, 0x030201);
+}
+
 TEST(GradientStops, MakeFillsDifferInWhatTheirTypeDoesNotUse) {
     OfficeGradient ends = gradientOver(0);
     ends.stops.clear();

@@ -83,6 +83,7 @@ json toJson(const Job& job) {
             {"tolerance", job.scope.tolerance},
             {"gradients", job.scope.gradients},
             {"patterns", job.scope.patterns},
+            {"lines", job.scope.lines},
             {"mayBeMissing", job.scope.mayBeMissing}};
 }
 
@@ -100,7 +101,8 @@ Job jobFromJson(const json& value) {
             value.at("palette"),
             value.at("mayBeFewer").get<bool>(),
             {value.at("tolerance").get<double>(), value.at("gradients").get<bool>(),
-             value.at("patterns").get<bool>(), value.at("mayBeMissing").get<bool>()}};
+             value.at("patterns").get<bool>(), value.at("lines").get<bool>(),
+             value.at("mayBeMissing").get<bool>()}};
 }
 
 batch::RecolorRequest requestOf(const Job& job) {
@@ -135,6 +137,7 @@ ordered_json toJson(const batch::RecolorResult& result) {
     return {{"shapes", result.shapes},
             {"groups", result.groups},
             {"changed", result.changed},
+            {"lines", result.lines},
             {"skipped", std::move(skipped)}};
 }
 
@@ -149,6 +152,8 @@ ordered_json toJson(const batch::StoredResult& result) {
     }
     return {{"confirmed", result.confirmed},
             {"notFound", result.notFound},
+            {"linesConfirmed", result.linesConfirmed},
+            {"linesOtherwise", result.linesOtherwise},
             {"differences", std::move(differences)}};
 }
 

@@ -163,6 +163,7 @@ TEST(Job, CarriesWhatTheMapsChange) {
     job.password = "heslo";
     job.scope.tolerance = 2.5;
     job.scope.gradients = true;
+    job.scope.lines = true;
     job.scope.mayBeMissing = true;
     const Job read = jobFromJson(toJson(job));
     EXPECT_EQ(read.password, "heslo");
@@ -170,6 +171,7 @@ TEST(Job, CarriesWhatTheMapsChange) {
     EXPECT_EQ(scope.tolerance, 2.5);
     EXPECT_TRUE(scope.gradients);
     EXPECT_FALSE(scope.patterns);
+    EXPECT_TRUE(scope.lines);
     EXPECT_TRUE(scope.mayBeMissing);
 }
 

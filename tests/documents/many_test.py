@@ -306,6 +306,21 @@ class Recolouring(Case):
         self.assertIn("pattern 20 #112233 on #FFFFFF", listed)
         self.assertIn("two-colour gradient #445566 to #FFFBEC", listed)
 
+    def test_the_colours_of_lines(self):
+        for name in ("a.odt", "sub/b.docx"):
+            document, result = self.documents / name, self.folder / f"lines{name[-5:]}"
+            line = ("--map", "#5A4636=#0070C0")
+            self.assertEqual(huebrush("recolor", document, "--dry-run", *line).returncode, 1)
+            done = huebrush("recolor", document, "-o", result, *line, "--also", "lines")
+            self.assert_done(done)
+            self.assertIn(" shapes and 108 lines recoloured", done.stdout)
+            self.assertEqual(huebrush("fills", result).stdout, huebrush("fills", document).stdout)
+            again = huebrush("recolor", result, "--in-place", "--json",
+                             "--map", "#0070C0=#5A4636", "--also", "lines")
+            self.assert_done(again)
+            self.assertEqual(json.loads(again.stdout)["lines"], 108)
+            self.assertEqual(json.loads(again.stdout)["stored"]["linesConfirmed"], 108)
+
 
 class OnATerminal(Case):
     def run_in_terminal(self, columns, *arguments):

@@ -125,12 +125,15 @@ void recolour(const std::string& bytes, std::uint8_t choice) {
     const auto file = documents::openDocument(bytes);
     if (file->with({}) != bytes) fail("without a change the file is another one");
     const mapping::HostFill fill = fillFor(choice);
-    documents::NewFills fills;
+    constexpr std::int32_t kLineColor = 0x123456;
+    documents::ShapeChanges changes;
     const Leaves before = leavesOf(*file);
     for (const ShapeRecord* each : before) {
-        if (each->canHaveFill) fills[each->number].fill = fill;
+        documents::ShapeChange& change = changes[each->number];
+        if (each->canHaveFill) change.fill = documents::NewFill{fill};
+        if (each->lineVisible) change.lineColor = kLineColor;
     }
-    const std::string changed = file->with(fills);
+    const std::string changed = file->with(changes);
     std::unique_ptr<documents::ShapeFile> stored;
     try {
         stored = documents::openDocument(changed);
@@ -143,6 +146,8 @@ void recolour(const std::string& bytes, std::uint8_t choice) {
         if (before[i]->name != after[i]->name) fail("another name");
         if (before[i]->canHaveFill != after[i]->canHaveFill) fail("another kind of shape");
         if (before[i]->canHaveFill && !isAsWanted(fill, after[i]->fill->host)) fail("another fill");
+        if (before[i]->lineVisible != after[i]->lineVisible) fail("another line");
+        if (before[i]->lineVisible && after[i]->lineColor != kLineColor) fail("another colour");
     }
     if (documents::isPackage(bytes)) requireOthersKept(bytes, changed);
 }

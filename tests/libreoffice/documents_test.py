@@ -504,15 +504,19 @@ class ManyDocuments(OnDocuments):
 
     def test_what_the_maps_change_is_the_same_as_without_an_office(self):
         more = ("--map", "#C10101=#0070C0", "--tolerance", "1", "--map", "#4C7A3A=#112233",
-                "--map", "#F0C75E=#445566", "--also", "gradients,patterns",
-                "--map", "#010203=#445566", "--ignore-missing")
+                "--map", "#F0C75E=#445566", "--also", "gradients,patterns,lines",
+                "--map", "#5A4636=#0000C0", "--map", "#010203=#445566", "--ignore-missing")
         by_office = self.run_program("recolor", self.town, "--dry-run", "--json", *more)
         self.assertEqual(by_office.returncode, 0, by_office.stderr)
         alone = subprocess.run([PROGRAM, "recolor", self.town, "--dry-run", "--json", *more],
                                capture_output=True, text=True)
-        self.assertEqual(json.loads(by_office.stdout)["changed"],
-                         json.loads(alone.stdout)["changed"])
-        self.assertGreater(json.loads(alone.stdout)["changed"], 14)
+        by_office, alone = json.loads(by_office.stdout), json.loads(alone.stdout)
+        for what in ("changed", "lines"):
+            self.assertEqual(by_office[what], alone[what])
+        self.assertGreater(alone["changed"], 14)
+        self.assertEqual(alone["lines"], 108)
+        for each in (by_office, alone):
+            self.assertEqual(each["stored"]["linesConfirmed"], 108)
 
 
 class BadInput(OnDocuments):

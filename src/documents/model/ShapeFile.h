@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -39,12 +40,22 @@ struct NewFill {
     mapping::HostFill fill;
     /// The bytes of a user texture's file; empty for every other fill.
     std::string picture = {};
+    /// Other colours of the stops of the gradient that the shape has, red in the low byte: `fill`
+    /// is that gradient with them. Empty for every other fill.
+    std::vector<std::int32_t> stops = {};
+};
+
+/// What becomes of a shape; what has no value stays.
+struct ShapeChange {
+    std::optional<NewFill> fill = {};
+    /// The colour of the line, which the shape has, with red in the low byte.
+    std::optional<std::int32_t> lineColor = {};
 };
 
 /// By the shapes' numbers.
-using NewFills = std::map<std::size_t, NewFill>;
+using ShapeChanges = std::map<std::size_t, ShapeChange>;
 
-/// A document file of one format: its shapes, and how their fills are changed.
+/// A document file of one format: its shapes, and how their fills and lines are changed.
 class ShapeFile {
  public:
     ShapeFile() = default;
@@ -55,9 +66,9 @@ class ShapeFile {
     /// The top-level shapes from back to front.
     virtual const std::vector<ShapeRecord>& shapes() const = 0;
 
-    /// The bytes of the file with these fills; all else is as it is. DocumentError where that
+    /// The bytes of the file with these changes; all else is as it is. DocumentError where that
     /// cannot be.
-    virtual std::string with(const NewFills& fills) const = 0;
+    virtual std::string with(const ShapeChanges& changes) const = 0;
 };
 
 }  // namespace huebrush::documents

@@ -258,7 +258,25 @@ ShapeRecord OdfFile::recordOf(const FoundShape& found) {
     return record;
 }
 
-std::string OdfFile::with(const NewFills& fills) const {
+StyleChanges::Look OdfFile::wantedLook(const Shape& shape, const ShapeChange& change) {
+    StyleChanges::Look look;
+    if (change.fill && shape.fill) {
+        const NewFill& wanted = *change.fill;
+        const std::string texture = wanted.picture.empty()
+                                        ? shape.fill->office.bitmapName
+                                        : mapping::nameOfFile(bytesOf(wanted.picture));
+        look.fill = targetFor(wanted.fill, withStopColors(*shape.fill, wanted.stops), texture);
+        look.picture = wanted.picture;
+        if (look.fill->picture) {
+            const auto tile = mapping::bitmapFileOf(tileOf(*look.fill->picture));
+            look.picture.assign(tile.begin(), tile.end());
+        }
+    }
+    if (change.lineColor) look.lineColor = mapping::toOfficeColor(*change.lineColor);
+    return look;
+}
+
+std::string OdfFile::with(const ShapeChanges& changes) const {
     if (package_ && !signaturesIn(*package_).empty()) {
         throw DocumentError("is signed: any change would make its signature invalid");
     }
@@ -271,19 +289,12 @@ std::string OdfFile::with(const NewFills& fills) const {
     NewPictures& pictures = package_ ? static_cast<NewPictures&>(*inPackage) : *inText;
     Definitions definitions(*styles_, *reader_, pictures);
     StyleChanges styles(*styles_, definitions);
-    for (const auto& [number, wanted] : fills) {
+    for (const auto& [number, change] : changes) {
         const Shape& shape = byNumber_.at(number);
-        if (!shape.fill) continue;
-        const std::string texture = wanted.picture.empty()
-                                        ? shape.fill->office.bitmapName
-                                        : mapping::nameOfFile(bytesOf(wanted.picture));
-        const auto target = targetFor(wanted.fill, *shape.fill, texture);
-        std::string picture = wanted.picture;
-        if (target.picture) {
-            const auto tile = mapping::bitmapFileOf(tileOf(*target.picture));
-            picture.assign(tile.begin(), tile.end());
-        }
-        const StyleNames names = styles.with(shape.styles, *shape.fill, target, picture);
+        const StyleChanges::Look wanted = wantedLook(shape, change);
+        if (!wanted.fill && !wanted.lineColor) continue;
+        const mapping::OfficeFill now = shape.fill ? shape.fill->office : mapping::OfficeFill();
+        const StyleNames names = styles.with(shape.styles, now, wanted);
         const std::string_view prefix = prefixOf(content_->writtenName(shape.element));
         setAttribute(*content_, content, shape.element, kDraw, withPrefix(prefix, "style-name"),
                      names.graphic);
@@ -295,11 +306,11 @@ std::string OdfFile::with(const NewFills& fills) const {
     styles.finish(*content_, content);
     definitions.finish(package_ ? common : content);
     if (!package_) return content.applied(content_->text());
-    PackageChanges changes;
-    if (!content.empty()) changes[kContentName] = content.applied(content_->text());
-    if (!common.empty()) changes[kStylesName] = common.applied(common_->text());
-    inPackage->finish(changes);
-    return package_->with(changes);
+    PackageChanges parts;
+    if (!content.empty()) parts[kContentName] = content.applied(content_->text());
+    if (!common.empty()) parts[kStylesName] = common.applied(common_->text());
+    inPackage->finish(parts);
+    return package_->with(parts);
 }
 
 bool isEncrypted(const Package& package) {

@@ -11,6 +11,7 @@
 #include "documents/model/ShapeFile.h"
 #include "documents/odf/FillReader.h"
 #include "documents/odf/OdfShapes.h"
+#include "documents/odf/StyleChanges.h"
 #include "documents/odf/Styles.h"
 #include "documents/package/Package.h"
 #include "documents/xml/Outline.h"
@@ -28,7 +29,7 @@ class OdfFile final : public ShapeFile {
     ~OdfFile() override;
 
     const std::vector<ShapeRecord>& shapes() const override { return shapes_; }
-    std::string with(const NewFills& fills) const override;
+    std::string with(const ShapeChanges& changes) const override;
 
  private:
     struct Shape {
@@ -48,6 +49,7 @@ class OdfFile final : public ShapeFile {
     const Outline& common() const { return package_ ? *common_ : *content_; }
     bool hasOldAngles() const;
     const Look& lookOf(const StyleNames& names);
+    static StyleChanges::Look wantedLook(const Shape& shape, const ShapeChange& change);
     ShapeRecord recordOf(const FoundShape& found);
 
     /// Nothing for a flat document.

@@ -75,9 +75,9 @@ mapping::HostFill solid(std::int32_t color) {
 
 std::string recoloured(const std::string& document, const mapping::HostFill& fill) {
     const OdfFile file(document);
-    NewFills fills;
-    for (const ShapeRecord& each : file.shapes()) fills[each.number] = {fill};
-    return file.with(fills);
+    ShapeChanges changes;
+    for (const ShapeRecord& each : file.shapes()) changes[each.number].fill = NewFill{fill};
+    return file.with(changes);
 }
 
 // Values.
@@ -123,11 +123,6 @@ TEST(OdfFills, ComeFromTheAutomaticStyleOrItsParentsOrTheDefault) {
                       shape}),
               solid(kBlue));
     EXPECT_EQ(fillOf({{}, {}, shape}), solid(0xCF9F72)) << "as no style says anything";
-    const std::string ring = style("A", "", R"( style:parent-style-name="B")") +
-                             style("B", "", R"( style:parent-style-name="A")");
-    EXPECT_EQ(fillOf({ring, style("gr1", "", R"( style:parent-style-name="A")"), shape}),
-              solid(0xCF9F72))
-        << "parents in a circle";
 }
 
 TEST(OdfFills, OfTheTextsStyleCountFirst) {
@@ -190,7 +185,7 @@ TEST(OdfChanges, OfOneShapeLeaveAllThatOthersUse) {
               style("gr1", R"(draw:stroke="none" draw:fill="solid" draw:fill-color="#ff0000")"),
               rectangle(R"(draw:style-name="gr1")") + rectangle(R"(draw:style-name="gr1")")});
     const OdfFile file(document);
-    const std::string changed = file.with({{0, {solid(kBlue)}}});
+    const std::string changed = file.with({{0, {NewFill{solid(kBlue)}}}});
     const OdfFile again(changed);
     EXPECT_EQ(again.shapes()[0].fill->host, solid(kBlue));
     EXPECT_EQ(again.shapes()[1].fill->host, solid(kRed));
@@ -202,6 +197,102 @@ TEST(OdfChanges, OfOneShapeLeaveAllThatOthersUse) {
     const std::size_t shape = expected.find(R"(draw:rect draw:style-name="gr1")");
     expected.replace(expected.find(R"("gr1")", shape), 5, R"("gr1hb1")");
     EXPECT_EQ(changed, expected);
+}
+
+TEST(OdfChanges, OfALineChangeNothingButItsColour) {
+    const std::string properties =
+        R"(draw:stroke="solid" svg:stroke-color="#00ff00" draw:fill="solid" draw:fill-color="#ff0000")";
+    const std::string document =
+        flat({{},
+              style("gr1", properties),
+              rectangle(R"(draw:style-name="gr1")") + rectangle(R"(draw:style-name="gr1")")});
+    const std::string changed = OdfFile(document).with({{1, {{}, kBlue}}});
+    const OdfFile again(changed);
+    EXPECT_EQ(again.shapes()[0].lineColor, 0x00FF00);
+    EXPECT_EQ(again.shapes()[1].lineColor, kBlue);
+    EXPECT_EQ(again.shapes()[1].fill->host, solid(kRed));
+    std::string expected = document;
+    std::string added = style("gr1hb1", properties);
+    added.replace(added.find("#00ff00"), 7, "#0000ff");
+    expected.insert(expected.find("</office:automatic-styles>"), added);
+    expected.replace(expected.rfind(R"("gr1")"), 5, R"("gr1hb1")");
+    EXPECT_EQ(changed, expected);
+}
+
+TEST(OdfChanges, OfALineKeepTheThemeColourOfTheFill) {
+    const std::string theme = R"(<loext:fill-complex-color loext:theme-type="accent1"/>)";
+    const std::string document = flat(
+        {{},
+         text(R"(<style:style style:name="gr1" style:family="graphic"><style:graphic-properties )",
+              R"(draw:fill="solid" draw:fill-color="#ff0000">)", theme,
+              "</style:graphic-properties></style:style>"),
+         rectangle(R"(draw:style-name="gr1")")});
+    const auto count = [&](const std::string& in) {
+        std::size_t found = 0;
+        for (std::size_t at = in.find(theme); at != std::string::npos;
+             at = in.find(theme, at + 1)) {
+            ++found;
+        }
+        return found;
+    };
+    EXPECT_EQ(count(OdfFile(document).with({{0, {{}, kBlue}}})), 2U);
+    EXPECT_EQ(count(OdfFile(document).with({{0, {NewFill{solid(kBlue)}}}})), 1U);
+}
+
+TEST(OdfChanges, OfAFillAndALineMakeOneStyle) {
+    const std::string document =
+        flat({{}, style("gr1", R"(draw:fill="none")"), rectangle(R"(draw:style-name="gr1")")});
+    const std::string changed =
+        OdfFile(document).with({{0, {NewFill{solid(kBlue)}, std::int32_t{kRed}}}});
+    const OdfFile again(changed);
+    EXPECT_EQ(again.shapes()[0].lineColor, kRed);
+    EXPECT_EQ(again.shapes()[0].fill->host, solid(kBlue));
+    EXPECT_EQ(changed.find("gr1hb2"), std::string::npos);
+}
+
+TEST(OdfChanges, GiveTheStopsOfAGradientOtherColours) {
+    const std::string document = flat(
+        {R"(<draw:gradient draw:name="Sky" draw:style="linear" draw:start-color="#ff0000" )"
+         R"(draw:end-color="#0000ff" draw:start-intensity="100%" draw:end-intensity="100%" )"
+         R"(draw:angle="0deg" draw:border="0%">)"
+         R"(<loext:gradient-stop svg:offset="0" loext:color-type="rgb" loext:color-value="#ff0000"/>)"
+         R"(<loext:gradient-stop svg:offset="0.3" loext:color-type="rgb" loext:color-value="#00ff00"/>)"
+         R"(<loext:gradient-stop svg:offset="1" loext:color-type="rgb" loext:color-value="#0000ff"/>)"
+         "</draw:gradient>",
+         style("gr1", R"(draw:fill="gradient" draw:fill-gradient-name="Sky")"),
+         rectangle(R"(draw:style-name="gr1")")});
+    const OdfFile file(document);
+    NewFill wanted;
+    wanted.stops = {kRed, 0x123456, kBlue};
+    wanted.fill = withStopColors(*onlyShape(file).fill, wanted.stops).host;
+    const OdfFile again(file.with({{0, {wanted}}}));
+    EXPECT_EQ(stopColorsOf(onlyShape(again).fill->office), wanted.stops);
+    EXPECT_EQ(onlyShape(again).fill->office.gradient.stops[1].place, 3000);
+}
+
+TEST(OdfStyles, ThatAreTheirOwnParentsAreRefusedAndLongChainsAreNot) {
+    const auto parents = [](int count, int last) {
+        std::string common;
+        for (int i = 1; i <= count; ++i) {
+            const int parent = i == count ? last : i + 1;
+            common += style(
+                text("S", i), i == count ? R"(draw:fill="solid" draw:fill-color="#ff0000")" : "",
+                parent == 0 ? "" : text(R"( style:parent-style-name="S)", parent, "\""));
+        }
+        return Parts{common, style("gr1", "", R"( style:parent-style-name="S1")"),
+                     rectangle(R"(draw:style-name="gr1")")};
+    };
+    EXPECT_EQ(fillOf(parents(1000, 0)), solid(kRed));
+    for (const int last : {1, 2, 3}) {
+        try {
+            static_cast<void>(fillOf(parents(3, last)));
+            ADD_FAILURE();
+        } catch (const DocumentError& error) {
+            EXPECT_EQ(std::string(error.what()).rfind("has a style that is its own parent: S", 0),
+                      0U)
+                << error.what();
+        }
+    }
 }
 
 TEST(OdfChanges, DeclareAPrefixThatMeansSomethingElseThereUnderAnotherName) {
@@ -315,7 +406,7 @@ TEST(OdfPackages, GetTheirPicturesAndTheList) {
     mapping::HostFill fill = solid(kRed);
     fill.backColor = kBlue;
     static_cast<mapping::FillBuild&>(fill) = mapping::patternBuild(41);
-    const Package changed(file.with({{0, {fill}}}));
+    const Package changed(file.with({{0, {NewFill{fill}}}}));
     ASSERT_TRUE(isOdfPackage(changed));
     const std::string& picture = changed.entries().back().name;
     EXPECT_TRUE(picture.starts_with("Pictures/") && picture.ends_with(".bmp")) << picture;
@@ -330,7 +421,7 @@ TEST(OdfPackages, AreRefusedWhenTheyAreEncryptedOrSigned) {
     auto entries = packed();
     entries.push_back({"META-INF/documentsignatures.xml", "<a/>"});
     const OdfFile file{Package(writtenPackage(entries))};
-    EXPECT_THROW(static_cast<void>(file.with({{0, {solid(kRed)}}})), DocumentError);
+    EXPECT_THROW(static_cast<void>(file.with({{0, {NewFill{solid(kRed)}}}})), DocumentError);
 }
 
 }  // namespace

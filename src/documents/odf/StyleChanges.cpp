@@ -2,6 +2,7 @@
 
 #include "documents/odf/StyleChanges.h"
 
+#include <algorithm>
 #include <array>
 #include <map>
 
@@ -111,7 +112,10 @@ void changeProperties(const Place& properties, const Changes& changes, Splices& 
         splices.insert(at, prefixes.declarations());
     }
     const Place theme = properties.child(kThemeColor);
-    if (theme) splices.remove(outline.rangeOf(theme.element));
+    const bool hasOtherColor = std::any_of(changes.begin(), changes.end(), [](const auto& each) {
+        return each.space == kDraw && each.local == "fill-color";
+    });
+    if (theme && hasOtherColor) splices.remove(outline.rangeOf(theme.element));
 }
 
 /// A copy of a style with another name and other properties.
@@ -323,6 +327,23 @@ void Definitions::finish(Splices& common) const {
 
 // Styles
 
+namespace {
+
+std::optional<std::string> memoryOf(const mapping::FillTarget& target) {
+    if (!target.remembered) return {};
+    return toText(*target.remembered);
+}
+
+/// The same only for the same looks.
+std::string keyOf(const StyleChanges::Look& look) {
+    const auto colorOf = [](const auto& color) { return color ? colorText(*color) : ""; };
+    if (!look.fill) return colorOf(look.lineColor);
+    return text(colorOf(look.lineColor), ";", toText(look.fill->office), ";",
+                memoryOf(*look.fill).value_or(""));
+}
+
+}  // namespace
+
 Changes StyleChanges::bodyOf(const OfficeFill& wanted, const std::string& picture) {
     std::map<std::pair<NamespaceId, std::string>, std::optional<std::string>> values;
     for (const auto& [space, local] : kOfBodies) values[{space, local}] = std::nullopt;
@@ -404,22 +425,34 @@ std::string StyleChanges::graphicStyle(const std::string& name, const Changes& c
     return made;
 }
 
-StyleNames StyleChanges::with(const StyleNames& names, const mapping::KnownFill& now,
-                              const mapping::FillTarget& target, const std::string& picture) {
-    const std::string memory = target.remembered ? toText(*target.remembered) : std::string();
-    const auto key = std::tuple(names, toText(target.office), memory);
-    const auto known = made_.find(key);
-    if (known != made_.end()) return known->second;
-    Changes changes = changesTo(now.office, target.office, picture);
+std::string StyleChanges::textStyle(const std::string& name, const Changes& changes) {
+    const Place text = styles_.textStyle(name);
+    if (!text || !text.child(kTextGraphicProperties) || changes.empty()) return name;
+    std::string made = freeName(name);
+    elements_ += copyOf(text, made, kTextGraphicProperties, changes);
+    return made;
+}
+
+StyleNames StyleChanges::newStyles(const StyleNames& names, const OfficeFill& now,
+                                   const Look& wanted) {
+    Changes changes;
     StyleNames made = names;
-    const Place text = styles_.textStyle(names.text);
-    if (text && text.child(kTextGraphicProperties) && !changes.empty()) {
-        made.text = freeName(names.text);
-        elements_ += copyOf(text, made.text, kTextGraphicProperties, changes);
+    if (wanted.fill) {
+        changes = changesTo(now, wanted.fill->office, wanted.picture);
+        made.text = textStyle(names.text, changes);
+        changes.push_back({kMemory, "fill", memoryOf(*wanted.fill)});
     }
-    changes.push_back({kMemory, "fill", target.remembered ? std::optional(memory) : std::nullopt});
+    if (wanted.lineColor) {
+        changes.push_back({kSvg, "stroke-color", colorText(*wanted.lineColor)});
+    }
     made.graphic = graphicStyle(names.graphic, changes);
-    return made_[key] = made;
+    return made;
+}
+
+StyleNames StyleChanges::with(const StyleNames& names, const OfficeFill& now, const Look& wanted) {
+    StyleNames& made = made_[{names, keyOf(wanted)}];
+    if (made.graphic.empty()) made = newStyles(names, now, wanted);
+    return made;
 }
 
 void StyleChanges::finish(const Outline& content, Splices& splices) const {

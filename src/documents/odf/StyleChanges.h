@@ -3,8 +3,9 @@
 #pragma once
 
 #include <map>
+#include <optional>
 #include <string>
-#include <tuple>
+#include <utility>
 #include <vector>
 
 #include "documents/odf/FillReader.h"
@@ -81,10 +82,17 @@ class StyleChanges {
     StyleChanges(const Styles& styles, Definitions& definitions)
         : styles_(styles), definitions_(definitions) {}
 
-    /// The styles that are to take the place of these. `picture` are the bytes of the picture that
-    /// the fill needs, or empty.
-    StyleNames with(const StyleNames& names, const mapping::KnownFill& now,
-                    const mapping::FillTarget& target, const std::string& picture);
+    /// What a shape is to look like; what has no value stays.
+    struct Look {
+        std::optional<mapping::FillTarget> fill;
+        /// The bytes of the picture that the fill needs, or empty.
+        std::string picture;
+        /// 0xRRGGBB
+        std::optional<std::int32_t> lineColor;
+    };
+
+    /// The styles that are to take the place of these. `now` is the fill that they have.
+    StyleNames with(const StyleNames& names, const mapping::OfficeFill& now, const Look& wanted);
 
     /// Adds the new styles to the document.
     void finish(const Outline& content, Splices& splices) const;
@@ -96,11 +104,15 @@ class StyleChanges {
     std::vector<PropertyChange> bodyOf(const mapping::OfficeFill& wanted,
                                        const std::string& picture);
     std::string graphicStyle(const std::string& name, const std::vector<PropertyChange>& changes);
+    StyleNames newStyles(const StyleNames& names, const mapping::OfficeFill& now,
+                         const Look& wanted);
+    std::string textStyle(const std::string& name, const std::vector<PropertyChange>& changes);
     std::string freeName(const std::string& name);
 
     const Styles& styles_;
     Definitions& definitions_;
-    std::map<std::tuple<StyleNames, std::string, std::string>, StyleNames> made_;
+    /// By the former styles and what they are to look like.
+    std::map<std::pair<StyleNames, std::string>, StyleNames> made_;
     std::set<std::string> taken_;
     std::string elements_;
 };

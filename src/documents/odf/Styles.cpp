@@ -2,12 +2,12 @@
 
 #include "documents/odf/Styles.h"
 
+#include "base/Text.h"
+#include "documents/package/DocumentError.h"
+
 namespace huebrush::documents::odf {
 
 namespace {
-
-/// Longer chains of parents are cycles.
-constexpr int kLongestChain = 64;
 
 std::string textOf(const Place& place, NamespaceId space, std::string_view local) {
     return place.attribute(space, local).value_or("");
@@ -96,7 +96,11 @@ Properties Styles::propertiesOf(const StyleNames& names) const {
         properties.add(text.child(kTextGraphicProperties));
     Place style = graphicStyle(names.graphic);
     if (!style) style = find(commonGraphics_, names.graphic);
-    for (int length = 0; style && length < kLongestChain; ++length) {
+    for (std::size_t length = 0; style; ++length) {
+        if (length > commonGraphics_.size()) {
+            throw DocumentError(base::text("has a style that is its own parent: ",
+                                           textOf(style, kStyleSpace, "name")));
+        }
         properties.add(style.child(kGraphicProperties));
         style = find(commonGraphics_, textOf(style, kStyleSpace, "parent-style-name"));
     }

@@ -32,7 +32,7 @@ FillChange changeTo(const NewFill& wanted, const mapping::KnownFill& now) {
     FillChange change;
     change.before = now.host;
     // The picture's bytes are at hand, and its name means nothing here.
-    change.target = targetFor(wanted.fill, now, "picture");
+    change.target = targetFor(wanted.fill, withStopColors(now, wanted.stops), "picture");
     if (isUserTexture(wanted.fill)) {
         change.picture = wanted.picture;
     } else if (change.target.picture && wanted.fill.shown()) {

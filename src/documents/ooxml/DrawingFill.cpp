@@ -14,6 +14,7 @@
 #include "base/Text.h"
 #include "documents/ooxml/Words.h"
 #include "documents/package/DocumentError.h"
+#include "documents/xml/Edits.h"
 
 namespace huebrush::documents::ooxml {
 
@@ -267,6 +268,20 @@ Reference referenceIn(const Outline& outline, ElementId style, NameId name, cons
     return {static_cast<std::size_t>(std::max(index, 0)), colorIn(outline, reference, theme, {})};
 }
 
+/// The one colour that a line's fill comes down to.
+Color lineColorOf(const Outline& outline, ElementId fill, const Theme& theme) {
+    if (outline.nameOf(fill) == kGradientFill) {
+        const std::vector<Stop> stops = stopsOf(outline, fill, theme, {});
+        return stops.empty() ? Color{} : stops[stops.size() > 2 ? 1 : 0].color;
+    }
+    if (outline.nameOf(fill) != kPatternFill)
+        return colorIn(outline, fill, theme, {}).value_or(Color{});
+    const ElementId back = outline.child(fill, kBackColor);
+    const ElementId holder = back != kNoElement ? back : outline.child(fill, kForeColor);
+    if (holder == kNoElement) return {};
+    return colorIn(outline, holder, theme, {}).value_or(Color{});
+}
+
 // Writing.
 
 /// Writes the elements of one fill.
@@ -461,31 +476,60 @@ void writePictureAlpha(const PartChanges& part, ElementId fill, const FillChange
                                                       prefix.declaration, " amt=\"", alpha, "\"/>");
     if (former != kNoElement) {
         part.splices.replace(outline.rangeOf(former), clear);
-    } else if (!outline.isEmptyTag(blip)) {
-        part.splices.insert(outline.contentOf(blip).begin, clear);
     } else if (!clear.empty()) {
-        const std::size_t end = outline.startTagOf(blip).end;
-        part.splices.replace({end - 2, end},
-                             text(">", clear, "</", outline.writtenName(blip), ">"));
+        insertFirst(outline, part.splices, blip, clear);
     }
 }
 
-/// The place of a new fill: behind the transformation and the geometry.
-void insertFill(const PartChanges& part, ElementId properties, const FillChange& change) {
+/// Adds a fill, a line or both: behind the transformation, the geometry and the fill that is there.
+void insertLook(const PartChanges& part, ElementId properties, const std::string& look) {
     const Outline& outline = part.outline;
-    const std::string fill = FillText(part, properties, change).text();
     if (outline.isEmptyTag(properties)) {
-        const std::size_t end = outline.startTagOf(properties).end;
-        part.splices.replace({end - 2, end},
-                             text(">", fill, "</", outline.writtenName(properties), ">"));
+        insertFirst(outline, part.splices, properties, look);
         return;
     }
     std::size_t at = outline.contentOf(properties).begin;
-    for (const NameId before : {kTransform, kPresetGeometry, kCustomGeometry}) {
-        const ElementId element = outline.child(properties, before);
-        if (element != kNoElement) at = std::max(at, outline.rangeOf(element).end);
+    for (const ElementId before :
+         {outline.child(properties, kTransform), outline.child(properties, kPresetGeometry),
+          outline.child(properties, kCustomGeometry), fillElementIn(outline, properties)}) {
+        if (before != kNoElement) at = std::max(at, outline.rangeOf(before).end);
     }
-    part.splices.insert(at, fill);
+    part.splices.insert(at, look);
+}
+
+void writeFill(const PartChanges& part, ElementId fill, const FillChange& change) {
+    if (keepsPicture(change)) {
+        writePictureAlpha(part, fill, change);
+        return;
+    }
+    if (writeColorAlone(part, fill, change)) return;
+    part.splices.replace(part.outline.rangeOf(fill), FillText(part, fill, change).text());
+}
+
+/// A line is painted as a shape is.
+FillChange solidChange(const Color& color) {
+    const mapping::KnownFill known = solidFill(color);
+    FillChange change;
+    change.target.host = known.host;
+    change.target.office = known.office;
+    change.before = known.host;
+    return change;
+}
+
+void writeLine(const PartChanges& part, ElementId line, const FillChange& change) {
+    const ElementId fill = fillElementIn(part.outline, line);
+    if (fill != kNoElement) {
+        writeFill(part, fill, change);
+    } else {
+        insertFirst(part.outline, part.splices, line, FillText(part, line, change).text());
+    }
+}
+
+std::string lineElement(const PartChanges& part, ElementId properties, const FillChange& change) {
+    const Prefix prefix = drawingPrefix(part, properties);
+    const std::string name = prefix.name("ln");
+    return text("<", name, prefix.declaration, ">", FillText(part, properties, change).text(), "</",
+                name, ">");
 }
 
 }  // namespace
@@ -521,7 +565,7 @@ std::optional<Color> drawingLine(const Outline& outline, const DrawingShape& sha
         shape.properties == kNoElement ? kNoElement : outline.child(shape.properties, kLine);
     const ElementId fill = fillElementIn(outline, line);
     if (fill != kNoElement && outline.nameOf(fill) == kNoFill) return {};
-    if (fill != kNoElement) return colorIn(outline, fill, theme, {}).value_or(Color{});
+    if (fill != kNoElement) return lineColorOf(outline, fill, theme);
     const Reference reference = referenceIn(outline, shape.style, kLineReference, theme);
     const auto style = theme.lineStyle(reference.index);
     if (!style) return {};
@@ -530,19 +574,23 @@ std::optional<Color> drawingLine(const Outline& outline, const DrawingShape& sha
     return colorIn(*style->outline, styleFill, theme, reference.color).value_or(Color{});
 }
 
-void writeDrawingFill(const PartChanges& part, const DrawingShape& shape,
-                      const FillChange& change) {
-    const ElementId fill = fillElementIn(part.outline, shape.properties);
-    if (fill == kNoElement) {
-        insertFill(part, shape.properties, change);
-        return;
+void writeDrawing(const PartChanges& part, const DrawingShape& shape,
+                  const std::optional<FillChange>& fill, const std::optional<Color>& line) {
+    const Outline& outline = part.outline;
+    const ElementId former = fillElementIn(outline, shape.properties);
+    std::string added;
+    if (fill && former != kNoElement) {
+        writeFill(part, former, *fill);
+    } else if (fill) {
+        added += FillText(part, shape.properties, *fill).text();
     }
-    if (keepsPicture(change)) {
-        writePictureAlpha(part, fill, change);
-        return;
+    const ElementId formerLine = outline.child(shape.properties, kLine);
+    if (line && formerLine != kNoElement) {
+        writeLine(part, formerLine, solidChange(*line));
+    } else if (line) {
+        added += lineElement(part, shape.properties, solidChange(*line));
     }
-    if (writeColorAlone(part, fill, change)) return;
-    part.splices.replace(part.outline.rangeOf(fill), FillText(part, fill, change).text());
+    if (!added.empty()) insertLook(part, shape.properties, added);
 }
 
 }  // namespace huebrush::documents::ooxml

@@ -29,7 +29,8 @@ mapping::KnownFill drawingFill(const Outline& outline, const DrawingShape& shape
 std::optional<Color> drawingLine(const Outline& outline, const DrawingShape& shape,
                                  const Theme& theme);
 
-/// Writes a fill of the shape's own, which overrides its style.
-void writeDrawingFill(const PartChanges& part, const DrawingShape& shape, const FillChange& change);
+/// Writes what there is of a fill and a line's colour as the shape's own, which override its style.
+void writeDrawing(const PartChanges& part, const DrawingShape& shape,
+                  const std::optional<FillChange>& fill, const std::optional<Color>& line);
 
 }  // namespace huebrush::documents::ooxml

@@ -440,7 +440,24 @@ ShapeRecord OoxmlFile::recordOf(Part& part, const FoundNode& node) {
     return record;
 }
 
-std::string OoxmlFile::with(const NewFills& fills) const {
+namespace {
+
+/// Writes a fill and a line's colour, 0xRRGGBB, in one of the two languages.
+void writeAt(const PartChanges& part, const Theme& theme, const FillPlace& place,
+             const std::optional<FillChange>& fill, const std::optional<std::int32_t>& line) {
+    if (place.isVml) {
+        writeVml(part, place.vml, fill, line);
+    } else if (place.drawing.properties != kNoElement) {
+        std::optional<Color> color;
+        if (line) color = drawingLine(part.outline, place.drawing, theme).value_or(Color{});
+        if (color) color->rgb = *line;
+        writeDrawing(part, place.drawing, fill, color);
+    }
+}
+
+}  // namespace
+
+std::string OoxmlFile::with(const ShapeChanges& wanted) const {
     if (!signaturesIn(package_).empty()) {
         throw DocumentError("is signed: any change would make its signature invalid");
     }
@@ -449,12 +466,12 @@ std::string OoxmlFile::with(const NewFills& fills) const {
     AddedPictures pictures(
         package_, slash == std::string::npos ? std::string() : mainName_.substr(0, slash + 1),
         changes);
-    for (const auto& part : parts_) write(*part, fills, pictures, changes);
+    for (const auto& part : parts_) write(*part, wanted, pictures, changes);
     pictures.finish();
     return package_.with(changes);
 }
 
-void OoxmlFile::write(Part& part, const NewFills& fills, AddedPictures& pictures,
+void OoxmlFile::write(Part& part, const ShapeChanges& wanted, AddedPictures& pictures,
                       PackageChanges& changes) const {
     pictures.select(part);
     Splices splices;
@@ -462,18 +479,18 @@ void OoxmlFile::write(Part& part, const NewFills& fills, AddedPictures& pictures
         part.outline->text().find("http://purl.oclc.org/ooxml/") != std::string::npos;
     const PartChanges context{*part.outline, splices, pictures, isStrict};
     for (const Part::Shape& shape : part.shapes) {
-        const auto wanted = fills.find(shape.number);
-        if (wanted == fills.end() || !fills_[shape.number]) continue;
-        const FillChange change = changeTo(wanted->second, *fills_[shape.number]);
-        const auto writeAt = [&](const FillPlace& place) {
-            if (place.isVml) {
-                writeVmlFill(context, place.vml, change);
-            } else if (place.drawing.properties != kNoElement) {
-                writeDrawingFill(context, place.drawing, change);
-            }
-        };
-        writeAt(shape.place);
-        for (const FillPlace& twin : shape.twins) writeAt(twin);
+        const auto found = wanted.find(shape.number);
+        if (found == wanted.end()) continue;
+        std::optional<FillChange> fill;
+        if (found->second.fill && fills_[shape.number]) {
+            fill = changeTo(*found->second.fill, *fills_[shape.number]);
+        }
+        std::optional<std::int32_t> line = found->second.lineColor;
+        if (line) line = mapping::toOfficeColor(*line);
+        writeAt(context, *part.theme, shape.place, fill, line);
+        for (const FillPlace& twin : shape.twins) {
+            writeAt(context, *part.theme, twin, fill, line);
+        }
     }
     if (splices.empty()) return;
     changes[part.name] = splices.applied(part.outline->text());

@@ -28,7 +28,7 @@ class OoxmlFile final : public ShapeFile {
     ~OoxmlFile() override;
 
     const std::vector<ShapeRecord>& shapes() const override { return shapes_; }
-    std::string with(const NewFills& fills) const override;
+    std::string with(const ShapeChanges& wanted) const override;
 
  private:
     struct Part;
@@ -47,7 +47,7 @@ class OoxmlFile final : public ShapeFile {
     bool isRead(const std::string& part) const;
     Part& addPart(const std::string& name, Surface surface);
     ShapeRecord recordOf(Part& part, const FoundNode& node);
-    void write(Part& part, const NewFills& fills, AddedPictures& pictures,
+    void write(Part& part, const ShapeChanges& wanted, AddedPictures& pictures,
                PackageChanges& changes) const;
 
     Package package_;

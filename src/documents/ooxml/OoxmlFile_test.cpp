@@ -177,7 +177,7 @@ TEST(Presentations, ChangeBothBranchesOfAlternatives) {
                                   shape("old", kRgb), "</mc:Fallback></mc:AlternateContent>");
     const OoxmlFile file = fileOf(presentation(slide(both), slide("")));
     ASSERT_EQ(namesOf(file), Names{"new"});
-    const Package changed(file.with({{file.shapes()[0].number, solid(base::rgb(0, 0, 0xFF))}}));
+    const Package changed(file.with({{file.shapes()[0].number, {solid(base::rgb(0, 0, 0xFF))}}}));
     const std::string part = changed.read("one.xml");
     EXPECT_EQ(part.find("C00000"), std::string::npos);
     EXPECT_EQ(OoxmlFile(Package(changed.bytes())).shapes()[0].fill->host.foreColor,
@@ -187,7 +187,7 @@ TEST(Presentations, ChangeBothBranchesOfAlternatives) {
 TEST(Presentations, ChangeNoOtherPartThanTheSlide) {
     const OoxmlFile file = fileOf(presentation(slide(shape("a", kRgb)), slide(shape("c", kRgb))));
     const auto before = presentation(slide(shape("a", kRgb)), slide(shape("c", kRgb)));
-    const Package changed(file.with({{file.shapes()[0].number, solid(base::rgb(0, 0, 0xFF))}}));
+    const Package changed(file.with({{file.shapes()[0].number, {solid(base::rgb(0, 0, 0xFF))}}}));
     for (const WrittenEntry& each : before) {
         EXPECT_EQ(changed.read(each.name) == each.content, each.name != "two.xml") << each.name;
     }
@@ -241,6 +241,92 @@ TEST(OoxmlPackages, WithoutWhatTheyReferToAreReadAsFarAsTheyGo) {
     EXPECT_EQ(namesOf(fileOf(entries)), Names{"a"});
     std::erase_if(entries, [](const WrittenEntry& each) { return each.name == "main.xml"; });
     EXPECT_THROW(fileOf(entries), DocumentError);
+}
+
+// Lines.
+
+std::string lineOf(const std::string& fill, const std::string& width = {}) {
+    return text("<a:ln", width, ">", fill, "</a:ln>");
+}
+
+/// The first slide's part, after the line of its one shape has got the colour 0x0000FF.
+std::string withBlueLine(const std::string& look) {
+    const OoxmlFile file = fileOf(presentation(slide(shape("a", look)), slide("")));
+    const std::string changed = file.with({{file.shapes().at(0).number, {{}, 0xFF0000}}});
+    const OoxmlFile again{Package(changed)};
+    EXPECT_TRUE(again.shapes().at(0).lineVisible);
+    EXPECT_EQ(again.shapes().at(0).lineColor, 0xFF0000);
+    return Package(changed).read("one.xml");
+}
+
+std::string colorFill(const std::string& color) {
+    return text("<a:solidFill>", color, "</a:solidFill>");
+}
+const std::string kBlueColor = R"(<a:srgbClr val="0000FF"/>)";
+
+TEST(LinesOfDrawings, GetAnotherColourWhereTheyStand) {
+    const std::string after = "<a:effectLst/>";
+    EXPECT_EQ(
+        withBlueLine(kRgb + lineOf(kRgb + R"(<a:prstDash val="dash"/>)", R"( w="100")") + after),
+        slide(shape(
+            "a", kRgb +
+                     lineOf(colorFill(kBlueColor) + R"(<a:prstDash val="dash"/>)", R"( w="100")") +
+                     after)));
+    EXPECT_EQ(withBlueLine(lineOf(schemeFill("accent1"))),
+              slide(shape("a", lineOf(colorFill(kBlueColor)))));
+    EXPECT_EQ(
+        withBlueLine(lineOf(colorFill(
+            R"(<a:schemeClr val="tx1"><a:lumMod val="50000"/><a:alpha val="40000"/></a:schemeClr>)"))),
+        slide(shape("a", lineOf(colorFill(
+                             R"(<a:srgbClr val="0000FF"><a:alpha val="40000"/></a:srgbClr>)")))));
+}
+
+TEST(LinesOfDrawings, ThatAreGradientsOrPatternsHaveOneColour) {
+    const std::string stops =
+        R"(<a:gs pos="0"><a:srgbClr val="FF0000"/></a:gs><a:gs pos="50000"><a:srgbClr val="00FF00"/></a:gs>)"
+        R"(<a:gs pos="100000"><a:srgbClr val="0000FF"/></a:gs>)";
+    const std::string gradient = text("<a:gradFill><a:gsLst>", stops, "</a:gsLst></a:gradFill>");
+    const std::string pattern =
+        R"(<a:pattFill prst="pct5"><a:fgClr><a:srgbClr val="FF0000"/></a:fgClr>)"
+        R"(<a:bgClr><a:srgbClr val="00FF00"/></a:bgClr></a:pattFill>)";
+    for (const std::string& fill : {gradient, pattern}) {
+        const OoxmlFile file = fileOf(presentation(slide(shape("a", lineOf(fill))), slide("")));
+        EXPECT_EQ(file.shapes().at(0).lineColor, 0x00FF00) << "red in the low byte";
+        EXPECT_EQ(withBlueLine(lineOf(fill)), slide(shape("a", lineOf(colorFill(kBlueColor)))));
+    }
+}
+
+TEST(LinesOfDrawings, OfAStyleGetAnElementOfTheirOwnBehindTheFill) {
+    // Of a line that cannot be seen there is nothing to write; the file does what it is told.
+    EXPECT_EQ(withBlueLine(kRgb + "<a:effectLst/>"),
+              slide(shape("a", kRgb + lineOf(colorFill(kBlueColor)) + "<a:effectLst/>")));
+    EXPECT_EQ(withBlueLine(R"(<a:ln w="100"/>)"),
+              slide(shape("a", lineOf(colorFill(kBlueColor), R"( w="100")"))));
+}
+
+TEST(LinesOfDrawings, ChangeTogetherWithAFillThatIsNewThere) {
+    const OoxmlFile file = fileOf(presentation(slide(shape("a", "")), slide("")));
+    const std::string changed = file.with(
+        {{file.shapes().at(0).number, {solid(base::rgb(0, 0xFF, 0)), base::rgb(0, 0, 0xFF)}}});
+    EXPECT_EQ(Package(changed).read("one.xml"),
+              slide(shape(
+                  "a", colorFill(R"(<a:srgbClr val="00FF00"/>)") + lineOf(colorFill(kBlueColor)))));
+}
+
+TEST(GradientsOfDrawings, KeepTheirStopsWhenThoseGetOtherColours) {
+    const std::string gradient =
+        R"(<a:gradFill><a:gsLst><a:gs pos="0"><a:srgbClr val="FF0000"/></a:gs><a:gs pos="30000">)"
+        R"(<a:srgbClr val="00FF00"/></a:gs><a:gs pos="100000"><a:srgbClr val="0000FF"/></a:gs>)"
+        R"(</a:gsLst><a:lin ang="5400000" scaled="0"/></a:gradFill>)";
+    const OoxmlFile file = fileOf(presentation(slide(shape("a", gradient)), slide("")));
+    NewFill wanted;
+    wanted.stops = {base::rgb(1, 2, 3), base::rgb(4, 5, 6), base::rgb(0, 0, 0xFF)};
+    wanted.fill = withStopColors(*file.shapes().at(0).fill, wanted.stops).host;
+    const OoxmlFile again{Package(file.with({{file.shapes().at(0).number, {wanted}}}))};
+    const mapping::OfficeFill& office = again.shapes().at(0).fill->office;
+    EXPECT_EQ(stopColorsOf(office), wanted.stops);
+    EXPECT_EQ(office.gradient.stops.at(1).place, 3000);
+    EXPECT_EQ(office.gradient.angle, file.shapes().at(0).fill->office.gradient.angle);
 }
 
 }  // namespace

@@ -122,6 +122,7 @@ class Finder {
             case kGroupProperties:
             case kStyle:
             case kVmlFill:
+            case kVmlStroke:
                 break;
             case kTextBoxContent:
                 // Shapes in the text of a shape are not in its group.

@@ -81,39 +81,43 @@ std::optional<double> fractionOf(std::string_view text) {
     return std::clamp(*number, 0.0, 1.0);
 }
 
-/// What a fill is made of, by the names of the attributes: the shape's own come first.
+/// What a fill or a line is made of, by the names of the attributes: the shape's own come first.
 class Attributes {
  public:
-    Attributes(const Outline& outline, const VmlShape& shape)
-        : outline_(outline), shape_(shape), fill_(outline.child(shape.element, kVmlFill)) {
-        if (shape.type != kNoElement) typeFill_ = outline.child(shape.type, kVmlFill);
+    /// `part` is the element that has the details, such as v:fill.
+    Attributes(const Outline& outline, const VmlShape& shape, NameId part)
+        : outline_(outline), shape_(shape), part_(outline.child(shape.element, part)) {
+        if (shape.type != kNoElement) typePart_ = outline.child(shape.type, part);
     }
 
-    std::optional<std::string> ofFill(std::string_view name) const {
-        return either(fill_, typeFill_, name);
+    std::optional<std::string> ofPart(std::string_view name) const {
+        const auto own = valueOf(part_, name);
+        return own ? own : valueOf(typePart_, name);
     }
-    std::optional<std::string> ofShape(std::string_view name) const {
-        return either(shape_.element, shape_.type, name);
+    /// Of the part or, where that does not say, of the shape.
+    std::optional<std::string> ofPartOrShape(std::string_view name,
+                                             std::string_view nameOfShape) const {
+        if (auto own = valueOf(part_, name)) return own;
+        if (auto own = valueOf(shape_.element, nameOfShape)) return own;
+        if (auto ofType = valueOf(typePart_, name)) return ofType;
+        return valueOf(shape_.type, nameOfShape);
     }
     std::optional<std::string> relation() const {
-        if (fill_ == kNoElement) return {};
-        if (auto id = outline_.attribute(fill_, kRelations, "id")) return id;
-        return outline_.attribute(fill_, kOffice, "relid");
+        if (part_ == kNoElement) return {};
+        if (auto id = outline_.attribute(part_, kRelations, "id")) return id;
+        return outline_.attribute(part_, kOffice, "relid");
     }
 
  private:
-    std::optional<std::string> either(ElementId own, ElementId other, std::string_view name) const {
-        for (const ElementId each : {own, other}) {
-            if (each == kNoElement) continue;
-            if (auto value = outline_.attribute(each, name)) return value;
-        }
-        return {};
+    std::optional<std::string> valueOf(ElementId element, std::string_view name) const {
+        if (element == kNoElement) return {};
+        return outline_.attribute(element, name);
     }
 
     const Outline& outline_;
     VmlShape shape_;
-    ElementId fill_ = kNoElement;
-    ElementId typeFill_ = kNoElement;
+    ElementId part_ = kNoElement;
+    ElementId typePart_ = kNoElement;
 };
 
 /// A straight gradient: how it is written, and the object model's style and variant.
@@ -178,7 +182,7 @@ constexpr std::int32_t kFromCentre = 7;
 constexpr std::array<std::string_view, 4> kCorners = {"", "1", ",1", "1,1"};
 
 void readRadial(const Attributes& attributes, HostFill& fill) {
-    const std::string place = attributes.ofFill("focusposition").value_or("");
+    const std::string place = attributes.ofPart("focusposition").value_or("");
     const std::size_t comma = std::min(place.find(','), place.size());
     const auto part = [](std::string_view text) { return numberOf(trimmed(text)).value_or(0); };
     const double x = part(std::string_view(place).substr(0, comma));
@@ -188,7 +192,7 @@ void readRadial(const Attributes& attributes, HostFill& fill) {
     fill.gradientVariant = isCentre ? 1 : 1 + (x >= 0.5 ? 1 : 0) + (y >= 0.5 ? 2 : 0);
     // The fore colour is the outer one of gradients from the centre, and that of the corner of
     // others.
-    const double focus = part(attributes.ofFill("focus").value_or("0"));
+    const double focus = part(attributes.ofPart("focus").value_or("0"));
     const bool colorIsInside = focus >= 50;
     if (colorIsInside == isCentre) std::swap(fill.foreColor, fill.backColor);
 }
@@ -208,11 +212,11 @@ bool readShade(std::string_view color, HostFill& fill) {
 void readGradient(const Attributes& attributes, std::string_view type, HostFill& fill) {
     fill.type = MsoFillType::msoFillGradient;
     fill.gradientColorType = MsoGradientColorType::msoGradientTwoColors;
-    const std::string second = attributes.ofFill("color2").value_or("white");
+    const std::string second = attributes.ofPart("color2").value_or("white");
     fill.backColor = mapping::toHostColor(vmlColor(second).value_or(kWhite));
     if (type == "gradient" || type == "gradientUnscaled") {
         const auto number = [&](std::string_view name) {
-            return numberOf(attributes.ofFill(name).value_or("0")).value_or(0);
+            return numberOf(attributes.ofPart(name).value_or("0")).value_or(0);
         };
         const GradientRow& row = gradientRow(number("angle"), number("focus"));
         fill.gradientStyle = row.style;
@@ -246,7 +250,7 @@ void readPicture(const Attributes& attributes, std::string_view type, Pictures& 
         fill.type = MsoFillType::msoFillPatterned;
         fill.foreColor = fore;
         fill.backColor = mapping::toHostColor(
-            vmlColor(attributes.ofFill("color2").value_or("white")).value_or(kWhite));
+            vmlColor(attributes.ofPart("color2").value_or("white")).value_or(kWhite));
     } else {
         fill.type = MsoFillType::msoFillTextured;
         fill.textureType = MsoTextureType::msoTextureUserDefined;
@@ -423,48 +427,7 @@ void writeHidden(const PartChanges& part, const VmlShape& shape) {
     if (former != kNoElement) setAttribute(part, former, "on", "f");
 }
 
-}  // namespace
-
-std::optional<std::int32_t> vmlColor(std::string_view value) {
-    std::string_view color = trimmed(value.substr(0, value.find('[')));
-    if (color.starts_with('#')) return hexColor(color.substr(1));
-    if (color.starts_with("rgb(")) return listedColor(color);
-    return namedColor(color);
-}
-
-mapping::KnownFill vmlFill(const Outline& outline, const VmlShape& shape, Pictures& pictures) {
-    const Attributes attributes(outline, shape);
-    const auto on = attributes.ofFill("on");
-    mapping::KnownFill known;
-    HostFill& fill = known.host;
-    if (!isTrue(on ? *on : attributes.ofShape("filled").value_or("t"))) return known;
-    fill.visible = MsoTriState::msoTrue;
-    auto color = attributes.ofFill("color");
-    if (!color) color = attributes.ofShape("fillcolor");
-    fill.foreColor = mapping::toHostColor(vmlColor(color.value_or("white")).value_or(kWhite));
-    const std::string type = attributes.ofFill("type").value_or("solid");
-    if (type.starts_with("gradient")) {
-        readGradient(attributes, type, fill);
-    } else if (type == "tile" || type == "pattern" || type == "frame") {
-        readPicture(attributes, type, pictures, fill);
-    }
-    if (const auto opacity = attributes.ofFill("opacity")) {
-        const double share = fractionOf(*opacity).value_or(1);
-        // 65536ths are no round numbers: what was written comes back.
-        constexpr double kSteps = 10'000;
-        fill.transparency = static_cast<float>(std::round((1 - share) * kSteps) / kSteps);
-    }
-    known.office = officeFillOf(fill);
-    return known;
-}
-
-std::optional<std::int32_t> vmlLine(const Outline& outline, const VmlShape& shape) {
-    const Attributes attributes(outline, shape);
-    if (!isTrue(attributes.ofShape("stroked").value_or("t"))) return {};
-    return vmlColor(attributes.ofShape("strokecolor").value_or("black")).value_or(0);
-}
-
-void writeVmlFill(const PartChanges& part, const VmlShape& shape, const FillChange& change) {
+void writeFill(const PartChanges& part, const VmlShape& shape, const FillChange& change) {
     const HostFill& wanted = change.target.host;
     const bool keepsPicture =
         wanted.shown() && change.before.shown() && wanted.type == change.before.type &&
@@ -478,6 +441,61 @@ void writeVmlFill(const PartChanges& part, const VmlShape& shape, const FillChan
     } else {
         writeShown(part, shape, change);
     }
+}
+
+void writeLine(const PartChanges& part, const VmlShape& shape, const std::string& color) {
+    const Outline& outline = part.outline;
+    const ElementId stroke = outline.child(shape.element, kVmlStroke);
+    const bool hasInside = stroke != kNoElement && outline.attribute(stroke, "color");
+    if (hasInside) setAttribute(part, stroke, "color", color);
+    if (!hasInside || outline.attribute(shape.element, "strokecolor")) {
+        setAttribute(part, shape.element, "strokecolor", color);
+    }
+}
+
+}  // namespace
+
+std::optional<std::int32_t> vmlColor(std::string_view value) {
+    std::string_view color = trimmed(value.substr(0, value.find('[')));
+    if (color.starts_with('#')) return hexColor(color.substr(1));
+    if (color.starts_with("rgb(")) return listedColor(color);
+    return namedColor(color);
+}
+
+mapping::KnownFill vmlFill(const Outline& outline, const VmlShape& shape, Pictures& pictures) {
+    const Attributes attributes(outline, shape, kVmlFill);
+    mapping::KnownFill known;
+    HostFill& fill = known.host;
+    if (!isTrue(attributes.ofPartOrShape("on", "filled").value_or("t"))) return known;
+    fill.visible = MsoTriState::msoTrue;
+    const auto color = attributes.ofPartOrShape("color", "fillcolor");
+    fill.foreColor = mapping::toHostColor(vmlColor(color.value_or("white")).value_or(kWhite));
+    const std::string type = attributes.ofPart("type").value_or("solid");
+    if (type.starts_with("gradient")) {
+        readGradient(attributes, type, fill);
+    } else if (type == "tile" || type == "pattern" || type == "frame") {
+        readPicture(attributes, type, pictures, fill);
+    }
+    if (const auto opacity = attributes.ofPart("opacity")) {
+        const double share = fractionOf(*opacity).value_or(1);
+        // 65536ths are no round numbers: what was written comes back.
+        constexpr double kSteps = 10'000;
+        fill.transparency = static_cast<float>(std::round((1 - share) * kSteps) / kSteps);
+    }
+    known.office = officeFillOf(fill);
+    return known;
+}
+
+std::optional<std::int32_t> vmlLine(const Outline& outline, const VmlShape& shape) {
+    const Attributes attributes(outline, shape, kVmlStroke);
+    if (!isTrue(attributes.ofPartOrShape("on", "stroked").value_or("t"))) return {};
+    return vmlColor(attributes.ofPartOrShape("color", "strokecolor").value_or("black")).value_or(0);
+}
+
+void writeVml(const PartChanges& part, const VmlShape& shape, const std::optional<FillChange>& fill,
+              const std::optional<std::int32_t>& line) {
+    if (fill) writeFill(part, shape, *fill);
+    if (line) writeLine(part, shape, hexOf(mapping::toHostColor(*line)));
     if (const auto copy = part.outline.findAttribute(shape.element, kOffice, "gfxdata")) {
         removeAttribute(part.outline, part.splices, *copy);
     }

@@ -23,9 +23,10 @@ mapping::KnownFill vmlFill(const Outline& outline, const VmlShape& shape, Pictur
 /// The colour of a shape's line, 0xRRGGBB; nothing where it has none.
 std::optional<std::int32_t> vmlLine(const Outline& outline, const VmlShape& shape);
 
-/// Writes a fill of the shape's own, which overrides that of its type, and drops the copy of the
-/// former one in another format.
-void writeVmlFill(const PartChanges& part, const VmlShape& shape, const FillChange& change);
+/// Writes what there is of a fill and a line's colour (0xRRGGBB) as the shape's own, which override
+/// those of its type, and drops the copy of the former ones in another format.
+void writeVml(const PartChanges& part, const VmlShape& shape, const std::optional<FillChange>& fill,
+              const std::optional<std::int32_t>& line);
 
 /// 0xRRGGBB of a colour as VML writes it; nothing for what is none.
 std::optional<std::int32_t> vmlColor(std::string_view value);

@@ -176,6 +176,7 @@ const Vocabulary& words() {
          {kVmlShapeType, kVml, "shapetype"},
          {kVmlImage, kVml, "imagedata"},
          {kVmlFill, kVml, "fill"},
+         {kVmlStroke, kVml, "stroke"},
          {kOleObject, kOffice, "OLEObject"},
          {kRelationship, kPackageRelations, "Relationship"},
          {kDefault, kContentTypes, "Default"},

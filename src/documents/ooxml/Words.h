@@ -132,6 +132,7 @@ enum Word : NameId {
     kVmlShapeType,
     kVmlImage,
     kVmlFill,
+    kVmlStroke,
     kOleObject,
     // presentations and workbooks
     kSlides,

@@ -34,7 +34,7 @@ class FileLine final : public host::LineFormat {
         const bool visible = !leaves.empty() && leaves.front()->lineVisible;
         return visible ? MsoTriState::msoTrue : MsoTriState::msoFalse;
     }
-    /// Only of shapes that no file has: there is no way to write a line.
+    /// Only of shapes that no file has: there is no way to show or hide a line of a file.
     void setVisible(MsoTriState visible) override {
         const std::vector<NodePointer> leaves = this->leaves();
         for (const NodePointer& each : leaves) {
@@ -50,6 +50,12 @@ class FileLine final : public host::LineFormat {
             if (each->lineColor != leaves.front()->lineColor) return host::kMixed;
         }
         return leaves.empty() ? 0 : leaves.front()->lineColor;
+    }
+    void setForeColorRGB(std::int32_t color) override {
+        for (const NodePointer& each : leaves()) {
+            each->lineColor = color;
+            each->isLineChanged = true;
+        }
     }
 
  private:

@@ -55,6 +55,25 @@ const host::FillProperties& FileFill::read() {
     return common_;
 }
 
+std::vector<std::int32_t> FileFill::GradientStops() {
+    for (const NodePointer& each : shapes_) requireAlive(*each);
+    if (shapes_.size() != 1) return {};
+    const Node& node = *shapes_.front();
+    if (!node.stops.empty() || node.isChanged || !node.inFile) return node.stops;
+    return stopColorsOf(node.inFile->office);
+}
+
+void FileFill::setGradientStops(const std::vector<std::int32_t>& colors) {
+    if (GradientStops().size() != colors.size() || colors.empty()) {
+        throw base::Error(base::ErrorNumber::kInvalidProcedureCall, "Přechod nemá tolik barev.");
+    }
+    Node& node = *shapes_.front();
+    node.stops = colors;
+    node.fill = withStopColors(*node.inFile, colors).host;
+    node.isChanged = true;
+    node.isAnswered = false;
+}
+
 void FileFill::write(const mapping::FillWrites& writes, const std::string* picture) {
     for (const NodePointer& each : shapes_) requireAlive(*each);
     std::vector<NodePointer> leaves;
@@ -63,7 +82,10 @@ void FileFill::write(const mapping::FillWrites& writes, const std::string* pictu
         if (!each->canHaveFill) continue;
         each->fill = edited(each->fill, writes);
         // Colours between the ends are those of the former fill.
-        if (writes.build || writes.foreColor || writes.backColor) each->fill.stopsMark = 0;
+        if (writes.build || writes.foreColor || writes.backColor) {
+            each->fill.stopsMark = 0;
+            each->stops.clear();
+        }
         if (picture != nullptr) each->picture = *picture;
         each->isChanged = true;
         each->isAnswered = false;

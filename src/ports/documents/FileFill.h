@@ -44,6 +44,8 @@ class FileFill final : public host::FillFormat {
     void PresetGradient(std::int32_t style, std::int32_t variant, std::int32_t type) override;
     void PresetTextured(std::int32_t texture) override;
     void UserTextured(const std::string& file) override;
+    std::vector<std::int32_t> GradientStops() override;
+    void setGradientStops(const std::vector<std::int32_t>& colors) override;
 
  private:
     const host::FillProperties& read();

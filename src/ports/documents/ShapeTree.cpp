@@ -20,8 +20,13 @@ void markDeleted(Node& node) {
     for (const NodePointer& each : node.members) markDeleted(*each);
 }
 
-void collectChanges(const Node& node, NewFills& changes) {
-    if (node.isChanged && node.number) changes[*node.number] = {node.fill, node.picture};
+void collectChanges(const Node& node, ShapeChanges& changes) {
+    if (node.number && (node.isChanged || node.isLineChanged)) {
+        ShapeChange& change = changes[*node.number];
+        if (node.isChanged) change.fill = NewFill{node.fill, node.picture, node.stops};
+        // Without a line there is nothing to colour.
+        if (node.isLineChanged && node.lineVisible) change.lineColor = node.lineColor;
+    }
     for (const NodePointer& each : node.members) collectChanges(*each, changes);
 }
 
@@ -51,6 +56,7 @@ NodePointer ShapeTree::nodeOf(const ShapeRecord& record, NodePointer node) {
     }
     node->type = record.type;
     node->canHaveFill = record.canHaveFill;
+    node->inFile = record.fill;
     if (record.fill) node->fill = record.fill->host;
     node->lineVisible = record.lineVisible;
     node->lineColor = record.lineColor;
@@ -111,8 +117,8 @@ std::string ShapeTree::uniqueName(const std::string& wanted) {
     return name;
 }
 
-NewFills ShapeTree::changes() const {
-    NewFills changes;
+ShapeChanges ShapeTree::changes() const {
+    ShapeChanges changes;
     for (const NodePointer& each : topLevel_) collectChanges(*each, changes);
     return changes;
 }

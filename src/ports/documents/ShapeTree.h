@@ -25,10 +25,14 @@ struct Node {
     std::vector<std::shared_ptr<Node>> members = {};
     /// Its number in the file; nothing for a shape that was added here.
     std::optional<std::size_t> number = std::nullopt;
-    /// The fill has been written.
+    /// The fill has been written, the colour of the line has.
     bool isChanged = false;
+    bool isLineChanged = false;
     bool isDeleted = false;
 
+    /// The fill in the file, and other colours of its stops if they have been written.
+    SharedFill inFile = {};
+    std::vector<std::int32_t> stops = {};
     /// The bytes of the file of a user texture that has been written.
     std::string picture = {};
     /// The fill as its properties answer, and whether it has been asked for since the last write.
@@ -60,8 +64,8 @@ class ShapeTree {
     /// An error (5941) where no shape has the name.
     NodePointer find(const std::string& name) const;
 
-    /// The fills that have been written, by the shapes' numbers in the file.
-    NewFills changes() const;
+    /// What has been written, by the shapes' numbers in the file.
+    ShapeChanges changes() const;
 
     std::vector<NodePointer> selected;
 

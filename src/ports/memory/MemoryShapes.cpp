@@ -198,6 +198,19 @@ void MemoryFill::PresetTextured(std::int32_t texture) {
     });
 }
 
+std::vector<std::int32_t> MemoryFill::GradientStops() {
+    requireAlive();
+    return single_ == nullptr ? std::vector<std::int32_t>() : single_->stops;
+}
+
+void MemoryFill::setGradientStops(const std::vector<std::int32_t>& colors) {
+    call(text("GradientStops ", colors.size()), [&](FillState& state) {
+        state.stops = colors;
+        state.ForeColorRGB = colors.front();
+        state.BackColorRGB = colors.back();
+    });
+}
+
 void MemoryFill::UserTextured(const std::string& file) {
     call(text("UserTextured ", file), [&](FillState& state) {
         state.Type = MsoFillType::msoFillTextured;
@@ -233,10 +246,7 @@ MsoTriState MemoryLine::Visible() {
 void MemoryLine::setVisible(MsoTriState visible) {
     shape_.document().log().note(
         [&] { return text("write ", shape_.name(), ".Line.Visible ", number(visible)); });
-    shape_.requireAlive();
-    std::vector<MemoryShape*> leaves;
-    shape_.collectLeaves(leaves);
-    for (MemoryShape* const leaf : leaves) leaf->lineVisible = visible;
+    write(&MemoryShape::lineVisible, visible);
 }
 
 std::int32_t MemoryLine::ForeColorRGB() {
@@ -244,6 +254,20 @@ std::int32_t MemoryLine::ForeColorRGB() {
         [&] { return text("read ", shape_.name(), ".Line.ForeColor.RGB"); });
     shape_.requireAlive();
     return commonOfLeaves(shape_, &MemoryShape::lineColor, host::kMixed);
+}
+
+void MemoryLine::setForeColorRGB(std::int32_t color) {
+    shape_.document().log().note(
+        [&] { return text("write ", shape_.name(), ".Line.ForeColor.RGB ", color); });
+    write(&MemoryShape::lineColor, color);
+}
+
+template <class Value>
+void MemoryLine::write(Value MemoryShape::*member, Value value) {
+    shape_.requireAlive();
+    std::vector<MemoryShape*> leaves;
+    shape_.collectLeaves(leaves);
+    for (MemoryShape* const leaf : leaves) leaf->*member = value;
 }
 
 MemoryShape::MemoryShape(MemoryDocument& document, std::string name, host::MsoShapeType type)

@@ -31,6 +31,8 @@ struct FillState : host::FillProperties {
 
     /// The host gives all properties at once, as some hosts do.
     bool givenAtOnce = false;
+    /// Of a gradient that has more than its two ends.
+    std::vector<std::int32_t> stops = {};
 
     friend bool operator==(const FillState&, const FillState&) = default;
 };
@@ -71,6 +73,8 @@ class MemoryFill final : public host::FillFormat {
     void PresetGradient(std::int32_t style, std::int32_t variant, std::int32_t type) override;
     void PresetTextured(std::int32_t texture) override;
     void UserTextured(const std::string& file) override;
+    std::vector<std::int32_t> GradientStops() override;
+    void setGradientStops(const std::vector<std::int32_t>& colors) override;
 
     void setOwner(std::string owner) { owner_ = std::move(owner); }
     /// Every use fails from now on: the shape has been deleted.
@@ -98,8 +102,12 @@ class MemoryLine final : public host::LineFormat {
     host::MsoTriState Visible() override;
     void setVisible(host::MsoTriState visible) override;
     std::int32_t ForeColorRGB() override;
+    void setForeColorRGB(std::int32_t color) override;
 
  private:
+    template <class Value>
+    void write(Value MemoryShape::*member, Value value);
+
     MemoryShape& shape_;
 };
 

@@ -120,10 +120,19 @@ ShapeLine DocumentShapes::commonLineIn(ShapeNode& group) {
 }
 
 void DocumentShapes::setLineVisible(const NodePointer& node, bool visible) {
+    writeLines(node, [&](const ShapeReference& shape) { writeLineVisible(shape, visible); });
+}
+
+void DocumentShapes::setLineColor(const NodePointer& node, std::int32_t color) {
+    writeLines(node, [&](const ShapeReference& shape) { writeLineColor(shape, color); });
+}
+
+void DocumentShapes::writeLines(const NodePointer& node,
+                                const std::function<void(const ShapeReference&)>& write) {
     officeCalls([&] {
         for (const NodePointer& leaf : leavesOf({node})) {
             if (!leaf->kind.canHaveLine) continue;
-            writeLineVisible(tree_.shapeOf(*leaf), visible);
+            write(tree_.shapeOf(*leaf));
             for (ShapeNode* at = leaf.get(); at != nullptr; at = at->parent.get()) {
                 at->lineRead = Snapshot::kNever;
             }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -52,6 +53,7 @@ class DocumentShapes {
         return node.line;
     }
     void setLineVisible(const NodePointer& node, bool visible);
+    void setLineColor(const NodePointer& node, std::int32_t color);
 
     /// An error when one of the shapes has been deleted.
     void checkAlive(const std::vector<NodePointer>& nodes);
@@ -67,6 +69,8 @@ class DocumentShapes {
     void readLineOf(ShapeNode& node);
     mapping::HostFill commonFillIn(ShapeNode& group);
     ShapeLine commonLineIn(ShapeNode& group);
+    void writeLines(const NodePointer& node,
+                    const std::function<void(const ShapeReference&)>& write);
     void collectLeaves(const NodePointer& node, std::vector<NodePointer>& leaves);
 
     std::shared_ptr<Snapshot> snapshot_;

@@ -43,6 +43,11 @@ void writeLineVisible(const ShapeReference& shape, bool visible) {
                                                              : css::drawing::LineStyle_NONE));
 }
 
+void writeLineColor(const ShapeReference& shape, std::int32_t color) {
+    const Reference<css::beans::XPropertySet> set(shape, UNO_QUERY_THROW);
+    set->setPropertyValue(colorName(), css::uno::Any(sal_Int32{base::swapRedAndBlue(color)}));
+}
+
 ShapeLine commonLine(const ShapeLine& a, const ShapeLine& b) {
     return {a.visible == b.visible ? a.visible : MsoTriState::msoTriStateMixed,
             a.color == b.color ? a.color : host::kMixed};

@@ -17,6 +17,7 @@ struct ShapeLine {
 /// The office's exceptions pass to the caller.
 ShapeLine readLine(const ShapeReference& shape);
 void writeLineVisible(const ShapeReference& shape, bool visible);
+void writeLineColor(const ShapeReference& shape, std::int32_t color);
 
 /// The common answer of two: mixed where they differ.
 ShapeLine commonLine(const ShapeLine& a, const ShapeLine& b);

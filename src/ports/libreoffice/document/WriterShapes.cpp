@@ -57,6 +57,10 @@ void WriterLine::setVisible(host::MsoTriState visible) {
     document_->shapes().setLineVisible(shape_.node(), visible != host::MsoTriState::msoFalse);
 }
 
+void WriterLine::setForeColorRGB(std::int32_t color) {
+    document_->shapes().setLineColor(shape_.node(), color);
+}
+
 std::string WriterShape::Name() {
     return officeCalls([&] {
         document_->shapes().tree().checkAlive(*shape_);

@@ -19,6 +19,7 @@ class WriterLine final : public host::LineFormat {
     host::MsoTriState Visible() override { return read().visible; }
     void setVisible(host::MsoTriState visible) override;
     std::int32_t ForeColorRGB() override { return read().color; }
+    void setForeColorRGB(std::int32_t color) override;
 
  private:
     const ShapeLine& read() const { return document_->shapes().lineOf(*shape_); }

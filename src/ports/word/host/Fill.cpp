@@ -116,5 +116,8 @@ void WordLine::setVisible(MsoTriState visible) {
 std::int32_t WordLine::ForeColorRGB() {
     return line().object("ColorFormat", "ForeColor").get("RGB").toInteger();
 }
+void WordLine::setForeColorRGB(std::int32_t color) {
+    line().object("ColorFormat", "ForeColor").put("RGB", color);
+}
 
 }  // namespace huebrush::word

@@ -57,6 +57,7 @@ class WordLine final : public host::LineFormat {
     host::MsoTriState Visible() override;
     void setVisible(host::MsoTriState visible) override;
     std::int32_t ForeColorRGB() override;
+    void setForeColorRGB(std::int32_t color) override;
 
  private:
     const Object& line();

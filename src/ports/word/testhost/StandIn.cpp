@@ -268,7 +268,8 @@ void StandIn::describeFills() {
             self.setVisible(static_cast<host::MsoTriState>(call.integer(0)));
         });
     line_.owned("ForeColor", [this](const std::shared_ptr<host::LineFormat>& line) {
-        return serveColor({[line] { return line->ForeColorRGB(); }, {}});
+        return serveColor({[line] { return line->ForeColorRGB(); },
+                           [line](std::int32_t color) { line->setForeColorRGB(color); }});
     });
     color_.get("RGB", [](Color& self) { return self.get(); })
         .put("RGB", [](Color& self, const ServedCall& call) { self.set(call.integer(0)); });
