@@ -265,13 +265,15 @@ StoredFills Session::givenFills() const {
         const ColorElement& row = dialog_->Element[i];
         const bool isNew = isRecoloured(i);
         const bool hasNewStops = isNew && stops_.contains(i);
+        // Of new stops the dialog does not know.
+        const auto fill = std::make_shared<const fill::FillProperties>(
+            hasNewStops ? fillOf((*row.ElementsGroup->begin())->Fill())
+                        : row.FillObject().original());
         for (const host::ShapePointer& shape : *row.ElementsGroup) {
             if (isNew && isUnfillable(row, *shape)) continue;
-            GivenFill& fill = given[shape->Name()];
-            fill = {isNew ? i : std::int32_t{0}, row.FillObject().original()};
-            if (!hasNewStops) continue;
-            fill.fill = fillOf(shape->Fill());
-            fill.stops = stops_.at(i);
+            GivenFill& shapesFill = given[shape->Name()];
+            shapesFill = {isNew ? i : std::int32_t{0}, fill};
+            if (hasNewStops) shapesFill.stops = stops_.at(i);
         }
     }
     for (const NewLine& each : lines_) {

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
 #include <unordered_set>
 #include <utility>
 
@@ -143,33 +144,45 @@ using Nodes = std::vector<Node>;
 /// For each node the one in the stored document, or nothing.
 using Pairing = std::vector<const Node*>;
 
-Node nodeOf(const host::ShapePointer& shape) {
+/// What to keep of a shape that is no group, beside its name.
+using Keep = std::function<void(const host::ShapePointer& shape, Node& node)>;
+
+Node nodeOf(const host::ShapePointer& shape, const Keep& keep) {
     Node node;
     node.name = shape->Name();
-    node.shape = shape;
     node.isGroup = shape->Type() == MsoShapeType::msoGroup;
-    if (!node.isGroup) return node;
+    if (!node.isGroup) {
+        keep(shape, node);
+        return node;
+    }
     const auto members = shape->GroupItems();
     const std::int32_t count = members->Count();
-    for (std::int32_t i = 1; i <= count; ++i) node.members.push_back(nodeOf(members->Item(i)));
+    for (std::int32_t i = 1; i <= count; ++i) {
+        node.members.push_back(nodeOf(members->Item(i), keep));
+    }
     return node;
 }
 
-Nodes treeOf(host::Document& document) {
+Nodes treeOf(host::Document& document, const Keep& keep) {
+    const auto shapes = document.Shapes();
     Nodes nodes;
-    const auto walk = document.Shapes()->enumerate();
-    while (const host::ShapePointer shape = walk->next()) nodes.push_back(nodeOf(shape));
+    nodes.reserve(static_cast<std::size_t>(shapes->Count()));
+    const auto walk = shapes->enumerate();
+    while (const host::ShapePointer shape = walk->next()) nodes.push_back(nodeOf(shape, keep));
     return nodes;
 }
 
-/// Gives the nodes their fills. The shapes are not needed any more, and the document may go.
-void giveFills(Nodes& nodes, GivenFills& given) {
-    for (Node& node : nodes) {
-        node.shape.reset();
-        giveFills(node.members, given);
+/// Of the document that was recoloured, the fills that were given; the document may go.
+Nodes treeWith(host::Document& document, GivenFills& given) {
+    return treeOf(document, [&](const host::ShapePointer&, Node& node) {
         const auto found = given.find(node.name);
-        if (!node.isGroup && found != given.end()) node.given = std::move(found->second);
-    }
+        if (found != given.end()) node.given = std::move(found->second);
+    });
+}
+
+Nodes treeOfStored(host::Document& document) {
+    return treeOf(document,
+                  [](const host::ShapePointer& shape, Node& node) { node.shape = shape; });
 }
 
 std::size_t countGiven(const Node& node) {
@@ -235,7 +248,7 @@ void pairByFill(const Nodes& nodes, const Nodes& stored, Pairing& pairing) {
             const auto& given = nodes[i].given;
             if (pairing[i] != nullptr || !given || given->isNew() != isNew) continue;
             const auto found = std::find_if(left.begin(), left.end(), [&](const auto& each) {
-                return hasArrived(given->fill, each.second);
+                return hasArrived(*given->fill, each.second);
             });
             if (found == left.end()) continue;
             pairing[i] = found->first;
@@ -272,7 +285,8 @@ void addDifference(const GivenFill& given, const FillProperties& stored, StoredR
             return;
         }
     }
-    result.differences.push_back({given.row, 1, given.fill, stored, reasonOf(given.fill, stored)});
+    result.differences.push_back(
+        {given.row, 1, *given.fill, stored, reasonOf(*given.fill, stored)});
 }
 
 void add(StoredResult& result, const StoredResult& more) {
@@ -293,7 +307,7 @@ void compareShape(const GivenFill& given, host::Shape& stored, StoredResult& res
     if (given.isNew()) {
         const FillProperties fill = fillOf(stored.Fill());
         const bool hasStops = given.stops.empty() || stored.Fill().GradientStops() == given.stops;
-        if (hasArrived(given.fill, fill) && hasStops) {
+        if (hasArrived(*given.fill, fill) && hasStops) {
             ++result.confirmed;
         } else {
             addDifference(given, fill, result);
@@ -335,16 +349,15 @@ StoredResult compareNodes(const Nodes& nodes, const Nodes& stored) {
 
 }  // namespace
 
-StoredFills::StoredFills(host::Document& document, GivenFills given) : tree_(treeOf(document)) {
-    giveFills(tree_, given);
-}
+StoredFills::StoredFills(host::Document& document, GivenFills given)
+    : tree_(treeWith(document, given)) {}
 
 StoredFills::StoredFills(StoredFills&&) noexcept = default;
 StoredFills& StoredFills::operator=(StoredFills&&) noexcept = default;
 StoredFills::~StoredFills() = default;
 
 StoredResult StoredFills::compare(host::Document& stored) const {
-    StoredResult result = compareNodes(tree_, treeOf(stored));
+    StoredResult result = compareNodes(tree_, treeOfStored(stored));
     std::stable_sort(result.differences.begin(), result.differences.end(),
                      [](const auto& a, const auto& b) { return a.row < b.row; });
     return result;

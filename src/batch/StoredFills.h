@@ -18,8 +18,15 @@ namespace huebrush::batch {
 
 /// The fill of a shape, and the row that gave it; no row for a shape that was left as it is.
 struct GivenFill {
+    GivenFill() = default;
+    GivenFill(std::int32_t row, fill::FillProperties fill)
+        : GivenFill(row, std::make_shared<const fill::FillProperties>(std::move(fill))) {}
+    GivenFill(std::int32_t row, std::shared_ptr<const fill::FillProperties> fill)
+        : row(row), fill(std::move(fill)) {}
+
     std::int32_t row = 0;
-    fill::FillProperties fill;
+    /// Shapes of a row share it.
+    std::shared_ptr<const fill::FillProperties> fill;
     /// The colours of its stops, where those were given.
     std::vector<base::Rgb> stops = {};
     /// The colour that its line was given.

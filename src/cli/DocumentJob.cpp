@@ -123,24 +123,55 @@ class Watch {
     ProgressBar bar_;
 };
 
+/// A document, and the dialog at work on it.
+class OpenJob {
+ public:
+    OpenJob(const protocol::Job& job, bool showProgress, std::string content)
+        : name_(job.input),
+          document_(open(job.input, std::move(content))),
+          application_(document_),
+          watch_(showProgress),
+          session_(application_, document_, std::ref(watch_)),
+          rows_(session_.scan()) {
+        throwIfInterrupted();
+    }
+
+    batch::Session& session() { return session_; }
+    const std::vector<batch::FillRow>& rows() const { return rows_; }
+    std::string content() const {
+        return orFailure(name_, [&] { return document_->content(); });
+    }
+
+ private:
+    std::string name_;
+    std::shared_ptr<documents::FileDocument> document_;
+    documents::FileApplication application_;
+    Watch watch_;
+    batch::Session session_;
+    std::vector<batch::FillRow> rows_;
+};
+
+json listed(const protocol::Job& job, bool showProgress, std::string& content) {
+    const OpenJob open(job, showProgress, std::move(content));
+    return {{"listing", protocol::toJson(open.rows())}};
+}
+
+json recoloured(const protocol::Job& job, bool showProgress, std::string& content) {
+    std::optional<OpenJob> work(std::in_place, job, showProgress, std::move(content));
+    json result = protocol::toJson(work->session().recolor(protocol::requestOf(job)));
+    content = work->content();
+    const batch::StoredFills given = work->session().givenFills();
+    // Both documents are large.
+    work.reset();
+    throwIfInterrupted();
+    result["stored"] = protocol::toJson(given.compare(*open(job.input, content)));
+    return result;
+}
+
 json work(const protocol::Job& job, batch::BatchRuntime& runtime, bool showProgress,
           std::string& content) {
-    const auto document = open(job.input, std::move(content));
-    documents::FileApplication application(document);
-    Watch watch(showProgress);
-    batch::Session session(application, document, std::ref(watch));
-    const auto rows = session.scan();
-    throwIfInterrupted();
-    json result;
-    if (job.output.empty()) {
-        result["listing"] = protocol::toJson(rows);
-    } else {
-        result = protocol::toJson(session.recolor(protocol::requestOf(job)));
-        content = orFailure(job.input, [&] { return document->content(); });
-        throwIfInterrupted();
-        const auto stored = open(job.input, content);
-        result["stored"] = protocol::toJson(session.givenFills().compare(*stored));
-    }
+    json result = job.output.empty() ? listed(job, showProgress, content)
+                                     : recoloured(job, showProgress, content);
     return protocol::message::result(std::move(result), runtime.messages()).at("result");
 }
 

@@ -54,7 +54,7 @@ class FileLine final : public host::LineFormat {
     void setForeColorRGB(std::int32_t color) override {
         for (const NodePointer& each : leaves()) {
             each->lineColor = color;
-            each->isLineChanged = true;
+            each->isLineWritten = true;
         }
     }
 
@@ -182,7 +182,7 @@ class AllShapes final : public host::Shapes {
     host::ShapePointer AddShape(host::MsoAutoShapeType, float, float, float, float) override {
         if (document_->hasFile()) throwNotAvailable();
         Node node;
-        node.fill.visible = MsoTriState::msoTrue;
+        node.write().fill.visible = MsoTriState::msoTrue;
         node.lineVisible = true;
         return std::make_shared<FileShape>(document_->tree(),
                                            document_->tree()->add(std::move(node)));

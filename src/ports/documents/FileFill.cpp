@@ -44,23 +44,24 @@ const host::FillProperties& FileFill::read() {
     std::vector<NodePointer> leaves;
     if (shapes_.size() == 1 && !shapes_.front()->isGroup()) {
         Node& node = *shapes_.front();
-        if (!node.isAnswered) node.answer = propertiesOf(node.fill);
-        node.isAnswered = true;
-        return node.answer;
+        if (!node.answer) {
+            node.answer = std::make_shared<const host::FillProperties>(propertiesOf(node.fill()));
+        }
+        return *node.answer;
     }
     for (const NodePointer& each : shapes_) collectLeaves(each, leaves);
     mapping::CommonFill common;
-    for (const NodePointer& each : leaves) common.add(each->fill);
-    common_ = propertiesOf(common.value());
-    return common_;
+    for (const NodePointer& each : leaves) common.add(each->fill());
+    common_ = std::make_unique<host::FillProperties>(propertiesOf(common.value()));
+    return *common_;
 }
 
 std::vector<std::int32_t> FileFill::GradientStops() {
     for (const NodePointer& each : shapes_) requireAlive(*each);
     if (shapes_.size() != 1) return {};
     const Node& node = *shapes_.front();
-    if (!node.stops.empty() || node.isChanged || !node.inFile) return node.stops;
-    return stopColorsOf(node.inFile->office);
+    if (node.written) return node.written->stops;
+    return node.inFile ? stopColorsOf(node.inFile->office) : std::vector<std::int32_t>();
 }
 
 void FileFill::setGradientStops(const std::vector<std::int32_t>& colors) {
@@ -68,10 +69,9 @@ void FileFill::setGradientStops(const std::vector<std::int32_t>& colors) {
         throw base::Error(base::ErrorNumber::kInvalidProcedureCall, "Přechod nemá tolik barev.");
     }
     Node& node = *shapes_.front();
-    node.stops = colors;
-    node.fill = withStopColors(*node.inFile, colors).host;
-    node.isChanged = true;
-    node.isAnswered = false;
+    WrittenFill& written = node.write();
+    written.stops = colors;
+    written.fill = withStopColors(*node.inFile, colors).host;
 }
 
 void FileFill::write(const mapping::FillWrites& writes, const std::string* picture) {
@@ -80,15 +80,14 @@ void FileFill::write(const mapping::FillWrites& writes, const std::string* pictu
     for (const NodePointer& each : shapes_) collectLeaves(each, leaves);
     for (const NodePointer& each : leaves) {
         if (!each->canHaveFill) continue;
-        each->fill = edited(each->fill, writes);
+        WrittenFill& written = each->write();
+        written.fill = edited(written.fill, writes);
         // Colours between the ends are those of the former fill.
         if (writes.build || writes.foreColor || writes.backColor) {
-            each->fill.stopsMark = 0;
-            each->stops.clear();
+            written.fill.stopsMark = 0;
+            written.stops.clear();
         }
-        if (picture != nullptr) each->picture = *picture;
-        each->isChanged = true;
-        each->isAnswered = false;
+        if (picture != nullptr) written.picture = *picture;
     }
 }
 

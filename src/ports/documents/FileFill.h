@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -54,7 +55,7 @@ class FileFill final : public host::FillFormat {
 
     std::vector<NodePointer> shapes_;
     /// The answer of several shapes.
-    host::FillProperties common_;
+    std::unique_ptr<host::FillProperties> common_;
     /// Colours that have been set: one that the fill does not use is still there for the next
     /// build.
     std::optional<std::int32_t> foreColor_;

@@ -22,15 +22,15 @@ class FileContractHost final : public ContractHost {
     Id addRectangle(const std::string& name, std::int32_t color) override {
         documents::Node node;
         node.name = name;
-        node.fill.visible = MsoTriState::msoTrue;
-        node.fill.foreColor = color;
-        return remember(document_->tree()->add(node));
+        node.write().fill.visible = MsoTriState::msoTrue;
+        node.write().fill.foreColor = color;
+        return remember(document_->tree()->add(std::move(node)));
     }
     Id addLine(const std::string& name) override {
         documents::Node node;
         node.name = name;
         node.canHaveFill = false;
-        return remember(document_->tree()->add(node));
+        return remember(document_->tree()->add(std::move(node)));
     }
     Id group(const std::string& name, const std::vector<Id>& members) override {
         std::vector<documents::NodePointer> nodes;

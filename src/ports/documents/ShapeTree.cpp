@@ -21,16 +21,30 @@ void markDeleted(Node& node) {
 }
 
 void collectChanges(const Node& node, ShapeChanges& changes) {
-    if (node.number && (node.isChanged || node.isLineChanged)) {
+    if (node.number && (node.written || node.isLineWritten)) {
         ShapeChange& change = changes[*node.number];
-        if (node.isChanged) change.fill = NewFill{node.fill, node.picture, node.stops};
+        if (const auto& written = node.written) {
+            change.fill = NewFill{written->fill, written->picture, written->stops};
+        }
         // Without a line there is nothing to colour.
-        if (node.isLineChanged && node.lineVisible) change.lineColor = node.lineColor;
+        if (node.isLineWritten && node.lineVisible) change.lineColor = node.lineColor;
     }
     for (const NodePointer& each : node.members) collectChanges(*each, changes);
 }
 
 }  // namespace
+
+const mapping::HostFill& Node::fill() const {
+    static const mapping::HostFill kNone;
+    if (written) return written->fill;
+    return inFile ? inFile->host : kNone;
+}
+
+WrittenFill& Node::write() {
+    if (!written) written = std::make_unique<WrittenFill>(WrittenFill{fill()});
+    answer.reset();
+    return *written;
+}
 
 void ShapeTree::add(const std::vector<ShapeRecord>& records) {
     // Names of the top level come first: those are what a user sees.
@@ -42,13 +56,14 @@ void ShapeTree::add(const std::vector<ShapeRecord>& records) {
         names_[node->name] = node;
         added.push_back(std::move(node));
     }
+    Answers answers;
     for (std::size_t i = 0; i < records.size(); ++i) {
-        NodePointer node = nodeOf(records[i], std::move(added[i]));
+        NodePointer node = nodeOf(records[i], std::move(added[i]), answers);
         topLevel_.push_back(std::move(node));
     }
 }
 
-NodePointer ShapeTree::nodeOf(const ShapeRecord& record, NodePointer node) {
+NodePointer ShapeTree::nodeOf(const ShapeRecord& record, NodePointer node, Answers& answers) {
     if (!node) {
         node = std::make_shared<Node>();
         node->name = uniqueName(record.name);
@@ -57,12 +72,18 @@ NodePointer ShapeTree::nodeOf(const ShapeRecord& record, NodePointer node) {
     node->type = record.type;
     node->canHaveFill = record.canHaveFill;
     node->inFile = record.fill;
-    if (record.fill) node->fill = record.fill->host;
+    if (record.fill) {
+        auto& answer = answers[record.fill.get()];
+        if (!answer) {
+            answer = std::make_shared<const host::FillProperties>(propertiesOf(record.fill->host));
+        }
+        node->answer = answer;
+    }
     node->lineVisible = record.lineVisible;
     node->lineColor = record.lineColor;
     if (!record.isGroup()) node->number = record.number;
     for (const ShapeRecord& each : record.members) {
-        node->members.push_back(nodeOf(each, nullptr));
+        node->members.push_back(nodeOf(each, nullptr, answers));
     }
     return node;
 }

@@ -14,30 +14,36 @@
 
 namespace huebrush::documents {
 
-/// A shape or a group, as it is now.
+/// A fill that a shape has been given.
+struct WrittenFill {
+    mapping::HostFill fill = {};
+    /// The bytes of a user texture's file.
+    std::string picture = {};
+    /// Other colours of the gradient's stops.
+    std::vector<std::int32_t> stops = {};
+};
+
+/// A shape or a group, as it is now. There may be tens of thousands of them, most of which are
+/// never written and share their fills.
 struct Node {
     std::string name = {};  ///< unique in its document
     host::MsoShapeType type = host::MsoShapeType::msoAutoShape;
     bool canHaveFill = true;
-    mapping::HostFill fill = {};
     bool lineVisible = false;
     std::int32_t lineColor = 0;
     std::vector<std::shared_ptr<Node>> members = {};
     /// Its number in the file; nothing for a shape that was added here.
     std::optional<std::size_t> number = std::nullopt;
-    /// The fill has been written, the colour of the line has.
-    bool isChanged = false;
-    bool isLineChanged = false;
-    bool isDeleted = false;
-
-    /// The fill in the file, and other colours of its stops if they have been written.
     SharedFill inFile = {};
-    std::vector<std::int32_t> stops = {};
-    /// The bytes of the file of a user texture that has been written.
-    std::string picture = {};
-    /// The fill as its properties answer, and whether it has been asked for since the last write.
-    host::FillProperties answer = {};
-    bool isAnswered = false;
+    std::unique_ptr<WrittenFill> written = {};
+    bool isLineWritten = false;
+    bool isDeleted = false;
+    /// The fill as its properties answer; nothing until it is asked for.
+    std::shared_ptr<const host::FillProperties> answer = {};
+
+    const mapping::HostFill& fill() const;
+    /// The fill to be changed, as it is now.
+    WrittenFill& write();
 
     bool isGroup() const { return type == host::MsoShapeType::msoGroup; }
 };
@@ -70,7 +76,10 @@ class ShapeTree {
     std::vector<NodePointer> selected;
 
  private:
-    NodePointer nodeOf(const ShapeRecord& record, NodePointer node);
+    using Answers =
+        std::unordered_map<const mapping::KnownFill*, std::shared_ptr<const host::FillProperties>>;
+
+    NodePointer nodeOf(const ShapeRecord& record, NodePointer node, Answers& answers);
     std::string uniqueName(const std::string& wanted);
 
     std::vector<NodePointer> topLevel_;
