@@ -232,6 +232,11 @@ class OutlineParser {
             const std::string_view name(attributes[0]);
             const auto [prefix, local] = split(name);
             if (!prefix.empty() ? prefix != "xmlns" : local != "xmlns") continue;
+            // As a name's prefix nobody could use it.
+            if (local.find(':') != std::string_view::npos) {
+                stop("declares a prefix with a colon");
+                return declares;
+            }
             const std::string declared(prefix.empty() ? std::string_view() : local);
             const NamespaceId space = outline_.vocabulary_.spaceOf(attributes[1]);
             outline_.declarations_.push_back({id, declared, space});

@@ -123,6 +123,8 @@ TEST(Outline, RefusesWhatIsNotXml) {
     EXPECT_NE(messageOf("<a></b>"), "");
     EXPECT_EQ(messageOf("<a><p:b/></a>"),
               "is damaged: part.xml uses a prefix that it does not declare");
+    EXPECT_EQ(messageOf("<a xmlns:p:q='urn:first'/>"),
+              "is damaged: part.xml declares a prefix with a colon");
 }
 
 TEST(Outline, RefusesDeclarationsOfADocumentType) {
