@@ -3,8 +3,10 @@
 and nothing is written; what looks odd and is not is read."""
 
 import io
+import json
 import os
 import resource
+import shutil
 import subprocess
 import tempfile
 import unittest
@@ -98,15 +100,21 @@ class Document:
 
 class Packages:
     def test_one_that_is_cut_off_anywhere(self):
-        refused = 0
-        for size in range(0, len(self.bytes), 64):
-            self.file.write_bytes(self.bytes[:size])
-            done = huebrush("fills", self.file, "--through", "documents")
-            self.assertEqual(done.returncode, 1, (size, done.stderr))
-            self.assertEqual(len(done.stderr.splitlines()), 1, (size, done.stderr))
-            self.assertEqual(done.stdout, "", size)
-            refused += 1
-        self.assertEqual(refused, (len(self.bytes) + 63) // 64)
+        folder = self.folder / "cut"
+        folder.mkdir()
+        sizes = range(0, len(self.bytes), 64)
+        for size in sizes:
+            (folder / f"{size:06}{self.file.suffix}").write_bytes(self.bytes[:size])
+        done = huebrush("fills", "--recursive", folder, "--json", "--jobs", 1,
+                        "--through", "documents")
+        self.assertEqual(done.returncode, 1, done.stderr)
+        results = json.loads(done.stdout)["documents"]
+        self.assertEqual(len(results), len(sizes))
+        for result in results:
+            self.assertEqual(result.keys(), {"document", "error"})
+            self.assertEqual(len(result["error"].splitlines()), 1, result)
+            self.assertIn(Path(result["document"]).name, result["error"])
+        shutil.rmtree(folder)
         # The same by the command that writes.
         for size in (0, 1, 64, len(self.bytes) // 2, len(self.bytes) - 1):
             self.assert_refused(self.bytes[:size], self.file.name)

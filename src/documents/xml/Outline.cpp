@@ -78,6 +78,15 @@ void addReference(std::string& out, std::string_view name) {
     }
 }
 
+/// expat without namespaces takes some prefixes that no name can begin with. Of those that one can,
+/// the unusual ones are left to their authors.
+bool canBeWritten(std::string_view prefix) {
+    if (prefix.empty()) return true;
+    const char first = prefix.front();
+    const bool isLetter = (first >= 'a' && first <= 'z') || (first >= 'A' && first <= 'Z');
+    return (isLetter || first == '_') && prefix.find(':') == std::string_view::npos;
+}
+
 }  // namespace
 
 std::string resolved(std::string_view value) {
@@ -232,11 +241,6 @@ class OutlineParser {
             const std::string_view name(attributes[0]);
             const auto [prefix, local] = split(name);
             if (!prefix.empty() ? prefix != "xmlns" : local != "xmlns") continue;
-            // As a name's prefix nobody could use it.
-            if (local.find(':') != std::string_view::npos) {
-                stop("declares a prefix with a colon");
-                return declares;
-            }
             const std::string declared(prefix.empty() ? std::string_view() : local);
             const NamespaceId space = outline_.vocabulary_.spaceOf(attributes[1]);
             outline_.declarations_.push_back({id, declared, space});
@@ -420,6 +424,7 @@ bool Outline::isDeclared(ElementId element, std::string_view prefix) const {
 std::optional<std::string> Outline::prefixFor(ElementId element, NamespaceId space) const {
     std::optional<std::string> prefix;
     eachDeclaration(element, [&](const Declaration& each) {
+        if (!canBeWritten(each.prefix)) return false;
         // An inner declaration may have given the prefix another meaning.
         if (each.space != space || spaceOfPrefix(element, each.prefix) != space) return false;
         prefix = each.prefix;

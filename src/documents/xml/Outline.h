@@ -91,8 +91,8 @@ class Outline {
     NamespaceId spaceOfPrefix(ElementId element, std::string_view prefix) const;
     /// Whether a prefix stands for any namespace in an element.
     bool isDeclared(ElementId element, std::string_view prefix) const;
-    /// A prefix that stands for the namespace inside an element; nothing where there is none. An
-    /// empty one stands for the namespace of names without prefix.
+    /// A prefix that stands for the namespace inside an element and can be written; nothing where
+    /// there is none. An empty one stands for the namespace of names without prefix.
     std::optional<std::string> prefixFor(ElementId element, NamespaceId space) const;
 
  private:
