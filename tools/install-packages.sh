@@ -41,6 +41,8 @@ check=(
   pandoc python3-docx python3-lxml python3-odf
   # the checks of what is printed as JSON, and of the completions
   python3-jsonschema zsh fish
+  # the package for Debian, and who judges it
+  dpkg-dev lintian
   # the sanitizers
   clang libclang-rt-dev
   # the linters of Python and of the manual page
@@ -49,8 +51,8 @@ check=(
 windows=(
   cmake ninja-build make nlohmann-json3-dev googletest
   g++-mingw-w64-x86-64-win32 g++-mingw-w64-i686-win32 wine wine64
-  # the icons and the package, and what reads its palettes
-  librsvg2-bin python3 zip mdbtools
+  # the icons, the package and the setup, and what reads its palettes
+  librsvg2-bin python3 zip nsis mdbtools
   # a screen, and a user at it
   xvfb xauth x11-xkb-utils xdotool openbox wmctrl x11-utils imagemagick fonts-liberation fonts-wine
 )

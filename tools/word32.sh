@@ -20,7 +20,7 @@ mount_tree "$PWD" "$PWD/build"
 packages=(
   wine wine32 fonts-liberation fonts-wine
   # what runs the tests, and what makes and reads the package
-  cmake python3 binutils-mingw-w64-i686 binutils-mingw-w64-x86-64 mdbtools
+  cmake python3 binutils-mingw-w64-i686 binutils-mingw-w64-x86-64 nsis mdbtools
   # a screen, and a user at it
   xvfb xauth x11-xkb-utils xdotool openbox wmctrl x11-utils imagemagick
 )

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MPL-2.0
-"""Makes the package of the Word add-in, installs it as a user does, and removes it.
+"""Makes the package of the Word add-in and its setup, installs each as a user does, and removes it.
 
     word_package.py WINE FOLDER BUILD_X86 BUILD_X64 KIND
 
@@ -13,12 +13,17 @@ import os
 import pathlib
 import subprocess
 import sys
+import time
 import zipfile
 
 SOURCE = pathlib.Path(__file__).resolve().parents[2]
+SETUP = SOURCE / "packaging" / "windows" / "huebrush.nsi"
+REMOVAL = r"HKCU\Software\Microsoft\Windows\CurrentVersion\Uninstall\Huebrush"
+LIMIT = 60
 MAKER = SOURCE / "src" / "ports" / "word" / "package" / "make_package.py"
 CLASS = "{32522A19-356A-449B-9663-455D4CA94F36}"
-LEFT_BY_OTHERS = (r"HKCU\Software\VB and VBA Program Settings\Huebrush",
+LEFT_BY_OTHERS = (REMOVAL,
+                  r"HKCU\Software\VB and VBA Program Settings\Huebrush",
                   r"HKCU\Software\Classes\Huebrush.ConnectW2000",
                   r"HKCU\Software\Classes\CLSID\%s" % CLASS,
                   r"HKCU\Software\Microsoft\Office\Word\Addins\Huebrush.ConnectW2000")
@@ -145,6 +150,73 @@ def check_use(prefix, folder, package, kind, host):
     assert "Huebrush" not in left
 
 
+def make_setup(files, kind, version, target):
+    """The setup as a program that this Wine runs."""
+    processor = {"x86": "x86", "x64": "amd64"}[kind]
+    subprocess.run(["makensis", "-V2", "-WX", f"-DVERSION={version}", f"-DFILES={files}",
+                    f"-DTARGET={target}", f"-DPROCESSOR={processor}", SETUP], check=True,
+                   timeout=LIMIT, env=dict(os.environ, SOURCE_DATE_EPOCH="1700000000"))
+    return target
+
+
+def value_of(prefix, name):
+    code, said = prefix.run("reg", "query", REMOVAL, "/v", name)
+    assert code == 0, said
+    return said.split(name)[1].split(None, 1)[1].strip()
+
+
+def remove(prefix, installed, *options):
+    """Runs what removes the add-in. It goes on in a copy of itself: gone is what it has removed."""
+    program = installed / "uninstall.exe"
+    code, said = prefix.run(windows_path(program), "/S", *options)
+    assert code == 0, said
+    end = time.monotonic() + LIMIT
+    while program.exists() or "Uninstall\\Huebrush" in prefix.registry():
+        assert time.monotonic() < end, "the add-in is still there"
+        time.sleep(0.1)
+
+
+def check_setup(prefix, place, files, kind, host):
+    """Installs an older version by its setup, then this one, uses it, and removes it."""
+    installed = prefix.application_data() / "Huebrush"
+    dll = installed / kind / "huebrush.dll"
+    palettes = installed / kind / "Data" / "fill.mdb"
+    older = make_setup(files, kind, "0.9.0", place / "older.exe")
+    newer = make_setup(files, kind, "1.0.0", place / "newer.exe")
+    again = make_setup(files, kind, "1.0.0", place / "again.exe")
+    assert newer.read_bytes() == again.read_bytes(), "two setups of the same files differ"
+
+    code, said = prefix.run(windows_path(older), "/S")
+    assert code == 0, said
+    assert value_of(prefix, "DisplayVersion") == "0.9.0"
+    assert dll.exists() and CLASS in prefix.registry()
+    palettes.write_bytes(b"the user's own")
+    dll.write_bytes(b"another version")
+    code, said = prefix.run(windows_path(newer), "/S", "/NEWER")
+    assert code == 0, said
+    assert value_of(prefix, "DisplayVersion") == "1.0.0"
+    assert dll.read_bytes() == (files / kind / "huebrush.dll").read_bytes()
+    assert palettes.read_bytes() == b"the user's own"
+    code, said = prefix.run(host, "version=16.0", "connect", "disconnect")
+    assert code == 0 and "CommandBarButton.Enabled" not in said and "box" not in said, said
+    assert "CommandBars.Add(Huebrush)" in said, said
+
+    remove(prefix, installed)
+    left = sorted(path.relative_to(installed).as_posix()
+                  for path in installed.rglob("*") if path.is_file())
+    assert left and all(name.endswith("Data/fill.mdb") for name in left), left
+    assert CLASS not in prefix.registry()
+    code, said = prefix.run(host, "connect")
+    assert "0 add-ins" in said, said
+
+    code, said = prefix.run(windows_path(newer), "/S")
+    assert code == 0, said
+    assert palettes.read_bytes() == b"the user's own"
+    remove(prefix, installed, "/ALL")
+    assert not installed.exists()
+    assert "Huebrush" not in prefix.registry()
+
+
 def main():
     wine, folder, x86, x64, kind = sys.argv[1:]
     prefix = Prefix(wine, folder)
@@ -155,7 +227,9 @@ def main():
     package = place / "huebrush-word.zip"
     print(make(prefix, builds, kind, package))
     host = str(builds[kind] / "bin" / "word_testhost.exe")
-    check_use(prefix, unpacked(package, place), package, kind, host)
+    files = unpacked(package, place)
+    check_use(prefix, files, package, kind, host)
+    check_setup(prefix, place, files, kind, host)
 
 
 if __name__ == "__main__":
