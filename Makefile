@@ -3,7 +3,8 @@
 # it; `make packages` and `make check-packages` do only that; nothing else installs anything.
 
 .PHONY: all packages check-packages build demo check unit long asan fuzz office lint format bench \
-  screenshots newer windows-packages windows windows-behind word word32 install clean
+  screenshots newer windows-packages windows windows-behind word word32 package \
+  reproducible install clean
 
 CTEST := ctest --output-on-failure
 
@@ -123,6 +124,18 @@ word:
 	@$(word_data)
 	@/usr/bin/python3 src/ports/word/package/make_package.py build/windows-i686 \
 	  build/windows-x86_64 build/windows-x86_64/bin/Data/fill.mdb LICENSE build/huebrush-word.zip
+
+# All that users install, in build/packages: for Debian, LibreOffice anywhere, and Word.
+package:
+	@tools/install-packages.sh package windows
+	@$(MAKE) --no-print-directory all
+	@$(MAKE) --no-print-directory word
+	@tools/package.sh
+
+# Builds the packages of the last commit twice, in different folders, and compares them.
+reproducible:
+	@tools/install-packages.sh package windows
+	@tools/reproducible.sh
 
 # The tests of all that is built for 32 bits, in a 32-bit Debian of its own. As root.
 word32:

@@ -23,6 +23,15 @@ if(HUEBRUSH_SANITIZE)
   target_compile_definitions(huebrush_flags INTERFACE HUEBRUSH_SANITIZED _GLIBCXX_ASSERTIONS)
 endif()
 
+# For what users get. The same sources make the same bytes, wherever and whenever they are built: the
+# identity of a build would depend on the folder of the sources, a time on the day.
+add_library(huebrush_delivered INTERFACE)
+if(WIN32)
+  target_link_options(huebrush_delivered INTERFACE -Wl,--no-insert-timestamp)
+else()
+  target_link_options(huebrush_delivered INTERFACE -Wl,-z,now -Wl,--build-id=none)
+endif()
+
 # huebrush_library(NAME LIBRARIES library... SOURCES file...)
 # The library of the current folder. It links those of the folders that its row in src/README.md
 # names, and LIBRARIES, which are not ours or only for tests.

@@ -7,6 +7,7 @@
 # The sets, each with what stands before it, but for the last one:
 #   build   what compiling the program and the extension needs
 #   demo    what tools/demo.sh runs
+#   package what packages are made and judged by
 #   check   what the tests, the linters and the measurements need (the default)
 #   windows what `make windows` needs
 #
@@ -29,6 +30,10 @@ demo=(
   # pictures of documents
   python3 python3-uno poppler-utils
 )
+# what `make package` needs beside all for Windows
+package=(
+  python3 dpkg-dev fakeroot git lintian
+)
 check=(
   git libgtest-dev libgmock-dev libbenchmark-dev
   # the host in its windows, with a user at the keyboard
@@ -41,8 +46,6 @@ check=(
   pandoc python3-docx python3-lxml python3-odf
   # the checks of what is printed as JSON, and of the completions
   python3-jsonschema zsh fish
-  # the package for Debian, and who judges it
-  dpkg-dev lintian
   # the sanitizers
   clang libclang-rt-dev
   # the linters of Python and of the manual page
@@ -71,7 +74,8 @@ for set in "$@"; do
   case $set in
     build) packages+=("${build[@]}") ;;
     demo) packages+=("${build[@]}" "${demo[@]}") ;;
-    check) packages+=("${build[@]}" "${demo[@]}" "${check[@]}") ;;
+    package) packages+=("${build[@]}" "${package[@]}") ;;
+    check) packages+=("${build[@]}" "${demo[@]}" "${package[@]}" "${check[@]}") ;;
     windows) packages+=("${windows[@]}") ;;
     *) echo "install-packages: there is no set $set" >&2; exit 2 ;;
   esac

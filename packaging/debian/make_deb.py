@@ -4,8 +4,8 @@
     make_deb.py BUILD TARGET [--version VERSION]
 
 BUILD is a folder that is configured and built, TARGET the folder that gets the package. The same
-build always makes the same bytes: the times in it are $SOURCE_DATE_EPOCH, or that of the last change
-of the sources. Another VERSION than the build's is there to try updates.
+build always makes the same bytes: the times in it are $SOURCE_DATE_EPOCH, or that of the last commit of
+the sources. Another VERSION than the build's is there to try updates.
 """
 
 import argparse

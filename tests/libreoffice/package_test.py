@@ -2,7 +2,7 @@
 """The extension's package: the office's extension manager accepts it, and an office older than
 the one that it was built with refuses it.
 
-    package_test.py Package                 the package of this office, or of an older one
+    package_test.py Package Updates         the package of this office, or of an older one
     package_test.py PackageOfANewerOffice   the package of a newer one
 """
 
@@ -11,10 +11,14 @@ import pathlib
 import re
 import shutil
 import subprocess
+import sys
 import tempfile
 import unittest
 import zipfile
 from xml.etree import ElementTree
+
+SOURCE = pathlib.Path(__file__).resolve().parents[2]
+sys.path.insert(0, str(SOURCE / "tools"))
 
 PACKAGE = pathlib.Path(os.environ["HUEBRUSH_PACKAGE"])
 UNOPKG = os.environ["HUEBRUSH_UNOPKG"]
@@ -55,18 +59,35 @@ class Package(PackageCase):
         self.assertEqual(len(found), 1, path)
         return found[0]
 
-    def demand(self, version):
-        """Has the package ask for that version of the office."""
-        wanted = self.folder / "other.oxt"
+    def changed(self, name, old, new):
+        """The package with one thing changed in its description."""
+        wanted = self.folder / name
         with zipfile.ZipFile(PACKAGE) as source, zipfile.ZipFile(wanted, "w") as target:
             for item in source.infolist():
                 data = source.read(item)
                 if item.filename == DESCRIPTION:
-                    data, count = re.subn(rb'(minimal-version value=)"[0-9.]+"',
-                                          rb'\1"' + version.encode() + b'"', data)
+                    data, count = re.subn(old, new, data)
                     self.assertEqual(count, 1)
                 target.writestr(item, data)
         return wanted
+
+    def demand(self, version):
+        """Has the package ask for that version of the office."""
+        return self.changed("other.oxt", rb'(minimal-version value=)"[0-9.]+"',
+                            rb'\1"' + version.encode() + b'"')
+
+    def test_it_takes_the_place_of_an_older_version(self):
+        older = self.changed(PACKAGE.name, rb'<version value="[0-9.]+"/>',
+                             b'<version value="0.9"/>')
+        self.assertEqual(self.unopkg("add", str(older)).returncode, 0)
+        self.assertIn("Version: 0.9\n", self.unopkg("list").stdout)
+        shutil.copy(PACKAGE, self.package)
+        done = self.unopkg("add", "--force", str(self.package))
+        self.assertEqual(done.returncode, 0, done.stdout)
+        listed = self.unopkg("list").stdout
+        self.assertEqual(listed.count(IDENTIFIER), 1, listed)
+        version = self.element("d:version").get("value")
+        self.assertIn(f"Version: {version}\n", listed)
 
     def test_the_extension_manager_installs_and_removes_it(self):
         done = self.unopkg("add", str(self.package))
@@ -99,6 +120,40 @@ class Package(PackageCase):
         done = self.unopkg("add", str(self.demand("99.8")))
         self.assertNotEqual(done.returncode, 0)
         self.assertFalse(self.is_installed())
+
+
+class Updates(unittest.TestCase):
+    def setUp(self):
+        self.folder = pathlib.Path(tempfile.mkdtemp(prefix="huebrush-updates-"))
+        self.addCleanup(shutil.rmtree, self.folder, True)
+        self.place = self.folder.as_uri()
+        # What is there when the build is configured is what will be packed.
+        subprocess.run(["cmake", "-S", SOURCE, "-B", self.folder / "build", "-G", "Ninja",
+                        "-D", "BUILD_TESTING=OFF", "-D", f"HUEBRUSH_UPDATE_URL={self.place}"],
+                       check=True, stdout=subprocess.DEVNULL, timeout=300)
+        shutil.copy(self.folder / "build/huebrush.update.xml", self.folder)
+
+    def test_the_office_finds_them_where_the_package_says(self):
+        from private_office import PrivateOffice
+        description = ElementTree.parse(
+            self.folder / "build/extension/huebrush" / DESCRIPTION).getroot()
+        source = description.find("d:update-information/d:src", NAMES).get(LINK)
+        self.assertEqual(source, f"{self.place}/huebrush.update.xml")
+        with PrivateOffice() as office:
+            provider = office.create("com.sun.star.deployment.UpdateInformationProvider")
+            [found] = provider.getUpdateInformation((source,), IDENTIFIER)
+            values = {each.getTagName(): each for each in elements_of(found)}
+            version = values["version"].getAttribute("value")
+            [download] = elements_of(values["update-download"])
+            address = download.getAttributeNS("http://www.w3.org/1999/xlink", "href")
+        self.assertEqual(version, description.find("d:version", NAMES).get("value"))
+        self.assertEqual(address, f"{self.place}/huebrush.oxt")
+
+
+def elements_of(node):
+    children = node.getChildNodes()
+    nodes = [children.item(i) for i in range(children.getLength())]
+    return [node for node in nodes if hasattr(node, "getTagName")]
 
 
 class PackageOfANewerOffice(PackageCase):

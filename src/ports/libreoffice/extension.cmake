@@ -37,9 +37,20 @@ add_library(huebrush_component MODULE entry/component.cpp)
 set_target_properties(huebrush_component PROPERTIES
   PREFIX "" OUTPUT_NAME huebrush LIBRARY_OUTPUT_DIRECTORY ${EXTENSION_FOLDER})
 target_link_options(huebrush_component PRIVATE -Wl,-z,defs)
-target_link_libraries(huebrush_component PRIVATE huebrush_libreoffice huebrush_flags)
+target_link_libraries(huebrush_component PRIVATE
+  huebrush_libreoffice huebrush_flags huebrush_delivered)
 huebrush_extension_resources(huebrush_component ${EXTENSION_FOLDER})
 
+# Where the extension manager looks for newer versions.
+set(HUEBRUSH_UPDATE_URL "" CACHE STRING
+  "The address of the folder with huebrush.update.xml and the package; empty where there is none")
+if(HUEBRUSH_UPDATE_URL)
+  set(HUEBRUSH_UPDATE_INFORMATION "
+  <update-information>
+    <src xlink:href=\"${HUEBRUSH_UPDATE_URL}/huebrush.update.xml\"/>
+  </update-information>")
+  configure_file(extension/update.xml.in ${CMAKE_BINARY_DIR}/huebrush.update.xml @ONLY)
+endif()
 configure_file(extension/description.xml.in ${EXTENSION_FOLDER}/description.xml @ONLY)
 foreach(file META-INF/manifest.xml huebrush.components Jobs.xcu ProtocolHandler.xcu
     description/cs.txt description/en.txt)
@@ -54,14 +65,15 @@ add_custom_command(OUTPUT ${EXTENSION_FOLDER}/icon.png
 add_custom_target(huebrush_extension_icon DEPENDS ${EXTENSION_FOLDER}/icon.png)
 
 # The package, without what only a debugger reads. It is made from scratch each time: its parts are many,
-# and packing takes a moment.
+# and packing takes a moment. The same parts make the same bytes.
 set(PACKAGE_FOLDER ${CMAKE_BINARY_DIR}/package)
 set(EXTENSION_PACKAGE ${CMAKE_BINARY_DIR}/huebrush.oxt)
 add_custom_target(huebrush_extension ALL
   COMMAND ${CMAKE_COMMAND} -E rm -rf ${PACKAGE_FOLDER} ${EXTENSION_PACKAGE}
   COMMAND ${CMAKE_COMMAND} -E copy_directory ${EXTENSION_FOLDER} ${PACKAGE_FOLDER}
   COMMAND ${CMAKE_STRIP} --strip-unneeded ${PACKAGE_FOLDER}/huebrush.so
-  COMMAND ${CMAKE_COMMAND} -E chdir ${PACKAGE_FOLDER} ${ZIP} -qrX ${EXTENSION_PACKAGE} .
+  COMMAND ${CMAKE_COMMAND} -E chdir ${PACKAGE_FOLDER} sh
+    ${CMAKE_CURRENT_SOURCE_DIR}/extension/pack.sh ${ZIP} ${EXTENSION_PACKAGE}
   VERBATIM)
 add_dependencies(huebrush_extension huebrush_component huebrush_extension_icon)
 
