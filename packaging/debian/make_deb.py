@@ -4,8 +4,8 @@
     make_deb.py BUILD TARGET [--version VERSION]
 
 BUILD is a folder that is configured and built, TARGET the folder that gets the package. The same
-build always makes the same bytes: the times in it are $SOURCE_DATE_EPOCH, or that of the last commit of
-the sources. Another VERSION than the build's is there to try updates.
+build always makes the same bytes: the times in it are $SOURCE_DATE_EPOCH, or that of the last
+commit of the sources. Another VERSION than the build's is there to try updates.
 """
 
 import argparse
@@ -91,13 +91,10 @@ def document(root, values):
 
 def needed_by(root):
     """The packages with the libraries that the program and the extension are linked with."""
-    with tempfile.TemporaryDirectory() as folder:
-        control = pathlib.Path(folder) / "debian/control"
-        control.parent.mkdir()
-        control.write_text("Source: huebrush\n\nPackage: huebrush\nArchitecture: any\n",
-                           encoding="utf-8")
-        found = output("dpkg-shlibdeps", "-O", "-l/usr/lib/libreoffice/program",
-                       root / PROGRAM, root / EXTENSION / "huebrush.so", cwd=folder)
+    (root.parent / "control").write_text(
+        "Source: huebrush\n\nPackage: huebrush\nArchitecture: any\n", encoding="utf-8")
+    found = output("dpkg-shlibdeps", "-O", "-l/usr/lib/libreoffice/program",
+                   root / PROGRAM, root / EXTENSION / "huebrush.so", cwd=root.parents[1])
     return found.strip().removeprefix("shlibs:Depends=")
 
 
@@ -145,7 +142,8 @@ def main():
         "libreoffice": f"4:{version_of_office(build)}",
     }
     with tempfile.TemporaryDirectory(prefix="huebrush-deb-") as folder:
-        root = pathlib.Path(folder) / "root"
+        # Where dpkg's tools expect it.
+        root = pathlib.Path(folder) / "debian/huebrush"
         stage(build, root)
         document(root, values)
         values["depends"] = needed_by(root)
