@@ -62,6 +62,7 @@ def pack(path, target):
 
 def stage(build, root):
     output("cmake", "--install", build, "--strip", "--prefix", root / "usr")
+    (root / "DEBIAN").mkdir()
     # The library folder is that of the prefix for which the build was configured.
     library = root / "usr" / cached(build, "CMAKE_INSTALL_LIBDIR") / "huebrush/extension/huebrush"
     if library != root / EXTENSION:
@@ -115,7 +116,6 @@ def write_control(root, values):
     files = sorted(path for path in root.rglob("*") if path.is_file() and not path.is_symlink())
     size = sum(-(-path.stat().st_size // 1024) for path in files)
     folder = root / "DEBIAN"
-    folder.mkdir()
     values = dict(values, installed_size=size)
     (folder / "control").write_text(filled("control.in", values), encoding="utf-8")
     sums = "".join(f"{hashlib.md5(path.read_bytes()).hexdigest()}  {path.relative_to(root)}\n"
