@@ -7,11 +7,11 @@ cd "$(dirname "$0")/.."
 
 work=$(mktemp -d "${TMPDIR:-/tmp}/huebrush-reproducible-XXXXXX")
 trap 'rm -rf "$work"' EXIT
-for copy in first "another one"; do
+for copy in first second-one; do
   git clone -q . "$work/$copy"
   make -s -C "$work/$copy" package >"$work/log" 2>&1 || { tail -n 40 "$work/log"; exit 1; }
 done
-if diff -r "$work/first/build/packages" "$work/another one/build/packages"; then
+if diff -r "$work/first/build/packages" "$work/second-one/build/packages"; then
   cat "$work/first/build/packages/SHA256SUMS"
   echo "the packages of both builds are the same"
 else
