@@ -113,8 +113,10 @@ windows-behind:
 
 # The Word add-in for 32 and 64 bits, as a package, with a list of what its files need and offer.
 wine := tests/windows/wine.sh $(CURDIR)/build/windows-x86_64/wine
-# Makes the first palettes, beside the DLL.
-word_data = $(wine) start && $(wine) run build/windows-x86_64/bin/huebrush_word_data.exe; \
+# Makes the first palettes, beside the DLL: always the same ones of the same sources.
+word_data = $(wine) start && \
+  SOURCE_DATE_EPOCH="$${SOURCE_DATE_EPOCH-$$(git log -1 --format=%ct 2>/dev/null)}" \
+  $(wine) run build/windows-x86_64/bin/huebrush_word_data.exe; \
   result=$$?; $(wine) end; exit $$result
 word:
 	@$(call configure,windows-i686,windows,make windows-packages)

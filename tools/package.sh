@@ -28,5 +28,6 @@ unzip -q build/huebrush-word.zip -d "$unpacked"
 makensis -V2 -WX "-DVERSION=$version" "-DFILES=$unpacked/Huebrush" \
   "-DTARGET=$PWD/$target/huebrush-word-$version-setup.exe" packaging/windows/huebrush.nsi
 
-(cd "$target" && find . -type f | LC_ALL=C sort | xargs sha256sum >SHA256SUMS)
+sums=$(cd "$target" && find . -type f | LC_ALL=C sort | xargs sha256sum)
+echo "$sums" >"$target/SHA256SUMS"
 find "$target" -maxdepth 1 -type f -printf '%9s  %p\n' | LC_ALL=C sort -k 2

@@ -29,7 +29,7 @@ bool isUnfillable(const ColorElement& row, host::Shape& shape) {
 
 std::size_t countUnfillable(const ColorElement& row) {
     return static_cast<std::size_t>(
-        std::count_if(row.ElementsGroup->begin(), row.ElementsGroup->end(),
+        std::count_if(row.ElementsGroup()->begin(), row.ElementsGroup()->end(),
                       [&](const host::ShapePointer& shape) { return isUnfillable(row, *shape); }));
 }
 
@@ -49,7 +49,7 @@ std::string kindsOf(const MappingScope& scope) {
 /// The colours of the stops that all shapes of a row have; none where it has no such gradient.
 std::vector<base::Rgb> stopsOf(const ColorElement& row) {
     if (row.FillObject().original().Type != MsoFillType::msoFillGradient) return {};
-    return row.ElementsGroup->begin()->get()->Fill().GradientStops();
+    return row.ElementsGroup()->begin()->get()->Fill().GradientStops();
 }
 
 }  // namespace
@@ -110,7 +110,7 @@ std::vector<FillRow> Session::rows() const {
     std::vector<FillRow> found;
     for (std::int16_t i = 1; i <= dialog_->Element.ubound(); ++i) {
         const ColorElement& row = dialog_->Element[i];
-        found.push_back({i, row.ElementsGroup->size(), row.FillObject().original()});
+        found.push_back({i, row.ElementsGroup()->size(), row.FillObject().original()});
     }
     return found;
 }
@@ -156,7 +156,7 @@ void Session::mapFill(std::int16_t index, const MappingScope& scope, ColorMaps& 
 }
 
 void Session::mapLines(std::int16_t index, ColorMaps& maps) {
-    for (const host::ShapePointer& shape : *dialog_->Element[index].ElementsGroup) {
+    for (const host::ShapePointer& shape : *dialog_->Element[index].ElementsGroup()) {
         host::LineFormat& line = shape->Line();
         if (line.Visible() == MsoTriState::msoFalse) continue;
         const auto mapped = maps.mapped({line.ForeColorRGB()});
@@ -168,7 +168,7 @@ void Session::mapLines(std::int16_t index, ColorMaps& maps) {
 void Session::writeStops() {
     for (const auto& [index, colors] : stops_) {
         recolor::RowOutcome& outcome = outcomes_[index];
-        for (const host::ShapePointer& shape : *dialog_->Element[index].ElementsGroup) {
+        for (const host::ShapePointer& shape : *dialog_->Element[index].ElementsGroup()) {
             try {
                 shape->Fill().setGradientStops(colors);
                 ++outcome.shapes;
@@ -236,7 +236,7 @@ RecolorResult Session::result() const {
 
 void Session::account(std::int16_t index, RecolorResult& result) const {
     const ColorElement& row = dialog_->Element[index];
-    const std::size_t count = row.ElementsGroup->size();
+    const std::size_t count = row.ElementsGroup()->size();
     result.shapes += count;
     ++result.groups;
     const auto outcome = outcomes_.find(index);
@@ -267,9 +267,9 @@ StoredFills Session::givenFills() const {
         const bool hasNewStops = isNew && stops_.contains(i);
         // Of new stops the dialog does not know.
         const auto fill = std::make_shared<const fill::FillProperties>(
-            hasNewStops ? fillOf((*row.ElementsGroup->begin())->Fill())
+            hasNewStops ? fillOf((*row.ElementsGroup()->begin())->Fill())
                         : row.FillObject().original());
-        for (const host::ShapePointer& shape : *row.ElementsGroup) {
+        for (const host::ShapePointer& shape : *row.ElementsGroup()) {
             if (isNew && isUnfillable(row, *shape)) continue;
             GivenFill& shapesFill = given[shape->Name()];
             shapesFill = {isNew ? i : std::int32_t{0}, fill};

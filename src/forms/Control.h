@@ -71,6 +71,8 @@ class Control : public PropertyOwner {
     Property<bool> Enabled{*this, PropertyId::Enabled, true};
     Property<std::string> Tag{*this, PropertyId::Tag};
     Property<std::string> ToolTipText{*this, PropertyId::ToolTipText};
+    /// What readers for the blind call the control, where nothing that it shows does.
+    Property<std::string> AccessibleName{*this, PropertyId::AccessibleName};
 
     base::Event<> GotFocus;
     base::Event<> LostFocus;

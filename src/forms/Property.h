@@ -16,6 +16,7 @@ enum class PropertyId {
     Enabled,
     Tag,
     ToolTipText,
+    AccessibleName,
     MousePointer,
     Caption,
     Value,

@@ -4,8 +4,10 @@
 
 #include <utility>
 
+#include "base/Text.h"
 #include "error/mError.h"
 #include "forms/Runtime.h"
+#include "recolor/FillWords.h"
 
 namespace huebrush::recolor {
 
@@ -123,7 +125,26 @@ void ColorElement::setFillObject(std::shared_ptr<fill::CFill> fill) {
     if (fill_) fill_->ReadFromRecordset.disconnect(this);
     fill_ = std::move(fill);
     fill_->ReadFromRecordset.connect(
-        [this](const base::Picture& preview) { picDestination.Picture = preview; }, this);
+        [this](const base::Picture& preview) {
+            picDestination.Picture = preview;
+            describe();
+        },
+        this);
+}
+
+void ColorElement::setElementsGroup(std::shared_ptr<const ShapeGroup> shapes) {
+    shapes_ = std::move(shapes);
+    describe();
+}
+
+void ColorElement::describe() {
+    if (!shapes_) return;
+    std::string words = base::text(wordsOf(fill_->original()), ", ", objectsText(shapes_->size()));
+    if (fill_->Change() && !(fill_->destination() == fill_->original())) {
+        words += base::text(", nově ", wordsOf(fill_->destination()));
+    }
+    chkSelect.AccessibleName = words;
+    ToolTipText = std::move(words);
 }
 
 void ColorElement::setMousePointer(std::int16_t pointer) {
@@ -134,11 +155,13 @@ void ColorElement::setMousePointer(std::int16_t pointer) {
 
 void ColorElement::setDestinationPicture(const base::Picture& picture) {
     picDestination.Picture = picture;
+    describe();
     PropertyChanged("DestinationPicture");
 }
 
 void ColorElement::setSourcePicture(const base::Picture& picture) {
     picSource.Picture = picture;
+    describe();
     PropertyChanged("SourcePicture");
 }
 
@@ -179,18 +202,18 @@ void ColorElement::Discolour(host::Document& document) {
     RowOutcome outcome;
     const std::string failure =
         error::trap({kModule, "Discolour", "Chyba při pokusu přebarvit grafické prvky..."}, [&] {
-            if (!isSelected() || !fill_->Change() || !ElementsGroup) return;
-            outcome.error = giveFill(*fill_, *ElementsGroup, document);
+            if (!isSelected() || !fill_->Change() || !shapes_) return;
+            outcome.error = giveFill(*fill_, *shapes_, document);
             setSourcePicture(DestinationPicture());
-            if (outcome.error.empty()) outcome.shapes = ElementsGroup->size();
+            if (outcome.error.empty()) outcome.shapes = shapes_->size();
         });
     if (outcome.error.empty()) outcome.error = failure;
     Discoloured(outcome);
 }
 
 void ColorElement::reportFailed(std::vector<host::FailedWrite>& failed) {
-    if (!ElementsGroup) return;
-    const auto first = takeFailed(failed, *ElementsGroup);
+    if (!shapes_) return;
+    const auto first = takeFailed(failed, *shapes_);
     if (first) Discoloured({0, fill::CFill::reportFailedFormat(*first)});
 }
 

@@ -50,7 +50,8 @@ class ColorElement final : public forms::UserControl {
     std::shared_ptr<fill::CFill> fillReference() const { return fill_; }
     void setFillObject(std::shared_ptr<fill::CFill> fill);
     /// Nothing for a row that represents nothing.
-    std::shared_ptr<const ShapeGroup> ElementsGroup;
+    const std::shared_ptr<const ShapeGroup>& ElementsGroup() const { return shapes_; }
+    void setElementsGroup(std::shared_ptr<const ShapeGroup> shapes);
 
     // The saved properties, in the order in which they are saved.
     std::int16_t MousePointer() const { return mousePointer_; }
@@ -139,11 +140,14 @@ class ColorElement final : public forms::UserControl {
     void cmdChangeDes_Click();
     void mnuWord_Click();
     void RestoreFill();
+    /// Says in words what the row stands for: in its tip, and to readers for the blind.
+    void describe();
     void showFocus(bool shown);
 
     std::int16_t index_;
     std::int16_t mousePointer_ = 0;
     std::shared_ptr<fill::CFill> fill_;
+    std::shared_ptr<const ShapeGroup> shapes_;
 };
 
 }  // namespace huebrush::recolor

@@ -56,7 +56,7 @@ class ColorElementTest : public ::testing::Test {
     /// The row stands for two shapes and is ready to be recoloured.
     void prepareGroup() {
         const ShapeGroup shapes{test.document->addSolid("A", 1), test.document->addSolid("B", 1)};
-        row.ElementsGroup = std::make_shared<ShapeGroup>(shapes);
+        row.setElementsGroup(std::make_shared<ShapeGroup>(shapes));
         row.FillObject().SaveOriginalFormat(shapes[0]->Fill());
         row.FillObject().setDesTransparency(0.5F);
         row.setSelectValue(1);
@@ -76,6 +76,35 @@ class ColorElementTest : public ::testing::Test {
     const Picture first{PictureFormat::bitmap, {1}};
     const Picture second{PictureFormat::bitmap, {2}};
 };
+
+// What it says.
+
+TEST_F(ColorElementTest, SaysWhatItStandsForInItsTipAndToReaders) {
+    EXPECT_EQ(row.ToolTipText.get(), "");
+    prepareGroup();
+    row.FillObject().Restore();
+    row.setDestinationPicture(first);
+    EXPECT_EQ(row.ToolTipText.get(), "#010000, 2 objekty");
+    EXPECT_EQ(row.chkSelect.AccessibleName.get(), "#010000, 2 objekty");
+    row.FillObject().setDesVisible(MsoTriState::msoFalse);
+    row.setDestinationPicture({});
+    EXPECT_EQ(row.ToolTipText.get(), "#010000, 2 objekty, nově bez výplně");
+    EXPECT_EQ(row.chkSelect.AccessibleName.get(), row.ToolTipText.get());
+    EXPECT_EQ(row.chkSelect.ToolTipText.get(),
+              "Označení zástupce (zastupované prvky bude možné přebarvit)");
+    row.Discolour(*test.document);
+    EXPECT_EQ(row.ToolTipText.get(), "bez výplně, 2 objekty");
+    row.setElementsGroup(std::make_shared<ShapeGroup>(ShapeGroup{test.document->addSolid("C", 1)}));
+    EXPECT_EQ(row.ToolTipText.get(), "bez výplně, 1 objekt");
+}
+
+TEST_F(ColorElementTest, AFillThatWasEditedIntoItselfIsNoNewOne) {
+    prepareGroup();
+    row.FillObject().setDesTransparency(0);
+    row.setDestinationPicture(first);
+    EXPECT_TRUE(row.FillObject().Change());
+    EXPECT_EQ(row.ToolTipText.get(), "#010000, 2 objekty");
+}
 
 // The parts.
 
@@ -446,7 +475,7 @@ TEST_F(ColorElementTest, APreviewThatCannotBeBroughtUpToDateLeavesTheFillApplied
 
 TEST_F(ColorElementTest, DiscolourSkipsARowWithoutGroup) {
     prepareGroup();
-    row.ElementsGroup.reset();
+    row.setElementsGroup(nullptr);
     EXPECT_TRUE(callsOfDiscolour().empty());
     EXPECT_TRUE(test.runtime.boxes.empty());
 }

@@ -13,7 +13,7 @@ void ElementList::exchangeContents(ColorElement& first, ColorElement& second) {
     const auto fill = first.fillReference();
     const base::Picture destination = first.DestinationPicture();
     const base::Picture source = first.SourcePicture();
-    const auto group = first.ElementsGroup;
+    const auto group = first.ElementsGroup();
     const std::int16_t selected = first.SelectValue();
     const auto give = [](ColorElement& row, const auto& newFill, const base::Picture& newDes,
                          const base::Picture& newSource, const auto& newGroup,
@@ -21,11 +21,11 @@ void ElementList::exchangeContents(ColorElement& first, ColorElement& second) {
         row.setFillObject(newFill);
         row.setDestinationPicture(newDes);
         row.setSourcePicture(newSource);
-        row.ElementsGroup = newGroup;
+        row.setElementsGroup(newGroup);
         row.setSelectValue(newSelected);
     };
     give(first, second.fillReference(), second.DestinationPicture(), second.SourcePicture(),
-         second.ElementsGroup, second.SelectValue());
+         second.ElementsGroup(), second.SelectValue());
     give(second, fill, destination, source, group, selected);
 }
 

@@ -55,8 +55,8 @@ TEST_F(ElementListTest, ExchangingTwoRowsExchangesTheirFiveContents) {
     addRows(2);
     const auto firstFill = row(1).fillReference();
     const auto secondFill = row(2).fillReference();
-    const auto firstGroup = row(1).ElementsGroup;
-    const auto secondGroup = row(2).ElementsGroup;
+    const auto firstGroup = row(1).ElementsGroup();
+    const auto secondGroup = row(2).ElementsGroup();
     const Picture source(PictureFormat::bitmap, {1});
     const Picture destination(PictureFormat::bitmap, {2});
     row(1).setSourcePicture(source);
@@ -66,8 +66,8 @@ TEST_F(ElementListTest, ExchangingTwoRowsExchangesTheirFiveContents) {
     dialog->ReplaceColorElement(row(1), row(2));
     EXPECT_EQ(row(1).fillReference(), secondFill);
     EXPECT_EQ(row(2).fillReference(), firstFill);
-    EXPECT_EQ(row(1).ElementsGroup, secondGroup);
-    EXPECT_EQ(row(2).ElementsGroup, firstGroup);
+    EXPECT_EQ(row(1).ElementsGroup(), secondGroup);
+    EXPECT_EQ(row(2).ElementsGroup(), firstGroup);
     EXPECT_EQ(row(1).SourcePicture(), otherSource);
     EXPECT_EQ(row(2).SourcePicture(), source);
     EXPECT_EQ(row(2).DestinationPicture(), destination);
@@ -94,7 +94,7 @@ TEST_F(ElementListTest, AFailedExchangeIsReportedAndLeavesTheRowsHalfExchanged) 
               "Chyba v modulu \"Huebrush.frmEditGraphic.ReplaceColorElement\"...\r\n\r\nPři "
               "záměně dvou prvků došlo k chybě...\r\n\r\nSystémový popis výjimky:\r\npopis");
     EXPECT_EQ(order(), (Colors{2, 1}));
-    EXPECT_EQ(row(1).ElementsGroup, row(2).ElementsGroup);
+    EXPECT_EQ(row(1).ElementsGroup(), row(2).ElementsGroup());
 }
 
 // Focus and the active row.
@@ -571,8 +571,8 @@ TEST_F(ElementListTest, RemainingRowsArePackedWithTheirContents) {
     remove("&Aktuální");
     for (std::int16_t i = 1; i <= 3; ++i) {
         EXPECT_EQ(row(i).Top, 630 * (i - 1));
-        ASSERT_TRUE(row(i).ElementsGroup);
-        EXPECT_EQ(row(i).ElementsGroup->at(0)->Name(), text("Shape ", i + 1));
+        ASSERT_TRUE(row(i).ElementsGroup());
+        EXPECT_EQ(row(i).ElementsGroup()->at(0)->Name(), text("Shape ", i + 1));
     }
 }
 

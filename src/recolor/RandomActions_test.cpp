@@ -137,7 +137,7 @@ class RandomUser {
         user().click(dialog->cmdAdd);
         for (std::int16_t i = 1; dialog && i <= rows(); ++i) {
             made.push_back(row(i).fillReference());
-            made.push_back(std::const_pointer_cast<ShapeGroup>(row(i).ElementsGroup));
+            made.push_back(std::const_pointer_cast<ShapeGroup>(row(i).ElementsGroup()));
         }
     }
     void tick() { user().click(row(anyRow()).chkSelect); }

@@ -29,7 +29,7 @@ class ScanTest : public DialogTest {
     /// The names of a row's shapes.
     Names group(std::int16_t index) {
         Names names;
-        const auto shapes = row(index).ElementsGroup;
+        const auto shapes = row(index).ElementsGroup();
         if (!shapes) return {"no group"};
         for (const auto& shape : *shapes) names.push_back(shape->Name());
         return names;
@@ -153,7 +153,7 @@ TEST_F(ScanTest, AllShapesWithoutFillMakeOneRowWithEmptyPreviews) {
     test.document->selectAll();
     press();
     EXPECT_EQ(rowCount(), 1);
-    EXPECT_EQ(row(1).ElementsGroup->size(), 3U);
+    EXPECT_EQ(row(1).ElementsGroup()->size(), 3U);
     EXPECT_TRUE(row(1).SourcePicture().empty());
     EXPECT_TRUE(row(1).DestinationPicture().empty());
     EXPECT_EQ(row(1).FillObject().DesVisible(), MsoTriState::msoFalse);
@@ -508,7 +508,7 @@ TEST(FailingScanTest, EveryCallMayFailAndLeavesExactlyWhatTheRulesSay) {
             EXPECT_EQ(test.application.openScratchDocuments(), left && madeScratch ? 1U : 0U)
                 << call;
             for (std::int16_t i = 1; i < dialog->Element.ubound(); ++i) {
-                EXPECT_TRUE(dialog->Element[i].ElementsGroup) << call;
+                EXPECT_TRUE(dialog->Element[i].ElementsGroup()) << call;
             }
             EXPECT_EQ(calls.size() == failing, ended) << call;
         }
@@ -621,7 +621,7 @@ TEST(ScanPumpTest, RemovingAllRowsLetsTheScanGoOnWithItsOwn) {
             ASSERT_EQ(test.runtime.boxes.size(), 1U);
             EXPECT_EQ(test.runtime.boxes[0].title, "Zpracování je dokončeno...");
             for (std::int16_t i = 1; i <= dialog->Element.ubound(); ++i) {
-                EXPECT_TRUE(dialog->Element[i].ElementsGroup);
+                EXPECT_TRUE(dialog->Element[i].ElementsGroup());
                 EXPECT_EQ(dialog->Element[i].Top, 630 * (i - 1));
             }
         });
@@ -663,7 +663,7 @@ TEST(ScanPumpTest, AShapeChangedInThePumpIsGroupedByItsNewFill) {
         },
         [](memory::TestHost&, frmEditGraphic* dialog) {
             ASSERT_EQ(dialog->Element.ubound(), 4);
-            EXPECT_EQ(dialog->Element[3].ElementsGroup->size(), 3U);
+            EXPECT_EQ(dialog->Element[3].ElementsGroup()->size(), 3U);
         });
 }
 

@@ -118,7 +118,7 @@ std::string frmEditGraphic::addRow(std::shared_ptr<const ShapeGroup> group,
         Element[counter].setSourcePicture({});
         Element[counter].setDestinationPicture({});
     }
-    Element[counter].ElementsGroup = std::move(group);
+    Element[counter].setElementsGroup(std::move(group));
     placeRow(counter);
     return failure;
 }

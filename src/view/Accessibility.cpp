@@ -54,12 +54,14 @@ std::optional<PartRole> partRoleOf(const forms::Control& control) {
 }
 
 std::string nameOf(const forms::Control& control) {
+    if (const std::string& given = control.AccessibleName.get(); !given.empty()) return given;
     std::string caption = captionOf(control);
     return caption.empty() ? control.ToolTipText.get() : caption;
 }
 
 std::string descriptionOf(const forms::Control& control) {
-    return captionOf(control).empty() ? std::string() : control.ToolTipText.get();
+    const bool hasName = !control.AccessibleName.get().empty() || !captionOf(control).empty();
+    return !hasName ? std::string() : control.ToolTipText.get();
 }
 
 bool isPressable(const forms::Control& control) {

@@ -18,9 +18,9 @@ enum class PartRole { text, picture, button, group };
 /// and for what a button is made of.
 std::optional<PartRole> partRoleOf(const forms::Control& control);
 
-/// The caption of a control, or else its tool tip.
+/// The name that a control was given, its caption, or else its tool tip.
 std::string nameOf(const forms::Control& control);
-/// The tool tip of a control that has a caption as well; empty for any other.
+/// The tool tip of a control that has another name; empty for any other.
 std::string descriptionOf(const forms::Control& control);
 
 /// Whether pressing a painted part does something while the part is usable.

@@ -78,6 +78,9 @@ TEST_F(AccessibilityTest, TheCaptionNamesAPartOrElseItsToolTip) {
     form->button.caption.clear();
     form->button.ToolTipText = std::string("Moves up");
     EXPECT_EQ(nameOf(form->button), "Moves up");
+    form->label.AccessibleName = std::string("Given");
+    EXPECT_EQ(nameOf(form->label), "Given");
+    EXPECT_EQ(descriptionOf(form->label), "tip of the label");
 }
 
 TEST_F(AccessibilityTest, WhatHasNeitherNameNorActionIsDecoration) {

@@ -2,18 +2,24 @@
 
 #include <gtest/gtest.h>
 
+#include <com/sun/star/accessibility/AccessibleRole.hpp>
+#include <com/sun/star/accessibility/XAccessible.hpp>
+#include <com/sun/star/awt/XExtendedToolkit.hpp>
 #include <filesystem>
 #include <fstream>
 #include <memory>
 #include <string>
 
 #include "KeyboardUser.h"
+#include "OfficeContext.h"
 #include "OfficePort.h"
 #include "base/Error.h"
 #include "forms/Controls.h"
 
 namespace huebrush::tests {
 namespace {
+
+namespace css = com::sun::star;
 
 namespace fs = std::filesystem;
 
@@ -31,6 +37,8 @@ class ListsForm final : public forms::Form {
         frameBar.Move(1600, 200, 255, 1500);
         list.Move(100, 2600, 1500, 1500);
         for (int line = 0; line < 40; ++line) list.AddItem(base::text("line ", line));
+        box.Move(1700, 2600, 300, 300);
+        box.AccessibleName = std::string("Nothing, 3 shapes");
     }
 
     forms::TextBox field{*this, "field"};
@@ -40,7 +48,40 @@ class ListsForm final : public forms::Form {
     forms::PictureBox frameView{frame, "frameView"};
     forms::VScrollBar frameBar{frame, "frameBar"};
     forms::ListBox list{*this, "list"};
+    forms::CheckBox box{*this, "box"};
 };
+
+using css::accessibility::XAccessible;
+using css::accessibility::XAccessibleContext;
+
+bool hasBox(const css::uno::Reference<XAccessibleContext>& context, const rtl::OUString& name) {
+    if (context->getAccessibleRole() == css::accessibility::AccessibleRole::CHECK_BOX &&
+        context->getAccessibleName() == name) {
+        return true;
+    }
+    // The type of indices differs among the versions of the office.
+    const auto count = context->getAccessibleChildCount();
+    for (std::remove_const_t<decltype(count)> i = 0; i < count; ++i) {
+        const css::uno::Reference<XAccessible> child = context->getAccessibleChild(i);
+        if (child.is() && hasBox(child->getAccessibleContext(), name)) return true;
+    }
+    return false;
+}
+
+/// Whether readers for the blind find a box of that name in the window with the title.
+bool isRead(const std::string& title, const std::string& name) {
+    const auto toolkit = libreoffice::createService<css::awt::XExtendedToolkit>(
+        officeContext(), "com.sun.star.awt.Toolkit");
+    for (sal_Int32 i = 0; i < toolkit->getTopWindowCount(); ++i) {
+        const css::uno::Reference<XAccessible> top(toolkit->getTopWindow(i), css::uno::UNO_QUERY);
+        if (!top.is()) continue;
+        const auto context = top->getAccessibleContext();
+        if (context->getAccessibleName() == libreoffice::toOffice(title)) {
+            return hasBox(context, libreoffice::toOffice(name));
+        }
+    }
+    return false;
+}
 
 class FormsOnScreen : public testing::Test {
  protected:
@@ -109,6 +150,14 @@ TEST_F(FormsOnScreen, AFileDialogIsOwnedByTheModalFormOverAnother) {
     std::string name;
     std::getline(file, name);
     EXPECT_EQ(name, "Modal lists");
+}
+
+TEST_F(FormsOnScreen, ABoxWithoutCaptionIsReadByItsAccessibleName) {
+    EXPECT_TRUE(isRead(form->Caption.get(), "Nothing, 3 shapes"));
+    form->box.AccessibleName = std::string("Nothing, 4 shapes");
+    port.settle();
+    EXPECT_FALSE(isRead(form->Caption.get(), "Nothing, 3 shapes"));
+    EXPECT_TRUE(isRead(form->Caption.get(), "Nothing, 4 shapes"));
 }
 
 }  // namespace

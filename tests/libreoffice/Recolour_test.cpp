@@ -126,8 +126,8 @@ TEST_F(RecolourInTheOffice, AShapeThatAnEventChangesInMidScanIsGroupedByItsNewFi
     press(dialog->cmdAdd);
     EXPECT_TRUE(written);
     ASSERT_EQ(dialog->Element.ubound(), 2);
-    EXPECT_EQ(dialog->Element[1].ElementsGroup->size(), 5U);
-    EXPECT_EQ(dialog->Element[2].ElementsGroup->size(), 1U);
+    EXPECT_EQ(dialog->Element[1].ElementsGroup()->size(), 5U);
+    EXPECT_EQ(dialog->Element[2].ElementsGroup()->size(), 1U);
     EXPECT_EQ(dialog->Element[2].FillObject().original().ForeColorRGB, base::swapRedAndBlue(kBlue));
     dialog->Unload();
 }

@@ -7,7 +7,7 @@
 
 namespace huebrush::files {
 
-std::tm localTime() {
+std::tm clockTime() {
     const std::time_t now = std::time(nullptr);
     std::tm local{};
     ::localtime_r(&now, &local);

@@ -6,7 +6,7 @@
 
 namespace huebrush::files {
 
-std::tm localTime() {
+std::tm clockTime() {
     SYSTEMTIME now = {};
     ::GetLocalTime(&now);
     std::tm local = {};

@@ -70,6 +70,10 @@ void Native::mirrorCommon(const forms::Control& control, const view::Rectangle& 
         toolTip_ = control.ToolTipText;
         setProperty("HelpText", css::uno::makeAny(toOffice(toolTip_)));
     }
+    if (control.AccessibleName.get() != accessibleName_) {
+        accessibleName_ = control.AccessibleName;
+        setProperty("AccessibleName", css::uno::makeAny(toOffice(accessibleName_)));
+    }
 }
 
 void Native::setProperty(std::string_view name, const css::uno::Any& value) {

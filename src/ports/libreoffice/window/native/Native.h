@@ -101,6 +101,7 @@ class Native : public view::NativeControl {
     bool mirroring_ = false;
     bool enabled_ = true;
     std::string toolTip_;
+    std::string accessibleName_;
     std::string caption_;
 };
 
