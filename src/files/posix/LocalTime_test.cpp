@@ -11,7 +11,7 @@ namespace {
 
 class FixedTime : public testing::Test {
  protected:
-    ~FixedTime() override { unsetenv("SOURCE_DATE_EPOCH"); }
+    void TearDown() override { unsetenv("SOURCE_DATE_EPOCH"); }
 };
 
 TEST_F(FixedTime, IsThatOfTheEnvironmentInUniversalTime) {
