@@ -38,11 +38,11 @@ void MenuPainter::paintLine(std::size_t line) const {
                           {});
         return;
     }
-    std::int32_t text =
-        entry.enabled ? theme_.menuText : mixed(theme_.menuText, theme_.menu, kFaded);
+    std::int32_t text = entry.enabled ? readable(theme_.menuText, theme_.menu)
+                                      : disabledText(theme_.menuText, theme_.menu);
     if (choice_.highlighted() == line) {
         canvas_.rectangle(layout_.placeOf(line), theme_.highlight, {});
-        text = theme_.highlightText;
+        text = readable(theme_.highlightText, theme_.highlight);
     }
     if (entry.checked) paintTick(layout_.tickOf(line), text);
     paintText(line, text);

@@ -121,7 +121,7 @@ void Painter::paintFrame(const forms::Frame& frame, const Box& place) {
     canvas_.rectangle(scale_.toPixels(gap), background, background);
     const std::int32_t text = theme_.textOn(under);
     print(caption, place.left + kIndent, place.top, {},
-          frame.isUsable() ? text : mixed(text, background, kFaded));
+          frame.isUsable() ? text : disabledText(text, background));
 }
 
 void Painter::paintLabel(const forms::Label& label, const Box& place) {

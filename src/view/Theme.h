@@ -33,7 +33,20 @@ struct Theme {
 /// The colour between two, the first one at 0 and the second one at 1.
 std::int32_t mixed(std::int32_t first, std::int32_t second, double share);
 
-/// How far disabled texts fade into their background: a share for `mixed`.
+/// How well one colour can be told from another by how light they are: from 1 for equal ones to 21
+/// for black on white.
+double contrast(std::int32_t first, std::int32_t second);
+
+/// The least contrast of a text with its background.
+inline constexpr double kReadable = 4.5;
+
+/// The colour of a text on a background: `wanted` if that can be read there, or else black or
+/// white, of which one always can.
+std::int32_t readable(std::int32_t wanted, std::int32_t background);
+/// The colour of a disabled text: that of an enabled one, faded as far as it can still be read.
+std::int32_t disabledText(std::int32_t text, std::int32_t background);
+
+/// How far disabled texts fade into their background at most: a share for `mixed`.
 inline constexpr double kFaded = 0.55;
 
 }  // namespace huebrush::view
