@@ -30,7 +30,7 @@ class Menu:
     EDGE, LINE_HEIGHT, LEAST_HEIGHT = 3, 8, 30
     TICK_WIDTH = 22
     # Red, green and blue together: how far an enabled text differs from its background.
-    CONTRAST = 400
+    CONTRAST = 480
 
     def __init__(self, screen, before, items):
         self.screen = screen
