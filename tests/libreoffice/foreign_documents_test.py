@@ -182,7 +182,8 @@ class EveryBranch(InFolder):
         result = json.loads(self.done.stdout)
         self.assertEqual(result["changed"], 20 * len(FILLS))
         self.assertEqual(result["stored"],
-                         {"confirmed": 20 * len(FILLS), "notFound": 0, "differences": []})
+                         {"confirmed": 20 * len(FILLS), "notFound": 0, "differences": [],
+                          "linesConfirmed": 0, "linesOtherwise": 0})
 
     def test_the_colours_are_the_same_before(self):
         for name in FILLS:
